@@ -1,0 +1,129 @@
+#include "app/Programme.h"
+
+#include "directory/FrmDepart.h"
+#include "directory/FrmVelmira.h"
+#include "envelope/FrmPlomex.h"
+#include "platform/Erreurs.h"
+#include "storage/Demarrage.h"
+
+#include <QCoreApplication>
+#include <QScreen>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+/// Puts a window on the middle of another one, within the screen.
+void Centrer(QWidget &fenetre, const QWidget &sur) {
+  const QRect ecran = sur.screen()->availableGeometry();
+  QRect place = fenetre.frameGeometry();
+  place.moveCenter(sur.frameGeometry().center());
+  place.moveLeft(std::clamp(place.left(), ecran.left(),
+                            std::max(ecran.left(), ecran.right() - place.width())));
+  place.moveTop(
+      std::clamp(place.top(), ecran.top(), std::max(ecran.top(), ecran.bottom() - place.height())));
+  fenetre.move(place.topLeft());
+}
+
+void MettreDevant(QWidget &fenetre) {
+  fenetre.show();
+  fenetre.raise();
+  fenetre.activateWindow();
+}
+
+}  // namespace
+
+Programme::Programme(Plateforme &plateforme, const QString &appPath)
+    : session_{plateforme, {}, {}, {}, {}} {
+  session_.dossiers.AppPath = appPath;
+}
+
+Programme::~Programme() = default;
+
+bool Programme::Demarrer() {
+  depart_ = std::make_unique<FrmDepart>();
+  depart_->show();
+  if (!Demarrage(session_.plateforme, session_.dossiers).Executer()) {
+    depart_->hide();
+    return false;
+  }
+  Charger();
+  session_.plateforme.horloge.Apres(1500ms, this, [this] { MontrerPremiereFenetre(); });
+  return true;
+}
+
+void Programme::Charger() {
+  const QString &appPath = session_.dossiers.AppPath;
+  Reglages &reglages = session_.reglages;
+  LireLiaison(appPath, reglages.SeparateurTel, session_.enveloppe.LiaisonCP);
+  LireAlarme(appPath, reglages.alarme);
+  LireRTColor(appPath, reglages.rtcolor);
+  LireSauvan(appPath, reglages.sauvan);
+  LireMemora(appPath, reglages.memora);
+  LireReglages(appPath, reglages);
+  OuvrirBase();
+
+  velmira_ = std::make_unique<FrmVelmira>(session_);
+  plomex_ = std::make_unique<FrmPlomex>(session_);
+  connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
+  connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
+  // Queued: the window that asks is still at work.
+  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, &Programme::Fermer,
+          Qt::QueuedConnection);
+  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, &Programme::Fermer,
+          Qt::QueuedConnection);
+}
+
+void Programme::OuvrirBase() {
+  try {
+    session_.base.Ouvrir(session_.dossiers.Base());
+  } catch (const ErreurBase &erreur) {
+    session_.plateforme.boites.Critique(erreur.Texte());
+  }
+}
+
+void Programme::MontrerPremiereFenetre() {
+  if (session_.reglages.plomex.Enveloppe)
+    MettreDevant(*plomex_);
+  else
+    MettreDevant(*velmira_);
+  depart_->hide();
+}
+
+void Programme::PasserLentement() {
+  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  if (rtcolor.EffetVisuel == 1)
+    session_.plateforme.horloge.Pause(
+        std::chrono::milliseconds(std::max<qint16>(0, rtcolor.VitesseTransition)));
+}
+
+void Programme::VersEnveloppes() {
+  plomex_->MontrerAdresse();
+  Centrer(*plomex_, *velmira_);
+  MettreDevant(*plomex_);
+  PasserLentement();
+  velmira_->hide();
+}
+
+void Programme::VersRepertoire() {
+  MettreDevant(*velmira_);
+  PasserLentement();
+  plomex_->hide();
+}
+
+void Programme::Fermer() {
+  if (fermeture_) return;
+  velmira_->EnregistrerNotes();  // a failure is told, and keeps the window open for a second try
+  fermeture_ = true;
+  Signaler(session_.plateforme.boites,
+           [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });
+  depart_->AnnoncerFermeture();
+  depart_->show();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  session_.base.Fermer();
+  session_.plateforme.horloge.Pause(500ms);
+  depart_->hide();
+  velmira_->hide();
+  plomex_->hide();
+  emit Termine();
+}

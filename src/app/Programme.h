@@ -1,0 +1,44 @@
+#pragma once
+// One run of the program: it makes the session and the windows, and the wires between them.
+
+#include "session/Session.h"
+
+#include <QObject>
+
+#include <memory>
+
+class FrmDepart;
+class FrmPlomex;
+class FrmVelmira;
+
+class Programme : public QObject {
+  Q_OBJECT
+
+ public:
+  Programme(Plateforme &plateforme, const QString &appPath);
+  ~Programme() override;
+
+  /// Shows the splash, finds the data, loads both main windows and plans the showing of one of
+  /// them. Gives false when the user has stopped the launch: the program then ends.
+  bool Demarrer();
+
+ signals:
+  /// The program has been closed: settings are written, the database is closed.
+  void Termine();
+
+ private:
+  void Charger();
+  void MontrerPremiereFenetre();
+  void OuvrirBase();
+  void VersEnveloppes();
+  void VersRepertoire();
+  /// The pause between the two windows, where the user has asked for it.
+  void PasserLentement();
+  void Fermer();
+
+  Session session_;
+  std::unique_ptr<FrmDepart> depart_;
+  std::unique_ptr<FrmVelmira> velmira_;
+  std::unique_ptr<FrmPlomex> plomex_;
+  bool fermeture_ = false;
+};

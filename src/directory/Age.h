@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+
+/// "12 ans", or "7 mois" under a year. Months are counted as month boundaries crossed, so that the
+/// age rises on the first day of the birth month. Empty when there is no birth date, or none that
+/// can be read.
+QString TexteAge(const QString &ddn, QDate aujourdhui);

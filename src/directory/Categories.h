@@ -1,0 +1,35 @@
+#pragma once
+// The categories of correspondents. They have no table: the list of them is what the records hold.
+
+#include "storage/Tables.h"
+
+#include <QList>
+#include <QString>
+
+/// Pseudo-categories, which stand in lists only, and the favourites, stored like any other one.
+inline QString ToutesCategories() {
+  return QStringLiteral("Toutes catégories");
+}
+inline QString RechercheRapide() {
+  return QStringLiteral("Recherche Rapide");
+}
+inline QString Favoris() {
+  return QStringLiteral("Favoris");
+}
+
+/// Whether a record is in a category: "*" + category + "*" stands in its category string.
+inline bool EstDansCategorie(const QString &categories, const QString &categorie) {
+  return categories.contains(u'*' + categorie + u'*');
+}
+
+/// An entry of a list of categories, with the key of the first record that bears it (0 for the
+/// entries that no record stands for).
+struct EntreeCategorie {
+  QString nom;
+  Cle premier = 0;
+};
+
+/// The entries of a list: the pseudo-entries at its head, then the categories in the order in which
+/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first.
+QList<EntreeCategorie> CollecterCategories(const QList<CategoriesDistinctes> &lues,
+                                           bool rechercheRapide);

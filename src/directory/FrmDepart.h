@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QWidget>
+
+#include <memory>
+
+namespace Ui {
+class FrmDepart;
+}
+
+/// The splash, shown while the program starts and again while it closes.
+class FrmDepart : public QWidget {
+  Q_OBJECT
+
+ public:
+  FrmDepart();
+  ~FrmDepart() override;
+
+  /// Says that the program is closing.
+  void AnnoncerFermeture();
+
+ protected:
+  void paintEvent(QPaintEvent *evenement) override;
+
+ private:
+  std::unique_ptr<Ui::FrmDepart> ui_;
+};

@@ -1,0 +1,304 @@
+#include "directory/FrmVelmira.h"
+
+#include "calendar/Saints.h"
+#include "directory/Age.h"
+#include "directory/Categories.h"
+#include "directory/Liste.h"
+#include "envelope/ChaineAdresse.h"
+#include "envelope/MiseEnLignes.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+#include "storage/Tables.h"
+#include "ui/Icones.h"
+#include "ui_FrmVelmira.h"
+
+#include <QActionGroup>
+#include <QCloseEvent>
+#include <QDir>
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kEnveloppe = 7, kQuitter = 8, kAppeler = 9;
+
+const QList<DescriptionBouton> kCommandes{
+    {u"contact-new", u"  Nouveau velmira", false},
+    {u"document-edit", u"  Modifie les données", false},
+    {u"edit-delete", u"  Supprime le velmira", false, true},
+    {u"zoom-in", u"  Agrandit les données", false},
+    {u"document-print", u"  Imprime la liste", false, true},
+    {u"view-calendar", u"  Calendrier", false},
+    {u"color-picker", u"  Change la couleur du fond", false, true},
+    {u"mail-message-new", u"  Imprimer une enveloppe", true},
+    {u"application-exit", u"  Quitter Velmira ?", true, true},
+    {u"call-start", u"  Appeler...?", false},
+    {u"document-swap", u"  Importer ou exporter les données de Velmira", false},
+    {u"x-office-spreadsheet", u"  Exporter les données dans Excel", false, true},
+    {u"appointment-reminder", u"  Module des alertes", false},
+    {u"note", u"  Memora", false},
+};
+
+Qt::Alignment AlignementTexte(int alignement) {
+  return alignement == 1 ? Qt::AlignRight : alignement == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
+}  // namespace
+
+FrmVelmira::FrmVelmira(Session &session)
+    : session_(session), ui_(std::make_unique<Ui::FrmVelmira>()) {
+  ui_->setupUi(this);
+  setWindowIcon(IconeProgramme());
+  ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
+  ui_->Barre->Bouton(kEnveloppe)->setShortcut(QKeySequence(u"Ctrl+E"_s));
+  ui_->Barre->Bouton(kQuitter)->setShortcut(QKeySequence(u"Ctrl+Q"_s));
+  ui_->CmdFavoris->setIcon(Icone(u"bookmark-new"));
+  ui_->Partage->setSizes({280, 620});
+  ui_->Partage->setStretchFactor(1, 1);
+
+  connect(ui_->Barre, &BarreBoutons::Clique, this, &FrmVelmira::CommandeBarre);
+  connect(ui_->Barre, &BarreBoutons::Survole, this, [this](int index) {
+    ui_->LblBouton->setText(index < 0 ? u""_s : QString::fromUtf16(kCommandes[index].texte));
+  });
+  connect(ui_->CboCat, &QComboBox::activated, this, &FrmVelmira::ChargerListe);
+  connect(ui_->TV, &ArbreVelmiras::NoeudClique, this, &FrmVelmira::NoeudClic);
+  connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, &FrmVelmira::EnregistrerNotes);
+  BrancherMenus();
+  Charger();
+}
+
+FrmVelmira::~FrmVelmira() = default;
+
+void FrmVelmira::Charger() {
+  const QString &appPath = session_.dossiers.AppPath;
+  ChargerJour();
+  Ignorer([&] { CreerDossier(appPath + u"/Photos"_s); });
+  for (const QString &reste : {u"Anniversare.ini"_s, u"Dorvel.exe"_s})  // of older versions
+    QFile::remove(QDir(appPath).filePath(reste));
+  AppliquerReglages();
+  setWindowTitle(u"   Velmiras de "_s + session_.reglages.rtcolor.NomPerso);
+  ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
+
+  const bool lue = Signaler(session_.plateforme.boites, [&] {
+    RemplirCategories();
+    ui_->CboCat->setCurrentIndex(session_.reglages.rtcolor.OuvrirSurFavoris == 1 ? 1 : 0);
+    ChargerListe();
+  });
+  if (!lue) EffacerFiche();
+  const auto nombre = ui_->TV->Modele().NombreEnfants();
+  ui_->LblNomBE->setText(nombre > 0 ? QString::number(nombre) + u" enregistrement(s) "_s
+                                    : u"Pas d'enregistrement"_s);
+}
+
+void FrmVelmira::ChargerJour() {
+  const QDate jour = session_.plateforme.horloge.Maintenant().date();
+  ui_->LblDay->setText(session_.plateforme.langue.dayName(jour.dayOfWeek()) + u"   "_s +
+                       jour.toString(u"dd/MM/yyyy"_s));
+  if (const auto saints = LireFichier(session_.dossiers.AppPath + u"/Saints.txt"_s))
+    ui_->LblSaint->setText(SaintsDuJour(*saints, jour));
+}
+
+void FrmVelmira::BrancherMenus() {
+  auto *naissance = new QActionGroup(this);
+  quint8 affichage = 0;
+  for (QAction *choix : {ui_->mnuDDN, ui_->mnuAge, ui_->mnuRien}) {
+    naissance->addAction(choix);
+    connect(choix, &QAction::triggered, this, [this, affichage] { ChoisirNaissance(affichage); });
+    ++affichage;
+  }
+  connect(ui_->mnuGras, &QAction::triggered, this, [this](bool gras) {
+    session_.reglages.plomex.AdresseEnGras = gras;
+    ui_->Fiche->MettreAdresseEnGras(gras);
+  });
+  connect(ui_->mnuClickDroit, &QAction::triggered, this, [this](bool actif) {
+    session_.reglages.rtcolor.MenuClicDroit = actif ? 1 : 0;
+    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+  });
+  connect(ui_->mnuListe, &QAction::triggered, this, [this](bool favoris) {
+    session_.reglages.rtcolor.OuvrirSurFavoris = favoris ? 1 : 0;
+    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+  });
+  connect(ui_->mnuPlomex, &QAction::triggered, this, [this](bool enveloppes) {
+    session_.reglages.plomex.Enveloppe = enveloppes;
+    EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
+  });
+  connect(ui_->mnuAdress, &QAction::triggered, this, &FrmVelmira::BasculerAdresseImportee);
+  connect(ui_->mnuImpEnv, &QAction::triggered, this, &FrmVelmira::AllerAuxEnveloppes);
+}
+
+void FrmVelmira::AppliquerReglages() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  ui_->mnuPlomex->setChecked(plomex.Enveloppe);
+  ui_->mnuListe->setChecked(rtcolor.OuvrirSurFavoris == 1);
+  ui_->mnuAdress->setChecked(plomex.Adresse);
+  ui_->mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes == 1);
+  ui_->mnuGras->setChecked(plomex.AdresseEnGras);
+  ui_->mnuClickDroit->setChecked(rtcolor.MenuClicDroit == 1);
+  const std::array choix{ui_->mnuDDN, ui_->mnuAge, ui_->mnuRien};
+  if (rtcolor.AffichageNaissance < choix.size())
+    choix[rtcolor.AffichageNaissance]->setChecked(true);
+
+  ui_->Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
+  ui_->Fiche->MontrerAdresseImportee(plomex.Adresse);
+  ui_->Fiche->ActiverNumerotation(plomex.Telephone);
+  ui_->Barre->Bouton(kAppeler)->setVisible(!plomex.IcoMenu);
+  if (const int points = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 0) {
+    QFont font = this->font();
+    font.setPointSize(points);
+    ui_->TV->setFont(font);
+    ui_->CboCat->setFont(font);
+    ui_->Fiche->ChangerTaillePolice(points);
+  }
+}
+
+void FrmVelmira::RemplirCategories() {
+  const bool rapide = CategorieCourante == RechercheRapide();
+  const auto lues = session_.base.Ouverte() ? TableAdresse(session_.base).Categories()
+                                            : QList<CategoriesDistinctes>();
+  ui_->CboCat->clear();
+  for (const EntreeCategorie &entree : CollecterCategories(lues, rapide))
+    ui_->CboCat->addItem(entree.nom, entree.premier);
+  ui_->CboCat->setCurrentIndex(-1);
+}
+
+void FrmVelmira::ChargerListe() {
+  EnregistrerNotes();
+  QComboBox *combo = ui_->CboCat;
+  if (combo->currentText() != ToutesCategories()) ui_->TxtRR->clear();
+  EffacerFiche();
+  if (combo->currentIndex() < 0) {
+    if (combo->count() == 0) return;
+    combo->setCurrentText(CategorieCourante);
+  }
+  if (combo->currentText() != RechercheRapide() && combo->itemText(0) == RechercheRapide())
+    combo->removeItem(0);
+
+  const QString categorie = combo->currentText();
+  ArbreVelmiras *arbre = ui_->TV;
+  arbre->Modele().Vider();
+  if (session_.base.Ouverte()) {
+    const TableAdresse table(session_.base);
+    auto noeuds = ListerVelmiras(table, {categorie, LettreRR, session_.plateforme.utilisateur});
+    if (!noeuds.empty() || !table.EstVide()) arbre->Remplir(categorie.toUpper(), std::move(noeuds));
+  }
+  ui_->LblNomBE->setText(TexteCompte(arbre->Modele().NombreEnfants()));
+  CategorieCourante = categorie;
+  arbre->setFocus();
+}
+
+void FrmVelmira::EffacerFiche() {
+  IndexCourant = 0;
+  adresseAffichee_.clear();
+  session_.enveloppe.AdresseCourante.clear();
+  ui_->Fiche->Vider();
+}
+
+void FrmVelmira::EnregistrerNotes() {
+  if (IndexCourant == 0 || !ui_->Fiche->NotesModifiees()) return;
+  ui_->Fiche->NotesPrises();
+  TableAdresse(session_.base).EcrireCommentaires(IndexCourant, ui_->Fiche->Notes());
+}
+
+void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
+  EnregistrerNotes();
+  CategorieCourante = ui_->CboCat->currentText();
+  EffacerFiche();
+  const QString tag = noeud.data(Qt::UserRole).toString();
+  if (tag.isEmpty()) return;
+
+  const auto fiche = TableAdresse(session_.base).Lire(tag.toLongLong());
+  if (!fiche) {
+    session_.plateforme.boites.Information(
+        u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
+    return;
+  }
+  MontrerFiche(*fiche);
+  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton)
+    ui_->mnuInv2->popup(QCursor::pos());
+}
+
+void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
+  EtatEnveloppe &enveloppe = session_.enveloppe;
+  IndexCourant = fiche.Index;
+  OptionCourante = fiche.OptionAdresse == 0 ? 0 : 1;
+  adresseAffichee_ = ChaineAdresse(fiche);
+  enveloppe.AdresseCourante = adresseAffichee_;
+  enveloppe.OptionCP = OptionCourante;
+  QString lignes = MettreEnLignes(adresseAffichee_, true, session_.reglages.plomex, enveloppe);
+  ui_->Fiche->Montrer(fiche,
+                      {.age = LigneAge(fiche.DDN),
+                       .adresse = lignes.replace(u'*', u'\n'),
+                       .alignementAdresse = AlignementTexte(session_.reglages.plomex.AlignA)});
+  if (!ui_->Fiche->MontrerPhoto(fiche.Photo)) {
+    TableAdresse(session_.base).EffacerPhoto(fiche.Index);
+    session_.plateforme.boites.Information(
+        u"Le chemin du fichier 'Photo' est incorrect, pensez à le modifier."_s);
+  }
+}
+
+QString FrmVelmira::LigneAge(const QString &ddn) const {
+  switch (session_.reglages.rtcolor.AffichageNaissance) {
+    case 0:
+      return ddn;
+    case 1:
+      return TexteAge(ddn, session_.plateforme.horloge.Maintenant().date());
+    default:
+      return u""_s;
+  }
+}
+
+void FrmVelmira::ChoisirNaissance(quint8 affichage) {
+  session_.reglages.rtcolor.AffichageNaissance = affichage;
+  EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+  ui_->TV->CliquerSelection();
+}
+
+void FrmVelmira::BasculerAdresseImportee(bool importee) {
+  session_.reglages.plomex.Adresse = importee;
+  ui_->Fiche->MontrerAdresseImportee(importee);
+  if (importee)
+    session_.plateforme.boites.Information(
+        u"Les adresses importées de Ondalis ne permettent pas l'impression d'une enveloppe."_s);
+  EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
+}
+
+void FrmVelmira::CommandeBarre(int index) {
+  if (index == kEnveloppe) AllerAuxEnveloppes();
+  if (index == kQuitter) close();
+}
+
+void FrmVelmira::AllerAuxEnveloppes() {
+  EnregistrerNotes();
+  RetourDeModule = true;
+  session_.enveloppe.AdresseCourante = adresseAffichee_;
+  session_.enveloppe.OptionCP = OptionCourante;
+  emit EnveloppeDemandee();
+}
+
+void FrmVelmira::VenirDevant() {
+  if (premierPassage_) {
+    premierPassage_ = false;
+    const ModeleListe &modele = ui_->TV->Modele();
+    if (modele.NombreEnfants() > 0)
+      ui_->TV->SelectionnerEtCliquer(modele.index(0, 0, modele.Racine()));
+  }
+  if (RetourDeModule) {
+    RetourDeModule = false;
+    ui_->TV->CliquerSelection();
+  }
+}
+
+bool FrmVelmira::event(QEvent *evenement) {
+  const bool traite = QMainWindow::event(evenement);
+  const bool devant =
+      evenement->type() == QEvent::WindowActivate || evenement->type() == QEvent::Show;
+  if (devant && isVisible()) VenirDevant();
+  return traite;
+}
+
+void FrmVelmira::closeEvent(QCloseEvent *evenement) {
+  evenement->ignore();  // the program decides when its windows go
+  emit FermetureDemandee();
+}

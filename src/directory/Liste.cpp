@@ -1,0 +1,64 @@
+#include "directory/Liste.h"
+
+#include "directory/Categories.h"
+#include "directory/Protection.h"
+
+#include <QCollator>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
+  if (filtre.categorie == ToutesCategories()) return true;
+  if (filtre.categorie == RechercheRapide())
+    return entree.NomVelmira.left(1).toUpper() == filtre.lettre.toUpper();
+  return EstDansCategorie(entree.Categories, filtre.categorie);
+}
+
+/// Only blanks are trimmed: a tab is a character of the name.
+QString SansBlancs(const QString &texte) {
+  qsizetype debut = 0, fin = texte.size();
+  while (debut < fin && texte[debut] == u' ') ++debut;
+  while (fin > debut && texte[fin - 1] == u' ') --fin;
+  return texte.mid(debut, fin - debut);
+}
+
+}  // namespace
+
+QString NomListe(const QString &nom) {
+  constexpr qsizetype kLargeur = 25;
+  return SansBlancs(nom.left(kLargeur));
+}
+
+std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre) {
+  QCollator ordre(QLocale(QLocale::French, QLocale::France));
+  ordre.setCaseSensitivity(Qt::CaseInsensitive);
+
+  struct Triable {
+    QCollatorSortKey cle;
+    NoeudListe noeud;
+  };
+  std::vector<Triable> triables;
+  table.PourChaque([&](EntreeListe &&entree) {
+    if (!EstVisible(entree.DataProt, filtre.utilisateur) || !Passe(entree, filtre)) return;
+    QString nom = NomListe(entree.NomVelmira);
+    QCollatorSortKey cle = ordre.sortKey(nom);
+    triables.push_back({std::move(cle), {std::move(nom), entree.Index}});
+  });
+  std::stable_sort(triables.begin(), triables.end(),
+                   [](const Triable &a, const Triable &b) { return a.cle < b.cle; });
+
+  std::vector<NoeudListe> noeuds;
+  noeuds.reserve(triables.size());
+  for (Triable &triable : triables) noeuds.push_back(std::move(triable.noeud));
+  return noeuds;
+}
+
+QString TexteCompte(qsizetype enregistrements) {
+  if (enregistrements <= 0) return u"Pas d'enregistrement"_s;
+  return QString::number(enregistrements) +
+         (enregistrements == 1 ? u"  enregistrement"_s : u"  enregistrements "_s);
+}

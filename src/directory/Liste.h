@@ -1,0 +1,31 @@
+#pragma once
+// The list of correspondents of a category, as the tree shows it.
+
+#include "storage/Tables.h"
+
+#include <QString>
+
+#include <vector>
+
+/// What narrows the list.
+struct FiltreListe {
+  QString categorie;    ///< a category, or one of the pseudo-categories
+  QString lettre;       ///< initial, of a quick search
+  QString utilisateur;  ///< whose protected records are shown
+};
+
+/// A child of the tree's root.
+struct NoeudListe {
+  QString texte;
+  Cle index = 0;
+};
+
+/// A name as the list shows it: 25 characters at most, without blanks at its ends.
+QString NomListe(const QString &nom);
+
+/// Reads the table once, and sorts by the shown names in French order, upper and lower case alike;
+/// equal names keep the order of the table. Throws `ErreurBase`.
+std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre);
+
+/// The line under the list: "Pas d'enregistrement", "1  enregistrement", "2  enregistrements ".
+QString TexteCompte(qsizetype enregistrements);

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "directory/Liste.h"
+
+#include <QAbstractItemModel>
+#include <QIcon>
+
+#include <optional>
+#include <vector>
+
+/// The tree of the list: a root that bears the category, and one child a correspondent.
+/// `Qt::UserRole` is a node's tag: the key of its record as text, empty for the root.
+class ModeleListe : public QAbstractItemModel {
+  Q_OBJECT
+
+ public:
+  explicit ModeleListe(QObject *parent = nullptr);
+
+  void Vider();
+  /// `titre` is the root's text.
+  void Remplir(const QString &titre, std::vector<NoeudListe> noeuds);
+
+  /// The root; invalid while the tree is empty.
+  QModelIndex Racine() const;
+  qsizetype NombreEnfants() const { return static_cast<qsizetype>(noeuds_.size()); }
+
+  QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+  QModelIndex parent(const QModelIndex &enfant) const override;
+  int rowCount(const QModelIndex &parent = {}) const override;
+  int columnCount(const QModelIndex &parent = {}) const override;
+  QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+ private:
+  QVariant DonneeRacine(int role) const;
+
+  std::optional<QString> titre_;
+  std::vector<NoeudListe> noeuds_;
+  QIcon iconeRacine_, iconeNoeud_;
+};

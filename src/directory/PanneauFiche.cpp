@@ -1,0 +1,165 @@
+#include "directory/PanneauFiche.h"
+
+#include "ui/Icones.h"
+#include "ui_PanneauFiche.h"
+
+#include <QEvent>
+#include <QImageReader>
+#include <QToolButton>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kCotePhoto = 150;
+constexpr qsizetype kLignesAdresse = 12;  // more never fits the frame
+
+void Colorer(QWidget *etiquette, const QColor &couleur) {
+  QPalette palette = etiquette->palette();
+  palette.setColor(QPalette::WindowText, couleur);
+  etiquette->setPalette(palette);
+}
+
+/// Dark blue and red are the colours of the numbers on a light ground; on a dark one they would not
+/// be read, and lighter ones of the same hue stand for them.
+QColor CouleurNumero(bool listeRouge, const QPalette &palette) {
+  const bool sombre = palette.color(QPalette::Window).lightness() < 128;
+  if (listeRouge) return sombre ? QColor(255, 120, 120) : QColor(192, 0, 0);
+  return sombre ? QColor(150, 180, 255) : QColor(0, 0, 128);
+}
+
+/// A label of several lines keeps the window's size whatever the record holds.
+QString LignesMontrables(const QString &texte) {
+  constexpr qsizetype kCaracteres = 120;
+  QStringList lignes = texte.left(kLignesAdresse * kCaracteres).split(u'\n').mid(0, kLignesAdresse);
+  return lignes.join(u'\n');
+}
+
+}  // namespace
+
+PanneauFiche::PanneauFiche(QWidget *parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::PanneauFiche>()) {
+  ui_->setupUi(this);
+  cmdTel_ = {ui_->CmdTel_0, ui_->CmdTel_1, ui_->CmdTel_2};
+  for (QToolButton *bouton : cmdTel_) bouton->setIcon(Icone(u"call-start"));
+  QFont grand = ui_->LblName->font();
+  grand.setPointSizeF(grand.pointSizeF() * 1.6);
+  grand.setBold(true);
+  ui_->LblName->setFont(grand);
+  for (QWidget *etiquette :
+       {static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
+    Colorer(etiquette, CouleurNumero(false, palette()));
+  for (QWidget *lien : {static_cast<QWidget *>(ui_->LblMail), static_cast<QWidget *>(ui_->LblWeb)})
+    Colorer(lien, palette().color(QPalette::Link));
+  ui_->TxtComments->installEventFilter(this);
+  Vider();
+}
+
+PanneauFiche::~PanneauFiche() = default;
+
+void PanneauFiche::Vider() {
+  Montrer({}, {});
+  MontrerPhoto({});
+  ui_->TxtComments->setReadOnly(true);
+}
+
+void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichage) {
+  ui_->LblName->setText(fiche.NomVelmira);
+  ui_->LblAge->setText(affichage.age);
+  ui_->Lblphone->setText(fiche.Tel);
+  ui_->LblPhoneT->setText(fiche.TelTravail);
+  ui_->LblPort->setText(fiche.Portable);
+  ui_->LblFax->setText(fiche.Fax);
+  ui_->LblMail->setText(fiche.Mail);
+  ui_->LblWeb->setText(fiche.Web);
+  Colorer(ui_->Lblphone, CouleurNumero(fiche.ListeRougeTel, palette()));
+  Colorer(ui_->LblPhoneT, CouleurNumero(fiche.ListeRougeTravail, palette()));
+  ui_->LblAdresse->setText(LignesMontrables(affichage.adresse));
+  ui_->LblAdresse->setAlignment(affichage.alignementAdresse | Qt::AlignTop);
+  ui_->LblAdresseR->setText(LignesMontrables(fiche.AdresseImportee));
+  ui_->TxtComments->setPlainText(fiche.Commentaires);
+  ui_->TxtComments->setReadOnly(false);
+  MajAffichage();
+}
+
+bool PanneauFiche::MontrerPhoto(const QString &chemin) {
+  QImage image;
+  if (!chemin.isEmpty()) {
+    QImageReader lecteur(chemin);
+    lecteur.setAutoTransform(true);
+    const QSize cadre = QSize(kCotePhoto, kCotePhoto) * devicePixelRatioF();
+    if (lecteur.size().isValid())
+      lecteur.setScaledSize(lecteur.size().scaled(cadre, Qt::KeepAspectRatio));
+    image = lecteur.read();
+    if (!image.isNull()) image = image.scaled(cadre, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    image.setDevicePixelRatio(devicePixelRatioF());
+  }
+  ui_->Img->setPixmap(QPixmap::fromImage(image));
+  ui_->Img->setVisible(!image.isNull());
+  ui_->Shp->setVisible(!image.isNull());
+  return chemin.isEmpty() || !image.isNull();
+}
+
+void PanneauFiche::MontrerAdresseImportee(bool importee) {
+  adresseImportee_ = importee;
+  MajAffichage();
+}
+
+void PanneauFiche::MettreAdresseEnGras(bool gras) {
+  for (QLabel *etiquette : {ui_->LblAdresse, ui_->LblAdresseR}) {
+    QFont font = etiquette->font();
+    font.setBold(gras);
+    etiquette->setFont(font);
+  }
+}
+
+void PanneauFiche::ChangerTaillePolice(int points) {
+  QFont font = this->font();
+  if (points > 0) font.setPointSize(points);
+  ui_->TxtComments->setFont(font);
+}
+
+void PanneauFiche::ActiverNumerotation(bool active) {
+  numerotation_ = active;
+  MajAffichage();
+}
+
+QString PanneauFiche::Notes() const {
+  return ui_->TxtComments->toPlainText();
+}
+
+bool PanneauFiche::NotesModifiees() const {
+  return ui_->TxtComments->document()->isModified();
+}
+
+void PanneauFiche::NotesPrises() {
+  ui_->TxtComments->document()->setModified(false);
+}
+
+bool PanneauFiche::eventFilter(QObject *objet, QEvent *evenement) {
+  if (objet == ui_->TxtComments && evenement->type() == QEvent::FocusOut) emit NotesQuittees();
+  return QWidget::eventFilter(objet, evenement);
+}
+
+void PanneauFiche::MajAffichage() {
+  struct Ligne {
+    QLabel *valeur;
+    QLabel *libelle;
+    QToolButton *bouton;
+  };
+  const std::array<Ligne, 6> lignes{{{ui_->Lblphone, ui_->LblDomicile, cmdTel_[0]},
+                                     {ui_->LblPhoneT, ui_->LblTravail, cmdTel_[1]},
+                                     {ui_->LblPort, ui_->LblPortable, cmdTel_[2]},
+                                     {ui_->LblFax, ui_->LblTelecopie, nullptr},
+                                     {ui_->LblMail, ui_->LblCourriel, nullptr},
+                                     {ui_->LblWeb, ui_->LblSite, nullptr}}};
+  for (const Ligne &ligne : lignes) {
+    const bool rempli = !ligne.valeur->text().isEmpty();
+    ligne.valeur->setVisible(rempli);
+    ligne.libelle->setVisible(rempli);
+    if (ligne.bouton != nullptr) ligne.bouton->setVisible(rempli && numerotation_);
+  }
+  ui_->LblAdresse->setVisible(!adresseImportee_ && !ui_->LblAdresse->text().isEmpty());
+  ui_->LblAdresseR->setVisible(adresseImportee_ && !ui_->LblAdresseR->text().isEmpty());
+  ui_->CadreAdresse->setVisible(!ui_->LblAdresse->isHidden() || !ui_->LblAdresseR->isHidden());
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "storage/Lignes.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+class QToolButton;
+
+namespace Ui {
+class PanneauFiche;
+}
+
+/// The record on display: what the record says, and nothing where it says nothing.
+class PanneauFiche : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// What the settings and the rules make of a record.
+  struct Affichage {
+    QString age;      ///< age, birth date or nothing
+    QString adresse;  ///< lines as on the envelope
+    Qt::Alignment alignementAdresse = Qt::AlignLeft;
+  };
+
+  explicit PanneauFiche(QWidget *parent = nullptr);
+  ~PanneauFiche() override;
+
+  void Vider();
+  void Montrer(const Correspondant &fiche, const Affichage &affichage);
+  /// Gives false when the file is no picture; the frame is then empty. An empty path is no failure.
+  bool MontrerPhoto(const QString &chemin);
+
+  /// The imported address is shown in the place of the address.
+  void MontrerAdresseImportee(bool importee);
+  void MettreAdresseEnGras(bool gras);
+  /// Size in points of the notes' font; 0 for the design size.
+  void ChangerTaillePolice(int points);
+  /// Whether the numbers have their dial buttons.
+  void ActiverNumerotation(bool active);
+
+  QString Notes() const;
+  /// The notes have been changed since they were shown or last taken.
+  bool NotesModifiees() const;
+  void NotesPrises();
+
+ signals:
+  void NotesQuittees();
+
+ protected:
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+ private:
+  /// Hides what is empty.
+  void MajAffichage();
+
+  std::unique_ptr<Ui::PanneauFiche> ui_;
+  std::array<QToolButton *, 3> cmdTel_{};
+  bool adresseImportee_ = false;
+  bool numerotation_ = false;
+};

@@ -1,0 +1,38 @@
+#include "envelope/ExpediteurDefaut.h"
+
+#include "platform/Fichiers.h"
+#include "platform/PageDeCode.h"
+#include "storage/Tables.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kChiffre = 3;         // the digit and its line end
+constexpr qsizetype kFin = 2 + kChiffre;  // the same with the line end of the first line
+
+/// The form with the digit has the first line's end five characters before its own end.
+bool ALeChiffre(const QString &texte) {
+  return texte.size() >= kFin && texte[texte.size() - kFin] == u'\r';
+}
+
+}  // namespace
+
+std::optional<ExpediteurDefaut> LireExpediteurDefaut(const QString &appPath, Base &base) {
+  const QString chemin = appPath + u"/Defaut.ini"_s;
+  const auto octets = LireFichier(chemin);
+  if (!octets) return std::nullopt;
+  const QString texte = DepuisPageDeCode(*octets);
+  if (!texte.contains(u'$')) {
+    EffacerFichier(chemin);
+    if (base.Ouverte()) TableExpediteur(base).OublierDefaut();
+    return std::nullopt;
+  }
+  if (!ALeChiffre(texte)) {
+    const QString ligne = texte.left(std::max<qsizetype>(0, texte.size() - 2));
+    RemplacerFichier(chemin, VersPageDeCode(ligne + u"\r\n0\r\n"_s));
+    return LireExpediteurDefaut(appPath, base);
+  }
+  return ExpediteurDefaut{texte.chopped(kFin),
+                          static_cast<quint8>(texte.right(kChiffre).trimmed().toUShort())};
+}

@@ -1,0 +1,248 @@
+#include "envelope/FrmPlomex.h"
+
+#include "envelope/ChaineAdresse.h"
+#include "envelope/ExpediteurDefaut.h"
+#include "envelope/FormatsEnveloppe.h"
+#include "envelope/FrmTaille.h"
+#include "envelope/MiseEnLignes.h"
+#include "envelope/MiseEnPage.h"
+#include "envelope/Raccourci.h"
+#include "platform/Erreurs.h"
+#include "ui/EtiquetteZone.h"
+#include "ui/Icones.h"
+#include "ui_FrmPlomex.h"
+
+#include <QCloseEvent>
+#include <QDir>
+#include <QFileInfo>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kQuitter = 2, kImprimer = 3, kAccueil = 6;
+constexpr int kToucheEntree = 13;
+
+const QList<DescriptionBouton> kCommandes{
+    {u"document-new", u"Nouvelle adresse", false},
+    {u"view-pim-contacts", u"Carnet d'adresses", false, true},
+    {u"application-exit", u"Quitter ?", true},
+    {u"document-print", u"Imprimer", true},
+    {u"help-contents", u"Aide", false, true},
+    {u"user-identity", u"Expéditeur", false},
+    {u"go-home", u"Accueil Velmira", true},
+    {u"edit-comment", u"Ajouter un commentaire", false},
+    {u"document-print-preview", u"Vue avant impression", false, true},
+    {u"contact-new", u"Nouveau velmira", false},
+    {u"appointment-reminder", u"Module Alertes", false},
+    {u"note", u"Memora", false},
+};
+
+Qt::Alignment AlignementZone(int alignement) {
+  return alignement == 1 ? Qt::AlignRight : alignement == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+}
+
+/// The keys of the keyboard that stand for a virtual key code.
+QList<QKeySequence> Touches(int raccourci) {
+  constexpr int kF5 = 116;
+  if (LibelleRaccourci(raccourci).isEmpty()) return {};
+  if (raccourci == kToucheEntree)
+    return {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)};
+  return {QKeySequence(static_cast<Qt::Key>(Qt::Key_F5 + raccourci - kF5))};
+}
+
+}  // namespace
+
+FrmPlomex::FrmPlomex(Session &session) : session_(session), ui_(std::make_unique<Ui::FrmPlomex>()) {
+  ui_->setupUi(this);
+  setWindowIcon(IconeProgramme());
+  ui_->Barre->Remplir(u"BTPH"_s, kCommandes, true);
+  connect(ui_->Barre, &BarreBoutons::Clique, this, &FrmPlomex::CommandeBarre);
+  connect(ui_->CboFormat, &QComboBox::activated, this, &FrmPlomex::ChoisirFormat);
+  connect(ui_->mnuImprime, &QAction::triggered, this, &FrmPlomex::Imprimer);
+  connect(ui_->mnuAccueil, &QAction::triggered, this, &FrmPlomex::RepertoireDemande);
+  connect(ui_->mnuQuitter, &QAction::triggered, this, &FrmPlomex::close);
+  connect(ui_->LblDocument, &QLabel::linkActivated, this,
+          [this](const QString &chemin) { session_.plateforme.coquille.Ouvrir(chemin); });
+  Charger();
+}
+
+FrmPlomex::~FrmPlomex() = default;
+
+void FrmPlomex::Charger() {
+  for (const FormatEnveloppe &format : kFormatsEnveloppe)
+    ui_->CboFormat->addItem(QString::fromUtf16(format.libelle));
+  ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
+  EtatEnveloppe &etat = session_.enveloppe;
+  etat.LiaisonCP = u" - "_s;
+  LireAncienneLiaison(session_.dossiers.AppPath, etat.LiaisonCP);
+  ui_->LblDocument->hide();
+  ui_->Enveloppe->Adresse()->setText(AdresseBlanche());
+  ChargerExpediteur();
+  ChoisirFormat(kFormatDL);
+  MajEtiquettes();
+}
+
+void FrmPlomex::ChargerExpediteur() {
+  Signaler(session_.plateforme.boites, [this] {
+    const auto defaut = LireExpediteurDefaut(session_.dossiers.AppPath, session_.base);
+    if (!defaut) return;
+    EtatEnveloppe &etat = session_.enveloppe;
+    etat.ExpediteurCourant = defaut->chaine;
+    etat.OptionCP = defaut->optionCP;
+    if (session_.reglages.plomex.NePas == 0)
+      ui_->Enveloppe->Expediteur()->setText(
+          MettreEnLignes(etat.ExpediteurCourant, false, session_.reglages.plomex, etat));
+  });
+}
+
+void FrmPlomex::MontrerAdresse() {
+  EtatEnveloppe &etat = session_.enveloppe;
+  ui_->Enveloppe->Adresse()->setText(
+      AdresseVide(etat.AdresseCourante)
+          ? AdresseBlanche()
+          : MettreEnLignes(etat.AdresseCourante, true, session_.reglages.plomex, etat));
+  MajEtiquettes();
+  RendreFocus();
+}
+
+void FrmPlomex::MajEtiquettes() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  ui_->LblImprimante->setText(plomex.Imprimante);
+  ui_->LblOrientation->setText(plomex.Orientation == 1   ? u"Orientation en mode portrait"_s
+                               : plomex.Orientation == 2 ? u"Orientation en mode paysage"_s
+                                                         : u""_s);
+  ui_->LblPolice->setText(u"Police "_s + plomex.PoliceA + u"   "_s +
+                          QString::number(plomex.TailleA) + u"   "_s +
+                          (plomex.GrasA == 1 ? u"G"_s : u""_s));
+  const QString touche = LibelleRaccourci(plomex.Raccourci).mid(1);
+  ui_->LblRaccourci->setText(touche.isEmpty() ? u""_s : u"Raccourci pour imprimer : "_s + touche);
+
+  EtiquetteZone *adresse = ui_->Enveloppe->Adresse();
+  EtiquetteZone *expediteur = ui_->Enveloppe->Expediteur();
+  Police policeAdresse = PoliceAdresse(plomex);
+  if (adresse->text() == AdresseBlanche()) policeAdresse.nom = u"Arial"_s;
+  adresse->ChangerPolice(policeAdresse);
+  adresse->setAlignment(AlignementZone(plomex.AlignA));
+  expediteur->ChangerPolice(PoliceExpediteur(plomex));
+  expediteur->setAlignment(AlignementZone(plomex.AlignE));
+  ui_->Enveloppe->Commentaire()->setVisible(!session_.enveloppe.Commentaire.isEmpty());
+  PreparerRaccourci();
+  DisposerZones();
+}
+
+void FrmPlomex::DisposerZones() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const EtatEnveloppe &etat = session_.enveloppe;
+  ui_->Enveloppe->Disposer(Millimetres(static_cast<double>(etat.LargeurEnv)),
+                           Millimetres(static_cast<double>(etat.HauteurEnv)),
+                           OrigineAdresse(plomex, etat), OrigineExpediteur(plomex, etat));
+}
+
+void FrmPlomex::PreparerRaccourci() {
+  qDeleteAll(raccourcis_);
+  raccourcis_.clear();
+  for (const QKeySequence &touche : Touches(session_.reglages.plomex.Raccourci)) {
+    // A shortcut of the window comes before whatever has the focus, and the key held down does not
+    // print again.
+    auto *raccourci = new QShortcut(touche, this);
+    raccourci->setAutoRepeat(false);
+    connect(raccourci, &QShortcut::activated, this, &FrmPlomex::Imprimer);
+    raccourcis_.append(raccourci);
+  }
+}
+
+void FrmPlomex::CommandeBarre(int index) {
+  switch (index) {
+    case kQuitter:
+      close();
+      return;
+    case kAccueil:
+      emit RepertoireDemande();
+      return;
+    case kImprimer:
+      Imprimer();
+      break;
+    default:
+      break;
+  }
+  RendreFocus();
+}
+
+void FrmPlomex::RendreFocus() {
+  if (session_.reglages.plomex.Raccourci == kToucheEntree)
+    ui_->Barre->Bouton(kImprimer)->setFocus();
+  else
+    ui_->Enveloppe->Adresse()->setFocus();
+}
+
+void FrmPlomex::ChoisirFormat(int index) {
+  EtatEnveloppe &etat = session_.enveloppe;
+  if (index == kFormatPersonnalise) {
+    DemanderTaille();
+    return;
+  }
+  const FormatEnveloppe &format = kFormatsEnveloppe[static_cast<std::size_t>(index)];
+  etat.HauteurEnv = format.hauteur;
+  etat.LargeurEnv = format.largeur;
+  format_ = index;
+  ui_->CboFormat->setCurrentIndex(index);
+  DisposerZones();
+}
+
+void FrmPlomex::DemanderTaille() {
+  EtatEnveloppe &etat = session_.enveloppe;
+  FrmTaille dialogue(etat.LargeurEnv, etat.HauteurEnv, this);
+  if (dialogue.exec() != QDialog::Accepted) {
+    ui_->CboFormat->setCurrentIndex(format_);
+    return;
+  }
+  etat.HauteurEnv = dialogue.Hauteur();
+  etat.LargeurEnv = dialogue.Largeur();
+  format_ = kFormatPersonnalise;
+  if (etat.HauteurEnv == 0 || etat.LargeurEnv == 0) {
+    session_.plateforme.boites.Information(
+        u"Vous n'avez pas renseigné la taille de l'enveloppe !"_s);
+    ChoisirFormat(kFormatDL);
+  }
+  DisposerZones();
+}
+
+void FrmPlomex::Imprimer() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  EtatEnveloppe &etat = session_.enveloppe;
+  Imprimante &imprimante = session_.plateforme.imprimante;
+  if (!ImpressionConfiguree(plomex)) {
+    session_.plateforme.boites.Information(
+        u"Vous devez d'abord utiliser le menu 'Configurer l'impression' !"_s);
+    return;
+  }
+  ImprimerPage(imprimante, plomex, etat,
+               {.expediteur = ui_->Enveloppe->Expediteur()->text(),
+                .adresse = ui_->Enveloppe->Adresse()->text(),
+                .commentaire = CommentaireImprime(session_.reglages.rtcolor, etat)});
+  if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
+    etat.Commentaire.clear();
+    ui_->Enveloppe->Commentaire()->hide();
+  }
+  const QString document = imprimante.TerminerDocument();
+  if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
+  if (plomex.Minimise == 1) showMinimized();
+}
+
+void FrmPlomex::MontrerDocument(const QString &chemin) {
+  if (chemin.isEmpty()) {
+    ui_->LblDocument->setText(u"L'enveloppe n'a pas pu être enregistrée."_s);
+  } else {
+    const QFileInfo fichier(chemin);
+    ui_->LblDocument->setText(u"Enveloppe enregistrée dans %1 :<br/><a href=\"%2\">%3</a>"_s.arg(
+        QDir::toNativeSeparators(fichier.path()).toHtmlEscaped(), chemin.toHtmlEscaped(),
+        fichier.fileName().toHtmlEscaped()));
+  }
+  ui_->LblDocument->show();
+}
+
+void FrmPlomex::closeEvent(QCloseEvent *evenement) {
+  evenement->ignore();  // the program decides when its windows go
+  emit FermetureDemandee();
+}

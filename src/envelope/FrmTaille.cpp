@@ -1,0 +1,39 @@
+#include "envelope/FrmTaille.h"
+
+#include "platform/Saisie.h"
+#include "ui/SelectionAuFocus.h"
+#include "ui_FrmTaille.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString TexteTaille(float taille) {
+  return QString::number(static_cast<double>(taille)).replace(u'.', u',');
+}
+
+float Taille(const QString &texte) {
+  return static_cast<float>(std::max(0.0, NombreSaisi(texte)));
+}
+
+}  // namespace
+
+FrmTaille::FrmTaille(float largeur, float hauteur, QWidget *parent)
+    : QDialog(parent), ui_(std::make_unique<Ui::FrmTaille>()) {
+  ui_->setupUi(this);
+  ui_->TxtL->setText(TexteTaille(largeur));
+  ui_->TxtH->setText(TexteTaille(hauteur));
+  for (QLineEdit *champ : {ui_->TxtL, ui_->TxtH}) new SelectionAuFocus(champ);
+  connect(ui_->CmdOK, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+FrmTaille::~FrmTaille() = default;
+
+float FrmTaille::Largeur() const {
+  return Taille(ui_->TxtL->text());
+}
+float FrmTaille::Hauteur() const {
+  return Taille(ui_->TxtH->text());
+}

@@ -1,0 +1,68 @@
+#pragma once
+// Where every line of an envelope stands on the paper. All lengths in millimetres.
+
+#include "envelope/EtatEnveloppe.h"
+#include "platform/Imprimante.h"
+#include "storage/Reglages.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <vector>
+
+struct Point {
+  Millimetres x, y;
+};
+
+/// A line of text; its place is that of its left end and its top.
+struct LignePlacee {
+  QString texte;
+  Millimetres x, y;
+  Police police;
+};
+
+/// Top left corner of the address zone on the envelope: defined on the DL reference, 220 by 110 mm,
+/// and stretched to the format.
+Point OrigineAdresse(const ReglagesPlomex &plomex, const EtatEnveloppe &etat);
+
+/// Top left corner of the sender zone: only its height follows the format.
+Point OrigineExpediteur(const ReglagesPlomex &plomex, const EtatEnveloppe &etat);
+
+/// The corner of the printable area, in millimetres of the envelope: what is taken off a place on
+/// the envelope to have its place on the page.
+Point OriginePage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat);
+
+Police PoliceAdresse(const ReglagesPlomex &plomex);
+Police PoliceExpediteur(const ReglagesPlomex &plomex);
+
+/// The optional comment: its right end stands 40 mm from the right end of the envelope.
+LignePlacee PlacerCommentaire(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
+                              const MesureTexte &mesure);
+
+/// What the two zones of an envelope hold, lines separated by line feeds, and whether the comment
+/// goes with them.
+struct ContenuEnveloppe {
+  QString expediteur;
+  QString adresse;
+  bool commentaire = false;
+};
+
+/// What goes on the page, in places counted from the corner of the printable area: comment, sender,
+/// address, line by line. Blank lines take their height and are left out. Text is neither wrapped
+/// nor cut.
+std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
+                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure);
+
+/// Whether a comment is set, and allowed in the run that is under way.
+bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &etat);
+
+/// Whether the printer has been told how it takes an envelope.
+bool ImpressionConfiguree(const ReglagesPlomex &plomex);
+
+/// The printer of this name; else, where the name is as long as its settings file holds, the first
+/// that begins with it; else `courante`.
+QString TrouverImprimante(const QStringList &noms, const QString &nom, const QString &courante);
+
+/// Prints one page on the printer of the settings, and leaves the document open.
+void ImprimerPage(Imprimante &imprimante, const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
+                  const ContenuEnveloppe &contenu);

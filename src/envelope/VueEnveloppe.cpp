@@ -1,0 +1,105 @@
+#include "envelope/VueEnveloppe.h"
+
+#include "ui/EtiquetteZone.h"
+
+#include <QLabel>
+#include <QPainter>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kOmbre = 6;           // pixels around the paper
+constexpr double kTimbre = 22;      // side of the stamp, millimetres
+constexpr double kMargeTimbre = 8;  // from the corner, millimetres
+// What can be drawn: a size typed by mistake must not run past what a picture can hold.
+constexpr double kMinimum = 1, kMaximum = 5000;  // millimetres
+
+Millimetres Dessinable(Millimetres longueur) {
+  return Millimetres(std::clamp(longueur.valeur, kMinimum, kMaximum));
+}
+
+}  // namespace
+
+VueEnveloppe::VueEnveloppe(QWidget *parent)
+    : QWidget(parent),
+      expediteur_(new EtiquetteZone(this)),
+      adresse_(new EtiquetteZone(this)),
+      commentaire_(new QLabel(u"Commentaire ajouté"_s, this)) {
+  expediteur_->setObjectName(u"EtqE"_s);
+  expediteur_->setAccessibleName(u"Expéditeur"_s);
+  adresse_->setObjectName(u"EtqA"_s);
+  adresse_->setAccessibleName(u"Adresse du destinataire"_s);
+  commentaire_->setObjectName(u"LblCom"_s);
+  commentaire_->setAutoFillBackground(true);
+  QPalette palette;
+  palette.setColor(QPalette::Window, QColor(192, 192, 192));
+  palette.setColor(QPalette::WindowText, Qt::black);
+  commentaire_->setPalette(palette);
+  commentaire_->hide();
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+}
+
+void VueEnveloppe::Disposer(Millimetres largeur, Millimetres hauteur, Point adresse,
+                            Point expediteur) {
+  largeur_ = Dessinable(largeur);
+  hauteur_ = Dessinable(hauteur);
+  origineAdresse_ = adresse;
+  origineExpediteur_ = expediteur;
+  Placer();
+}
+
+void VueEnveloppe::resizeEvent(QResizeEvent *) {
+  Placer();
+}
+
+QPoint VueEnveloppe::Pixels(Point point) const {
+  return papier_.topLeft() + QPointF(std::clamp(point.x.valeur, -kMaximum, kMaximum) * echelle_,
+                                     std::clamp(point.y.valeur, -kMaximum, kMaximum) * echelle_)
+                                 .toPoint();
+}
+
+void VueEnveloppe::Placer() {
+  const QSize place = size() - QSize(2 * kOmbre, 2 * kOmbre);
+  echelle_ =
+      std::max(0.01, std::min(place.width() / largeur_.valeur, place.height() / hauteur_.valeur));
+  papier_ = QRect(QPoint(kOmbre, kOmbre), QSize(static_cast<int>(largeur_.valeur * echelle_),
+                                                static_cast<int>(hauteur_.valeur * echelle_)));
+  for (EtiquetteZone *zone : {expediteur_, adresse_}) zone->ChangerEchelle(echelle_);
+  // The zone leaves a pixel around its text.
+  expediteur_->move(Pixels(origineExpediteur_) - QPoint(1, 1));
+  adresse_->move(Pixels(origineAdresse_) - QPoint(1, 1));
+  commentaire_->adjustSize();
+  commentaire_->move(Pixels({largeur_ - Millimetres(40), origineExpediteur_.y}) -
+                     QPoint(commentaire_->width(), 0));
+  update();
+}
+
+void VueEnveloppe::paintEvent(QPaintEvent *) {
+  QPainter dessin(this);
+  dessin.setRenderHint(QPainter::Antialiasing);
+  dessin.setPen(Qt::NoPen);
+  dessin.setBrush(QColor(0, 0, 0, 12));
+  for (int bord = kOmbre; bord > 0; --bord)
+    dessin.drawRoundedRect(papier_.adjusted(-bord, -bord / 2, bord, bord), bord, bord);
+  dessin.setPen(QPen(QColor(190, 186, 176), 1));
+  dessin.setBrush(QColor(255, 254, 250));
+  dessin.drawRect(papier_);
+
+  const double cote = kTimbre * echelle_, marge = kMargeTimbre * echelle_;
+  dessin.setPen(QPen(QColor(200, 196, 186), 1, Qt::DashLine));
+  dessin.setBrush(Qt::NoBrush);
+  dessin.drawRect(
+      QRectF(papier_.right() - marge - cote * 0.85, papier_.top() + marge, cote * 0.85, cote));
+
+  // Where each zone begins.
+  dessin.setPen(QPen(QColor(150, 180, 200), 1));
+  const int trait = std::max(4, static_cast<int>(4 * echelle_));
+  for (const Point origine : {origineAdresse_, origineExpediteur_}) {
+    const QPoint coin = Pixels(origine) - QPoint(3, 3);
+    dessin.drawLine(coin, coin + QPoint(trait, 0));
+    dessin.drawLine(coin, coin + QPoint(0, trait));
+  }
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "envelope/MiseEnPage.h"
+
+#include <QWidget>
+
+class EtiquetteZone;
+
+/// The envelope in its true proportions, with its text zones where they are printed.
+class VueEnveloppe : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit VueEnveloppe(QWidget *parent = nullptr);
+
+  EtiquetteZone *Adresse() const { return adresse_; }
+  EtiquetteZone *Expediteur() const { return expediteur_; }
+  QWidget *Commentaire() const { return commentaire_; }
+
+  /// Format in millimetres, and the top left corners of the zones on it.
+  void Disposer(Millimetres largeur, Millimetres hauteur, Point adresse, Point expediteur);
+
+  QSize sizeHint() const override { return {640, 360}; }
+  QSize minimumSizeHint() const override { return {320, 200}; }
+
+ protected:
+  void resizeEvent(QResizeEvent *evenement) override;
+  void paintEvent(QPaintEvent *evenement) override;
+
+ private:
+  void Placer();
+  QPoint Pixels(Point point) const;
+
+  EtiquetteZone *expediteur_;
+  EtiquetteZone *adresse_;
+  QWidget *commentaire_;
+  Millimetres largeur_{220}, hauteur_{110};
+  Point origineAdresse_, origineExpediteur_;
+  QRect papier_;
+  double echelle_ = 1;  // pixels for a millimetre
+};

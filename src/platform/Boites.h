@@ -1,0 +1,32 @@
+#pragma once
+// Message boxes and pickers. Each call waits for the user's answer.
+
+#include <QString>
+
+class Boites {
+ public:
+  enum class Genre { Simple, Information, Attention, Critique };
+  enum class Reponse { Oui, Non };
+
+  virtual ~Boites() = default;
+
+  /// A message with the one button OK. `Simple` has no icon.
+  virtual void Message(Genre genre, const QString &titre, const QString &texte) = 0;
+
+  /// Oui or Non; closing the box counts as Non. `defaut` is the button that Enter presses.
+  virtual Reponse Question(const QString &titre, const QString &texte,
+                           Reponse defaut = Reponse::Oui) = 0;
+
+  /// The default error box: what failed, in the words of whatever failed.
+  virtual void Erreur(const QString &texte) = 0;
+
+  /// A folder of the file system without a trailing separator; empty when the user cancels.
+  virtual QString Dossier(const QString &invite) = 0;
+
+  void Information(const QString &texte) { Message(Genre::Information, Titre(), texte); }
+  void Attention(const QString &texte) { Message(Genre::Attention, Titre(), texte); }
+  void Critique(const QString &texte) { Message(Genre::Critique, Titre(), texte); }
+
+  /// The title of a box that has none of its own.
+  static QString Titre() { return QStringLiteral("Velmira"); }
+};

@@ -1,0 +1,65 @@
+#include "platform/Fichiers.h"
+
+#include "platform/Erreurs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The rename that replaces a file is safe only once its folder is on the disk too.
+void SynchroniserDossier(const QString &dossier) {
+  const int fd = ::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+}  // namespace
+
+std::optional<QByteArray> LireFichier(const QString &chemin) {
+  QFile fichier(chemin);
+  if (!QFileInfo(chemin).isFile() || !fichier.open(QIODevice::ReadOnly)) return std::nullopt;
+  return fichier.readAll();
+}
+
+void RemplacerFichier(const QString &chemin, const QByteArray &contenu) {
+  QSaveFile fichier(chemin);
+  const bool ecrit = fichier.open(QIODevice::WriteOnly) &&
+                     fichier.write(contenu) == contenu.size() && fichier.flush() &&
+                     ::fsync(fichier.handle()) == 0 && fichier.commit();
+  if (!ecrit)
+    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être écrit :\n%2"_s.arg(
+        QDir::toNativeSeparators(chemin), fichier.errorString()));
+  SynchroniserDossier(QFileInfo(chemin).absolutePath());
+}
+
+void EffacerFichier(const QString &chemin) {
+  QFile fichier(chemin);
+  if (!fichier.remove())
+    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être effacé :\n%2"_s.arg(
+        QDir::toNativeSeparators(chemin), fichier.errorString()));
+  SynchroniserDossier(QFileInfo(chemin).absolutePath());
+}
+
+void RenommerFichier(const QString &ancien, const QString &nouveau) {
+  QFile fichier(ancien);
+  if (!fichier.rename(nouveau))
+    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être déplacé vers « %2 » :\n%3"_s.arg(
+        QDir::toNativeSeparators(ancien), QDir::toNativeSeparators(nouveau),
+        fichier.errorString()));
+  SynchroniserDossier(QFileInfo(nouveau).absolutePath());
+}
+
+void CreerDossier(const QString &chemin) {
+  if (!QDir().mkpath(chemin))
+    throw ErreurFichier(
+        u"Le répertoire « %1 » n'a pas pu être créé."_s.arg(QDir::toNativeSeparators(chemin)));
+}

@@ -1,0 +1,23 @@
+#pragma once
+// The clock of the run: what day it is, pauses, and what is to happen later.
+
+#include <QDateTime>
+#include <QObject>
+
+#include <chrono>
+#include <functional>
+
+class Horloge {
+ public:
+  virtual ~Horloge() = default;
+
+  /// Local date and time of the user.
+  virtual QDateTime Maintenant() const = 0;
+
+  /// Waits. The windows go on painting, but take no input from the user meanwhile.
+  virtual void Pause(std::chrono::milliseconds duree) = 0;
+
+  /// Runs `action` once, `delai` from now, unless `contexte` has been destroyed by then.
+  virtual void Apres(std::chrono::milliseconds delai, QObject *contexte,
+                     std::function<void()> action) = 0;
+};

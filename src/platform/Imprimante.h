@@ -1,0 +1,54 @@
+#pragma once
+// The printing interface: a device chosen by name, one A4 page, text placed in millimetres.
+
+#include "platform/Millimetres.h"
+
+#include <QString>
+#include <QStringList>
+
+/// A font as the user chooses it; the size in points.
+struct Police {
+  QString nom;
+  double points = 0;
+  bool gras = false;
+  bool souligne = false;
+
+  friend bool operator==(const Police &, const Police &) = default;
+};
+
+/// Widths and line heights of text as a device draws it.
+class MesureTexte {
+ public:
+  virtual ~MesureTexte() = default;
+  virtual Millimetres Largeur(const QString &texte, const Police &police) const = 0;
+  /// How far one printed line moves the position down.
+  virtual Millimetres HauteurLigne(const Police &police) const = 0;
+};
+
+enum class Orientation { Portrait = 1, Paysage = 2 };
+
+class Imprimante : public MesureTexte {
+ public:
+  /// Name of the built-in printer that writes one file a document into the user's documents.
+  static QString NomPdf() { return QStringLiteral("PDF"); }
+
+  /// Device names: the system's printers, then `NomPdf()`.
+  virtual QStringList Noms() const = 0;
+
+  /// The printer that prints when none is chosen: the system's default one, else `NomPdf()`.
+  virtual QString Courante() const = 0;
+
+  /// Makes one of `Noms()` the current printer.
+  virtual void Choisir(const QString &nom) = 0;
+
+  /// Begins a document of one A4 page on the current printer.
+  virtual void OuvrirPage(Orientation orientation) = 0;
+
+  /// Writes one line: its left end and its top are counted from the corner of the printable area.
+  /// A failure of the device is silent.
+  virtual void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) = 0;
+
+  /// Sends the page. Gives the path of the file that was written, or an empty text where the
+  /// document went to a device or could not be written.
+  virtual QString TerminerDocument() = 0;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+/// A length on paper. The unit is carried by the type, so that a place on the envelope cannot be
+/// mixed up with pixels, points or twips.
+struct Millimetres {
+  double valeur = 0;
+
+  constexpr Millimetres() = default;
+  constexpr explicit Millimetres(double v) : valeur(v) {}
+
+  friend constexpr Millimetres operator+(Millimetres a, Millimetres b) {
+    return Millimetres(a.valeur + b.valeur);
+  }
+  friend constexpr Millimetres operator-(Millimetres a, Millimetres b) {
+    return Millimetres(a.valeur - b.valeur);
+  }
+  friend constexpr Millimetres operator-(Millimetres a) { return Millimetres(-a.valeur); }
+  friend constexpr Millimetres operator*(Millimetres a, double f) {
+    return Millimetres(a.valeur * f);
+  }
+  friend constexpr Millimetres operator/(Millimetres a, double f) {
+    return Millimetres(a.valeur / f);
+  }
+  constexpr Millimetres &operator+=(Millimetres b) {
+    valeur += b.valeur;
+    return *this;
+  }
+  friend constexpr auto operator<=>(Millimetres, Millimetres) = default;
+};

@@ -1,0 +1,11 @@
+#pragma once
+// The Western European code page (Windows-1252), in which every text file of the program is kept.
+
+#include <QByteArray>
+#include <QString>
+
+/// All 256 bytes give a character and come back as they were.
+QString DepuisPageDeCode(const QByteArray &octets);
+
+/// A character that the page lacks becomes "?".
+QByteArray VersPageDeCode(const QString &texte);

@@ -1,0 +1,19 @@
+#pragma once
+// What the system gives to one run of the program.
+
+#include "platform/Boites.h"
+#include "platform/Coquille.h"
+#include "platform/Horloge.h"
+#include "platform/Imprimante.h"
+
+#include <QLocale>
+#include <QString>
+
+struct Plateforme {
+  Horloge &horloge;
+  Boites &boites;
+  Coquille &coquille;
+  Imprimante &imprimante;
+  QString utilisateur;  ///< log-on name
+  QLocale langue;       ///< names of days
+};

@@ -1,0 +1,21 @@
+#include "platform/Saisie.h"
+
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+QDate DateSaisie(const QString &texte) {
+  static const QRegularExpression forme(
+      uR"(^\s*(\d{1,2})\s*[/.\-]\s*(\d{1,2})\s*[/.\-]\s*(\d{4}|\d{2})\s*$)"_s);
+  const auto trouve = forme.match(texte);
+  if (!trouve.hasMatch()) return {};
+  int annee = trouve.captured(3).toInt();
+  if (trouve.capturedLength(3) == 2) annee += annee < 30 ? 2000 : 1900;
+  return {annee, trouve.captured(2).toInt(), trouve.captured(1).toInt()};
+}
+
+double NombreSaisi(const QString &texte) {
+  static const QRegularExpression forme(uR"(^\s*([+-]?(?:\d+[.,]?\d*|[.,]\d+)))"_s);
+  const auto trouve = forme.match(texte);
+  return trouve.hasMatch() ? trouve.captured(1).replace(u',', u'.').toDouble() : 0;
+}

@@ -1,0 +1,12 @@
+#pragma once
+// What a typed text means as a date or as a number.
+
+#include <QDate>
+#include <QString>
+
+/// Day, month and year with "/", "-" or "." between; a year of two digits means 1930 to 2029.
+/// Anything else is no date and gives an invalid one.
+QDate DateSaisie(const QString &texte);
+
+/// The number that a text begins with, decimals behind "," or "."; 0 when it begins with none.
+double NombreSaisi(const QString &texte);

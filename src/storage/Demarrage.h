@@ -1,0 +1,41 @@
+#pragma once
+// Where the data lives: what is settled before any window may touch a file or the database.
+
+#include "platform/Plateforme.h"
+#include "storage/Dossiers.h"
+
+#include <QString>
+
+class Demarrage {
+ public:
+  /// `dossiers.AppPath` is known; the other folders are found here.
+  Demarrage(Plateforme &plateforme, Dossiers &dossiers);
+
+  /// Finds the folders, asking the user where that is needed, and puts delivered and moved files
+  /// into their places. A file or folder that cannot be written is told in the default error box,
+  /// and the run goes on. Gives false when the user has stopped the launch; nothing has been
+  /// written then.
+  bool Executer();
+
+ private:
+  bool LireCheminData();
+  bool DemanderCheminData();
+  /// The user's own folder, ending in a separator; empty when the launch is stopped.
+  QString DemanderDossier();
+  void CreerCheminData(const QString &dossier);
+  void ResoudreCheminBase();
+  void DeplacerBaseLivree();
+  void PreparerBase();
+  void EcrireChemin(const QString &fichier, const QString &chemin);
+  QString FichierCheminBase() const;
+
+  Plateforme &plateforme_;
+  Dossiers &dossiers_;
+};
+
+/// Shows the folder picker; the path ends in a separator, or is empty when the user cancels.
+QString SelRepertoire(Boites &boites, const QString &invite);
+
+/// Whether a folder is refused as the place of the data: it lies outside every profile folder and
+/// names both "PUBLIC" and "DEFAULT".
+bool DossierRefuse(const QString &chemin);

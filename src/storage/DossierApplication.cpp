@@ -1,0 +1,59 @@
+#include "storage/DossierApplication.h"
+
+#include "platform/Enregistrement.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+
+#include <QDir>
+#include <QFile>
+#include <QtEndian>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kBaseVide = u"Velmira_base.mdb"_s;
+const QString kInstallation = u"Installation.cfg"_s;  // schema version of the last base laid
+
+/// Schema version that a database file bears: bytes 60 to 63 of its header, big-endian (the file
+/// format of SQLite, "user version"); -1 for no such file.
+qint32 VersionBase(const QString &chemin) {
+  constexpr qsizetype kPlace = 60;
+  QFile fichier(chemin);
+  if (!fichier.open(QIODevice::ReadOnly)) return -1;
+  const QByteArray entete = fichier.read(kPlace + 4);
+  return entete.size() < kPlace + 4 ? -1 : qFromBigEndian<qint32>(entete.constData() + kPlace);
+}
+
+void Copier(const QString &source, const QString &cible) {
+  const auto contenu = LireFichier(source);
+  if (!contenu) throw ErreurFichier(u"Le fichier « %1 » ne peut pas être lu."_s.arg(source));
+  RemplacerFichier(cible, *contenu);
+}
+
+}  // namespace
+
+QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierInstalle,
+                       const QString &dossierUtilisateur) {
+  if (QFile::exists(dossierExecutable + u"/Velmira.portable"_s)) return dossierExecutable;
+
+  const QDir installe(dossierInstalle), utilisateur(dossierUtilisateur);
+  CreerDossier(utilisateur.path());
+  const auto marque = LireFichier(utilisateur.filePath(kInstallation));
+  qint32 posee = -1;
+  if (marque)
+    LecteurEnregistrement(*marque).Lire(posee);
+  else
+    for (const QString &nom : installe.entryList(QDir::Files))
+      if (nom != kBaseVide && !utilisateur.exists(nom))
+        Copier(installe.filePath(nom), utilisateur.filePath(nom));
+
+  const qint32 version = VersionBase(installe.filePath(kBaseVide));
+  if (version > posee) Copier(installe.filePath(kBaseVide), utilisateur.filePath(kBaseVide));
+  if (!marque || version > posee) {
+    RedacteurEnregistrement redacteur;
+    redacteur.Ecrire(std::max(version, posee));
+    RemplacerFichier(utilisateur.filePath(kInstallation), redacteur.Octets());
+  }
+  return utilisateur.path();
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+/// Finds the application folder, and fills it where that is due.
+///
+/// A portable copy, told by the file `Velmira.portable` beside the executable, is its own
+/// application folder. Otherwise it is `dossierUtilisateur`, which is filled once from
+/// `dossierInstalle`. The empty database is laid there again when the installed one has a higher
+/// schema version than the last one laid, since its appearance is what starts an upgrade.
+/// Throws `ErreurFichier`.
+QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierInstalle,
+                       const QString &dossierUtilisateur);

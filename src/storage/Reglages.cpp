@@ -1,0 +1,219 @@
+#include "storage/Reglages.h"
+
+#include "platform/Enregistrement.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+#include "platform/Sections.h"
+
+#include <QFileInfo>
+
+#include <cmath>
+#include <limits>
+#include <tuple>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename Valeur>
+struct CleIni {
+  const char16_t *nom;
+  Valeur ReglagesPlomex::*valeur;
+};
+
+/// The keys of `Plomex.ini` in file order.
+constexpr auto kClesPlomex = [] {
+  using P = ReglagesPlomex;
+  return std::tuple{
+      CleIni{u"Imprimante", &P::Imprimante},
+      CleIni{u"Orientation", &P::Orientation},
+      CleIni{u"Bord imprimé", &P::BordImprime},
+      CleIni{u"Position enveloppe", &P::PositionEnveloppe},
+      CleIni{u"PoliceA", &P::PoliceA},
+      CleIni{u"PoliceE", &P::PoliceE},
+      CleIni{u"TailleA", &P::TailleA},
+      CleIni{u"TailleE", &P::TailleE},
+      CleIni{u"GrasA", &P::GrasA},
+      CleIni{u"GrasE", &P::GrasE},
+      CleIni{u"NePas", &P::NePas},
+      CleIni{u"SautLigne", &P::SautLigne},
+      CleIni{u"SautDLigne", &P::SautDLigne},
+      CleIni{u"GrasDLigne", &P::GrasDLigne},
+      CleIni{u"SautPLigne", &P::SautPLigne},
+      CleIni{u"GrasPLigne", &P::GrasPLigne},
+      CleIni{u"MargeHaute", &P::MargeHaute},
+      CleIni{u"MargeDroite", &P::MargeDroite},
+      CleIni{u"Raccourci", &P::Raccourci},
+      CleIni{u"Minimise", &P::Minimise},
+      CleIni{u"MargeMAX", &P::MargeMAX},
+      CleIni{u"MargeMAY", &P::MargeMAY},
+      CleIni{u"MargeMEX", &P::MargeMEX},
+      CleIni{u"MargeMEY", &P::MargeMEY},
+      CleIni{u"AlignE", &P::AlignE},
+      CleIni{u"AlignA", &P::AlignA},
+      CleIni{u"Adresse", &P::Adresse},
+      CleIni{u"Enveloppe", &P::Enveloppe},
+      CleIni{u"AdresseEnGras", &P::AdresseEnGras},
+      CleIni{u"TaillePoliceTV1", &P::TaillePoliceTV1},
+      CleIni{u"TaillePoliceTV2", &P::TaillePoliceTV2},
+      CleIni{u"Telephone", &P::Telephone},
+      CleIni{u"IcoMenu", &P::IcoMenu},
+  };
+}();
+
+/// The values of `RTColor.ini` in the order of its record.
+constexpr auto kValeursRTColor = [] {
+  using R = ReglagesRTColor;
+  return std::tuple{&R::CouleurR,
+                    &R::CouleurV,
+                    &R::CouleurB,
+                    &R::NomPerso,
+                    &R::PortCom,
+                    &R::TailleFenetre,
+                    &R::OuvrirSurFavoris,
+                    &R::MenuClicDroit,
+                    &R::AffichageNaissance,
+                    &R::AnnulerCommentaire,
+                    &R::InterdireCommentaire,
+                    &R::VitesseTransition,
+                    &R::EffetVisuel,
+                    &R::FondUni};
+}();
+
+const QString kSection = u"Defaut"_s;
+
+QString Fichier(const QString &appPath, const char16_t *nom) {
+  return appPath + u'/' + QString::fromUtf16(nom);
+}
+
+void PrendreIni(const QString &texte, QString &valeur) {
+  valeur = texte;
+}
+
+void PrendreIni(const QString &texte, bool &valeur) {
+  bool nombre = false;
+  const double n = texte.toDouble(&nombre);
+  if (nombre)
+    valeur = n != 0;
+  else if (texte.compare(u"True"_s, Qt::CaseInsensitive) == 0 ||
+           texte.compare(u"Vrai"_s, Qt::CaseInsensitive) == 0)
+    valeur = true;
+  else if (texte.compare(u"False"_s, Qt::CaseInsensitive) == 0 ||
+           texte.compare(u"Faux"_s, Qt::CaseInsensitive) == 0)
+    valeur = false;
+}
+
+template <typename Entier>
+void PrendreIni(const QString &texte, Entier &valeur) {
+  bool nombre = false;
+  const double n = std::round(texte.toDouble(&nombre));
+  if (nombre && n >= std::numeric_limits<Entier>::min() && n <= std::numeric_limits<Entier>::max())
+    valeur = static_cast<Entier>(n);
+}
+
+QString TexteIni(const QString &valeur) {
+  return valeur;
+}
+QString TexteIni(bool valeur) {
+  return valeur ? u"True"_s : u"False"_s;
+}
+QString TexteIni(quint8 valeur) {
+  return QString::number(valeur);
+}
+QString TexteIni(qint16 valeur) {
+  return QString::number(valeur);
+}
+
+template <typename Structure, typename... Membres>
+void LireEnregistrement(const QString &chemin, Structure &cible,
+                        const std::tuple<Membres...> &membres) {
+  const auto octets = LireFichier(chemin);
+  if (!octets) return;
+  LecteurEnregistrement lecteur(*octets);
+  std::apply([&](auto... membre) { (lecteur.Lire(cible.*membre), ...); }, membres);
+}
+
+}  // namespace
+
+void LireReglages(const QString &appPath, Reglages &reglages) {
+  ReglagesPlomex &plomex = reglages.plomex;
+  const QString chemin = Fichier(appPath, u"Plomex.ini");
+  if (const auto octets = LireFichier(chemin)) {
+    const Sections sections(*octets);
+    std::apply(
+        [&](const auto &...cle) {
+          (PrendreIni(sections.LireCle(kSection, QString::fromUtf16(cle.nom),
+                                       cle.nom == std::get<0>(kClesPlomex).nom ? 40 : 30),
+                      plomex.*cle.valeur),
+           ...);
+        },
+        kClesPlomex);
+  } else {
+    plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
+    plomex.TailleA = 10;
+    plomex.TailleE = 8;
+  }
+  if (QFileInfo(Fichier(appPath, u"Sauvan.cfg")).isFile() && reglages.sauvan.AdressesPresentes == 0)
+    plomex.Adresse = false;
+}
+
+void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
+  const QString chemin = Fichier(appPath, u"Plomex.ini");
+  Sections sections(LireFichier(chemin).value_or(QByteArray()));
+  std::apply(
+      [&](const auto &...cle) {
+        (sections.EcrireCle(kSection, QString::fromUtf16(cle.nom), TexteIni(plomex.*cle.valeur)),
+         ...);
+      },
+      kClesPlomex);
+  RemplacerFichier(chemin, sections.Octets());
+}
+
+void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
+  const QString chemin = Fichier(appPath, u"RTColor.ini");
+  if (!QFileInfo(chemin).isFile()) Ignorer([&] { EcrireRTColor(appPath, rtcolor); });
+  LireEnregistrement(chemin, rtcolor, kValeursRTColor);
+  if (rtcolor.TailleFenetre == 0 || rtcolor.TailleFenetre == 1) rtcolor.TailleFenetre = 9000;
+}
+
+void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor) {
+  RedacteurEnregistrement redacteur;
+  std::apply([&](auto... membre) { (redacteur.Ecrire(rtcolor.*membre), ...); }, kValeursRTColor);
+  RemplacerFichier(Fichier(appPath, u"RTColor.ini"), redacteur.Octets());
+}
+
+void LireMemora(const QString &appPath, ReglagesMemora &memora) {
+  LireEnregistrement(
+      Fichier(appPath, u"Memora.ini"), memora,
+      std::tuple{&ReglagesMemora::LancerAuDemarrage, &ReglagesMemora::AssocierAlertes});
+}
+
+void LireAlarme(const QString &appPath, ReglagesAlarme &alarme) {
+  LireEnregistrement(
+      Fichier(appPath, u"Alarme.ini"), alarme,
+      std::tuple{&ReglagesAlarme::AlerteAvecWindows, &ReglagesAlarme::AlerteAvecProgramme,
+                 &ReglagesAlarme::AlerteDivers});
+}
+
+void LireSauvan(const QString &appPath, ReglagesSauvan &sauvan) {
+  LireEnregistrement(
+      Fichier(appPath, u"Sauvan.cfg"), sauvan,
+      std::tuple{&ReglagesSauvan::RecuperationFaite, &ReglagesSauvan::AdressesPresentes});
+}
+
+void LireLiaison(const QString &appPath, QString &separateurTel, QString &liaisonCP) {
+  separateurTel = u" "_s;
+  if (const auto octets = LireFichier(Fichier(appPath, u"Liaison.cfg"))) {
+    LecteurEnregistrement lecteur(*octets);
+    lecteur.Lire(separateurTel);
+    lecteur.Lire(liaisonCP);
+  }
+}
+
+void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
+  const QString chemin = Fichier(appPath, u"Liaison.txt");
+  const auto octets = LireFichier(chemin);
+  if (!octets) return;
+  LecteurEnregistrement(*octets).Lire(liaisonCP);
+  Ignorer([&] { EffacerFichier(chemin); });
+}

@@ -1,0 +1,70 @@
+#include "storage/Schema.h"
+
+#include "platform/Fichiers.h"
+#include "storage/Base.h"
+
+#include <QFile>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QString TypeColonne(const QString *) {
+  return u"TEXT"_s;
+}
+QString TypeColonne(const bool *) {
+  return u"INTEGER"_s;
+}
+QString TypeColonne(const int *) {
+  return u"INTEGER"_s;
+}
+QString TypeColonne(const Cle *) {
+  return u"INTEGER"_s;
+}
+
+template <typename L, typename Champ>
+QString Definition(const Colonne<L, Champ> &colonne) {
+  return Entre(colonne.nom) + u' ' + TypeColonne(static_cast<const Champ *>(nullptr));
+}
+
+/// AUTOINCREMENT, so that a key is never given a second time: texts and other files keep them.
+template <typename L>
+QString Creation(Table<L> table) {
+  QStringList colonnes;
+  std::apply([&](const auto &...colonne) { (colonnes.append(Definition(colonne)), ...); },
+             Table<L>::colonnes);
+  colonnes.first() += u" PRIMARY KEY AUTOINCREMENT"_s;
+  return u"CREATE TABLE "_s + Nom(table) + u" ("_s + colonnes.join(u", ") + u')';
+}
+
+/// `Base` opens only what is a database of ours already; this makes the file it can open.
+class BaseNeuve {
+ public:
+  explicit BaseNeuve(const QString &chemin) {
+    connexion_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"velmira-neuve"_s);
+    connexion_.setDatabaseName(chemin);
+    if (!connexion_.open())
+      throw ErreurBase(u"La base « %1 » n'a pas pu être créée."_s.arg(chemin));
+  }
+  ~BaseNeuve() {
+    connexion_ = QSqlDatabase();
+    QSqlDatabase::removeDatabase(u"velmira-neuve"_s);
+  }
+  void Executer(const QString &texte) {
+    QSqlQuery requete(connexion_);
+    if (!requete.exec(texte)) throw ErreurBase(texte);
+  }
+
+ private:
+  QSqlDatabase connexion_;
+};
+
+}  // namespace
+
+void CreerBaseVide(const QString &chemin) {
+  if (QFile::exists(chemin)) throw ErreurBase(u"Le fichier « %1 » existe déjà."_s.arg(chemin));
+  BaseNeuve base(chemin);
+  base.Executer(u"PRAGMA application_id=%1"_s.arg(Base::kApplication));
+  base.Executer(u"PRAGMA user_version=%1"_s.arg(Base::kVersion));
+  PourChaqueTable([&base](auto table) { base.Executer(Creation(table)); });
+}

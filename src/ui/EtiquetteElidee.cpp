@@ -1,0 +1,47 @@
+#include "ui/EtiquetteElidee.h"
+
+#include <QHelpEvent>
+#include <QPainter>
+#include <QStyle>
+#include <QStyleOption>
+#include <QToolTip>
+
+namespace {
+
+constexpr qsizetype kMontrable = 1000;  // characters; more never fits, and is costly to measure
+
+}  // namespace
+
+EtiquetteElidee::EtiquetteElidee(QWidget *parent) : QLabel(parent) {
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+}
+
+QString EtiquetteElidee::Ligne() const {
+  return text().left(kMontrable).simplified();
+}
+
+QSize EtiquetteElidee::sizeHint() const {
+  return {fontMetrics().horizontalAdvance(Ligne()), fontMetrics().height() + 2 * margin()};
+}
+
+QSize EtiquetteElidee::minimumSizeHint() const {
+  return {fontMetrics().averageCharWidth() * 8, sizeHint().height()};
+}
+
+void EtiquetteElidee::paintEvent(QPaintEvent *) {
+  QPainter dessin(this);
+  const QString ligne = fontMetrics().elidedText(Ligne(), Qt::ElideRight, contentsRect().width());
+  style()->drawItemText(&dessin, contentsRect(), static_cast<int>(alignment() | Qt::TextSingleLine),
+                        palette(), isEnabled(), ligne, foregroundRole());
+}
+
+bool EtiquetteElidee::event(QEvent *evenement) {
+  if (evenement->type() == QEvent::ToolTip && toolTip().isEmpty()) {
+    const bool coupe = fontMetrics().horizontalAdvance(Ligne()) > contentsRect().width();
+    QToolTip::showText(static_cast<QHelpEvent *>(evenement)->globalPos(),
+                       coupe ? Ligne().toHtmlEscaped() : QString(), this);
+    return true;
+  }
+  return QLabel::event(evenement);
+}

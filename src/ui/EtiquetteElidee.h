@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QLabel>
+
+/// A label of one line that never widens its window: what does not fit is cut with an ellipsis, and
+/// shown whole in its tip. `text()` stays whole.
+class EtiquetteElidee : public QLabel {
+  Q_OBJECT
+
+ public:
+  explicit EtiquetteElidee(QWidget *parent = nullptr);
+
+  QSize sizeHint() const override;
+  QSize minimumSizeHint() const override;
+
+ protected:
+  void paintEvent(QPaintEvent *evenement) override;
+  bool event(QEvent *evenement) override;
+
+ private:
+  QString Ligne() const;
+};

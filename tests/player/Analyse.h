@@ -1,0 +1,35 @@
+#pragma once
+// The text of a scenario as commands and words.
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+#include <optional>
+
+struct Mot {
+  QString texte;
+  bool cite = false;    ///< it stood in double quotes, as a whole or behind "="
+  int rang = 1;         ///< n of "text"#n: the n-th element of this text
+  qsizetype egal = -1;  ///< place of the first "=" outside the quotes, or -1
+
+  /// A word that means what it says, as `racine` does; in quotes it would be a text.
+  bool Est(QStringView mot) const { return !cite && texte == mot; }
+  bool Joker() const { return texte == u'*'; }
+  /// i of #i.
+  std::optional<int> Indice() const;
+};
+
+struct Commande {
+  int ligne = 0;  ///< from 1
+  QString verbe;
+  QList<Mot> mots;
+};
+
+struct ErreurAnalyse {
+  int ligne = 0;
+  QString texte;
+};
+
+/// A "#" opens a comment at the start of a line or with a blank behind it; elsewhere it begins an
+/// index or a colour. Throws `ErreurAnalyse`.
+QList<Commande> Analyser(const QByteArray &scenario);
