@@ -5,6 +5,7 @@
 #include "envelope/FrmPlomex.h"
 #include "platform/Erreurs.h"
 #include "storage/Demarrage.h"
+#include "ui/Garde.h"
 
 #include <QCoreApplication>
 #include <QScreen>
@@ -68,10 +69,9 @@ void Programme::Charger() {
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
   // Queued: the window that asks is still at work.
-  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, &Programme::Fermer,
-          Qt::QueuedConnection);
-  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, &Programme::Fermer,
-          Qt::QueuedConnection);
+  const auto fermer = Garde(session_.plateforme.boites, [this] { Fermer(); });
+  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer, Qt::QueuedConnection);
+  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer, Qt::QueuedConnection);
 }
 
 void Programme::OuvrirBase() {

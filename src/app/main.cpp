@@ -56,7 +56,8 @@ int main(int argc, char *argv[]) {
   if (!trouve) return EXIT_FAILURE;
 
   Programme programme(plateforme, appPath);
-  QObject::connect(&programme, &Programme::Termine, &application, &Application::quit);
+  QObject::connect(&programme, &Programme::Termine, &application,
+                   [] { Application::exit(EXIT_SUCCESS); });
   QTimer::singleShot(0, &programme, [&] {
     if (!programme.Demarrer()) Application::exit(EXIT_FAILURE);
   });

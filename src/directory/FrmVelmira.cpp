@@ -9,6 +9,7 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
+#include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui_FrmVelmira.h"
 
@@ -16,6 +17,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFile>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -47,7 +49,7 @@ Qt::Alignment AlignementTexte(int alignement) {
 }  // namespace
 
 FrmVelmira::FrmVelmira(Session &session)
-    : session_(session), ui_(std::make_unique<Ui::FrmVelmira>()) {
+    : session_(session), ui_(std::make_unique<Ui::FrmVelmira>()), mnuInv2_(new QMenu(this)) {
   ui_->setupUi(this);
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
@@ -57,13 +59,19 @@ FrmVelmira::FrmVelmira(Session &session)
   ui_->Partage->setSizes({280, 620});
   ui_->Partage->setStretchFactor(1, 1);
 
-  connect(ui_->Barre, &BarreBoutons::Clique, this, &FrmVelmira::CommandeBarre);
+  Boites &boites = session_.plateforme.boites;
+  connect(ui_->Barre, &BarreBoutons::Clique, this,
+          Garde(boites, [this](int index) { CommandeBarre(index); }));
   connect(ui_->Barre, &BarreBoutons::Survole, this, [this](int index) {
     ui_->LblBouton->setText(index < 0 ? u""_s : QString::fromUtf16(kCommandes[index].texte));
   });
-  connect(ui_->CboCat, &QComboBox::activated, this, &FrmVelmira::ChargerListe);
-  connect(ui_->TV, &ArbreVelmiras::NoeudClique, this, &FrmVelmira::NoeudClic);
-  connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, &FrmVelmira::EnregistrerNotes);
+  connect(ui_->CboCat, &QComboBox::activated, this, Garde(boites, [this](int) { ChargerListe(); }));
+  connect(ui_->TV, &ArbreVelmiras::NoeudClique, this,
+          Garde(boites, [this](const QModelIndex &noeud, Qt::MouseButton bouton) {
+            NoeudClic(noeud, bouton);
+          }));
+  connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this,
+          Garde(boites, [this] { EnregistrerNotes(); }));
   BrancherMenus();
   Charger();
 }
@@ -100,31 +108,36 @@ void FrmVelmira::ChargerJour() {
 }
 
 void FrmVelmira::BrancherMenus() {
+  const auto brancher = [this](QAction *action, auto commande) {
+    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
+  };
   auto *naissance = new QActionGroup(this);
   quint8 affichage = 0;
   for (QAction *choix : {ui_->mnuDDN, ui_->mnuAge, ui_->mnuRien}) {
     naissance->addAction(choix);
-    connect(choix, &QAction::triggered, this, [this, affichage] { ChoisirNaissance(affichage); });
+    brancher(choix, [this, affichage](bool) { ChoisirNaissance(affichage); });
     ++affichage;
   }
-  connect(ui_->mnuGras, &QAction::triggered, this, [this](bool gras) {
+  brancher(ui_->mnuGras, [this](bool gras) {
     session_.reglages.plomex.AdresseEnGras = gras;
     ui_->Fiche->MettreAdresseEnGras(gras);
   });
-  connect(ui_->mnuClickDroit, &QAction::triggered, this, [this](bool actif) {
+  brancher(ui_->mnuClickDroit, [this](bool actif) {
     session_.reglages.rtcolor.MenuClicDroit = actif ? 1 : 0;
     EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
   });
-  connect(ui_->mnuListe, &QAction::triggered, this, [this](bool favoris) {
+  brancher(ui_->mnuListe, [this](bool favoris) {
     session_.reglages.rtcolor.OuvrirSurFavoris = favoris ? 1 : 0;
     EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
   });
-  connect(ui_->mnuPlomex, &QAction::triggered, this, [this](bool enveloppes) {
+  brancher(ui_->mnuPlomex, [this](bool enveloppes) {
     session_.reglages.plomex.Enveloppe = enveloppes;
     EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
   });
-  connect(ui_->mnuAdress, &QAction::triggered, this, &FrmVelmira::BasculerAdresseImportee);
-  connect(ui_->mnuImpEnv, &QAction::triggered, this, &FrmVelmira::AllerAuxEnveloppes);
+  brancher(ui_->mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
+  brancher(ui_->mnuImpEnv, [this](bool) { AllerAuxEnveloppes(); });
+  mnuInv2_->setObjectName(u"mnuInv2"_s);
+  mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
 }
 
 void FrmVelmira::AppliquerReglages() {
@@ -215,8 +228,7 @@ void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
     return;
   }
   MontrerFiche(*fiche);
-  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton)
-    ui_->mnuInv2->popup(QCursor::pos());
+  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton) mnuInv2_->popup(QCursor::pos());
 }
 
 void FrmVelmira::MontrerFiche(const Correspondant &fiche) {

@@ -56,6 +56,7 @@ class FrmVelmira : public QMainWindow {
 
   Session &session_;
   std::unique_ptr<Ui::FrmVelmira> ui_;
+  QMenu *mnuInv2_;  ///< pop-up of the list
   QString CategorieCourante;
   QString LettreRR;             ///< initial of the quick search
   Cle IndexCourant = 0;         ///< record on display, 0 for none

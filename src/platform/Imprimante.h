@@ -35,7 +35,7 @@ class Imprimante : public MesureTexte {
   /// Device names: the system's printers, then `NomPdf()`.
   virtual QStringList Noms() const = 0;
 
-  /// The printer that prints when none is chosen: the system's default one, else `NomPdf()`.
+  /// The printer chosen last; before any choice the system's default one, else `NomPdf()`.
   virtual QString Courante() const = 0;
 
   /// Makes one of `Noms()` the current printer.

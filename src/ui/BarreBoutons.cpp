@@ -4,8 +4,49 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QStyleOptionToolButton>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A button with its text below the icon, on two lines where it has several words.
+class BoutonLegende : public QToolButton {
+ public:
+  using QToolButton::QToolButton;
+
+  QSize sizeHint() const override {
+    constexpr int kMarge = 5, kEcart = 4;
+    const QSize legende = fontMetrics().size(0, Legende());
+    return {std::max(iconSize().width(), legende.width()) + 2 * kMarge,
+            iconSize().height() + 2 * fontMetrics().lineSpacing() + kEcart + 2 * kMarge};
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionToolButton *option) const override {
+    QToolButton::initStyleOption(option);
+    option->text = Legende();
+  }
+
+ private:
+  /// Broken at the blank that leaves the shorter longest line; a line of its own below a single one
+  /// keeps all icons at one height.
+  QString Legende() const {
+    QString meilleure = text() + u"\n "_s;
+    qsizetype longueur = text().contains(u' ') ? text().size() : 0;
+    for (qsizetype i = text().indexOf(u' '); i >= 0; i = text().indexOf(u' ', i + 1)) {
+      const qsizetype plusLongue = std::max(i, text().size() - i - 1);
+      if (plusLongue >= longueur) continue;
+      longueur = plusLongue;
+      meilleure = text().left(i) + u'\n' + text().mid(i + 1);
+    }
+    return meilleure;
+  }
+};
+
+}  // namespace
 
 BarreBoutons::BarreBoutons(QWidget *parent) : QWidget(parent) {
   auto *rangee = new QHBoxLayout(this);
@@ -20,7 +61,7 @@ void BarreBoutons::Remplir(const QString &nom, const QList<DescriptionBouton> &d
   for (const DescriptionBouton &description : descriptions) {
     const int index = static_cast<int>(boutons_.size());
     const QString texte = QString::fromUtf16(description.texte);
-    auto *bouton = new QToolButton(this);
+    QToolButton *bouton = legendes ? new BoutonLegende(this) : new QToolButton(this);
     bouton->setObjectName(nom + u'_' + QString::number(index));
     bouton->setIcon(Icone(description.icone));
     bouton->setIconSize(legendes ? QSize(kIconeLegende, kIconeLegende) : QSize(kIcone, kIcone));

@@ -1,13 +1,19 @@
 #include "ui/Icones.h"
 
 #include <QApplication>
-#include <QPainter>
-#include <QPainterPath>
 #include <QPalette>
+#include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
 
 void PreparerIcones() {
+  // Not every desktop names its icon folders; they are where all data lie.
+  QStringList dossiers = QIcon::themeSearchPaths();
+  for (const QString &dossier : QStandardPaths::locateAll(
+           QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory))
+    if (!dossiers.contains(dossier)) dossiers.append(dossier);
+  QIcon::setThemeSearchPaths(dossiers);
+
   const bool sombre = QApplication::palette().color(QPalette::Window).lightness() < 128;
   const QString breeze = sombre ? u"breeze-dark"_s : u"breeze"_s;
   QIcon::setFallbackThemeName(breeze);
@@ -20,23 +26,5 @@ QIcon Icone(const char16_t *nom) {
 }
 
 QIcon IconeProgramme() {
-  QIcon icone;
-  for (const int cote : {16, 32, 48, 128}) {
-    QPixmap image(cote, cote);
-    image.fill(Qt::transparent);
-    QPainter dessin(&image);
-    dessin.setRenderHint(QPainter::Antialiasing);
-    dessin.scale(cote / 48.0, cote / 48.0);
-    dessin.setPen(QPen(QColor(20, 70, 100), 2));
-    dessin.setBrush(QColor(48, 126, 173));
-    dessin.drawRoundedRect(QRectF(3, 9, 42, 30), 4, 4);
-    QPainterPath rabat(QPointF(4, 11));
-    rabat.lineTo(24, 27);
-    rabat.lineTo(44, 11);
-    dessin.setPen(QPen(Qt::white, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-    dessin.setBrush(Qt::NoBrush);
-    dessin.drawPath(rabat);
-    icone.addPixmap(image);
-  }
-  return icone;
+  return QIcon(u":/velmira.svg"_s);
 }

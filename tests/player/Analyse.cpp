@@ -34,8 +34,8 @@ class AnalyseLigne {
  private:
   bool Reste() const { return position_ < texte_.size(); }
   bool Commentaire() const {
-    return texte_[position_] == u'#' && (position_ == 0 || position_ + 1 == texte_.size() ||
-                                         texte_[position_ + 1].isSpace());
+    return texte_[position_] == u'#' &&
+           (position_ == 0 || position_ + 1 == texte_.size() || texte_[position_ + 1].isSpace());
   }
   [[noreturn]] void Refuser(const QString &raison) const { throw ErreurAnalyse{numero_, raison}; }
 

@@ -1,10 +1,11 @@
 #pragma once
 
 #include <QString>
+
 #include <utility>
 
-/// Why a scenario fails. It is no std::exception, so that the program's own nets let it through; the
-/// player catches it before it reaches the toolkit.
+/// Why a scenario fails. It is no std::exception, so that the program's own nets let it through;
+/// the player catches it before it reaches the toolkit.
 struct Echec {
   QString texte;
 };

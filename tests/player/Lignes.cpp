@@ -10,10 +10,18 @@ namespace {
 
 enum class Genre { Texte, Nombre, Booleen };
 
-Genre GenreDe(const QString *) { return Genre::Texte; }
-Genre GenreDe(const bool *) { return Genre::Booleen; }
-Genre GenreDe(const int *) { return Genre::Nombre; }
-Genre GenreDe(const Cle *) { return Genre::Nombre; }
+Genre GenreDe(const QString *) {
+  return Genre::Texte;
+}
+Genre GenreDe(const bool *) {
+  return Genre::Booleen;
+}
+Genre GenreDe(const int *) {
+  return Genre::Nombre;
+}
+Genre GenreDe(const Cle *) {
+  return Genre::Nombre;
+}
 
 struct ChampDeTable {
   QString nom, sql;
@@ -103,11 +111,12 @@ auto Avec(const QString &chemin, Etape &&etape) {
   }
 }
 
-void Modifier(const QString &chemin, const QString &texte, const Affectation *affectation, Cle cle) {
+void Modifier(const QString &chemin, const QString &texte, const QList<Affectation> &valeurs,
+              Cle cle) {
   Avec(chemin, [&](Base &base) {
     Transaction transaction(base);
     Requete requete(base, texte);
-    if (affectation != nullptr) Lier(requete, *affectation);
+    for (const Affectation &valeur : valeurs) Lier(requete, valeur);
     Exiger(requete.Lier(cle).Executer() == 1, u"there is no row %1"_s.arg(cle));
     transaction.Valider();
   });
@@ -118,8 +127,8 @@ void Modifier(const QString &chemin, const QString &texte, const Affectation *af
 void LignesDuMonde::Ajouter(const QString &table, const QList<Mot> &champs) const {
   const TableDuMonde t = TrouverTable(table);
   QList<Affectation> valeurs;
-  for (const ChampDeTable &champ : t.champs.sliced(1))
-    valeurs.append({&champ, ValeurParDefaut(champ.genre)});
+  for (const ChampDeTable &champ : t.champs)
+    if (champ.sql != t.Cle()) valeurs.append({&champ, ValeurParDefaut(champ.genre)});
   for (const Mot &mot : champs) {
     const Affectation nommee = Affecter(t, mot);
     valeurs.removeIf([&](const Affectation &a) { return a.champ == nommee.champ; });
@@ -130,23 +139,29 @@ void LignesDuMonde::Ajouter(const QString &table, const QList<Mot> &champs) cons
   const QString marques = u"?, "_s.repeated(noms.size() - 1) + u'?';
   Avec(chemin_, [&](Base &base) {
     Transaction transaction(base);
-    Requete requete(base, u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(t.sql, noms.join(u", "), marques));
+    Requete requete(base,
+                    u"INSERT INTO %1 (%2) VALUES (%3)"_s.arg(t.sql, noms.join(u", "), marques));
     for (const Affectation &valeur : valeurs) Lier(requete, valeur);
     requete.Executer();
     transaction.Valider();
   });
 }
 
-void LignesDuMonde::Ecrire(const QString &table, Cle cle, const Mot &champ) const {
+void LignesDuMonde::Ecrire(const QString &table, Cle cle, const QList<Mot> &champs) const {
   const TableDuMonde t = TrouverTable(table);
-  const Affectation valeur = Affecter(t, champ);
-  Modifier(chemin_, u"UPDATE %1 SET %2=? WHERE %3=?"_s.arg(t.sql, valeur.champ->sql, t.Cle()),
-           &valeur, cle);
+  QList<Affectation> valeurs;
+  QStringList places;
+  for (const Mot &mot : champs) {
+    valeurs.append(Affecter(t, mot));
+    places.append(valeurs.constLast().champ->sql + u"=?"_s);
+  }
+  Modifier(chemin_, u"UPDATE %1 SET %2 WHERE %3=?"_s.arg(t.sql, places.join(u", "), t.Cle()),
+           valeurs, cle);
 }
 
 void LignesDuMonde::Effacer(const QString &table, Cle cle) const {
   const TableDuMonde t = TrouverTable(table);
-  Modifier(chemin_, u"DELETE FROM %1 WHERE %2=?"_s.arg(t.sql, t.Cle()), nullptr, cle);
+  Modifier(chemin_, u"DELETE FROM %1 WHERE %2=?"_s.arg(t.sql, t.Cle()), {}, cle);
 }
 
 qint64 LignesDuMonde::Nombre(const QString &table) const {

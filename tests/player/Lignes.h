@@ -1,10 +1,10 @@
 #pragma once
 // Rows of the database as a scenario writes and reads them: by the names of tables and fields.
 
-#include <QString>
-
 #include "player/Analyse.h"
 #include "storage/Lignes.h"
+
+#include <QString>
 
 /// Works on the database file beside the program, as another user would: opened for one verb and
 /// closed again. Tables, fields and rows that do not exist throw `Echec`.
@@ -14,7 +14,7 @@ class LignesDuMonde {
 
   /// Adds a row of `Field=value` words; a field that is not named is the empty text, 0 or faux.
   void Ajouter(const QString &table, const QList<Mot> &champs) const;
-  void Ecrire(const QString &table, Cle cle, const Mot &champ) const;
+  void Ecrire(const QString &table, Cle cle, const QList<Mot> &champs) const;
   void Effacer(const QString &table, Cle cle) const;
 
   qint64 Nombre(const QString &table) const;

@@ -1,13 +1,13 @@
 #include "player/Monde.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "player/Echec.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
@@ -47,15 +47,16 @@ Monde::Monde(const QString &dossier, const QString &livraison, const QString &do
     Copier(livraison + u'/' + nom, App() + u'/' + nom);
 }
 
-QString Monde::Donnees() const { return Home() + u"/Users/Paul/DataTrevona/DataVelmira"_s; }
+QString Monde::Donnees() const {
+  return Home() + u"/Users/Paul/DataTrevona/DataVelmira"_s;
+}
 
 QString Monde::Base() const {
   QString enregistre;
   if (const auto octets = LireFichier(App() + u"/Cheminbase.cfg"_s))
     LecteurEnregistrement(*octets).Lire(enregistre);
   const QString autre = enregistre + u"/Velmira.mdb"_s;
-  return !enregistre.isEmpty() && QFileInfo(autre).isFile() ? autre
-                                                            : Donnees() + u"/Velmira.mdb"_s;
+  return !enregistre.isEmpty() && QFileInfo(autre).isFile() ? autre : Donnees() + u"/Velmira.mdb"_s;
 }
 
 QString Monde::Chemin(const QString &nom) const {

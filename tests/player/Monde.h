@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <QStringList>
+
 #include <optional>
 
 /// An application folder `app/` and a user's folder `home/`. Every verb throws `Echec`.

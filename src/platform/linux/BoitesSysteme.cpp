@@ -1,0 +1,55 @@
+#include "platform/linux/BoitesSysteme.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QMessageBox>
+
+namespace {
+
+QMessageBox::Icon Icone(Boites::Genre genre) {
+  switch (genre) {
+    case Boites::Genre::Information:
+      return QMessageBox::Information;
+    case Boites::Genre::Attention:
+      return QMessageBox::Warning;
+    case Boites::Genre::Critique:
+      return QMessageBox::Critical;
+    case Boites::Genre::Simple:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+/// The texts hold what users have typed: nothing in them is markup.
+void Preparer(QMessageBox &boite) {
+  boite.setTextFormat(Qt::PlainText);
+}
+
+}  // namespace
+
+void BoitesSysteme::Message(Genre genre, const QString &titre, const QString &texte) {
+  QMessageBox boite(Icone(genre), titre, texte, QMessageBox::Ok, QApplication::activeWindow());
+  Preparer(boite);
+  boite.exec();
+}
+
+Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &texte,
+                                        Reponse defaut) {
+  QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Yes | QMessageBox::No,
+                    QApplication::activeWindow());
+  Preparer(boite);
+  boite.setDefaultButton(defaut == Reponse::Oui ? QMessageBox::Yes : QMessageBox::No);
+  boite.setEscapeButton(QMessageBox::No);
+  return boite.exec() == QMessageBox::Yes ? Reponse::Oui : Reponse::Non;
+}
+
+void BoitesSysteme::Erreur(const QString &texte) {
+  Message(Genre::Critique, Titre(), texte);
+}
+
+QString BoitesSysteme::Dossier(const QString &invite) {
+  const QString choisi =
+      QFileDialog::getExistingDirectory(QApplication::activeWindow(), invite, QDir::homePath());
+  return choisi.isEmpty() ? choisi : QDir::cleanPath(choisi);
+}

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Boites.h"
+
+/// The toolkit's boxes and pickers, modal to the active window.
+class BoitesSysteme : public Boites {
+ public:
+  void Message(Genre genre, const QString &titre, const QString &texte) override;
+  Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
+  void Erreur(const QString &texte) override;
+  QString Dossier(const QString &invite) override;
+};

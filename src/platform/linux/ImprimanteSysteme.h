@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/Horloge.h"
+#include "platform/Imprimante.h"
+
+#include <memory>
+
+/// The printers of the system, and the built-in one: "PDF", whose printable area is the whole page.
+/// It writes each document into its folder, under a name made of date, time and a number; a file
+/// that is there already is never replaced. On any printer a line that cannot be written is left
+/// out, and while no page is open every text measures 0.
+class ImprimanteSysteme : public Imprimante {
+ public:
+  /// `dossierPdf` is made when a document is written and it is missing; an empty one stands for the
+  /// user's documents.
+  explicit ImprimanteSysteme(const Horloge &horloge, QString dossierPdf = {});
+  /// A page that is still open is printed.
+  ~ImprimanteSysteme() override;
+
+  QStringList Noms() const override;
+  QString Courante() const override;
+  void Choisir(const QString &nom) override;
+  void OuvrirPage(Orientation orientation) override;
+  void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override;
+  QString TerminerDocument() override;
+
+  Millimetres Largeur(const QString &texte, const Police &police) const override;
+  Millimetres HauteurLigne(const Police &police) const override;
+
+ private:
+  struct Document;
+
+  QString Terminer();
+  QString EcrirePdf(const QByteArray &contenu) const;
+
+  const Horloge &horloge_;
+  QString dossierPdf_;
+  QString choisie_;
+  std::unique_ptr<Document> document_;  ///< none while no page is open
+};

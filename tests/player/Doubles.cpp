@@ -1,0 +1,104 @@
+#include "player/Doubles.h"
+
+#include "platform/Erreurs.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+void HorlogeScenario::Apres(std::chrono::milliseconds delai, QObject *contexte,
+                            std::function<void()> action) {
+  const QDateTime instant = maintenant_.addMSecs(static_cast<qint64>(delai.count()));
+  const auto place = std::ranges::upper_bound(echeances_, instant, {}, &Echeance::instant);
+  echeances_.insert(place, {instant, contexte != nullptr, contexte, std::move(action)});
+}
+
+void HorlogeScenario::Aller(const QDateTime &instant) {
+  const bool recul = instant < maintenant_;
+  while (!echeances_.empty() && echeances_.front().instant <= instant) {
+    const Echeance echeance = std::move(echeances_.front());
+    echeances_.pop_front();
+    maintenant_ = std::max(maintenant_, echeance.instant);
+    if (!echeance.lie || echeance.contexte) Signaler(boites_, echeance.action);
+  }
+  // What ran may have waited in a dialog, with the clock going on meanwhile.
+  if (recul || instant > maintenant_) maintenant_ = instant;
+}
+
+void BoitesScenario::Message(Genre genre, const QString &titre, const QString &texte) {
+  const auto nom = [genre] {
+    switch (genre) {
+      case Genre::Information:
+        return u"information"_s;
+      case Genre::Attention:
+        return u"attention"_s;
+      case Genre::Critique:
+        return u"critique"_s;
+      case Genre::Simple:
+        break;
+    }
+    return u"simple"_s;
+  };
+  vues_.push_back({nom(), titre, texte, u"ok"_s});
+}
+
+Boites::Reponse BoitesScenario::Question(const QString &titre, const QString &texte,
+                                         Reponse defaut) {
+  vues_.push_back({u"question"_s, titre, texte, defaut == Reponse::Oui ? u"oui"_s : u"non"_s});
+  const QString reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
+  return reponse == u"oui"_s ? Reponse::Oui : Reponse::Non;
+}
+
+void BoitesScenario::Erreur(const QString &texte) {
+  vues_.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
+}
+
+QString BoitesScenario::Dossier(const QString &invite) {
+  vues_.push_back({u"dossier"_s, Titre(), invite, {}});
+  const QString reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
+  return reponse.isEmpty() ? reponse : QDir::cleanPath(monde_.Chemin(reponse));
+}
+
+QString BoitesScenario::Repondre(const BoiteVue &boite, const QStringList &possibles, bool texte) {
+  if (reponses_.empty()) {
+    fautes_.append(u"no answer is queued for the box %1 \"%2\" \"%3\""_s.arg(
+        boite.genre, boite.titre, boite.texte));
+    return {};
+  }
+  const ReponsePrevue reponse = std::move(reponses_.front());
+  reponses_.pop_front();
+  if (reponse.cite ? !texte : !possibles.contains(reponse.texte))
+    fautes_.append(
+        u"\"%1\" is no answer to the box %2 \"%3\""_s.arg(reponse.texte, boite.genre, boite.texte));
+  return texte && !reponse.cite ? QString() : reponse.texte;
+}
+
+void ImprimanteScenario::Choisir(const QString &nom) {
+  if (!Noms().contains(nom)) fautes_.append(u"there is no printer \"%1\""_s.arg(nom));
+  choisie_ = nom;
+}
+
+void ImprimanteScenario::OuvrirPage(Orientation orientation) {
+  if (ouverte_) fautes_.append(u"a page is opened before the last one is ended"_s);
+  ouverte_ = PageImprimee{Courante(), orientation, {}};
+}
+
+void ImprimanteScenario::Ecrire(Millimetres x, Millimetres y, const Police &police,
+                                const QString &texte) {
+  if (ouverte_)
+    ouverte_->lignes.append({texte, x, y, police});
+  else
+    fautes_.append(u"\"%1\" is printed without a page"_s.arg(texte));
+}
+
+QString ImprimanteScenario::TerminerDocument() {
+  if (!ouverte_) {
+    fautes_.append(u"a document is ended that was not begun"_s);
+    return {};
+  }
+  pages_.append(*std::exchange(ouverte_, std::nullopt));
+  return pages_.last().imprimante == NomPdf() ? monde_.Home() + u"/Documents/Enveloppe.pdf"_s
+                                              : QString();
+}

@@ -1,0 +1,32 @@
+#pragma once
+// What a person does with the mouse and the keyboard. Controls have been reached before; what
+// cannot be done with one throws `Echec`.
+
+#include "player/Analyse.h"
+#include "player/Ecran.h"
+
+#include <QModelIndex>
+
+enum class Clic { Simple, Double, Droit };
+
+void Cliquer(const Controle &controle, Clic clic);
+void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic);
+
+/// Brings a box to a state by a click, if it isn't in it.
+void Cocher(const Controle &controle, bool etat);
+void CocherElement(const Controle &controle, const QModelIndex &element, bool etat);
+
+/// Selects an item as a user's choice does. In a list of several selections it adds the item, and
+/// `Retirer` takes it out.
+void Choisir(const Controle &controle, const Mot &mot);
+void Retirer(const Controle &controle, const Mot &mot);
+void Derouler(const Controle &controle);
+
+/// Types a text key by key, in the place of the old one or behind it.
+void Taper(const Controle &controle, const QString &texte, bool remplacer);
+
+/// Presses a key: its sign, or a name as `Suppr` or `F5`, with `Ctrl+`, `Maj+`, `Alt+` in front.
+void Toucher(const Controle &controle, const QString &touche);
+
+void Quitter(const Controle &controle);
+void Survoler(const Controle &controle);

@@ -1,0 +1,79 @@
+#include "player/Scene.h"
+
+#include "platform/Erreurs.h"
+#include "player/Echec.h"
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+void LaisserPasser() {
+  // Bounded: a window may plan its next repaint at each one.
+  constexpr int kTours = 8;
+  for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
+}
+
+Scene::Scene(Application &application, Monde m, QString dossierCaptures)
+    : monde(std::move(m)), captures(std::move(dossierCaptures)), application_(application) {
+  application_.SignalerPar(&boites);
+}
+
+Scene::~Scene() {
+  programme_.reset();
+  application_.SignalerPar(nullptr);
+}
+
+void Scene::Demarrer() {
+  Exiger(!EnMarche(), u"the program is running"_s);
+  imprimante.OublierChoix();
+  plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, utilisateur,
+                                 QLocale(QLocale::French, QLocale::France)});
+  programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
+  termine_ = false;
+  QObject::connect(programme_.get(), &Programme::Termine, &ecran, [this] { termine_ = true; });
+
+  bool lance = false;
+  Signaler(boites, [&] { lance = programme_->Demarrer(); });
+  LaisserPasser();
+  if (lance)
+    horloge.Avancer(1500ms);
+  else
+    programme_.reset();
+}
+
+void Scene::Fermer() {
+  Exiger(EnMarche(), u"the program is not running"_s);
+  Exiger(QApplication::activeModalWidget() == nullptr, u"a dialog is open"_s);
+  if (QWidget *surgissante = QApplication::activePopupWidget()) {
+    surgissante->close();
+    throw Reessayer{};
+  }
+  QWidget *fenetre = ecran.FenetreActive();
+  Exiger(fenetre != nullptr, u"there is no window on the screen"_s);
+  fenetre->close();
+  constexpr int kTours = 20;
+  for (int i = 0; i < kTours && !termine_; ++i) {
+    LaisserPasser();
+    if (!termine_) horloge.Avancer(100ms);
+  }
+  Exiger(termine_, u"the program goes on after its close box"_s);
+  Liberer();
+}
+
+void Scene::Liberer() {
+  if (!termine_) return;
+  programme_.reset();
+  termine_ = false;
+}
+
+void Scene::VerifierFautes() const {
+  const QStringList fautes = boites.Fautes() + imprimante.Fautes();
+  Exiger(fautes.isEmpty(), fautes.join(u"; "));
+}
+
+void Scene::VerifierFin() const {
+  for (const BoiteVue &boite : boites.Vues())
+    throw Echec{u"no unchecked box expected at the end, %1 \"%2\" \"%3\" found"_s.arg(
+        boite.genre, boite.titre, boite.texte)};
+  for (const auto &reponse : boites.Reponses())
+    throw Echec{u"the answer \"%1\" was never asked for"_s.arg(reponse.texte)};
+}

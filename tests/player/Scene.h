@@ -1,0 +1,53 @@
+#pragma once
+// What one scenario plays on: its world, what stands for the system, and the program.
+
+#include "app/Application.h"
+#include "app/Programme.h"
+#include "player/Doubles.h"
+#include "player/Ecran.h"
+#include "player/Monde.h"
+
+#include <memory>
+
+/// Lets pending events through.
+void LaisserPasser();
+
+class Scene {
+ public:
+  Scene(Application &application, Monde monde, QString captures);
+  ~Scene();
+  Scene(const Scene &) = delete;
+  Scene &operator=(const Scene &) = delete;
+
+  /// Runs the start-up up to the main window shown. Where the launch is stopped the program has
+  /// ended.
+  void Demarrer();
+  /// Closes the program as its close box does.
+  void Fermer();
+  bool EnMarche() const { return programme_ != nullptr; }
+  /// Takes away a program that has closed itself. Not while one of its handlers runs.
+  void Liberer();
+
+  /// Throws `Echec` when the program has asked for what the scenario does not answer.
+  void VerifierFautes() const;
+  /// What is left over at the end of a scenario is a failure.
+  void VerifierFin() const;
+
+  const Monde monde;
+  BoitesScenario boites{monde};
+  HorlogeScenario horloge{boites};
+  CoquilleScenario coquille;
+  ImprimanteScenario imprimante{monde};
+  Ecran ecran;
+  QString utilisateur = QStringLiteral("Paul");
+  const QString captures;  ///< folder of the pictures, or empty
+
+  QList<PageImprimee> pages;  ///< those that were counted last
+  qsizetype page = -1;        ///< the one that checks act on
+
+ private:
+  Application &application_;
+  std::optional<Plateforme> plateforme_;
+  std::unique_ptr<Programme> programme_;
+  bool termine_ = false;
+};

@@ -1,0 +1,206 @@
+#include "player/Echec.h"
+#include "player/Lignes.h"
+#include "player/Verbes.h"
+
+#include <QFileInfo>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template <typename Trace>
+Trace Premiere(std::deque<Trace> &traces, const QString &manque) {
+  Exiger(!traces.empty(), manque);
+  Trace premiere = std::move(traces.front());
+  traces.pop_front();
+  return premiere;
+}
+
+void VerifierBoite(Scene &scene, const Mots &mots) {
+  const auto boite = Premiere(scene.boites.Vues(), u"a box expected, none found"_s);
+  const std::array trouve{boite.genre, boite.titre, boite.texte};
+  constexpr std::array kQuoi{u"kind", u"title", u"text"};
+  for (std::size_t i = 0; i < trouve.size(); ++i) {
+    const Mot &attendu = mots[static_cast<qsizetype>(i)];
+    if (!attendu.Joker())
+      ExigerEgal(
+          u"box %1 \"%2\", its %3"_s.arg(boite.genre, boite.texte, QString::fromUtf16(kQuoi[i])),
+          attendu.texte, trouve[i]);
+  }
+  if (mots.size() == 3) return;
+  Exiger(mots.size() == 5 && mots[3].Est(u"defaut"), u"defaut X expected behind the text"_s);
+  ExigerEgal(u"default of the box"_s, mots[4].texte, boite.defaut);
+}
+
+void VerifierAucuneBoite(Scene &scene, const Mots &) {
+  for (const BoiteVue &boite : scene.boites.Vues())
+    throw Echec{
+        u"no box expected, %1 \"%2\" \"%3\" found"_s.arg(boite.genre, boite.titre, boite.texte)};
+}
+
+void VerifierPause(Scene &scene, const Mots &mots) {
+  const auto pause = Premiere(scene.horloge.Pauses(), u"a pause expected, none found"_s);
+  ExigerEgal(u"pause"_s, QString::number(Nombre(mots[0])), QString::number(pause.count()));
+}
+
+void VerifierOuvert(Scene &scene, const Mots &mots) {
+  const QString document = Premiere(scene.coquille.Ouverts(), u"an opening expected, none found"_s);
+  if (QFileInfo(document).fileName() != mots[0].texte)
+    ExigerEgal(u"opened"_s, mots[0].texte, document);
+}
+
+void VerifierLignes(Scene &scene, const Mots &mots) {
+  ExigerEgal(u"rows of "_s + mots[0].texte, QString::number(Nombre(mots[1])),
+             QString::number(LignesDuMonde(scene.monde.Base()).Nombre(mots[0].texte)));
+}
+
+QString Champ(const Scene &scene, const Mots &mots) {
+  return LignesDuMonde(scene.monde.Base()).Champ(mots[0].texte, Nombre(mots[1]), mots[2].texte);
+}
+
+void VerifierNul(Scene &scene, const Mots &mots) {
+  const QString valeur = Champ(scene, mots);
+  Exiger(valeur.isNull(), u"%1: null expected, \"%2\" found"_s.arg(mots[2].texte, valeur));
+}
+
+void VerifierFichier(Scene &scene, const Mots &mots) {
+  const QString &nom = mots[0].texte;
+  const auto lignes = scene.monde.Lire(nom);
+  if (mots[1].Est(u"absent") && mots.size() == 2)
+    return Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)), u"the file %1 is there"_s.arg(nom));
+  Exiger(lignes.has_value(), u"the file %1 is not there"_s.arg(nom));
+  if (mots[1].Est(u"present") && mots.size() == 2) return;
+  if (mots[1].Est(u"lignes"))
+    return ExigerEgal(nom, Textes(mots, 2).join(u"\r\n"_s), lignes->join(u"\r\n"_s));
+  Exiger(mots[1].Est(u"ligne") && mots.size() == 4,
+         u"fichier: present, absent, lignes ... or ligne i \"a\" expected"_s);
+  const int i = Nombre(mots[2]);
+  Exiger(i >= 1 && i <= lignes->size(), u"%1 has %2 lines"_s.arg(nom).arg(lignes->size()));
+  ExigerEgal(u"line %1 of %2"_s.arg(i).arg(nom), mots[3].texte, lignes->at(i - 1));
+}
+
+void CompterPages(Scene &scene, const Mots &mots) {
+  scene.pages = scene.imprimante.PrendrePages();
+  scene.page = scene.pages.size() - 1;
+  ExigerEgal(u"pages"_s, QString::number(Nombre(mots[0])), QString::number(scene.pages.size()));
+}
+
+void ChoisirPage(Scene &scene, const Mots &mots) {
+  const int n = Nombre(mots[0]);
+  Exiger(n >= 1 && n <= scene.pages.size(), u"%1 pages were counted"_s.arg(scene.pages.size()));
+  scene.page = n - 1;
+}
+
+const PageImprimee &Page(const Scene &scene) {
+  Exiger(scene.page >= 0, u"no page has been counted"_s);
+  return scene.pages[scene.page];
+}
+
+QStringList TextesDePage(const Scene &scene) {
+  QStringList textes;
+  for (const LigneImprimee &ligne : Page(scene).lignes) textes.append(ligne.texte);
+  return textes;
+}
+
+/// The lines of this text; none at all is a failure.
+QList<LigneImprimee> LignesDePage(const Scene &scene, const QString &texte) {
+  QList<LigneImprimee> lignes;
+  for (const LigneImprimee &ligne : Page(scene).lignes)
+    if (ligne.texte == texte) lignes.append(ligne);
+  Exiger(!lignes.isEmpty(), u"no line \"%1\" on the page, but \"%2\""_s.arg(
+                                texte, TextesDePage(scene).join(u"\" \""_s)));
+  return lignes;
+}
+
+/// Within a tenth of a millimetre, with room for what a number loses on its way to text.
+bool EstEn(const Mot &attendu, Millimetres trouve) {
+  if (attendu.Joker()) return true;
+  bool nombre = false;
+  const double valeur = attendu.texte.toDouble(&nombre);
+  Exiger(nombre, u"millimetres expected, \"%1\" found"_s.arg(attendu.texte));
+  return std::abs(valeur - trouve.valeur) <= 0.1 + 1e-9;
+}
+
+void VerifierTexteDePage(Scene &scene, const Mots &mots) {
+  QStringList trouves;
+  for (const LigneImprimee &ligne : LignesDePage(scene, mots[0].texte)) {
+    if (EstEn(mots[1], ligne.x) && EstEn(mots[2], ligne.y)) return;
+    trouves.append(u"%1 %2"_s.arg(ligne.x.valeur, 0, 'f', 2).arg(ligne.y.valeur, 0, 'f', 2));
+  }
+  throw Echec{u"\"%1\": %2 %3 expected, %4 found"_s.arg(mots[0].texte, mots[1].texte, mots[2].texte,
+                                                        trouves.join(u" and "_s))};
+}
+
+void VerifierPoliceDePage(Scene &scene, const Mots &mots) {
+  bool gras = false, maigre = false, souligne = false;
+  for (const Mot &style : mots.sliced(3)) {
+    gras |= style.Est(u"gras");
+    maigre |= style.Est(u"maigre");
+    souligne |= style.Est(u"souligne");
+    Exiger(style.Est(u"gras") || style.Est(u"maigre") || style.Est(u"souligne"),
+           u"gras, maigre or souligne expected, \"%1\" found"_s.arg(style.texte));
+  }
+  QStringList trouvees;
+  for (const LigneImprimee &ligne : LignesDePage(scene, mots[0].texte)) {
+    const Police &police = ligne.police;
+    if (police.nom == mots[1].texte && std::abs(police.points - mots[2].texte.toDouble()) < 0.05 &&
+        (!gras || police.gras) && (!maigre || !police.gras) && (!souligne || police.souligne))
+      return;
+    trouvees.append(u"%1 %2%3%4"_s.arg(police.nom)
+                        .arg(police.points)
+                        .arg(police.gras ? u" gras"_s : u" maigre"_s,
+                             police.souligne ? u" souligne"_s : u""_s));
+  }
+  throw Echec{u"\"%1\": %2 expected, %3 found"_s.arg(mots[0].texte, Textes(mots, 1).join(u' '),
+                                                     trouvees.join(u" and "_s))};
+}
+
+void VerifierLignesDePage(Scene &scene, const Mots &mots) {
+  ExigerEgal(u"lines of the page"_s, Textes(mots, 0).join(u"\" \""_s),
+             TextesDePage(scene).join(u"\" \""_s));
+}
+
+template <Orientation orientation>
+void VerifierOrientation(Scene &scene, const Mots &) {
+  Exiger(Page(scene).orientation == orientation, u"the page lies in the other orientation"_s);
+}
+
+}  // namespace
+
+QList<Verbe> VerbesDesTraces() {
+  using S = Scene;
+  using M = Mots;
+  constexpr auto kSansLimite = Verbe::kSansLimite;
+  return {
+      {u"boite"_s, 3, 5, VerifierBoite},
+      {u"aucune-boite"_s, 0, 0, VerifierAucuneBoite},
+      {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.boites.Vues().clear(); }},
+      {u"pause"_s, 1, 1, VerifierPause},
+      {u"ouvre"_s, 1, 1, VerifierOuvert},
+      {u"rien-ouvert"_s, 0, 0,
+       [](S &s, const M &) {
+         for (const QString &document : s.coquille.Ouverts())
+           throw Echec{u"nothing opened expected, \"%1\" found"_s.arg(document)};
+       }},
+      {u"lignes"_s, 2, 2, VerifierLignes},
+      {u"champ"_s, 4, 4, [](S &s, const M &m) { ExigerEgal(m[2].texte, m[3].texte, Champ(s, m)); }},
+      {u"nul"_s, 3, 3, VerifierNul},
+      {u"fichier"_s, 2, kSansLimite, VerifierFichier},
+      {u"pages"_s, 1, 1, CompterPages},
+      {u"page"_s, 1, 1, ChoisirPage},
+      {u"page texte"_s, 3, 3, VerifierTexteDePage},
+      {u"page absente"_s, 1, 1,
+       [](S &s, const M &m) {
+         Exiger(!TextesDePage(s).contains(m[0].texte),
+                u"the line \"%1\" is on the page"_s.arg(m[0].texte));
+       }},
+      {u"page police"_s, 3, 5, VerifierPoliceDePage},
+      {u"page lignes"_s, 0, kSansLimite, VerifierLignesDePage},
+      {u"page imprimante"_s, 1, 1,
+       [](S &s, const M &m) { ExigerEgal(u"printer"_s, m[0].texte, Page(s).imprimante); }},
+      {u"page portrait"_s, 0, 0, VerifierOrientation<Orientation::Portrait>},
+      {u"page paysage"_s, 0, 0, VerifierOrientation<Orientation::Paysage>},
+  };
+}

@@ -1,0 +1,88 @@
+#include "player/Echec.h"
+#include "player/Lignes.h"
+#include "player/Verbes.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The world changes only while nobody works in it.
+const Monde &MondeAuRepos(const Scene &scene) {
+  Exiger(!scene.EnMarche(), u"the program is running"_s);
+  return scene.monde;
+}
+
+LignesDuMonde Lignes(const Scene &scene) {
+  return LignesDuMonde(scene.monde.Base());
+}
+
+void MettreJour(Scene &scene, const Mots &mots) {
+  const QDate jour = QDate::fromString(mots[0].texte, u"dd/MM/yyyy"_s);
+  Exiger(jour.isValid(), u"a day jj/mm/aaaa expected, \"%1\" found"_s.arg(mots[0].texte));
+  scene.horloge.Aller(QDateTime(jour, scene.horloge.Maintenant().time()));
+}
+
+void MettreHeure(Scene &scene, const Mots &mots) {
+  const QTime heure = QTime::fromString(mots[0].texte, u"hh:mm"_s);
+  Exiger(heure.isValid(), u"a time hh:mm expected, \"%1\" found"_s.arg(mots[0].texte));
+  scene.horloge.Aller(QDateTime(scene.horloge.Maintenant().date(), heure));
+}
+
+void Repondre(Scene &scene, const Mots &mots) {
+  const Mot &mot = mots[0];
+  const bool mot4 = mot.Est(u"oui") || mot.Est(u"non") || mot.Est(u"annuler") || mot.Est(u"ok");
+  scene.boites.Prevoir({mot.texte, !mot4});
+}
+
+}  // namespace
+
+QList<Verbe> VerbesDuMonde() {
+  using S = Scene;
+  using M = Mots;
+  constexpr auto kSansLimite = Verbe::kSansLimite;
+  return {
+      {u"monde installe"_s, 0, 0, [](S &s, const M &) { MondeAuRepos(s).Installer(); }},
+      {u"monde fichier"_s, 1, kSansLimite,
+       [](S &s, const M &m) { MondeAuRepos(s).Ecrire(m[0].texte, Textes(m, 1)); }},
+      {u"monde copie"_s, 2, 2,
+       [](S &s, const M &m) {
+         MondeAuRepos(s).CopierDepuisScenario(m[0].texte, s.monde.Chemin(m[1].texte));
+       }},
+      {u"monde base"_s, 1, 1,
+       [](S &s, const M &m) {
+         MondeAuRepos(s).CopierDepuisScenario(m[0].texte, s.monde.Donnees() + u"/Velmira.mdb"_s);
+       }},
+      {u"monde nouvelle-base"_s, 0, 0, [](S &s, const M &) { MondeAuRepos(s).LivrerBase(); }},
+      {u"monde dossier"_s, 1, 1,
+       [](S &s, const M &m) { MondeAuRepos(s).CreerDossier(m[0].texte); }},
+      {u"monde efface"_s, 1, 1, [](S &s, const M &m) { MondeAuRepos(s).Effacer(m[0].texte); }},
+      {u"monde imprimante"_s, 0, kSansLimite,
+       [](S &s, const M &m) {
+         MondeAuRepos(s);
+         s.imprimante.Installer(Textes(m, 0));
+       }},
+      {u"ligne"_s, 1, kSansLimite,
+       [](S &s, const M &m) { Lignes(s).Ajouter(m[0].texte, m.sliced(1)); }},
+      {u"champ-ecrit"_s, 3, kSansLimite,
+       [](S &s, const M &m) { Lignes(s).Ecrire(m[0].texte, Nombre(m[1]), m.sliced(2)); }},
+      {u"ligne-efface"_s, 2, 2,
+       [](S &s, const M &m) { Lignes(s).Effacer(m[0].texte, Nombre(m[1])); }},
+      {u"jour"_s, 1, 1, MettreJour},
+      {u"heure"_s, 1, 1, MettreHeure},
+      {u"utilisateur"_s, 1, 1,
+       [](S &s, const M &m) {
+         MondeAuRepos(s);
+         s.utilisateur = m[0].texte;
+       }},
+      {u"demarrer"_s, 0, 0, [](S &s, const M &) { s.Demarrer(); }},
+      {u"fermer"_s, 0, 0, [](S &s, const M &) { s.Fermer(); }},
+      {u"relancer"_s, 0, 0,
+       [](S &s, const M &) {
+         s.Fermer();
+         s.Demarrer();
+       }},
+      {u"attendre"_s, 1, 1,
+       [](S &s, const M &m) { s.horloge.Avancer(std::chrono::milliseconds(Nombre(m[0]))); }},
+      {u"reponse"_s, 1, 1, Repondre},
+  };
+}

@@ -1,0 +1,80 @@
+// Plays scenarios: text files that drive the program by its controls.
+
+#include "player/Joueur.h"
+#include "ui/Icones.h"
+
+#include <QCommandLineParser>
+#include <QLibraryInfo>
+#include <QPalette>
+#include <QTranslator>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QPalette PaletteSombre() {
+  const QColor fond(42, 46, 50), base(27, 30, 32), texte(252, 252, 252), eteint(120, 125, 130);
+  QPalette palette(fond);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
+                          QPalette::ToolTipText, QPalette::BrightText}) {
+    palette.setColor(role, texte);
+    palette.setColor(QPalette::Disabled, role, eteint);
+  }
+  palette.setColor(QPalette::Base, base);
+  palette.setColor(QPalette::AlternateBase, fond.lighter(115));
+  palette.setColor(QPalette::ToolTipBase, base);
+  palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
+  palette.setColor(QPalette::HighlightedText, texte);
+  palette.setColor(QPalette::Link, QColor(29, 153, 243));
+  palette.setColor(QPalette::PlaceholderText, eteint);
+  return palette;
+}
+
+void PreparerApparence(bool sombre) {
+  QApplication::setStyle(u"fusion"_s);
+  if (sombre) QApplication::setPalette(PaletteSombre());
+  QIcon::setThemeName(sombre ? u"breeze-dark"_s : u"breeze"_s);
+  PreparerIcones();
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+  Application application(argc, argv);
+  Application::setQuitOnLastWindowClosed(false);
+
+  QCommandLineParser arguments;
+  arguments.addHelpOption();
+  arguments.addOptions({{u"world"_s, u"Keep the world of the one file in DIR."_s, u"DIR"_s},
+                        {u"captures"_s, u"Write the pictures into DIR."_s, u"DIR"_s},
+                        {u"sombre"_s, u"Use dark colours."_s}});
+  arguments.addPositionalArgument(u"FILE"_s, u"Scenarios to play."_s, u"FILE..."_s);
+  arguments.process(application);
+  const QStringList fichiers = arguments.positionalArguments();
+  const QString monde = arguments.value(u"world"_s);
+  if (fichiers.isEmpty() || (!monde.isEmpty() && fichiers.size() > 1)) arguments.showHelp(2);
+
+  PreparerApparence(arguments.isSet(u"sombre"_s));
+  QTranslator traduction;
+  if (traduction.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    Application::installTranslator(&traduction);
+
+  int echecs = 0;
+  for (const QString &fichier : fichiers) {
+    const auto faute =
+        Joueur(application, fichier, {monde, arguments.value(u"captures"_s)}).Jouer();
+    if (faute) {
+      ++echecs;
+      std::printf("%s:%d: %s\n", qPrintable(fichier), faute->ligne, qPrintable(faute->texte));
+    } else {
+      std::printf("%s: ok\n", qPrintable(fichier));
+    }
+    std::fflush(stdout);
+  }
+  std::printf("%d passed, %d failed\n", static_cast<int>(fichiers.size()) - echecs, echecs);
+  return echecs == 0 ? EXIT_SUCCESS : EXIT_FAILURE;
+}

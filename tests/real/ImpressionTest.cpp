@@ -1,0 +1,414 @@
+// What the printer "PDF" really puts on paper: pages are printed as the envelope window prints
+// them, and measured by another program.
+
+#include "envelope/MiseEnPage.h"
+#include "platform/linux/ImprimanteSysteme.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QImage>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <limits>
+#include <optional>
+#include <sys/resource.h>
+#include <utility>
+#include <vector>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kTolerance = 0.2;  // millimetres
+constexpr double kPoint = 25.4 / 72;
+constexpr double kNulle = std::numeric_limits<double>::quiet_NaN();
+
+class HorlogeFixe : public Horloge {
+ public:
+  QDateTime Maintenant() const override { return {QDate(2026, 6, 5), QTime(9, 8, 7)}; }
+  void Pause(std::chrono::milliseconds) override {}
+  void Apres(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
+};
+
+/// From here to the end of its life no file grows beyond a few bytes: to whoever writes one, the
+/// disk is full.
+class DisquePlein {
+ public:
+  DisquePlein() : ancien_(std::signal(SIGXFSZ, SIG_IGN)) {
+    ::getrlimit(RLIMIT_FSIZE, &limite_);
+    const rlimit courte{4096, limite_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &courte);
+  }
+  ~DisquePlein() {
+    ::setrlimit(RLIMIT_FSIZE, &limite_);
+    std::signal(SIGXFSZ, ancien_);
+  }
+  DisquePlein(const DisquePlein &) = delete;
+  DisquePlein &operator=(const DisquePlein &) = delete;
+
+ private:
+  rlimit limite_{};
+  void (*ancien_)(int);
+};
+
+/// Millimetres from the top left corner of the page. What was not found holds no numbers, and is
+/// near to nothing.
+struct Cadre {
+  double gauche = kNulle, haut = kNulle, droite = kNulle, bas = kNulle;
+  double Milieu() const { return (gauche + droite) / 2; }
+};
+
+struct PageLue {
+  double largeur = 0, hauteur = 0;  // points
+  std::vector<std::pair<QString, Cadre>> mots;
+
+  Cadre Mot(const QString &texte) const {
+    for (const auto &[mot, cadre] : mots)
+      if (mot == texte) return cadre;
+    return {};
+  }
+};
+
+QByteArray Executer(const QString &programme, const QStringList &arguments) {
+  QProcess processus;
+  processus.start(programme, arguments);
+  EXPECT_TRUE(processus.waitForFinished()) << qPrintable(programme);
+  EXPECT_EQ(processus.exitCode(), 0) << processus.readAllStandardError().constData();
+  return processus.readAllStandardOutput();
+}
+
+PageLue LirePage(const QString &pdf) {
+  PageLue lue;
+  int pages = 0;
+  QXmlStreamReader xml(Executer(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s}));
+  while (!xml.atEnd()) {
+    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+    const QXmlStreamAttributes attributs = xml.attributes();
+    const auto nombre = [&](const QString &nom) { return attributs.value(nom).toDouble(); };
+    if (xml.name() == u"page"_s) {
+      ++pages;
+      lue.largeur = nombre(u"width"_s);
+      lue.hauteur = nombre(u"height"_s);
+    } else if (xml.name() == u"word"_s) {
+      const Cadre cadre{nombre(u"xMin"_s) * kPoint, nombre(u"yMin"_s) * kPoint,
+                        nombre(u"xMax"_s) * kPoint, nombre(u"yMax"_s) * kPoint};
+      lue.mots.emplace_back(xml.readElementText(), cadre);
+    }
+  }
+  EXPECT_EQ(pages, 1) << qPrintable(pdf);
+  return lue;
+}
+
+/// What is inked of the whole page, by its picture.
+Cadre Encre(const QString &pdf) {
+  constexpr int kResolution = 300;
+  const QImage image = QImage::fromData(
+      Executer(u"pdftoppm"_s, {u"-gray"_s, u"-r"_s, QString::number(kResolution), pdf}));
+  int gauche = image.width(), haut = image.height(), droite = 0, bas = 0;
+  for (int y = 0; y < image.height(); ++y) {
+    const uchar *ligne = image.constScanLine(y);
+    for (int x = 0; x < image.width(); ++x) {
+      if (ligne[x] >= 128) continue;
+      gauche = std::min(gauche, x);
+      haut = std::min(haut, y);
+      droite = std::max(droite, x + 1);
+      bas = std::max(bas, y + 1);
+    }
+  }
+  if (droite == 0) return {};
+  const double pas = 25.4 / kResolution;
+  return {gauche * pas, haut * pas, droite * pas, bas * pas};
+}
+
+class Impression : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(dossier_.isValid());
+    for (const QString &famille :
+         {u"Liberation Sans"_s, u"Liberation Serif"_s, u"Liberation Mono"_s})
+      ASSERT_TRUE(QFontDatabase::hasFamily(famille)) << qPrintable(famille);
+    plomex_.Imprimante = Imprimante::NomPdf();
+    plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
+    plomex_.PoliceA = plomex_.PoliceE = u"Liberation Sans"_s;
+    plomex_.TailleA = 10;
+    plomex_.TailleE = 8;
+  }
+
+  QString Chemin(const QString &nom) const { return dossier_.filePath(u"courrier/"_s + nom); }
+  QStringList Fichiers() const {
+    return QDir(Chemin({})).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+  }
+  QString Imprimer(ImprimanteSysteme &imprimante, const ContenuEnveloppe &contenu) const {
+    ImprimerPage(imprimante, plomex_, etat_, contenu);
+    return imprimante.TerminerDocument();
+  }
+  PageLue ImprimerEtLire(const ContenuEnveloppe &contenu) {
+    return LirePage(Imprimer(imprimante_, contenu));
+  }
+
+  QTemporaryDir dossier_;
+  HorlogeFixe horloge_;
+  ImprimanteSysteme imprimante_{horloge_, Chemin({})};  // the folder is not there yet
+  ReglagesPlomex plomex_;
+  EtatEnveloppe etat_;
+};
+
+struct Cas {
+  const char *nom;
+  float largeur, hauteur;
+  void (*regler)(ReglagesPlomex &);
+  Point adresse;
+  std::optional<Point> expediteur;  // none where it falls off the page
+  double finCommentaire;
+};
+
+TEST_F(Impression, PlacesSurLaPage) {
+  const Cas cas[] = {
+      {"portrait",
+       220,
+       110,
+       [](ReglagesPlomex &) {},
+       {Millimetres(80), Millimetres(50)},
+       Point{Millimetres(2), Millimetres(5)},
+       180},
+      {"portrait, print and zones moved",
+       220,
+       110,
+       [](ReglagesPlomex &p) {
+         p.MargeDroite = 3;
+         p.MargeHaute = -2;
+         p.MargeMAX = 10;
+         p.MargeMAY = -20;
+         p.MargeMEX = 4;
+         p.MargeMEY = 6;
+       },
+       {Millimetres(93), Millimetres(28)},
+       Point{Millimetres(9), Millimetres(9)},
+       183},
+      {"landscape, left edge, top",
+       229,
+       162,
+       [](ReglagesPlomex &p) { p.Orientation = 2; },
+       {Millimetres(83.273), Millimetres(73.636)},
+       Point{Millimetres(2), Millimetres(7.364)},
+       189},
+      {"landscape, right edge, middle",
+       162,
+       114,
+       [](ReglagesPlomex &p) { p.Orientation = p.BordImprime = p.PositionEnveloppe = 2; },
+       {Millimetres(116.909), Millimetres(49.818)},
+       Point{Millimetres(60), Millimetres(3.182)},
+       180},
+      {"landscape, right edge, bottom, beyond the top of the page",
+       229,
+       162,
+       [](ReglagesPlomex &p) {
+         p.Orientation = p.BordImprime = 2;
+         p.PositionEnveloppe = 3;
+       },
+       {Millimetres(74.273), Millimetres(21.636)},
+       std::nullopt,
+       0},
+  };
+  etat_.Commentaire = u"Recommandé"_s;
+  const ReglagesPlomex depart = plomex_;
+  for (const Cas &c : cas) {
+    SCOPED_TRACE(c.nom);
+    plomex_ = depart;
+    c.regler(plomex_);
+    etat_.LargeurEnv = c.largeur;
+    etat_.HauteurEnv = c.hauteur;
+
+    const PageLue page = ImprimerEtLire({u"Expéditrice"_s, u"Œuvré"_s, true});
+    const bool portrait = plomex_.Orientation == 1;
+    EXPECT_EQ(page.largeur, portrait ? 595 : 842);
+    EXPECT_EQ(page.hauteur, portrait ? 842 : 595);
+    const Cadre adresse = page.Mot(u"Œuvré"_s);
+    EXPECT_NEAR(adresse.gauche, c.adresse.x.valeur, kTolerance);
+    EXPECT_NEAR(adresse.haut, c.adresse.y.valeur, kTolerance);
+    if (!c.expediteur) continue;
+    const Cadre expediteur = page.Mot(u"Expéditrice"_s);
+    EXPECT_NEAR(expediteur.gauche, c.expediteur->x.valeur, kTolerance);
+    EXPECT_NEAR(expediteur.haut, c.expediteur->y.valeur, kTolerance);
+    const Cadre commentaire = page.Mot(u"Recommandé"_s);
+    EXPECT_NEAR(commentaire.droite, c.finCommentaire, kTolerance);
+    EXPECT_NEAR(commentaire.haut, c.expediteur->y.valeur, kTolerance);
+  }
+}
+
+// The design of the fonts, in parts of the size: what a line moves down, and how wide "HHHH" is.
+TEST_F(Impression, TaillesEtInterlignes) {
+  const struct {
+    QString police;
+    qint16 points;
+    double interligne, largeur;
+  } cas[] = {{u"Liberation Sans"_s, 8, 1.1499, 2.8887},
+             {u"Liberation Sans"_s, 11, 1.1499, 2.8887},
+             {u"Liberation Sans"_s, 36, 1.1499, 2.8887},
+             {u"Liberation Serif"_s, 14, 1.1499, 2.8887},
+             {u"Liberation Mono"_s, 14, 1.1328, 2.4004}};
+  for (const auto &c : cas) {
+    SCOPED_TRACE(qPrintable(c.police + u' ' + QString::number(c.points)));
+    plomex_.PoliceA = c.police;
+    plomex_.TailleA = c.points;
+    const PageLue page = ImprimerEtLire({{}, u"HHHH\nDeux\n\nQuatre"_s});
+    const double taille = c.points * kPoint;
+    const Cadre premiere = page.Mot(u"HHHH"_s);
+    EXPECT_NEAR(premiere.haut, 50, kTolerance);
+    EXPECT_NEAR(premiere.droite - premiere.gauche, c.largeur * taille, kTolerance);
+    EXPECT_NEAR(page.Mot(u"Deux"_s).haut, 50 + c.interligne * taille, kTolerance);
+    EXPECT_NEAR(page.Mot(u"Quatre"_s).haut, 50 + 3 * c.interligne * taille, kTolerance);
+    EXPECT_NEAR(page.Mot(u"Quatre"_s).gauche, 80, kTolerance);
+  }
+}
+
+// The ink itself: an "H" of Liberation Sans stands on the base line, 0.9053 of the size below the
+// top of the line, and is 0.688 high; its sides are 0.082 and 0.6406 right of its place.
+TEST_F(Impression, EncreDUneLettre) {
+  for (const bool portrait : {true, false}) {
+    SCOPED_TRACE(portrait ? "portrait" : "landscape");
+    plomex_.Orientation = portrait ? 1 : 2;
+    plomex_.TailleA = 36;
+    const double taille = 36 * kPoint, base = 50 + 0.9053 * taille;
+    const Cadre encre = Encre(Imprimer(imprimante_, {{}, u"H"_s}));
+    EXPECT_NEAR(encre.bas, base, kTolerance);
+    EXPECT_NEAR(encre.haut, base - 0.688 * taille, kTolerance);
+    EXPECT_NEAR(encre.gauche, 80 + 0.082 * taille, kTolerance);
+    EXPECT_NEAR(encre.droite, 80 + 0.6406 * taille, kTolerance);
+  }
+}
+
+TEST_F(Impression, StylesDeLaLigne) {
+  etat_.Commentaire = u"HHH"_s;
+  plomex_.TailleE = 34;  // of the comment: 36
+  const double base = 5 + 0.9053 * 36 * kPoint;
+  const auto polices = [](const QString &pdf) {
+    return QString::fromUtf8(Executer(u"pdffonts"_s, {pdf}));
+  };
+
+  const QString simple = Imprimer(imprimante_, {{}, {}, true});
+  EXPECT_NEAR(Encre(simple).bas, base, kTolerance);
+  EXPECT_TRUE(polices(simple).contains(u"LiberationSans "_s));
+  EXPECT_FALSE(polices(simple).contains(u"Bold"_s));
+
+  etat_.CommentaireSouligne = true;
+  EXPECT_GT(Encre(Imprimer(imprimante_, {{}, {}, true})).bas, base + 0.5);
+
+  etat_.CommentaireSouligne = false;
+  etat_.CommentaireGras = true;
+  const QString gras = Imprimer(imprimante_, {{}, {}, true});
+  EXPECT_TRUE(polices(gras).contains(u"LiberationSans-Bold "_s));
+  EXPECT_FALSE(polices(gras).contains(u"LiberationSans "_s));
+  EXPECT_NEAR(LirePage(gras).Mot(u"HHH"_s).droite, 180, kTolerance);
+}
+
+// The shorter lines are placed by the width that they have on paper, bold ones by that of the bold.
+TEST_F(Impression, Alignements) {
+  const ContenuEnveloppe contenu{u"Laboratoires\nCourt"_s, u"Établissements\nRue\nNANTES"_s};
+  plomex_.TailleA = 20;
+  plomex_.GrasDLigne = 1;
+
+  plomex_.AlignA = plomex_.AlignE = 1;
+  PageLue page = ImprimerEtLire(contenu);
+  EXPECT_NEAR(page.Mot(u"Établissements"_s).gauche, 80, kTolerance);
+  EXPECT_NEAR(page.Mot(u"Laboratoires"_s).gauche, 2, kTolerance);
+  const double droite = page.Mot(u"Établissements"_s).droite;
+  EXPECT_NEAR(page.Mot(u"Rue"_s).droite, droite, kTolerance);
+  EXPECT_NEAR(page.Mot(u"NANTES"_s).droite, droite, kTolerance);
+  EXPECT_NEAR(page.Mot(u"Court"_s).droite, page.Mot(u"Laboratoires"_s).droite, kTolerance);
+
+  plomex_.AlignA = plomex_.AlignE = 2;
+  page = ImprimerEtLire(contenu);
+  EXPECT_NEAR(page.Mot(u"Établissements"_s).gauche, 80, kTolerance);
+  const double milieu = page.Mot(u"Établissements"_s).Milieu();
+  EXPECT_NEAR(page.Mot(u"Rue"_s).Milieu(), milieu, kTolerance);
+  EXPECT_NEAR(page.Mot(u"NANTES"_s).Milieu(), milieu, kTolerance);
+  EXPECT_NEAR(page.Mot(u"Court"_s).Milieu(), page.Mot(u"Laboratoires"_s).Milieu(), kTolerance);
+}
+
+TEST_F(Impression, ChoixDeLImprimante) {
+  const QStringList noms = imprimante_.Noms();
+  EXPECT_EQ(noms.last(), Imprimante::NomPdf());
+  EXPECT_EQ(noms.count(Imprimante::NomPdf()), 1);
+  EXPECT_TRUE(noms.contains(imprimante_.Courante()));
+
+  // No page opens on a printer that the system does not have, and none on another in its place.
+  imprimante_.Choisir(u"Imprimante disparue"_s);
+  EXPECT_EQ(imprimante_.Courante(), u"Imprimante disparue"_s);
+  const Police police{u"Liberation Sans"_s, 10, false, false};
+  imprimante_.OuvrirPage(Orientation::Portrait);
+  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, police), Millimetres());
+  imprimante_.Ecrire(Millimetres(10), Millimetres(10), police, u"Perdu"_s);
+  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  EXPECT_EQ(Fichiers(), QStringList());
+}
+
+TEST_F(Impression, SansPageOuverte) {
+  const Police police{u"Liberation Sans"_s, 10, false, false};
+  imprimante_.Ecrire(Millimetres(10), Millimetres(10), police, u"Perdu"_s);
+  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, police), Millimetres());
+  EXPECT_EQ(imprimante_.HauteurLigne(police), Millimetres());
+  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  EXPECT_EQ(Fichiers(), QStringList());
+
+  // A page that nobody ended is written when the next one opens, and when the printer goes.
+  {
+    ImprimanteSysteme autre(horloge_, Chemin({}));
+    ImprimerPage(autre, plomex_, etat_, {{}, u"Première"_s});
+    ImprimerPage(autre, plomex_, etat_, {{}, u"Seconde"_s});
+  }
+  ASSERT_EQ(Fichiers().size(), 2);
+  EXPECT_NEAR(LirePage(Chemin(Fichiers()[0])).Mot(u"Première"_s).gauche, 80, kTolerance);
+  EXPECT_NEAR(LirePage(Chemin(Fichiers()[1])).Mot(u"Seconde"_s).gauche, 80, kTolerance);
+}
+
+TEST_F(Impression, AucunFichierNEstRemplace) {
+  const QString pris = Chemin(u"Enveloppe 2026-06-05 09h08m07 n2.pdf"_s);
+  ASSERT_TRUE(QDir().mkpath(Chemin({})));
+  QFile fichier(pris);
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write("un autre");
+  fichier.close();
+
+  const QString premier = Imprimer(imprimante_, {{}, u"Premier"_s});
+  const QString second = Imprimer(imprimante_, {{}, u"Second"_s});
+  EXPECT_EQ(QFileInfo(premier).fileName(), u"Enveloppe 2026-06-05 09h08m07 n1.pdf"_s);
+  EXPECT_EQ(QFileInfo(second).fileName(), u"Enveloppe 2026-06-05 09h08m07 n3.pdf"_s);
+  EXPECT_NEAR(LirePage(premier).Mot(u"Premier"_s).gauche, 80, kTolerance);
+  EXPECT_NEAR(LirePage(second).Mot(u"Second"_s).gauche, 80, kTolerance);
+  ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+  EXPECT_EQ(fichier.readAll(), "un autre");
+}
+
+TEST_F(Impression, DossierImpossible) {
+  QFile obstacle(dossier_.filePath(u"obstacle"_s));
+  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  ImprimanteSysteme imprimante(horloge_, obstacle.fileName() + u"/courrier"_s);
+  EXPECT_EQ(Imprimer(imprimante, {{}, u"Perdu"_s}), QString());
+  EXPECT_EQ(obstacle.size(), 0);
+}
+
+TEST_F(Impression, DisquePlein) {
+  {
+    const DisquePlein plein;
+    EXPECT_EQ(Imprimer(imprimante_, {u"Perdu"_s, u"Perdu"_s}), QString());
+  }
+  EXPECT_EQ(Fichiers(), QStringList());
+  EXPECT_NEAR(ImprimerEtLire({{}, u"Ensuite"_s}).Mot(u"Ensuite"_s).gauche, 80, kTolerance);
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,192 @@
+// Address strings, their lines, the default sender, the printing key.
+
+#include "Outils.h"
+#include "envelope/ChaineAdresse.h"
+#include "envelope/ExpediteurDefaut.h"
+#include "envelope/MiseEnLignes.h"
+#include "envelope/Raccourci.h"
+#include "storage/Schema.h"
+#include "storage/Tables.h"
+
+using namespace Qt::StringLiterals;
+
+TEST(ChaineAdresseTest, Blocs) {
+  EXPECT_EQ(ChaineAdresse({}, {}, {}, {}), u" $ $ "_s);
+  EXPECT_EQ(ChaineAdresse({u""_s, QString()}, u""_s, u""_s, u""_s), u" $ $ "_s);
+  EXPECT_EQ(ChaineAdresse({u""_s, u"A"_s, QString(), u"B"_s}, {}, {}, {}), u"A*B$ $ "_s);
+  EXPECT_EQ(ChaineAdresse({}, u"44000"_s, {}, {}), u" $44000$ "_s);
+  EXPECT_EQ(ChaineAdresse({}, {}, u"Nantes"_s, {}), u" $Nantes$ "_s);
+  EXPECT_EQ(ChaineAdresse({}, {}, {}, u"Belgique"_s), u" $ $Belgique"_s);
+
+  Correspondant durand;
+  EXPECT_EQ(ChaineAdresse(durand), u" $ $ "_s);
+  durand.Ligne1 = u"M. Paul Durand"_s;
+  durand.Ligne3 = u"12 rue des Lilas"_s;
+  durand.Ligne5 = u"Bât. B"_s;
+  durand.CodePostal = u"44000"_s;
+  durand.Ville = u"Nantes"_s;
+  EXPECT_EQ(ChaineAdresse(durand), u"M. Paul Durand*12 rue des Lilas*Bât. B$44000*Nantes$ "_s);
+
+  for (const QString &vide : {QString(), u""_s, u" $ $ "_s}) EXPECT_TRUE(AdresseVide(vide));
+  for (const QString &pleine : {u"A$ $ "_s, u" $1$ "_s, u" $ $B"_s})
+    EXPECT_FALSE(AdresseVide(pleine));
+}
+
+// Options: L a blank line after every line, P after the first, D before the last, V town in front.
+TEST(MiseEnLignesTest, Lignes) {
+  struct Cas {
+    const char16_t *chaine, *options, *texte;
+    bool pays = false;
+  };
+  const Cas destinataires[] = {
+      {u"M. Dupont*3 rue Haute$44000*Nantes$ ", u"", u"M. Dupont*3 rue Haute*44000 - Nantes"},
+      {u"M. Dupont$44000*Nantes$Belgique", u"", u"M. Dupont*44000 - Nantes**Belgique", true},
+      {u"M. Dupont*3 rue Haute$44000*Nantes$ ", u"D", u"M. Dupont*3 rue Haute**44000 - Nantes"},
+      {u"A*B*C$1*V$ ", u"", u"A*B*C*1 - V"},
+      {u"A*B*C$1*V$ ", u"L", u"A**B**C**1 - V"},
+      {u"A*B*C$1*V$ ", u"P", u"A**B*C*1 - V"},
+      {u"A*B*C$1*V$ ", u"D", u"A*B*C**1 - V"},
+      {u"A*B*C$1*V$ ", u"PD", u"A**B*C**1 - V"},
+      {u"A*B*C$1*V$ ", u"LPD", u"A**B**C**1 - V"},
+      {u"A*B$1*V$Pays", u"L", u"A**B**1 - V**Pays", true},
+      {u"A$1*V$ ", u"", u"A*1 - V"},
+      {u"A$1*V$ ", u"L", u"A**1 - V"},
+      {u"A$1*V$ ", u"P", u"A**1 - V"},
+      {u"A$1*V$ ", u"D", u"A**1 - V"},
+      {u"A$1*V$ ", u"V", u"A*V - 1"},
+      {u"A$44000$ ", u"V", u"A*44000"},
+      {u"A$Nantes$ ", u"", u"A*Nantes"},
+      {u"A$1*V*W$ ", u"", u"A*1 - V"},
+      // no postal line
+      {u"A*B$ $ ", u"", u"A*B"},
+      {u"A*B$ $ ", u"D", u"A*B"},
+      {u"A$ $ ", u"D", u"A"},
+      {u"A$ $Pays", u"", u"A**Pays", true},
+      {u"A$ $Pays", u"LPD", u"A**Pays", true},
+      {u"A*B$ $Pays", u"P", u"A**B**Pays", true},
+      // no head lines
+      {u" $1*V$ ", u"LPD", u"1 - V"},
+      {u" $1*V$Pays", u"", u"1 - V**Pays", true},
+      {u" $ $Pays", u"", u"**Pays", true},
+      {u" $ $ ", u"LPD", u""},
+      {u"", u"LPD", u""},
+      // damaged: blocks missing, too many, empty instead of blank
+      {u"A", u"", u"A"},
+      {u"A*B", u"P", u"A**B"},
+      {u"A$1*V", u"", u"A*1 - V"},
+      {u"A$1*V$Pays$x", u"", u"A*1 - V**Pays", true},
+      {u"$$Pays", u"", u"*Pays", true},
+  };
+  const Cas expediteurs[] = {
+      {u"A*B*C$1*V$ ", u"LPD", u"A*B*C*1 - V"},
+      {u"A*B$1*V$ ", u"V", u"A*B*V - 1"},
+      {u"A$1*V$Pays", u"LPD", u"A*1 - V*Pays", true},
+      {u"A$ $Pays", u"", u"A**Pays", true},
+      {u"A$ $ ", u"", u"A*"},
+      {u"", u"", u""},
+  };
+  const auto verifier = [](const Cas &c, bool destinataire) {
+    const QString o = QString::fromUtf16(c.options);
+    const OptionsLignes options{o.contains(u'L'), o.contains(u'P'), o.contains(u'D'),
+                                o.contains(u'V'), u" - "_s};
+    const auto lignes = MettreEnLignes(QString::fromUtf16(c.chaine), destinataire, options);
+    const auto trace = QString::fromUtf16(c.chaine).toStdString() + " " + o.toStdString();
+    EXPECT_EQ(lignes.texte, QString::fromUtf16(c.texte)) << trace;
+    EXPECT_EQ(lignes.paysPresent, c.pays) << trace;
+  };
+  for (const auto &c : destinataires) verifier(c, true);
+  for (const auto &c : expediteurs) verifier(c, false);
+}
+
+TEST(MiseEnLignesTest, OptionsDuProgramme) {
+  ReglagesPlomex p;
+  p.SautPLigne = 1;
+  EtatEnveloppe e;
+  e.LiaisonCP = u", "_s;
+  e.OptionCP = 1;
+  EXPECT_EQ(MettreEnLignes(u"A*B$1*V$Pays"_s, true, p, e), u"A**B*V, 1**Pays"_s);
+  EXPECT_EQ(e.PaysPresent, 1);
+  e.OptionCP = 0;
+  EXPECT_EQ(MettreEnLignes(u"A*B$1*V$ "_s, false, p, e), u"A*B*1, V"_s);
+  EXPECT_EQ(e.PaysPresent, 0) << "the text formatted last settles it";
+  p = {};
+  p.SautDLigne = 1;
+  EXPECT_EQ(MettreEnLignes(u"A*B*C$1*V$ "_s, true, p, e), u"A*B*C**1, V"_s);
+  p = {};
+  p.SautLigne = 1;
+  EXPECT_EQ(MettreEnLignes(u"A*B*C$1*V$ "_s, true, p, e), u"A**B**C**1, V"_s);
+}
+
+TEST(Raccourci, Libelles) {
+  const std::pair<int, const char16_t *> cas[] = {
+      {116, u"0F5"},  {117, u"1F6"},  {118, u"2F7"},  {119, u"3F8"},  {120, u"4F9"},
+      {121, u"5F10"}, {122, u"6F11"}, {123, u"7F12"}, {13, u"8ENTR"}, {0, u""},
+      {115, u""},     {124, u""},     {-1, u""}};
+  for (const auto &[touche, libelle] : cas)
+    EXPECT_EQ(LibelleRaccourci(touche), QString::fromUtf16(libelle)) << touche;
+}
+
+namespace {
+
+class ExpediteurDefautTest : public DansUnDossier {};
+
+}  // namespace
+
+TEST_F(ExpediteurDefautTest, Fichier) {
+  const QByteArray a = "Mme \xC9l\xE9onore*1 rue$44000*Nantes$ ";
+  const QString chaine = u"Mme Éléonore*1 rue$44000*Nantes$ "_s;
+  const struct {
+    const char *nom;
+    QByteArray avant;
+    QString chaine;  // null: no sender, and the file goes
+    int option;
+    QByteArray apres;
+  } cas[] = {
+      {"town first", a + "\r\n1\r\n", chaine, 1, a + "\r\n1\r\n"},
+      {"code first", a + "\r\n0\r\n", chaine, 0, a + "\r\n0\r\n"},
+      {"older form", a + "\r\n", chaine, 0, a + "\r\n0\r\n"},
+      {"empty sender", " $ $ \r\n0\r\n", u" $ $ "_s, 0, " $ $ \r\n0\r\n"},
+      {"no sender chosen", "\r\n0\r\n", {}, 0, {}},
+      {"empty", "", {}, 0, {}},
+      {"text", "n'importe quoi\r\n1\r\n", {}, 0, {}},
+      {"binary", QByteArray("\0\xFF\r\n\x1A", 5), {}, 0, {}},
+      {"a lone sign", "$", {}, 0, {}},
+  };
+  CreerBaseVide(Chemin(u"Velmira.mdb"_s));
+  Base base;
+  base.Ouvrir(Chemin(u"Velmira.mdb"_s));
+  const auto parDefaut = [&] {
+    Requete requete(base, uR"(SELECT COUNT(*) FROM "Expediteur" WHERE "ParDefaut"<>0)"_s);
+    requete.Suivante();
+    return requete.Entier(0);
+  };
+  EXPECT_FALSE(LireExpediteurDefaut(Chemin(), base));
+  EXPECT_FALSE(Existe(u"Defaut.ini"_s));
+  Expediteur expediteur;
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.nom);
+    expediteur.ParDefaut = true;
+    AjouterLigne(base, expediteur);
+    Poser(u"Defaut.ini"_s, c.avant);
+    const auto lu = LireExpediteurDefaut(Chemin(), base);
+    ASSERT_EQ(lu.has_value(), !c.chaine.isNull());
+    if (lu) {
+      EXPECT_EQ(lu->chaine, c.chaine);
+      EXPECT_EQ(lu->optionCP, c.option);
+      EXPECT_EQ(Octets(u"Defaut.ini"_s), c.apres);
+      EXPECT_GT(parDefaut(), 0);
+    } else {
+      EXPECT_FALSE(Existe(u"Defaut.ini"_s));
+      EXPECT_EQ(parDefaut(), 0);
+    }
+  }
+}
+
+TEST_F(ExpediteurDefautTest, SansBase) {
+  Base fermee;
+  Poser(u"Defaut.ini"_s, "\r\n0\r\n");
+  EXPECT_NO_THROW(EXPECT_FALSE(LireExpediteurDefaut(Chemin(), fermee)));
+  EXPECT_FALSE(Existe(u"Defaut.ini"_s));
+  QDir().mkdir(Chemin(u"Defaut.ini"_s));
+  EXPECT_NO_THROW(EXPECT_FALSE(LireExpediteurDefaut(Chemin(), fermee)));
+}

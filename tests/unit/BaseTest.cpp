@@ -1,0 +1,378 @@
+// The database file: what is opened, what is refused, what survives.
+
+#include "Outils.h"
+#include "storage/Base.h"
+#include "storage/Schema.h"
+#include "storage/Tables.h"
+
+#include <QSqlError>
+
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class BaseTest : public DansUnDossier {
+ protected:
+  const QString mdb = u"Velmira.mdb"_s;
+
+  QString CheminMdb() const { return Chemin(mdb); }
+
+  /// Statements on the bare file, as another program would run them.
+  void Sql(const QString &nom, const QStringList &textes) const {
+    {
+      auto connexion = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"autre"_s);
+      connexion.setDatabaseName(Chemin(nom));
+      ASSERT_TRUE(connexion.open());
+      for (const QString &texte : textes) {
+        QSqlQuery requete(connexion);
+        ASSERT_TRUE(requete.exec(texte))
+            << texte.toStdString() << ": " << requete.lastError().text().toStdString();
+      }
+    }
+    QSqlDatabase::removeDatabase(u"autre"_s);
+  }
+
+  void Creer(int lignes) const {
+    CreerBaseVide(CheminMdb());
+    Base base;
+    base.Ouvrir(CheminMdb());
+    Transaction transaction(base);
+    for (int i = 0; i < lignes; ++i) {
+      Correspondant c;
+      c.NomVelmira = u"Durand %1"_s.arg(i);
+      c.Categories = u"*Amis %1*"_s.arg(i % 40);
+      c.Commentaires = QString(i % 300, u'n');
+      AjouterLigne(base, c);
+    }
+    transaction.Valider();
+  }
+  void Ouvrir(int lignes) {
+    Creer(lignes);
+    base.Ouvrir(CheminMdb());
+  }
+
+  Base base;
+};
+
+QList<Cle> Cles(Base &base) {
+  QList<Cle> cles;
+  TableAdresse(base).PourChaque([&](EntreeListe &&entree) { cles.append(entree.Index); });
+  return cles;
+}
+
+Correspondant Nomme(const QString &nom) {
+  Correspondant c;
+  c.NomVelmira = nom;
+  return c;
+}
+
+}  // namespace
+
+TEST_F(BaseTest, FichierAbsent) {
+  Ouvrir(0);
+  EXPECT_TRUE(base.Ouverte());
+  EXPECT_NO_THROW(base.Ouvrir(Chemin(u"absent.mdb"_s)));
+  EXPECT_FALSE(base.Ouverte()) << "the earlier one is closed";
+  EXPECT_NO_THROW(base.Ouvrir(Chemin(u"nulle/part.mdb"_s)));
+  EXPECT_EQ(Contenu(), QStringList{mdb});
+  EXPECT_THROW(Cles(base), ErreurBase);
+  EXPECT_THROW(Transaction{base}, ErreurBase);
+  EXPECT_THROW(CreerBaseVide(CheminMdb()), ErreurBase);
+}
+
+TEST_F(BaseTest, CheminAvecDesSignes) {
+  const QString dossier = u"Été 100% #1 ?mode=ro&x"_s;
+  ASSERT_TRUE(QDir().mkdir(Chemin(dossier)));
+  CreerBaseVide(Chemin(dossier + u"/Velmira.mdb"_s));
+  base.Ouvrir(Chemin(dossier + u"/Velmira.mdb"_s));
+  ASSERT_TRUE(base.Ouverte());
+  EXPECT_EQ(AjouterLigne(base, Nomme(u"Zoé"_s)), 1);
+  EXPECT_EQ(Contenu(), QStringList{dossier});
+}
+
+TEST_F(BaseTest, FichierRefuse) {
+  const auto nouvelle = [this](const QStringList &textes) {
+    QFile::remove(CheminMdb());
+    CreerBaseVide(CheminMdb());
+    Sql(mdb, textes);
+  };
+  const struct {
+    const char *nom;
+    std::function<void()> poser;
+  } cas[] = {
+      {"text", [&] { Poser(mdb, QByteArray("Ceci n'est pas une base.\r\n").repeated(200)); }},
+      {"empty", [&] { Poser(mdb, ""); }},
+      {"one byte", [&] { Poser(mdb, "S"); }},
+      {"bare header", [&] { Poser(mdb, QByteArray("SQLite format 3\0", 16)); }},
+      {"foreign",
+       [&] {
+         Sql(mdb, {u"CREATE TABLE t (a)"_s, u"INSERT INTO t VALUES (1)"_s});
+       }},
+      {"same tables, no mark", [&] { nouvelle({u"PRAGMA application_id=0"_s}); }},
+      {"newer", [&] { nouvelle({u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1)}); }},
+      {"no table", [&] { nouvelle({u"DROP TABLE \"ListeAlerte\""_s}); }},
+      {"no column", [&] { nouvelle({u"ALTER TABLE \"Adresse\" DROP COLUMN \"DataProt\""_s}); }},
+      {"column renamed",
+       [&] { nouvelle({u"ALTER TABLE \"Alerte\" RENAME COLUMN \"Disponible\" TO \"D\""_s}); }},
+  };
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.nom);
+    QFile::remove(CheminMdb());
+    c.poser();
+    const QByteArray avant = Octets(mdb);
+    try {
+      base.Ouvrir(CheminMdb());
+      ADD_FAILURE() << "opened";
+    } catch (const ErreurBase &erreur) {
+      EXPECT_TRUE(erreur.Texte().contains(CheminMdb())) << erreur.Texte().toStdString();
+    }
+    EXPECT_FALSE(base.Ouverte());
+    base.Fermer();
+    EXPECT_EQ(Octets(mdb), avant);
+    EXPECT_EQ(Contenu(), QStringList{mdb});
+  }
+  EXPECT_THROW(base.Ouvrir(Chemin()), ErreurBase) << "a folder";
+  EXPECT_FALSE(base.Ouverte());
+}
+
+// A file cut or overwritten: opening or reading tells it or reads on, and never touches the file.
+TEST_F(BaseTest, FichierEndommage) {
+  Creer(2000);
+  const QByteArray saine = Octets(mdb);
+  ASSERT_GT(saine.size(), 200'000);
+  QList<QByteArray> abimees;
+  for (qsizetype taille : {qsizetype{50}, qsizetype{100}, qsizetype{4096}, qsizetype{5000},
+                           saine.size() / 2, saine.size() - 4096, saine.size() - 1})
+    abimees.append(saine.left(taille));
+  std::mt19937 hasard(20260615);
+  for (int i = 0; i < 60; ++i) {
+    QByteArray copie = saine;
+    const qsizetype longueur = i % 3 == 0 ? 4096 : 1 + i;
+    // One in two hits the header and the schema, the others any page.
+    const qsizetype debut = qsizetype(hasard()) % (i % 2 ? saine.size() - longueur : 9000);
+    for (qsizetype k = debut; k < debut + longueur; ++k) copie[k] = static_cast<char>(hasard());
+    abimees.append(copie);
+  }
+  int refusees = 0;
+  for (const QByteArray &octets : abimees) {
+    base.Fermer();
+    Poser(mdb, octets);
+    try {
+      base.Ouvrir(CheminMdb());
+      TableAdresse adresses(base);
+      const QList<Cle> cles = Cles(base);
+      for (qsizetype i = 0; i < cles.size(); i += 7) adresses.Lire(cles[i]);
+      adresses.Categories();
+      adresses.EstVide();
+    } catch (const ErreurBase &) {
+      ++refusees;
+    }
+    ASSERT_TRUE(Octets(mdb) == octets);
+  }
+  EXPECT_GE(refusees, 7) << "at least whatever was cut";
+}
+
+TEST_F(BaseTest, OrdreDesColonnes) {
+  Ouvrir(0);
+  const std::pair<QString, QString> cas[] = {
+      {u"Adresse"_s,
+       u"Index Ligne1 Ligne2 Ligne3 Ligne4 Ligne5 CodePostal Ville Pays Categories NomVelmira Tel "
+       "Fax Mail Commentaires Portable AdresseImportee OptionAdresse Web TelTravail Photo "
+       "ListeRougeTel ListeRougeTravail DDN DataProt AlerteActive"_s},
+      {u"Expediteur"_s,
+       u"Index Ligne1 Ligne2 Ligne3 Ligne4 Ligne5 CodePostal Ville Pays ParDefaut "
+       "OptionAdresse"_s},
+      {u"Ville"_s, u"Index CodePostal Ville Liens"_s},
+      {u"Alerte"_s, u"ID Type_alerte Disponible"_s},
+      {u"Listecoal"_s, u"ID Nom DDN Disponible"_s},
+      {u"ListeAlerte"_s, u"ID Nom Alerte Date Annuel Age Delai Actif"_s},
+  };
+  for (const auto &[table, colonnes] : cas) {
+    QStringList noms;
+    Requete requete(base, u"PRAGMA table_info(\"%1\")"_s.arg(table));
+    while (requete.Suivante()) noms.append(requete.Texte(1));
+    EXPECT_EQ(noms.join(u' '), colonnes);
+  }
+}
+
+// Each field of a row goes into the column of its name and comes back; null is not empty.
+TEST_F(BaseTest, AllerRetour) {
+  using C = Correspondant;
+  const QStringList noms =
+      u"Ligne1 Ligne2 Ligne3 Ligne4 Ligne5 CodePostal Ville Pays Categories NomVelmira Tel Fax "
+      "Mail Commentaires Portable AdresseImportee Web TelTravail Photo DDN DataProt"_s.split(u' ');
+  QString C::*const champs[] = {
+      &C::Ligne1, &C::Ligne2,       &C::Ligne3,     &C::Ligne4,          &C::Ligne5, &C::CodePostal,
+      &C::Ville,  &C::Pays,         &C::Categories, &C::NomVelmira,      &C::Tel,    &C::Fax,
+      &C::Mail,   &C::Commentaires, &C::Portable,   &C::AdresseImportee, &C::Web,    &C::TelTravail,
+      &C::Photo,  &C::DDN,          &C::DataProt};
+  Ouvrir(0);
+  const TableAdresse adresses(base);
+  C plein;
+  for (int i = 0; i < noms.size(); ++i) plein.*champs[i] = noms[i];
+  plein.OptionAdresse = 1;
+  plein.ListeRougeTravail = plein.AlerteActive = true;
+  const Cle cle = AjouterLigne(base, plein);
+  const auto relu = adresses.Lire(cle);
+  ASSERT_TRUE(relu);
+  for (int i = 0; i < noms.size(); ++i) {
+    EXPECT_EQ((*relu).*champs[i], noms[i]);
+    Requete requete(base, u"SELECT \"Adresse\".\"%1\" FROM \"Adresse\""_s.arg(noms[i]));
+    ASSERT_TRUE(requete.Suivante());
+    EXPECT_EQ(requete.Texte(0), noms[i]);
+  }
+  EXPECT_EQ(std::tuple(relu->OptionAdresse, relu->ListeRougeTel, relu->ListeRougeTravail,
+                       relu->AlerteActive),
+            std::tuple(1, false, true, true));
+
+  C mele = Nomme(u"d'O\"r'); DROP TABLE \"Adresse\"; -- 東京 😀\n\r\n"_s);
+  mele.Tel = u""_s;
+  const auto mele2 = adresses.Lire(AjouterLigne(base, mele));
+  ASSERT_TRUE(mele2);
+  EXPECT_EQ(mele2->NomVelmira, mele.NomVelmira);
+  EXPECT_TRUE(mele2->Tel.isEmpty() && !mele2->Tel.isNull());
+  EXPECT_TRUE(mele2->Fax.isNull());
+  EXPECT_FALSE(adresses.Lire(99));
+
+  Requete(base, u"INSERT INTO \"Adresse\" DEFAULT VALUES"_s).Executer();
+  const auto nul = adresses.Lire(3);
+  ASSERT_TRUE(nul);
+  for (auto champ : champs) EXPECT_TRUE(((*nul).*champ).isNull());
+  EXPECT_FALSE(nul->OptionAdresse || nul->ListeRougeTel || nul->AlerteActive);
+  EXPECT_EQ(Cles(base), (QList<Cle>{1, 2, 3})) << "the walk meets it too";
+}
+
+TEST_F(BaseTest, Categories) {
+  Ouvrir(0);
+  const TableAdresse adresses(base);
+  EXPECT_TRUE(adresses.EstVide());
+  EXPECT_TRUE(adresses.Categories().isEmpty());
+  for (const auto *categories : {u"*Z*", u"", u"*A*", u"*Z*", u"*a*", u"*A*B*"}) {
+    Correspondant c;
+    c.Categories = QString::fromUtf16(categories);
+    AjouterLigne(base, c);
+  }
+  AjouterLigne(base, Correspondant{});
+  QStringList vues;
+  for (const auto &c : adresses.Categories())
+    vues.append(c.Categories + QString::number(c.Premier));
+  EXPECT_EQ(vues.join(u' '), u"*Z*1 *A*3 *a*5 *A*B*6"_s);
+  EXPECT_FALSE(adresses.EstVide());
+}
+
+TEST_F(BaseTest, CleJamaisRedonnee) {
+  Ouvrir(3);
+  Requete(base, u"DELETE FROM \"Adresse\""_s).Executer();
+  base.Ouvrir(CheminMdb());
+  EXPECT_EQ(AjouterLigne(base, Nomme(u"A"_s)), 4);
+}
+
+TEST_F(BaseTest, TransactionNonValidee) {
+  Ouvrir(1);
+  {
+    Transaction transaction(base);
+    AjouterLigne(base, Nomme(u"A"_s));
+  }
+  EXPECT_EQ(Cles(base).size(), 1);
+  {
+    Transaction transaction(base);
+    AjouterLigne(base, Nomme(u"B"_s));
+    transaction.Valider();
+  }
+  EXPECT_EQ(Cles(base).size(), 2);
+}
+
+TEST_F(BaseTest, DeuxiemeEcrivainAttend) {
+  Ouvrir(1);
+  auto transaction = std::make_unique<Transaction>(base);
+  AjouterLigne(base, Nomme(u"premier"_s));
+
+  std::atomic<bool> pret = false, libere = false;
+  bool avant = true, echec = true;
+  std::thread fil([&] {
+    try {
+      Base second;
+      second.Ouvrir(CheminMdb());
+      pret = true;
+      Transaction sienne(second);
+      avant = !libere;
+      AjouterLigne(second, Nomme(u"second"_s));
+      sienne.Valider();
+      echec = false;
+    } catch (const std::exception &) {
+      pret = true;
+    }
+  });
+  while (!pret) std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  std::this_thread::sleep_for(std::chrono::milliseconds(300));
+  libere = true;
+  transaction->Valider();
+  transaction.reset();
+  fil.join();
+  EXPECT_FALSE(echec);
+  EXPECT_FALSE(avant) << "the second writer has not waited";
+  EXPECT_EQ(Cles(base).size(), 3);
+}
+
+TEST_F(BaseTest, LigneSupprimeeParUnAutre) {
+  Ouvrir(2);
+  Base autre;
+  autre.Ouvrir(CheminMdb());
+  TableAdresse adresses(base);
+  adresses.EcrireCommentaires(2, u"l'été"_s);
+  EXPECT_EQ(TableAdresse(autre).Lire(2)->Commentaires, u"l'été"_s);
+  EXPECT_NE(TableAdresse(autre).Lire(1)->Commentaires, u"l'été"_s);
+  Requete(autre, u"DELETE FROM \"Adresse\" WHERE \"Index\"=2"_s).Executer();
+  EXPECT_THROW(adresses.EcrireCommentaires(2, u"perdu"_s), ErreurBase);
+  EXPECT_NO_THROW(adresses.EcrireCommentaires(1, u"suite"_s)) << "no transaction is left open";
+  EXPECT_EQ(Cles(autre), QList<Cle>{1});
+}
+
+TEST_F(BaseTest, DisquePleinPendantLEcriture) {
+  Ouvrir(200);
+  const QByteArray avant = Octets(mdb);
+  {
+    const DisquePlein plein(static_cast<rlim_t>(avant.size()));
+    EXPECT_THROW(TableAdresse(base).EcrireCommentaires(1, QString(100'000, u'x')), ErreurBase);
+  }
+  EXPECT_EQ(Cles(base).size(), 200);
+  EXPECT_EQ(TableAdresse(base).Lire(1)->Commentaires, u""_s);
+  EXPECT_NO_THROW(TableAdresse(base).EcrireCommentaires(1, u"suite"_s));
+}
+
+// The child is killed with pages of its transaction already in the file.
+TEST_F(BaseTest, ProgrammeTueAuMilieuDUneTransaction) {
+  Creer(500);
+  const QByteArray avant = Octets(mdb);
+  const pid_t enfant = ::fork();
+  ASSERT_GE(enfant, 0);
+  if (enfant == 0) {
+    try {
+      base.Ouvrir(CheminMdb());
+      Requete(base, u"PRAGMA cache_size=5"_s).Executer();
+      Transaction transaction(base);
+      Requete(base, u"UPDATE \"Adresse\" SET \"Commentaires\"='perdu'"_s).Executer();
+      for (int i = 0; i < 300; ++i) AjouterLigne(base, Nomme(u"Fantôme %1"_s.arg(i)));
+      ::kill(::getpid(), SIGKILL);
+    } catch (...) {
+    }
+    ::_exit(1);
+  }
+  int etat = 0;
+  ASSERT_EQ(::waitpid(enfant, &etat, 0), enfant);
+  ASSERT_TRUE(WIFSIGNALED(etat) && WTERMSIG(etat) == SIGKILL);
+  ASSERT_TRUE(Existe(u"Velmira.mdb-journal"_s));
+  ASSERT_FALSE(Octets(mdb) == avant) << "the transaction had reached the file";
+  base.Ouvrir(CheminMdb());
+  EXPECT_EQ(Cles(base).size(), 500);
+  EXPECT_EQ(TableAdresse(base).Lire(11)->Commentaires, QString(10, u'n'));
+  EXPECT_EQ(AjouterLigne(base, Nomme(u"A"_s)), 501);
+}

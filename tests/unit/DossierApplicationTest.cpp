@@ -1,0 +1,114 @@
+// The application folder and the places that data may have.
+
+#include "Outils.h"
+#include "platform/Erreurs.h"
+#include "storage/Base.h"
+#include "storage/Demarrage.h"
+#include "storage/DossierApplication.h"
+#include "storage/Schema.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class DossierApplicationTest : public DansUnDossier {
+ protected:
+  void SetUp() override {
+    for (const QString &nom : {u"bin"_s, u"installe"_s}) ASSERT_TRUE(QDir().mkdir(Chemin(nom)));
+    Poser(u"installe/Civilite.txt"_s, "M.  \r\n");
+    Poser(u"installe/Saints.txt"_s, "saints");
+    Installer(1);
+  }
+
+  /// Lays the empty base of a schema version among the installed files.
+  void Installer(int version) const {
+    const QString base = u"installe/Velmira_base.mdb"_s;
+    QFile::remove(Chemin(base));
+    CreerBaseVide(Chemin(base));
+    QByteArray octets = Octets(base);
+    octets[63] = static_cast<char>(version);  // "user version" of the header, big-endian
+    Poser(base, octets);
+  }
+
+  QString Trouver() const {
+    return TrouverAppPath(Chemin(u"bin"_s), Chemin(u"installe"_s), Chemin(u"home/Velmira"_s));
+  }
+  bool BasePosee() const { return Existe(u"home/Velmira/Velmira_base.mdb"_s); }
+  /// What a start does with the base that was laid.
+  void Consommer() const { QFile::remove(Chemin(u"home/Velmira/Velmira_base.mdb"_s)); }
+};
+
+}  // namespace
+
+TEST_F(DossierApplicationTest, Portable) {
+  Poser(u"bin/Velmira.portable"_s, "");
+  EXPECT_EQ(Trouver(), Chemin(u"bin"_s));
+  EXPECT_FALSE(Existe(u"home"_s));
+}
+
+TEST_F(DossierApplicationTest, PremierRemplissage) {
+  ASSERT_TRUE(QDir().mkpath(Chemin(u"home/Velmira"_s)));
+  Poser(u"home/Velmira/Saints.txt"_s, "les miens");
+  EXPECT_EQ(Trouver(), Chemin(u"home/Velmira"_s));
+  EXPECT_EQ(Octets(u"home/Velmira/Civilite.txt"_s), QByteArray("M.  \r\n"));
+  EXPECT_EQ(Octets(u"home/Velmira/Saints.txt"_s), QByteArray("les miens"));
+  EXPECT_EQ(Octets(u"home/Velmira/Velmira_base.mdb"_s), Octets(u"installe/Velmira_base.mdb"_s));
+}
+
+TEST_F(DossierApplicationTest, NeRemplitQuUneFois) {
+  Trouver();
+  Poser(u"home/Velmira/Civilite.txt"_s, "Docteur\r\n");
+  QFile::remove(Chemin(u"home/Velmira/Saints.txt"_s));
+  Consommer();
+  Poser(u"installe/Civilite.txt"_s, "autre");
+  for (int i = 0; i < 2; ++i) {
+    Trouver();
+    EXPECT_EQ(Octets(u"home/Velmira/Civilite.txt"_s), QByteArray("Docteur\r\n"));
+    EXPECT_FALSE(Existe(u"home/Velmira/Saints.txt"_s));
+    EXPECT_FALSE(BasePosee());
+  }
+}
+
+TEST_F(DossierApplicationTest, VersionDuSchema) {
+  const struct {
+    int installee;
+    bool posee;
+  } cas[] = {{1, true}, {1, false}, {3, true}, {3, false}, {2, false}, {3, false}, {4, true}};
+  for (const auto &c : cas) {
+    Installer(c.installee);
+    Trouver();
+    EXPECT_EQ(BasePosee(), c.posee) << c.installee;
+    if (c.posee) Poser(u"home/Velmira/Civilite.txt"_s, "Docteur\r\n");
+    EXPECT_EQ(Octets(u"home/Velmira/Civilite.txt"_s), QByteArray("Docteur\r\n"));
+    Consommer();
+  }
+}
+
+TEST_F(DossierApplicationTest, SansFichiersInstalles) {
+  QDir(Chemin(u"installe"_s)).removeRecursively();
+  EXPECT_EQ(Trouver(), Chemin(u"home/Velmira"_s));
+  EXPECT_FALSE(BasePosee());
+  Poser(u"obstacle"_s, "");
+  EXPECT_THROW(TrouverAppPath(Chemin(u"bin"_s), Chemin(u"installe"_s), Chemin(u"obstacle/v"_s)),
+               ErreurFichier);
+}
+
+TEST(DemarrageTest, DossierRefuse) {
+  const struct {
+    const char16_t *chemin;
+    bool refuse;
+  } cas[] = {
+      {u"C:\\Users\\Public\\Default\\", false},
+      {u"D:\\Public\\Default\\", true},
+      {u"D:\\Data\\", false},
+      {u"/srv/public/", false},
+      {u"/srv/Default/", false},
+      {u"/srv/default-public/", true},
+      {u"/Documents and Settings/public/default/", false},
+      {u"/utilisateurs/public/default/", false},
+      {u"", false},
+  };
+  for (const auto &c : cas)
+    EXPECT_EQ(DossierRefuse(QString::fromUtf16(c.chemin)), c.refuse)
+        << QString::fromUtf16(c.chemin).toStdString();
+}
