@@ -157,13 +157,12 @@ void FrmVelmira::AppliquerReglages() {
   ui_->Fiche->MontrerAdresseImportee(plomex.Adresse);
   ui_->Fiche->ActiverNumerotation(plomex.Telephone);
   ui_->Barre->Bouton(kAppeler)->setVisible(!plomex.IcoMenu);
-  if (const int points = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 0) {
-    QFont font = this->font();
-    font.setPointSize(points);
-    ui_->TV->setFont(font);
-    ui_->CboCat->setFont(font);
-    ui_->Fiche->ChangerTaillePolice(points);
-  }
+  const int points = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
+  QFont font = this->font();
+  font.setPointSize(points);
+  ui_->TV->setFont(font);
+  ui_->CboCat->setFont(font);
+  ui_->Fiche->ChangerTaillePolice(points);
 }
 
 void FrmVelmira::RemplirCategories() {

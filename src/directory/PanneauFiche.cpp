@@ -115,7 +115,7 @@ void PanneauFiche::MettreAdresseEnGras(bool gras) {
 
 void PanneauFiche::ChangerTaillePolice(int points) {
   QFont font = this->font();
-  if (points > 0) font.setPointSize(points);
+  font.setPointSize(points);
   ui_->TxtComments->setFont(font);
 }
 

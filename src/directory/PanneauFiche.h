@@ -36,7 +36,7 @@ class PanneauFiche : public QWidget {
   /// The imported address is shown in the place of the address.
   void MontrerAdresseImportee(bool importee);
   void MettreAdresseEnGras(bool gras);
-  /// Size in points of the notes' font; 0 for the design size.
+  /// Size in points of the notes' font.
   void ChangerTaillePolice(int points);
   /// Whether the numbers have their dial buttons.
   void ActiverNumerotation(bool active);

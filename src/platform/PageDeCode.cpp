@@ -17,17 +17,17 @@ QString DepuisPageDeCode(const QByteArray &octets) {
 QByteArray VersPageDeCode(const QString &texte) {
   QStringEncoder convertisseur(kNom, QStringConverter::Flag::Stateless);
   QByteArray octets = convertisseur(texte);
-  if (!octets.contains(kSubstitut)) return octets;
+  // One byte a character, unless half of a pair stands alone.
+  if (octets.size() == texte.size() && !octets.contains(kSubstitut)) return octets;
 
-  // Some character is missing from the page, or the text itself holds the substitute.
   octets.clear();
-  for (qsizetype i = 0; i < texte.size();) {
-    const qsizetype n =
-        texte[i].isHighSurrogate() && i + 1 < texte.size() && texte[i + 1].isLowSurrogate() ? 2 : 1;
-    const QByteArray un = convertisseur(QStringView(texte).mid(i, n));
-    const bool manque = un.contains(kSubstitut) && texte[i] != QLatin1Char(kSubstitut);
-    octets += manque ? QByteArray("?") : un;
-    i += n;
+  for (qsizetype i = 0; i < texte.size(); ++i) {
+    const bool paire =
+        texte[i].isHighSurrogate() && i + 1 < texte.size() && texte[i + 1].isLowSurrogate();
+    const QByteArray un = texte[i].isSurrogate() ? QByteArray() : convertisseur(texte.mid(i, 1));
+    const bool manque = un.size() != 1 || (un[0] == kSubstitut && texte[i] != u'\x1A');
+    octets += manque ? '?' : un[0];
+    if (paire) ++i;
   }
   return octets;
 }

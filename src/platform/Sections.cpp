@@ -6,10 +6,13 @@ using namespace Qt::StringLiterals;
 
 Sections::Sections(const QByteArray &octets) {
   const QString texte = DepuisPageDeCode(octets);
-  finDeLigne_ = texte.contains(u'\n') && !texte.contains(u"\r\n"_s) ? u"\n"_s : u"\r\n"_s;
+  retour_ = texte.contains(u'\n') && !texte.contains(u"\r\n"_s) ? u""_s : u"\r"_s;
   if (texte.isEmpty()) return;
-  lignes_ = texte.split(finDeLigne_);
-  if (lignes_.last().isEmpty()) lignes_.removeLast();
+  lignes_ = texte.split(u'\n');
+  if (lignes_.last().isEmpty())
+    lignes_.removeLast();
+  else
+    lignes_.last() += retour_;  // a last line without its end gets one
 }
 
 Sections::Place Sections::Chercher(const QString &section, const QString &cle) const {
@@ -50,19 +53,20 @@ void Sections::EcrireCle(const QString &section, const QString &cle, const QStri
   const Place place = Chercher(section, cle);
   if (place.ligne >= 0) {
     QString &ligne = lignes_[place.ligne];
-    ligne = ligne.left(ligne.indexOf(u'=') + 1) + valeur;
+    const QString fin = ligne.endsWith(u'\r') ? u"\r"_s : u""_s;
+    ligne = ligne.left(ligne.indexOf(u'=') + 1) + valeur + fin;
     return;
   }
-  const QString nouvelle = cle + u'=' + valeur;
+  const QString nouvelle = cle + u'=' + valeur + retour_;
   if (place.fin >= 0) {
     lignes_.insert(place.fin, nouvelle);
     return;
   }
-  lignes_ << u'[' + section + u']' << nouvelle;
+  lignes_ << u'[' + section + u']' + retour_ << nouvelle;
 }
 
 QByteArray Sections::Octets() const {
   QString texte;
-  for (const QString &ligne : lignes_) texte += ligne + finDeLigne_;
+  for (const QString &ligne : lignes_) texte += ligne + u'\n';
   return VersPageDeCode(texte);
 }

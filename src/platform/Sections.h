@@ -26,6 +26,6 @@ class Sections {
   };
   Place Chercher(const QString &section, const QString &cle) const;
 
-  QList<QString> lignes_;  ///< without their line ends
-  QString finDeLigne_;
+  QList<QString> lignes_;  ///< without their line feeds, with a carriage return where one stood
+  QString retour_;         ///< what ends a new line before its line feed
 };

@@ -31,14 +31,14 @@ class BoutonLegende : public QToolButton {
   }
 
  private:
-  /// Broken at the blank that leaves the shorter longest line; a line of its own below a single one
-  /// keeps all icons at one height.
+  /// Broken at the blank that leaves the shorter longest line, but not before a lone mark; a line
+  /// of its own below a single one keeps all icons at one height.
   QString Legende() const {
     QString meilleure = text() + u"\n "_s;
     qsizetype longueur = text().contains(u' ') ? text().size() : 0;
     for (qsizetype i = text().indexOf(u' '); i >= 0; i = text().indexOf(u' ', i + 1)) {
       const qsizetype plusLongue = std::max(i, text().size() - i - 1);
-      if (plusLongue >= longueur) continue;
+      if (plusLongue >= longueur || text().size() - i <= 2) continue;
       longueur = plusLongue;
       meilleure = text().left(i) + u'\n' + text().mid(i + 1);
     }

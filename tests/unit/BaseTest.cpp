@@ -178,6 +178,13 @@ TEST_F(BaseTest, FichierEndommage) {
     ASSERT_TRUE(Octets(mdb) == octets);
   }
   EXPECT_GE(refusees, 7) << "at least whatever was cut";
+
+  // A lost page in the middle of the table: an error, never a list that ends early.
+  const qsizetype page = saine.size() / 2 / 4096 * 4096;
+  base.Fermer();
+  Poser(mdb, QByteArray(saine).replace(page, 4096, QByteArray(4096, '\0')));
+  base.Ouvrir(CheminMdb());
+  EXPECT_THROW(Cles(base), ErreurBase);
 }
 
 TEST_F(BaseTest, OrdreDesColonnes) {

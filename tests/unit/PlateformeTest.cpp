@@ -73,14 +73,6 @@ TEST(Enregistrement, ValeurIllisibleLaisseLAncienne) {
   EXPECT_EQ(valeurs, (decltype(valeurs){1, 2, 3, 4, 12, 6, 9, u"nom"_s, u"reste"_s}));
 }
 
-TEST(Enregistrement, Ecriture) {
-  RedacteurEnregistrement redacteur;
-  redacteur.Ecrire(u""_s);
-  redacteur.Ecrire(-5);
-  redacteur.Ecrire(u"Zoé, €"_s);
-  EXPECT_EQ(redacteur.Octets(), QByteArray("\"\",-5,\"Zo\xE9, \x80\"\r\n"));
-}
-
 TEST(SectionsTest, Lecture) {
   const Sections s(
       "orphelin=0\r\n[Autre]\r\nTailleA=1\r\n\r\n[DEFAUT]\r\n;TailleA=2\r\nsans signe\r\n"
