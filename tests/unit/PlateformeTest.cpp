@@ -105,6 +105,7 @@ TEST(SectionsTest, EcritureGardeLeReste) {
       {"[S]\nB=2\n# fin\n", u"B"_s, "[S]\nB=9\n# fin\n"},
       {"[S]\r\n[T]\r\n", u"B"_s, "[S]\r\nB=9\r\n[T]\r\n"},
       {"[s]\r\nPosition \xE9t\xE9=1\r\n", u"POSITION ÉTÉ"_s, "[s]\r\nPosition \xE9t\xE9=9\r\n"},
+      {"[S]\r\nB=2\nC=1\r\nD\n", u"B"_s, "[S]\r\nB=9\nC=1\r\nD\n"},
       {"[S]\r\n;B=1\r\n", u"B"_s, "[S]\r\n;B=1\r\nB=9\r\n"},
   };
   for (const auto &[avant, cle, apres] : cas) {
