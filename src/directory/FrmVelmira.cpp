@@ -9,6 +9,7 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
+#include "ui/Alignement.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui_FrmVelmira.h"
@@ -41,10 +42,6 @@ const QList<DescriptionBouton> kCommandes{
     {u"appointment-reminder", u"  Module des alertes", false},
     {u"note", u"  Memora", false},
 };
-
-Qt::Alignment AlignementTexte(int alignement) {
-  return alignement == 1 ? Qt::AlignRight : alignement == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
-}
 
 }  // namespace
 

@@ -8,6 +8,7 @@
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
 #include "platform/Erreurs.h"
+#include "ui/Alignement.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Icones.h"
 #include "ui_FrmPlomex.h"
@@ -37,10 +38,6 @@ const QList<DescriptionBouton> kCommandes{
     {u"appointment-reminder", u"Module Alertes", false},
     {u"note", u"Memora", false},
 };
-
-Qt::Alignment AlignementZone(int alignement) {
-  return alignement == 1 ? Qt::AlignRight : alignement == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
-}
 
 /// The keys of the keyboard that stand for a virtual key code.
 QList<QKeySequence> Touches(int raccourci) {
@@ -123,9 +120,9 @@ void FrmPlomex::MajEtiquettes() {
   Police policeAdresse = PoliceAdresse(plomex);
   if (adresse->text() == AdresseBlanche()) policeAdresse.nom = u"Arial"_s;
   adresse->ChangerPolice(policeAdresse);
-  adresse->setAlignment(AlignementZone(plomex.AlignA));
+  adresse->setAlignment(AlignementTexte(plomex.AlignA));
   expediteur->ChangerPolice(PoliceExpediteur(plomex));
-  expediteur->setAlignment(AlignementZone(plomex.AlignE));
+  expediteur->setAlignment(AlignementTexte(plomex.AlignE));
   ui_->Enveloppe->Commentaire()->setVisible(!session_.enveloppe.Commentaire.isEmpty());
   PreparerRaccourci();
   DisposerZones();
