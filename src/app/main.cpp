@@ -7,6 +7,7 @@
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ImprimanteSysteme.h"
+#include "platform/linux/PolicesSysteme.h"
 #include "platform/linux/Utilisateur.h"
 #include "storage/DossierApplication.h"
 #include "ui/Icones.h"
@@ -44,7 +45,8 @@ int main(int argc, char *argv[]) {
   BoitesSysteme boites;
   CoquilleSysteme coquille;
   ImprimanteSysteme imprimante(horloge);
-  Plateforme plateforme{horloge, boites, coquille, imprimante, NomUtilisateur(), LangueDuSysteme()};
+  PolicesSysteme polices;
+  Plateforme plateforme{horloge,  boites,           coquille,         imprimante, polices, NomUtilisateur(), LangueDuSysteme()};
   application.SignalerPar(&boites);
 
   QString appPath;

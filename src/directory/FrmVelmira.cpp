@@ -233,7 +233,7 @@ void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
   OptionCourante = fiche.OptionAdresse == 0 ? 0 : 1;
   adresseAffichee_ = ChaineAdresse(fiche);
   enveloppe.AdresseCourante = adresseAffichee_;
-  enveloppe.OptionCP = OptionCourante;
+  enveloppe.OptionCPAdresse = OptionCourante;
   QString lignes = MettreEnLignes(adresseAffichee_, true, session_.reglages.plomex, enveloppe);
   ui_->Fiche->Montrer(fiche,
                       {.age = LigneAge(fiche.DDN),
@@ -281,7 +281,7 @@ void FrmVelmira::AllerAuxEnveloppes() {
   EnregistrerNotes();
   RetourDeModule = true;
   session_.enveloppe.AdresseCourante = adresseAffichee_;
-  session_.enveloppe.OptionCP = OptionCourante;
+  session_.enveloppe.OptionCPAdresse = OptionCourante;
   emit EnveloppeDemandee();
 }
 

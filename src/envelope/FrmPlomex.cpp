@@ -1,18 +1,25 @@
 #include "envelope/FrmPlomex.h"
 
 #include "envelope/ChaineAdresse.h"
+#include "envelope/CommandesCommentaire.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/FormatsEnveloppe.h"
+#include "envelope/FrmConfigure.h"
+#include "envelope/FrmOptions.h"
 #include "envelope/FrmTaille.h"
+#include "envelope/FrmVueAV.h"
 #include "envelope/MiseEnLignes.h"
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
 #include "platform/Erreurs.h"
 #include "ui/Alignement.h"
 #include "ui/EtiquetteZone.h"
+#include "ui/Garde.h"
 #include "ui/Icones.h"
+#include "ui/MesurePolices.h"
 #include "ui_FrmPlomex.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
@@ -21,7 +28,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kQuitter = 2, kImprimer = 3, kAccueil = 6;
+constexpr int kQuitter = 2, kImprimer = 3, kAccueil = 6, kCommentaire = 7, kApercu = 8;
 constexpr int kToucheEntree = 13;
 
 const QList<DescriptionBouton> kCommandes{
@@ -32,8 +39,8 @@ const QList<DescriptionBouton> kCommandes{
     {u"help-contents", u"Aide", false, true},
     {u"user-identity", u"Expéditeur", false},
     {u"go-home", u"Accueil Velmira", true},
-    {u"edit-comment", u"Ajouter un commentaire", false},
-    {u"document-print-preview", u"Vue avant impression", false, true},
+    {u"edit-comment", u"Ajouter un commentaire", true},
+    {u"document-print-preview", u"Vue avant impression", true, true},
     {u"contact-new", u"Nouveau velmira", false},
     {u"appointment-reminder", u"Module Alertes", false},
     {u"note", u"Memora", false},
@@ -54,17 +61,41 @@ FrmPlomex::FrmPlomex(Session &session) : session_(session), ui_(std::make_unique
   ui_->setupUi(this);
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"BTPH"_s, kCommandes, true);
-  connect(ui_->Barre, &BarreBoutons::Clique, this, &FrmPlomex::CommandeBarre);
-  connect(ui_->CboFormat, &QComboBox::activated, this, &FrmPlomex::ChoisirFormat);
-  connect(ui_->mnuImprime, &QAction::triggered, this, &FrmPlomex::Imprimer);
-  connect(ui_->mnuAccueil, &QAction::triggered, this, &FrmPlomex::RepertoireDemande);
-  connect(ui_->mnuQuitter, &QAction::triggered, this, &FrmPlomex::close);
+  Boites &boites = session_.plateforme.boites;
+  connect(ui_->Barre, &BarreBoutons::Clique, this,
+          Garde(boites, [this](int index) { CommandeBarre(index); }));
+  connect(ui_->CboFormat, &QComboBox::activated, this,
+          Garde(boites, [this](int index) { ChoisirFormat(index); }));
   connect(ui_->LblDocument, &QLabel::linkActivated, this,
           [this](const QString &chemin) { session_.plateforme.coquille.Ouvrir(chemin); });
+  BrancherMenus();
   Charger();
 }
 
 FrmPlomex::~FrmPlomex() = default;
+
+void FrmPlomex::BrancherMenus() {
+  const auto brancher = [this](QAction *action, auto commande) {
+    connect(action, &QAction::triggered, this,
+            Garde(session_.plateforme.boites, [commande](bool) { commande(); }));
+  };
+  brancher(ui_->mnuAccueil, [this] { emit RepertoireDemande(); });
+  brancher(ui_->mnuQuitter, [this] { close(); });
+  brancher(ui_->mnuImprime, [this] { Imprimer(); });
+  brancher(ui_->mnuApercu, [this] { Apercu(); });
+  brancher(ui_->mnuConfigure, [this] { Configurer(); });
+  brancher(ui_->mnuOptions, [this] { ChoisirOptions(); });
+  commentaire_ = std::make_unique<CommandesCommentaire>(
+      session_, ui_->Enveloppe->Commentaire(),
+      CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
+                                    ui_->mnuAnnCom, ui_->mnuIntComMult});
+  brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
+  ui_->Enveloppe->addAction(ui_->mnuInsCom);
+  ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
+  ui_->mnuLancerPIDW->setChecked(session_.reglages.memora.LancerAuDemarrage == 1);
+  ui_->mnuAssocier->setChecked(session_.reglages.memora.AssocierAlertes == 1);
+  ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
+}
 
 void FrmPlomex::Charger() {
   for (const FormatEnveloppe &format : kFormatsEnveloppe)
@@ -86,7 +117,7 @@ void FrmPlomex::ChargerExpediteur() {
     if (!defaut) return;
     EtatEnveloppe &etat = session_.enveloppe;
     etat.ExpediteurCourant = defaut->chaine;
-    etat.OptionCP = defaut->optionCP;
+    etat.OptionCPExpediteur = defaut->optionCP;
     if (session_.reglages.plomex.NePas == 0)
       ui_->Enveloppe->Expediteur()->setText(
           MettreEnLignes(etat.ExpediteurCourant, false, session_.reglages.plomex, etat));
@@ -123,7 +154,7 @@ void FrmPlomex::MajEtiquettes() {
   adresse->setAlignment(AlignementTexte(plomex.AlignA));
   expediteur->ChangerPolice(PoliceExpediteur(plomex));
   expediteur->setAlignment(AlignementTexte(plomex.AlignE));
-  ui_->Enveloppe->Commentaire()->setVisible(!session_.enveloppe.Commentaire.isEmpty());
+  commentaire_->MajEtiquette();
   PreparerRaccourci();
   DisposerZones();
 }
@@ -144,7 +175,8 @@ void FrmPlomex::PreparerRaccourci() {
     // print again.
     auto *raccourci = new QShortcut(touche, this);
     raccourci->setAutoRepeat(false);
-    connect(raccourci, &QShortcut::activated, this, &FrmPlomex::Imprimer);
+    connect(raccourci, &QShortcut::activated, this,
+            Garde(session_.plateforme.boites, [this] { Imprimer(); }));
     raccourcis_.append(raccourci);
   }
 }
@@ -159,6 +191,12 @@ void FrmPlomex::CommandeBarre(int index) {
       return;
     case kImprimer:
       Imprimer();
+      break;
+    case kCommentaire:
+      commentaire_->Inserer();
+      break;
+    case kApercu:
+      Apercu();
       break;
     default:
       break;
@@ -205,6 +243,12 @@ void FrmPlomex::DemanderTaille() {
   DisposerZones();
 }
 
+ContenuEnveloppe FrmPlomex::Contenu() const {
+  return {.expediteur = ui_->Enveloppe->Expediteur()->text(),
+          .adresse = ui_->Enveloppe->Adresse()->text(),
+          .commentaire = CommentaireImprime(session_.reglages.rtcolor, session_.enveloppe)};
+}
+
 void FrmPlomex::Imprimer() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   EtatEnveloppe &etat = session_.enveloppe;
@@ -214,17 +258,63 @@ void FrmPlomex::Imprimer() {
         u"Vous devez d'abord utiliser le menu 'Configurer l'impression' !"_s);
     return;
   }
-  ImprimerPage(imprimante, plomex, etat,
-               {.expediteur = ui_->Enveloppe->Expediteur()->text(),
-                .adresse = ui_->Enveloppe->Adresse()->text(),
-                .commentaire = CommentaireImprime(session_.reglages.rtcolor, etat)});
+  ImprimerPage(imprimante, plomex, etat, Contenu());
   if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
     etat.Commentaire.clear();
-    ui_->Enveloppe->Commentaire()->hide();
+    commentaire_->MajEtiquette();
   }
   const QString document = imprimante.TerminerDocument();
   if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
   if (plomex.Minimise == 1) showMinimized();
+}
+
+void FrmPlomex::Apercu() {
+  const EtatEnveloppe &etat = session_.enveloppe;
+  ContenuEnveloppe contenu = Contenu();
+  contenu.commentaire = !etat.Commentaire.isEmpty();
+  FrmVueAV apercu(Millimetres(static_cast<double>(etat.LargeurEnv)),
+                  Millimetres(static_cast<double>(etat.HauteurEnv)),
+                  MettreEnApercu(session_.reglages.plomex, etat, contenu, MesurePolices()));
+  hide();
+  apercu.exec();
+  show();
+  activateWindow();
+}
+
+void FrmPlomex::Configurer() {
+  FrmConfigure dialogue(session_.plateforme.boites, session_.plateforme.imprimante.Noms(),
+                        session_.reglages.plomex, this);
+  if (dialogue.exec() != QDialog::Accepted) return;
+  session_.reglages.plomex = dialogue.Saisie();
+  MajEtiquettes();
+}
+
+void FrmPlomex::ChoisirOptions() {
+  // The list of fonts takes its time on a system with many of them.
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  FrmOptions dialogue(session_.plateforme.boites, session_.plateforme.polices.Familles(),
+                      {session_.reglages.plomex, session_.enveloppe.LiaisonCP}, this);
+  QApplication::restoreOverrideCursor();
+  if (dialogue.exec() != QDialog::Accepted) return;
+  session_.reglages.plomex = dialogue.Saisie().plomex;
+  session_.enveloppe.LiaisonCP = dialogue.Saisie().liaisonCP;
+  Reformater();
+  MajEtiquettes();
+  EcrireLiaison(session_.dossiers.AppPath, session_.reglages.SeparateurTel,
+                session_.enveloppe.LiaisonCP);
+}
+
+void FrmPlomex::Reformater() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  EtatEnveloppe &etat = session_.enveloppe;
+  EtiquetteZone *expediteur = ui_->Enveloppe->Expediteur();
+  if (plomex.NePas == 1)
+    expediteur->setText(u""_s);
+  else if (!etat.ExpediteurCourant.isEmpty())
+    expediteur->setText(MettreEnLignes(etat.ExpediteurCourant, false, plomex, etat));
+  EtiquetteZone *adresse = ui_->Enveloppe->Adresse();
+  if (adresse->text() != AdresseBlanche())
+    adresse->setText(MettreEnLignes(etat.AdresseCourante, true, plomex, etat));
 }
 
 void FrmPlomex::MontrerDocument(const QString &chemin) {

@@ -1,11 +1,14 @@
 #pragma once
 
+#include "envelope/MiseEnPage.h"
 #include "session/Session.h"
 
 #include <QMainWindow>
 #include <QShortcut>
 
 #include <memory>
+
+class CommandesCommentaire;
 
 namespace Ui {
 class FrmPlomex;
@@ -34,7 +37,10 @@ class FrmPlomex : public QMainWindow {
 
  private:
   void Charger();
+  void BrancherMenus();
   void ChargerExpediteur();
+  /// Formats both zones anew, where they are not empty.
+  void Reformater();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
   void DisposerZones();
@@ -45,11 +51,16 @@ class FrmPlomex : public QMainWindow {
   void ChoisirFormat(int index);
   void DemanderTaille();
 
+  ContenuEnveloppe Contenu() const;
   void Imprimer();
+  void Apercu();
+  void Configurer();
+  void ChoisirOptions();
   void MontrerDocument(const QString &chemin);
 
   Session &session_;
   std::unique_ptr<Ui::FrmPlomex> ui_;
+  std::unique_ptr<CommandesCommentaire> commentaire_;
   QList<QShortcut *> raccourcis_;
   int format_ = 0;  ///< index of the format in force
 };

@@ -55,11 +55,12 @@ LignesAdresse MettreEnLignes(const QString &chaine, bool destinataire,
 
 QString MettreEnLignes(const QString &chaine, bool destinataire, const ReglagesPlomex &plomex,
                        EtatEnveloppe &etat) {
+  const quint8 option = destinataire ? etat.OptionCPAdresse : etat.OptionCPExpediteur;
   const LignesAdresse lignes = MettreEnLignes(chaine, destinataire,
                                               {.sautLigne = plomex.SautLigne != 0,
                                                .sautPLigne = plomex.SautPLigne != 0,
                                                .sautDLigne = plomex.SautDLigne != 0,
-                                               .villeDevant = etat.OptionCP != 0,
+                                               .villeDevant = option != 0,
                                                .liaison = etat.LiaisonCP});
   etat.PaysPresent = lignes.paysPresent ? 1 : 0;
   return lignes.texte;

@@ -97,39 +97,67 @@ Police PoliceExpediteur(const ReglagesPlomex &p) {
   return PoliceLisible(p.PoliceE, p.TailleE, p.GrasE == 1, 8);
 }
 
-LignePlacee PlacerCommentaire(const ReglagesPlomex &p, const EtatEnveloppe &e,
+namespace {
+
+/// The optional comment: its right end stands 40 mm from the right end of the envelope.
+LignePlacee PlacerCommentaire(const ReglagesPlomex &p, const EtatEnveloppe &e, double reduction,
                               const MesureTexte &mesure) {
   Police police = PoliceExpediteur(p);
   police.points += 2;
   police.gras = e.CommentaireGras;
   police.souligne = e.CommentaireSouligne;
-  const Millimetres x = Millimetres(e.LargeurEnv - 40) - mesure.Largeur(e.Commentaire, police);
-  return {e.Commentaire, x, OrigineExpediteur(p, e).y, police};
+  const Millimetres x =
+      Millimetres(static_cast<double>(e.LargeurEnv) - 40) - mesure.Largeur(e.Commentaire, police);
+  return {e.Commentaire, x / reduction, OrigineExpediteur(p, e).y / reduction, police};
 }
 
-std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &p, const EtatEnveloppe &e,
-                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure) {
-  std::vector<LignePlacee> page;
-  if (contenu.commentaire) page.push_back(PlacerCommentaire(p, e, mesure));
+/// Comment, sender, address. `reduction` divides every place but the sender's horizontal one.
+std::vector<LignePlacee> PlacerSurEnveloppe(const ReglagesPlomex &p, const EtatEnveloppe &e,
+                                            const ContenuEnveloppe &contenu,
+                                            const Police &policeExpediteur, double reduction,
+                                            const MesureTexte &mesure) {
+  std::vector<LignePlacee> lignes;
+  if (contenu.commentaire) lignes.push_back(PlacerCommentaire(p, e, reduction, mesure));
 
-  const Zone expediteur{contenu.expediteur.split(u'\n'), OrigineExpediteur(p, e),
-                        PoliceExpediteur(p), p.AlignE};
-  Placer(expediteur, mesure, page, [](qsizetype) { return false; });
+  const Point origineE = OrigineExpediteur(p, e);
+  const Zone expediteur{contenu.expediteur.split(u'\n'),
+                        {origineE.x, origineE.y / reduction},
+                        policeExpediteur,
+                        p.AlignE};
+  Placer(expediteur, mesure, lignes, [](qsizetype) { return false; });
 
-  const Zone adresse{contenu.adresse.split(u'\n'), OrigineAdresse(p, e), PoliceAdresse(p),
+  const Point origineA = OrigineAdresse(p, e);
+  const Zone adresse{contenu.adresse.split(u'\n'),
+                     {origineA.x / reduction, origineA.y / reduction},
+                     PoliceAdresse(p),
                      p.AlignA};
   const qsizetype derniere = adresse.lignes.size() - 1;
-  Placer(adresse, mesure, page, [&](qsizetype i) {
+  Placer(adresse, mesure, lignes, [&](qsizetype i) {
     const bool ville = i == derniere || (e.PaysPresent == 1 && i == derniere - 2);
     return (i == 0 && p.GrasPLigne == 1) || (ville && p.GrasDLigne == 1);
   });
+  return lignes;
+}
 
+}  // namespace
+
+std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &p, const EtatEnveloppe &e,
+                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure) {
+  std::vector<LignePlacee> page = PlacerSurEnveloppe(p, e, contenu, PoliceExpediteur(p), 1, mesure);
   const Point origine = OriginePage(p, e);
   for (LignePlacee &ligne : page) {
     ligne.x = ligne.x - origine.x;
     ligne.y = ligne.y - origine.y;
   }
   return page;
+}
+
+std::vector<LignePlacee> MettreEnApercu(const ReglagesPlomex &p, const EtatEnveloppe &e,
+                                        const ContenuEnveloppe &contenu,
+                                        const MesureTexte &mesure) {
+  Police expediteur = PoliceExpediteur(p);
+  expediteur.points -= 1;
+  return PlacerSurEnveloppe(p, e, contenu, expediteur, kReductionApercu, mesure);
 }
 
 bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &e) {
@@ -153,6 +181,10 @@ void ImprimerPage(Imprimante &imprimante, const ReglagesPlomex &p, const EtatEnv
                   const ContenuEnveloppe &contenu) {
   imprimante.Choisir(TrouverImprimante(imprimante.Noms(), p.Imprimante, imprimante.Courante()));
   imprimante.OuvrirPage(p.Orientation == 1 ? Orientation::Portrait : Orientation::Paysage);
-  for (const LignePlacee &ligne : MettreEnPage(p, e, contenu, imprimante))
-    imprimante.Ecrire(ligne.x, ligne.y, ligne.police, ligne.texte);
+  EcrireLignes(MettreEnPage(p, e, contenu, imprimante), imprimante);
+}
+
+void EcrireLignes(const std::vector<LignePlacee> &lignes, Feuille &feuille) {
+  for (const LignePlacee &ligne : lignes)
+    feuille.Ecrire(ligne.x, ligne.y, ligne.police, ligne.texte);
 }

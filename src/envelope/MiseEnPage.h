@@ -35,10 +35,6 @@ Point OriginePage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat);
 Police PoliceAdresse(const ReglagesPlomex &plomex);
 Police PoliceExpediteur(const ReglagesPlomex &plomex);
 
-/// The optional comment: its right end stands 40 mm from the right end of the envelope.
-LignePlacee PlacerCommentaire(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
-                              const MesureTexte &mesure);
-
 /// What the two zones of an envelope hold, lines separated by line feeds, and whether the comment
 /// goes with them.
 struct ContenuEnveloppe {
@@ -52,6 +48,17 @@ struct ContenuEnveloppe {
 /// nor cut.
 std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
                                       const ContenuEnveloppe &contenu, const MesureTexte &mesure);
+
+/// A millimetre of the preview stands for so many of the envelope.
+inline constexpr double kReductionApercu = 1.18;
+
+/// The same for the preview, in millimetres of its picture, counted from the envelope's corner.
+/// Fonts are not reduced with the places; the sender's is a point smaller, and its horizontal place
+/// is that of the print.
+std::vector<LignePlacee> MettreEnApercu(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
+                                        const ContenuEnveloppe &contenu, const MesureTexte &mesure);
+
+void EcrireLignes(const std::vector<LignePlacee> &lignes, Feuille &feuille);
 
 /// Whether a comment is set, and allowed in the run that is under way.
 bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &etat);

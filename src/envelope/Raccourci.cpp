@@ -2,10 +2,20 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr int kF5 = 116, kF12 = 123, kEntree = 13;  // virtual key codes
+constexpr int kPlaceEntree = 8;
+
+}  // namespace
+
 QString LibelleRaccourci(int raccourci) {
-  constexpr int kF5 = 116, kF12 = 123, kEntree = 13;  // virtual key codes
-  if (raccourci == kEntree) return u"8ENTR"_s;
+  if (raccourci == kEntree) return QString::number(kPlaceEntree) + u"ENTR"_s;
   if (raccourci < kF5 || raccourci > kF12) return u""_s;
   const int place = raccourci - kF5;
   return QString::number(place) + u'F' + QString::number(place + 5);
+}
+
+qint16 CodeRaccourci(int place) {
+  return static_cast<qint16>(place == kPlaceEntree ? kEntree : kF5 + place);
 }

@@ -27,17 +27,12 @@ VueEnveloppe::VueEnveloppe(QWidget *parent)
     : QWidget(parent),
       expediteur_(new EtiquetteZone(this)),
       adresse_(new EtiquetteZone(this)),
-      commentaire_(new QLabel(u"Commentaire ajouté"_s, this)) {
+      commentaire_(new QLabel(this)) {
   expediteur_->setObjectName(u"EtqE"_s);
   expediteur_->setAccessibleName(u"Expéditeur"_s);
   adresse_->setObjectName(u"EtqA"_s);
   adresse_->setAccessibleName(u"Adresse du destinataire"_s);
   commentaire_->setObjectName(u"LblCom"_s);
-  commentaire_->setAutoFillBackground(true);
-  QPalette palette;
-  palette.setColor(QPalette::Window, QColor(192, 192, 192));
-  palette.setColor(QPalette::WindowText, Qt::black);
-  commentaire_->setPalette(palette);
   commentaire_->hide();
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }

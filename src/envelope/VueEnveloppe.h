@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class EtiquetteZone;
+class QLabel;
 
 /// The envelope in its true proportions, with its text zones where they are printed.
 class VueEnveloppe : public QWidget {
@@ -15,7 +16,7 @@ class VueEnveloppe : public QWidget {
 
   EtiquetteZone *Adresse() const { return adresse_; }
   EtiquetteZone *Expediteur() const { return expediteur_; }
-  QWidget *Commentaire() const { return commentaire_; }
+  QLabel *Commentaire() const { return commentaire_; }
 
   /// Format in millimetres, and the top left corners of the zones on it.
   void Disposer(Millimetres largeur, Millimetres hauteur, Point adresse, Point expediteur);
@@ -33,7 +34,7 @@ class VueEnveloppe : public QWidget {
 
   EtiquetteZone *expediteur_;
   EtiquetteZone *adresse_;
-  QWidget *commentaire_;
+  QLabel *commentaire_;  ///< tells that a comment is set
   Millimetres largeur_{220}, hauteur_{110};
   Point origineAdresse_, origineExpediteur_;
   QRect papier_;

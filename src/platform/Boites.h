@@ -17,6 +17,9 @@ class Boites {
   virtual Reponse Question(const QString &titre, const QString &texte,
                            Reponse defaut = Reponse::Oui) = 0;
 
+  /// A line of text; `defaut` is proposed. Empty when the user cancels.
+  virtual QString Saisie(const QString &titre, const QString &invite, const QString &defaut) = 0;
+
   /// The default error box: what failed, in the words of whatever failed.
   virtual void Erreur(const QString &texte) = 0;
 

@@ -27,7 +27,15 @@ class MesureTexte {
 
 enum class Orientation { Portrait = 1, Paysage = 2 };
 
-class Imprimante : public MesureTexte {
+/// A sheet on which lines of text are written.
+class Feuille : public MesureTexte {
+ public:
+  /// Writes one line: its left end and its top are counted from the corner of the printable area.
+  /// A failure of the device is silent.
+  virtual void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) = 0;
+};
+
+class Imprimante : public Feuille {
  public:
   /// Name of the built-in printer that writes one file a document into the user's documents.
   static QString NomPdf() { return QStringLiteral("PDF"); }
@@ -43,10 +51,6 @@ class Imprimante : public MesureTexte {
 
   /// Begins a document of one A4 page on the current printer.
   virtual void OuvrirPage(Orientation orientation) = 0;
-
-  /// Writes one line: its left end and its top are counted from the corner of the printable area.
-  /// A failure of the device is silent.
-  virtual void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) = 0;
 
   /// Sends the page. Gives the path of the file that was written, or an empty text where the
   /// document went to a device or could not be written.

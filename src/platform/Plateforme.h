@@ -5,6 +5,7 @@
 #include "platform/Coquille.h"
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
+#include "platform/Polices.h"
 
 #include <QLocale>
 #include <QString>
@@ -14,6 +15,7 @@ struct Plateforme {
   Boites &boites;
   Coquille &coquille;
   Imprimante &imprimante;
+  Polices &polices;
   QString utilisateur;  ///< log-on name
   QLocale langue;       ///< names of days
 };

@@ -210,6 +210,13 @@ void LireLiaison(const QString &appPath, QString &separateurTel, QString &liaiso
   }
 }
 
+void EcrireLiaison(const QString &appPath, const QString &separateurTel, const QString &liaisonCP) {
+  RedacteurEnregistrement redacteur;
+  redacteur.Ecrire(separateurTel);
+  redacteur.Ecrire(liaisonCP);
+  RemplacerFichier(Fichier(appPath, u"Liaison.cfg"), redacteur.Octets());
+}
+
 void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
   const QString chemin = Fichier(appPath, u"Liaison.txt");
   const auto octets = LireFichier(chemin);

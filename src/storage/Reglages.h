@@ -98,5 +98,7 @@ void LireSauvan(const QString &appPath, ReglagesSauvan &sauvan);
 /// Without the file the separator is a blank.
 void LireLiaison(const QString &appPath, QString &separateurTel, QString &liaisonCP);
 
+void EcrireLiaison(const QString &appPath, const QString &separateurTel, const QString &liaisonCP);
+
 /// `Liaison.txt`, an older form of the second value: read once, then deleted.
 void LireAncienneLiaison(const QString &appPath, QString &liaisonCP);

@@ -6,9 +6,11 @@
 #include <QString>
 #include <QStringList>
 
-/// Name of a table or a column, quoted for a statement. In brackets: a name in double quotes that the
-/// table lacks would be taken for a text.
-inline QString Entre(const char16_t *nom) { return u'[' + QString::fromUtf16(nom) + u']'; }
+/// Name of a table or a column, quoted for a statement. In brackets: a name in double quotes that
+/// the table lacks would be taken for a text.
+inline QString Entre(const char16_t *nom) {
+  return u'[' + QString::fromUtf16(nom) + u']';
+}
 
 template <typename L>
 QString Nom(Table<L>) {

@@ -1,8 +1,7 @@
 #include "ui/EtiquetteZone.h"
 
-#include "ui/MesurePolices.h"
+#include "ui/FeuilleEcran.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <cmath>
@@ -11,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kMillimetresParPoint = 25.4 / 72;
+constexpr int kBord = 1;  // pixels around the text, for the mark of the focus
 
 // More never fits on an envelope, and would be costly to measure.
 constexpr qsizetype kLignes = 60;
@@ -63,9 +62,8 @@ void EtiquetteZone::Mesurer() {
   for (const QString &ligne : lignes)
     if (!ligne.trimmed().isEmpty()) largeur = std::max(largeur, mesure.Largeur(ligne, police_));
   const Millimetres hauteur = mesure.HauteurLigne(police_) * static_cast<double>(lignes.size());
-  // One pixel more than the text, for the mark of the focus.
-  taille_ = {static_cast<int>(std::ceil(largeur.valeur * echelle_)) + 2,
-             static_cast<int>(std::ceil(hauteur.valeur * echelle_)) + 2};
+  taille_ = {static_cast<int>(std::ceil(largeur.valeur * echelle_)) + 2 * kBord,
+             static_cast<int>(std::ceil(hauteur.valeur * echelle_)) + 2 * kBord};
   resize(taille_);
   update();
 }
@@ -73,26 +71,18 @@ void EtiquetteZone::Mesurer() {
 void EtiquetteZone::paintEvent(QPaintEvent *) {
   QPainter dessin(this);
   dessin.setRenderHint(QPainter::TextAntialiasing);
-  // Drawn in points and scaled, so that lines keep their proportions at every size of the window.
-  const double pixelsParPoint = echelle_ * kMillimetresParPoint;
-  constexpr int kFin = 100;  // steps of a point: font sizes in pixels are whole numbers
-  dessin.scale(pixelsParPoint / kFin, pixelsParPoint / kFin);
-  const QFont font = PoliceEnPixels(police_, static_cast<int>(std::lround(police_.points * kFin)));
-  const QFontMetricsF metrique(font);
-  const double largeur = width() / (pixelsParPoint / kFin);
-  dessin.setFont(font);
-  dessin.setPen(Qt::black);  // the envelope is white paper in every theme
-  double y = metrique.ascent();
+  FeuilleEcran feuille(dessin, QPointF(kBord, kBord), echelle_);
+  const Millimetres bloc((width() - 2 * kBord) / echelle_);
+  Millimetres y;
   for (const QString &ligne : LignesMontrees(texte_)) {
-    const double reste = largeur - metrique.horizontalAdvance(ligne);
-    const double x = alignement_ & Qt::AlignRight     ? reste
-                     : alignement_ & Qt::AlignHCenter ? reste / 2
-                                                      : 0;
-    if (!ligne.trimmed().isEmpty()) dessin.drawText(QPointF(x, y), ligne);
-    y += metrique.lineSpacing();
+    const Millimetres reste = bloc - feuille.Largeur(ligne, police_);
+    const Millimetres x = alignement_ & Qt::AlignRight     ? reste
+                          : alignement_ & Qt::AlignHCenter ? reste / 2
+                                                           : Millimetres();
+    if (!ligne.trimmed().isEmpty()) feuille.Ecrire(x, y, police_, ligne);
+    y += feuille.HauteurLigne(police_);
   }
   if (hasFocus()) {
-    dessin.resetTransform();
     dessin.setPen(QPen(QColor(48, 126, 173), 1, Qt::DotLine));
     dessin.drawRect(rect().adjusted(0, 0, -1, -1));
   }

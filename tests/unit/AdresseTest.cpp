@@ -103,10 +103,10 @@ TEST(MiseEnLignesTest, OptionsDuProgramme) {
   p.SautPLigne = 1;
   EtatEnveloppe e;
   e.LiaisonCP = u", "_s;
-  e.OptionCP = 1;
+  e.OptionCPAdresse = 1;
   EXPECT_EQ(MettreEnLignes(u"A*B$1*V$Pays"_s, true, p, e), u"A**B*V, 1**Pays"_s);
   EXPECT_EQ(e.PaysPresent, 1);
-  e.OptionCP = 0;
+  e.OptionCPAdresse = 0;
   EXPECT_EQ(MettreEnLignes(u"A*B$1*V$ "_s, false, p, e), u"A*B*1, V"_s);
   EXPECT_EQ(e.PaysPresent, 0) << "the text formatted last settles it";
   p = {};

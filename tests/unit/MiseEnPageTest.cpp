@@ -240,7 +240,10 @@ TEST(MiseEnPage, Commentaire) {
   const MesureFeinte mesure;
   EtatEnveloppe e;
   e.Commentaire = QString(200, u'x');  // longer than the envelope
-  const LignePlacee ligne = PlacerCommentaire(Ordinaire(), e, mesure);
+  ReglagesPlomex p = Ordinaire();
+  p.Orientation = 1;
+  p.MargeDroite = p.MargeHaute = 0;
+  const LignePlacee ligne = MettreEnPage(p, e, {u""_s, u""_s, true}, mesure).front();
   EXPECT_NEAR(ligne.x.valeur, 220 - 40 - 400, 1e-3);
   EXPECT_NEAR(ligne.y.valeur, 5, 1e-3);
   EXPECT_EQ(ligne.police, (Police{u"Times New Roman"_s, 10, false, false}));
@@ -257,6 +260,32 @@ TEST(MiseEnPage, Commentaire) {
     EXPECT_EQ(CommentaireImprime({.InterdireCommentaire = c.interdire}, e), c.imprime)
         << int(c.multiple) << int(c.interdire);
   }
+}
+
+TEST(MiseEnPage, Apercu) {
+  // The lines of the print, reduced, but for the sender: a point smaller, its left end as printed.
+  const MesureFeinte mesure;
+  ReglagesPlomex p = Ordinaire();
+  p.Orientation = 1;
+  p.MargeDroite = p.MargeHaute = 0;
+  p.AlignA = p.AlignE = 0;
+  p.GrasPLigne = 1;
+  EtatEnveloppe e;
+  e.Commentaire = u"Rappel"_s;
+  const ContenuEnveloppe contenu{u"Moi\nIci"_s, u"Toi\n\nLà"_s, true};
+  const auto page = MettreEnPage(p, e, contenu, mesure);
+  const auto apercu = MettreEnApercu(p, e, contenu, mesure);
+  ASSERT_EQ(page.size(), 5u);
+  ASSERT_EQ(apercu.size(), page.size());
+  for (std::size_t i = 0; i < page.size(); ++i) {
+    const bool expediteur = i == 1 || i == 2;
+    EXPECT_EQ(apercu[i].texte, page[i].texte);
+    EXPECT_EQ(apercu[i].police.points, page[i].police.points - (expediteur ? 1 : 0));
+    EXPECT_EQ(apercu[i].police.gras, page[i].police.gras);
+    EXPECT_NEAR(apercu[i].x.valeur, page[i].x.valeur / (expediteur ? 1 : 1.18), 1e-3);
+  }
+  for (const std::size_t premiere : {0u, 1u, 3u})
+    EXPECT_NEAR(apercu[premiere].y.valeur, page[premiere].y.valeur / 1.18, 1e-3);
 }
 
 TEST(MiseEnPage, ImpressionConfiguree) {

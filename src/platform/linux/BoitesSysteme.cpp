@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 
 namespace {
@@ -42,6 +43,11 @@ Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &tex
   boite.setDefaultButton(defaut == Reponse::Oui ? QMessageBox::Yes : QMessageBox::No);
   boite.setEscapeButton(QMessageBox::No);
   return boite.exec() == QMessageBox::Yes ? Reponse::Oui : Reponse::Non;
+}
+
+QString BoitesSysteme::Saisie(const QString &titre, const QString &invite, const QString &defaut) {
+  return QInputDialog::getText(QApplication::activeWindow(), titre, invite, QLineEdit::Normal,
+                               defaut);
 }
 
 void BoitesSysteme::Erreur(const QString &texte) {

@@ -7,6 +7,7 @@ class BoitesSysteme : public Boites {
  public:
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
+  QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 };

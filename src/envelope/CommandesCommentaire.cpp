@@ -1,0 +1,84 @@
+#include "envelope/CommandesCommentaire.h"
+
+#include "ui/Garde.h"
+
+#include <QAction>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+void Peindre(QLabel *etiquette, const QString &texte, const QColor &fond) {
+  QPalette palette = etiquette->palette();
+  palette.setColor(QPalette::Window, fond);
+  palette.setColor(QPalette::WindowText, Qt::black);
+  etiquette->setPalette(palette);
+  etiquette->setAutoFillBackground(true);
+  etiquette->setText(texte);
+  etiquette->adjustSize();
+}
+
+void PeindreAjoute(QLabel *etiquette) {
+  Peindre(etiquette, u"Commentaire ajouté"_s, QColor(192, 192, 192));
+}
+
+}  // namespace
+
+CommandesCommentaire::CommandesCommentaire(Session &session, QLabel *etiquette,
+                                           const Actions &actions)
+    : session_(session), etiquette_(etiquette) {
+  PeindreAjoute(etiquette_);
+  actions.annuler->setChecked(session_.reglages.rtcolor.AnnulerCommentaire == 1);
+  actions.interdire->setChecked(session_.reglages.rtcolor.InterdireCommentaire == 1);
+  const auto brancher = [this](QAction *action, auto commande) {
+    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
+  };
+  brancher(actions.inserer, [this](bool) { Inserer(); });
+  brancher(actions.effacer, [this](bool) { Effacer(); });
+  brancher(actions.gras, [this](bool coche) { session_.enveloppe.CommentaireGras = coche; });
+  brancher(actions.souligne,
+           [this](bool coche) { session_.enveloppe.CommentaireSouligne = coche; });
+  brancher(actions.annuler, [this](bool coche) {
+    session_.reglages.rtcolor.AnnulerCommentaire = coche ? 1 : 0;
+    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+  });
+  brancher(actions.interdire, [this](bool coche) {
+    session_.reglages.rtcolor.InterdireCommentaire = coche ? 1 : 0;
+    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+  });
+}
+
+void CommandesCommentaire::Inserer() {
+  QString &commentaire = session_.enveloppe.Commentaire;
+  Boites &boites = session_.plateforme.boites;
+  commentaire =
+      boites.Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
+                    commentaire.isEmpty() ? u"Rendez-vous le "_s : commentaire);
+  boites.Information(
+      u"Commentaire inséré en haut et à droite de l'enveloppe :\n"
+      "      ____________________________________\n\n"_s +
+      (commentaire.isEmpty() ? u"Aucun commentaire ne sera inscrit"_s
+                             : u"\" "_s + commentaire + u'"'));
+  MajEtiquette();
+}
+
+void CommandesCommentaire::Effacer() {
+  Boites &boites = session_.plateforme.boites;
+  if (boites.Question(Boites::Titre(), u"Supprimer le commentaire ?"_s) != Boites::Reponse::Oui)
+    return;
+  session_.enveloppe.Commentaire.clear();
+  AnnoncerSuppression();
+}
+
+void CommandesCommentaire::AnnoncerSuppression() {
+  Peindre(etiquette_, u"Commentaire supprimé !"_s, QColor(255, 0, 0));
+  etiquette_->show();
+  session_.plateforme.horloge.Pause(2000ms);
+  PeindreAjoute(etiquette_);
+  MajEtiquette();
+}
+
+void CommandesCommentaire::MajEtiquette() {
+  etiquette_->setVisible(!session_.enveloppe.Commentaire.isEmpty());
+}

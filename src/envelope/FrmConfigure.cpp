@@ -1,0 +1,201 @@
+#include "envelope/FrmConfigure.h"
+
+#include "platform/Saisie.h"
+#include "ui/FeuilleEcran.h"
+#include "ui/SelectionAuFocus.h"
+#include "ui_FrmConfigure.h"
+
+#include <QButtonGroup>
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kEchelle = 4;  // millimetres of a setting for one of the picture
+
+// The picture, in millimetres. The left end of the sheet differs between the first view and a
+// change of view.
+constexpr double kBacGauche = 50;  // left end of the picture
+constexpr double kCourt = 52, kLong = 75;
+constexpr double kHautPortrait = 6, kHautPaysage = 21;
+constexpr double kGauchePortrait = 63, kGauchePaysage = 53;
+constexpr double kGauchePortraitChoisi = 65, kGauchePaysageChoisi = 52;
+constexpr QRectF kZoneAdresse(20, 12.5, 24, 9), kZoneExpediteur(0.5, 1.25, 16, 6);
+
+int Valeur(const QLineEdit *champ) {
+  constexpr double kBorne = 100000;  // beyond every setting, within what can be drawn
+  return static_cast<int>(std::lround(std::clamp(NombreSaisi(champ->text()), -kBorne, kBorne)));
+}
+
+bool TientSur16Bits(int valeur) {
+  return valeur >= std::numeric_limits<qint16>::min() &&
+         valeur <= std::numeric_limits<qint16>::max();
+}
+
+void Colorer(QWidget *surface, const QColor &fond) {
+  QPalette palette = surface->palette();
+  palette.setColor(QPalette::Window, fond);
+  palette.setColor(QPalette::WindowText, Qt::black);
+  surface->setPalette(palette);
+  surface->setAutoFillBackground(true);
+}
+
+}  // namespace
+
+FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
+                           const ReglagesPlomex &plomex, QWidget *parent)
+    : QDialog(parent), boites_(boites), ui_(std::make_unique<Ui::FrmConfigure>()), plomex_(plomex) {
+  ui_->setupUi(this);
+  auto *bords = new QButtonGroup(this);
+  bords->addButton(ui_->OptG);
+  bords->addButton(ui_->OptD);
+  auto *positions = new QButtonGroup(this);
+  for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB}) positions->addButton(position);
+  ui_->CboPrint->lineEdit()->setReadOnly(true);
+  Colorer(ui_->Pct, Qt::white);
+  Colorer(ui_->PctCB, QColor(245, 236, 210, 190));  // the hint shows through
+  for (QWidget *zone : {ui_->EtqA, ui_->EtqE}) Colorer(zone, QColor(205, 225, 240));
+
+  const std::array champs{ui_->TxtMH, ui_->TxtMD, ui_->TxtAX, ui_->TxtAY, ui_->TxtEX, ui_->TxtEY};
+  for (QLineEdit *champ : champs) {
+    new SelectionAuFocus(champ);
+    champ->installEventFilter(this);
+  }
+  Montrer(imprimantes);
+
+  for (QLineEdit *champ : champs)
+    connect(champ, &QLineEdit::textChanged, this, &FrmConfigure::Dessiner);
+  BrancherMarqueur(ui_->PctCB, ui_->TxtMD, ui_->TxtMH);
+  BrancherMarqueur(ui_->EtqA, ui_->TxtAX, ui_->TxtAY);
+  BrancherMarqueur(ui_->EtqE, ui_->TxtEX, ui_->TxtEY);
+  const auto focus = [this] { ui_->CmdQuitter->setFocus(); };
+  connect(ui_->Opt1, &QRadioButton::clicked, this, [this, focus] {
+    ChangerVue(true, kGauchePortraitChoisi);
+    focus();
+  });
+  connect(ui_->Opt2, &QRadioButton::clicked, this, [this, focus] {
+    ChangerVue(false, kGauchePaysageChoisi);
+    focus();
+  });
+  for (QRadioButton *bord : {ui_->OptG, ui_->OptD})
+    connect(bord, &QRadioButton::clicked, this, &FrmConfigure::EcrireIndice);
+  for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB})
+    connect(position, &QRadioButton::clicked, this, focus);
+  connect(ui_->CmdQuitter, &QPushButton::clicked, this, &FrmConfigure::Confirmer);
+  connect(ui_->CmdAnnule, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+FrmConfigure::~FrmConfigure() = default;
+
+void FrmConfigure::Montrer(const QStringList &imprimantes) {
+  ui_->CboPrint->addItems(imprimantes);
+  ui_->CboPrint->setCurrentIndex(static_cast<int>(imprimantes.indexOf(plomex_.Imprimante)));
+  ui_->CboPrint->setEditText(plomex_.Imprimante);  // also one that is gone
+  ui_->TxtMH->setText(QString::number(plomex_.MargeHaute));
+  ui_->TxtMD->setText(QString::number(plomex_.MargeDroite));
+  ui_->TxtAX->setText(QString::number(plomex_.MargeMAX));
+  ui_->TxtAY->setText(QString::number(plomex_.MargeMAY));
+  ui_->TxtEX->setText(QString::number(plomex_.MargeMEX));
+  ui_->TxtEY->setText(QString::number(plomex_.MargeMEY));
+
+  const bool portrait = plomex_.Orientation == 1;
+  (portrait ? ui_->Opt1 : ui_->Opt2)->setChecked(true);
+  (plomex_.BordImprime == 1 ? ui_->OptG : ui_->OptD)->setChecked(true);
+  (plomex_.PositionEnveloppe == 1   ? ui_->OptH
+   : plomex_.PositionEnveloppe == 2 ? ui_->OptM
+                                    : ui_->OptB)
+      ->setChecked(true);
+  ChangerVue(portrait, portrait ? kGauchePortrait : kGauchePaysage);
+}
+
+void FrmConfigure::BrancherMarqueur(Deplacable *marqueur, QLineEdit *x, QLineEdit *y) {
+  marqueur->ChangerPas(1 / kEchelle);
+  auto depart = std::make_shared<QPoint>();
+  connect(marqueur, &Deplacable::Pris, this,
+          [depart, x, y] { *depart = QPoint(Valeur(x), Valeur(y)); });
+  connect(marqueur, &Deplacable::Deplace, this, [depart, x, y](QPointF deplacement) {
+    const QPoint place = *depart + (deplacement * kEchelle).toPoint();
+    x->setText(QString::number(place.x()));
+    y->setText(QString::number(place.y()));
+  });
+}
+
+void FrmConfigure::ChangerVue(bool portrait, double gauche) {
+  const double k = PixelsParMillimetre(*this);
+  const QRectF feuille(gauche - kBacGauche, portrait ? kHautPortrait : kHautPaysage,
+                       portrait ? kCourt : kLong, portrait ? kLong : kCourt);
+  ui_->Pct->setGeometry(QRectF(feuille.topLeft() * k, feuille.size() * k).toRect());
+  ui_->LblNote->setVisible(!portrait);
+  ui_->PctOpt->setVisible(!portrait);
+  EcrireIndice();
+  Dessiner();
+}
+
+void FrmConfigure::EcrireIndice() {
+  // At the edge that the hint speaks of, or beside the arrow's way.
+  ui_->Pct->setAlignment(Qt::AlignLeft |
+                         (ui_->Opt1->isChecked() ? Qt::AlignTop : Qt::AlignBottom));
+  ui_->Pct->setText(ui_->Opt1->isChecked() ? u"  Haut de la feuille A4 dans le bac"_s
+                    : ui_->OptG->isChecked()
+                        ? u"                   <= Bas de la feuille A4 dans le bac"_s
+                        : u"                   Bas de la feuille A4 dans le bac =>"_s);
+}
+
+void FrmConfigure::Dessiner() {
+  const double k = PixelsParMillimetre(*this);
+  constexpr QSizeF kEnveloppe(220 / kEchelle, 110 / kEchelle);
+  const auto placer = [k](QWidget *surface, const QRectF &zone, const QLineEdit *x,
+                          const QLineEdit *y) {
+    const QRectF place = zone.translated(Valeur(x) / kEchelle, Valeur(y) / kEchelle);
+    surface->setGeometry(QRectF(place.topLeft() * k, place.size() * k).toRect());
+  };
+  placer(ui_->PctCB, QRectF(QPointF(0, 0), kEnveloppe), ui_->TxtMD, ui_->TxtMH);
+  placer(ui_->EtqA, kZoneAdresse, ui_->TxtAX, ui_->TxtAY);
+  placer(ui_->EtqE, kZoneExpediteur, ui_->TxtEX, ui_->TxtEY);
+}
+
+bool FrmConfigure::eventFilter(QObject *objet, QEvent *evenement) {
+  if (evenement->type() == QEvent::KeyPress) {
+    const QString signe = static_cast<QKeyEvent *>(evenement)->text();
+    if (signe == u"+"_s || signe == u"-"_s) {
+      auto *champ = static_cast<QLineEdit *>(objet);
+      champ->setText(QString::number(Valeur(champ) + (signe == u"+"_s ? 1 : -1)));
+      return true;
+    }
+  }
+  return QDialog::eventFilter(objet, evenement);
+}
+
+void FrmConfigure::Confirmer() {
+  if (ui_->CboPrint->currentText().isEmpty()) {
+    boites_.Information(u"Vous n'avez pas fait le choix de l'imprimante !"_s);
+    ui_->CboPrint->setFocus();
+    return;
+  }
+  const struct {
+    QLineEdit *champ;
+    qint16 ReglagesPlomex::*marge;
+  } marges[] = {
+      {ui_->TxtMH, &ReglagesPlomex::MargeHaute}, {ui_->TxtMD, &ReglagesPlomex::MargeDroite},
+      {ui_->TxtAX, &ReglagesPlomex::MargeMAX},   {ui_->TxtAY, &ReglagesPlomex::MargeMAY},
+      {ui_->TxtEX, &ReglagesPlomex::MargeMEX},   {ui_->TxtEY, &ReglagesPlomex::MargeMEY}};
+  for (const auto &[champ, marge] : marges) {
+    if (TientSur16Bits(Valeur(champ))) continue;
+    boites_.Information(u"Valeur non conforme !"_s);
+    champ->setText(QString::number(plomex_.*marge));
+    champ->setFocus();
+    return;
+  }
+  for (const auto &[champ, marge] : marges) plomex_.*marge = static_cast<qint16>(Valeur(champ));
+  plomex_.Imprimante = ui_->CboPrint->currentText();
+  plomex_.Orientation = ui_->Opt1->isChecked() ? 1 : 2;
+  plomex_.BordImprime = ui_->OptG->isChecked() ? 1 : 2;
+  plomex_.PositionEnveloppe = ui_->OptH->isChecked() ? 1 : ui_->OptM->isChecked() ? 2 : 3;
+  accept();
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include "platform/Polices.h"
+
+class PolicesSysteme : public Polices {
+ public:
+  QStringList Familles() const override;
+};

@@ -1,0 +1,31 @@
+#include "ui/FeuilleEcran.h"
+
+#include <QFontMetricsF>
+#include <QWidget>
+
+#include <cmath>
+
+namespace {
+
+constexpr double kMillimetresParPouce = 25.4;
+constexpr double kMillimetresParPoint = kMillimetresParPouce / 72;
+
+}  // namespace
+
+void FeuilleEcran::Ecrire(Millimetres x, Millimetres y, const Police &police,
+                          const QString &texte) {
+  constexpr int kFin = 100;  // steps of a point: font sizes in pixels are whole numbers
+  const QFont font = PoliceEnPixels(police, static_cast<int>(std::lround(police.points * kFin)));
+  const double echelle = echelle_ * kMillimetresParPoint / kFin;
+  peintre_.save();
+  peintre_.translate(origine_ + QPointF(x.valeur, y.valeur) * echelle_);
+  peintre_.scale(echelle, echelle);
+  peintre_.setFont(font);
+  peintre_.setPen(Qt::black);  // paper is white in every theme
+  peintre_.drawText(QPointF(0, QFontMetricsF(font).ascent()), texte);
+  peintre_.restore();
+}
+
+double PixelsParMillimetre(const QWidget &fenetre) {
+  return fenetre.logicalDpiX() / kMillimetresParPouce;
+}
