@@ -17,12 +17,14 @@
 #include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui/MesurePolices.h"
+#include "ui/Sablier.h"
 #include "ui_FrmPlomex.h"
 
-#include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -249,23 +251,32 @@ ContenuEnveloppe FrmPlomex::Contenu() const {
           .commentaire = CommentaireImprime(session_.reglages.rtcolor, session_.enveloppe)};
 }
 
-void FrmPlomex::Imprimer() {
+bool FrmPlomex::ImprimerEnveloppe() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   EtatEnveloppe &etat = session_.enveloppe;
-  Imprimante &imprimante = session_.plateforme.imprimante;
   if (!ImpressionConfiguree(plomex)) {
     session_.plateforme.boites.Information(
         u"Vous devez d'abord utiliser le menu 'Configurer l'impression' !"_s);
-    return;
+    return false;
   }
-  ImprimerPage(imprimante, plomex, etat, Contenu());
+  const Sablier sablier;
+  ImprimerPage(session_.plateforme.imprimante, plomex, etat, Contenu());
   if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
     etat.Commentaire.clear();
     commentaire_->MajEtiquette();
   }
-  const QString document = imprimante.TerminerDocument();
-  if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
-  if (plomex.Minimise == 1) showMinimized();
+  return true;
+}
+
+void FrmPlomex::Imprimer() {
+  if (!ImprimerEnveloppe()) return;
+  Imprimante &imprimante = session_.plateforme.imprimante;
+  {
+    const Sablier sablier;  // a print server may be slow to answer
+    const QString document = imprimante.TerminerDocument();
+    if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
+  }
+  if (session_.reglages.plomex.Minimise == 1) showMinimized();
 }
 
 void FrmPlomex::Apercu() {
@@ -282,8 +293,10 @@ void FrmPlomex::Apercu() {
 }
 
 void FrmPlomex::Configurer() {
+  auto sablier = std::make_optional<Sablier>();  // a print server may be slow to answer
   FrmConfigure dialogue(session_.plateforme.boites, session_.plateforme.imprimante.Noms(),
                         session_.reglages.plomex, this);
+  sablier.reset();
   if (dialogue.exec() != QDialog::Accepted) return;
   session_.reglages.plomex = dialogue.Saisie();
   MajEtiquettes();
@@ -291,10 +304,10 @@ void FrmPlomex::Configurer() {
 
 void FrmPlomex::ChoisirOptions() {
   // The list of fonts takes its time on a system with many of them.
-  QApplication::setOverrideCursor(Qt::WaitCursor);
+  auto sablier = std::make_optional<Sablier>();
   FrmOptions dialogue(session_.plateforme.boites, session_.plateforme.polices.Familles(),
                       {session_.reglages.plomex, session_.enveloppe.LiaisonCP}, this);
-  QApplication::restoreOverrideCursor();
+  sablier.reset();
   if (dialogue.exec() != QDialog::Accepted) return;
   session_.reglages.plomex = dialogue.Saisie().plomex;
   session_.enveloppe.LiaisonCP = dialogue.Saisie().liaisonCP;

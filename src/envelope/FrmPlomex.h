@@ -52,6 +52,8 @@ class FrmPlomex : public QMainWindow {
   void DemanderTaille();
 
   ContenuEnveloppe Contenu() const;
+  /// Draws the envelope and leaves the document open; false when printing is refused.
+  bool ImprimerEnveloppe();
   void Imprimer();
   void Apercu();
   void Configurer();
