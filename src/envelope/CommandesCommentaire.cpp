@@ -65,7 +65,8 @@ void CommandesCommentaire::Inserer() {
 
 void CommandesCommentaire::Effacer() {
   Boites &boites = session_.plateforme.boites;
-  if (boites.Question(Boites::Titre(), u"Supprimer le commentaire ?"_s) != Boites::Reponse::Oui)
+  if (boites.Question(Boites::Titre(), u"Supprimer le commentaire ?"_s, Boites::Reponse::Non) !=
+      Boites::Reponse::Oui)
     return;
   session_.enveloppe.Commentaire.clear();
   AnnoncerSuppression();

@@ -139,8 +139,7 @@ void FrmConfigure::ChangerVue(bool portrait, double gauche) {
 
 void FrmConfigure::EcrireIndice() {
   // At the edge that the hint speaks of, or beside the arrow's way.
-  ui_->Pct->setAlignment(Qt::AlignLeft |
-                         (ui_->Opt1->isChecked() ? Qt::AlignTop : Qt::AlignBottom));
+  ui_->Pct->setAlignment(Qt::AlignLeft | (ui_->Opt1->isChecked() ? Qt::AlignTop : Qt::AlignBottom));
   ui_->Pct->setText(ui_->Opt1->isChecked() ? u"  Haut de la feuille A4 dans le bac"_s
                     : ui_->OptG->isChecked()
                         ? u"                   <= Bas de la feuille A4 dans le bac"_s

@@ -44,6 +44,9 @@ FrmOptions::FrmOptions(Boites &boites, const QStringList &polices, const Valeurs
   BrancherPolice(ui_->CboPolicesA, ui_->LblExempleA);
   BrancherPolice(ui_->CboPolicesE, ui_->LblExempleE);
   Montrer(polices);
+  for (const auto &alignements : {optA_, optE_})
+    for (QRadioButton *alignement : alignements)
+      connect(alignement, &QRadioButton::clicked, this, [this] { ui_->CmdQuitter->setFocus(); });
   connect(ui_->CmdQuitter, &QPushButton::clicked, this, &FrmOptions::Confirmer);
   connect(ui_->CmdAnnuler, &QPushButton::clicked, this, &QDialog::reject);
 }

@@ -47,8 +47,15 @@ void BoitesScenario::Message(Genre genre, const QString &titre, const QString &t
 Boites::Reponse BoitesScenario::Question(const QString &titre, const QString &texte,
                                          Reponse defaut) {
   vues_.push_back({u"question"_s, titre, texte, defaut == Reponse::Oui ? u"oui"_s : u"non"_s});
-  const QString reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
-  return reponse == u"oui"_s ? Reponse::Oui : Reponse::Non;
+  const auto reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
+  return reponse.texte == u"oui"_s ? Reponse::Oui : Reponse::Non;
+}
+
+QString BoitesScenario::Saisie(const QString &titre, const QString &invite, const QString &defaut) {
+  vues_.push_back({u"saisie"_s, titre, invite, defaut});
+  const auto reponse = Repondre(vues_.back(), {u"ok"_s, u"annuler"_s}, true);
+  if (reponse.cite) return reponse.texte;
+  return reponse.texte == u"ok"_s ? defaut : QString();
 }
 
 void BoitesScenario::Erreur(const QString &texte) {
@@ -57,22 +64,23 @@ void BoitesScenario::Erreur(const QString &texte) {
 
 QString BoitesScenario::Dossier(const QString &invite) {
   vues_.push_back({u"dossier"_s, Titre(), invite, {}});
-  const QString reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
-  return reponse.isEmpty() ? reponse : QDir::cleanPath(monde_.Chemin(reponse));
+  const auto reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
+  return reponse.cite ? QDir::cleanPath(monde_.Chemin(reponse.texte)) : QString();
 }
 
-QString BoitesScenario::Repondre(const BoiteVue &boite, const QStringList &possibles, bool texte) {
+BoitesScenario::ReponsePrevue BoitesScenario::Repondre(const BoiteVue &boite,
+                                                       const QStringList &possibles, bool texte) {
   if (reponses_.empty()) {
     fautes_.append(u"no answer is queued for the box %1 \"%2\" \"%3\""_s.arg(
         boite.genre, boite.titre, boite.texte));
     return {};
   }
-  const ReponsePrevue reponse = std::move(reponses_.front());
+  ReponsePrevue reponse = std::move(reponses_.front());
   reponses_.pop_front();
   if (reponse.cite ? !texte : !possibles.contains(reponse.texte))
     fautes_.append(
         u"\"%1\" is no answer to the box %2 \"%3\""_s.arg(reponse.texte, boite.genre, boite.texte));
-  return texte && !reponse.cite ? QString() : reponse.texte;
+  return reponse;
 }
 
 void ImprimanteScenario::Choisir(const QString &nom) {

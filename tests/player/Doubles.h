@@ -6,6 +6,7 @@
 #include "platform/Coquille.h"
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
+#include "platform/Polices.h"
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 
@@ -57,13 +58,14 @@ class BoitesScenario : public Boites {
 
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
+  QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 
   /// An answer: `oui`, `non`, `annuler`, `ok`, or a text.
   struct ReponsePrevue {
     QString texte;
-    bool cite;
+    bool cite = false;
   };
   void Prevoir(ReponsePrevue reponse) { reponses_.push_back(std::move(reponse)); }
   const std::deque<ReponsePrevue> &Reponses() const { return reponses_; }
@@ -73,8 +75,9 @@ class BoitesScenario : public Boites {
   const QStringList &Fautes() const { return fautes_; }
 
  private:
-  /// The next answer when it is one of `possibles`, or any text where they are empty.
-  QString Repondre(const BoiteVue &boite, const QStringList &possibles, bool texte);
+  /// The next answer. One that is neither of `possibles` nor, where `texte` allows it, a text is a
+  /// fault, as is none at all.
+  ReponsePrevue Repondre(const BoiteVue &boite, const QStringList &possibles, bool texte);
 
   const Monde &monde_;
   std::deque<ReponsePrevue> reponses_;
@@ -89,6 +92,14 @@ class CoquilleScenario : public Coquille {
 
  private:
   std::deque<QString> ouverts_;
+};
+
+class PolicesScenario : public Polices {
+ public:
+  QStringList Familles() const override {
+    return {QStringLiteral("Arial"), QStringLiteral("Courier New"),
+            QStringLiteral("Times New Roman"), QStringLiteral("Verdana")};
+  }
 };
 
 struct LigneImprimee {

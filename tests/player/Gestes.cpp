@@ -153,6 +153,27 @@ QWidget *ZoneDeSaisie(const Controle &controle) {
   return widget;
 }
 
+/// A place where the mouse takes hold of the control itself, not of another one that lies over it.
+QPoint PlaceDePrise(const Controle &controle, const QWidget *widget) {
+  const auto libre = [&](const QPoint &place) {
+    return controle.fenetre->childAt(widget->mapTo(controle.fenetre, place)) == widget;
+  };
+  const QPoint milieu = PlaceDuClic(widget);
+  if (libre(milieu)) return milieu;
+  constexpr int kPas = 3;  // pixels
+  for (int y = kPas; y < widget->height(); y += kPas)
+    for (int x = kPas; x < widget->width(); x += kPas)
+      if (libre({x, y})) return {x, y};
+  throw Echec{u"%1 lies behind another control"_s.arg(controle.nom)};
+}
+
+void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
+  const auto bouton = type == QEvent::MouseMove ? Qt::NoButton : Qt::LeftButton;
+  const Qt::MouseButtons tenus = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
+  QMouseEvent evenement(type, widget->mapFromGlobal(ecran), ecran, bouton, tenus, Qt::NoModifier);
+  QApplication::sendEvent(widget, &evenement);
+}
+
 void Declencher(QAction *action) {
   for (QObject *lieu : action->associatedObjects())
     if (auto *menu = qobject_cast<QMenu *>(lieu); menu != nullptr && menu->isVisible()) {
@@ -259,6 +280,20 @@ void Toucher(const Controle &controle, const QString &touche) {
   if (auto *combo = qobject_cast<QComboBox *>(widget); combo && combo->view()->isVisible())
     widget = combo->view();
   Frapper(widget, frappe);
+}
+
+void Glisser(const Controle &controle, double dx, double dy) {
+  constexpr double kMillimetresParPouce = 25.4;
+  constexpr int kEtapes = 4;
+  QWidget *widget = Widget(controle);
+  const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
+  const double parMillimetre = widget->logicalDpiX() / kMillimetresParPouce;
+  const QPoint chemin(qRound(dx * parMillimetre), qRound(dy * parMillimetre));
+  const QPointer<QWidget> reste(widget);
+  EnvoyerSouris(widget, QEvent::MouseButtonPress, prise);
+  for (int etape = 1; reste && etape <= kEtapes; ++etape)
+    EnvoyerSouris(widget, QEvent::MouseMove, prise + chemin * etape / kEtapes);
+  if (reste) EnvoyerSouris(widget, QEvent::MouseButtonRelease, prise + chemin);
 }
 
 void Quitter(const Controle &controle) {

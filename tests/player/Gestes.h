@@ -28,5 +28,8 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer);
 /// Presses a key: its sign, or a name as `Suppr` or `F5`, with `Ctrl+`, `Maj+`, `Alt+` in front.
 void Toucher(const Controle &controle, const QString &touche);
 
+/// Drags a control with the left button by millimetres of its picture, in whole pixels.
+void Glisser(const Controle &controle, double dx, double dy);
+
 void Quitter(const Controle &controle);
 void Survoler(const Controle &controle);

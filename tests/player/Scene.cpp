@@ -25,7 +25,7 @@ Scene::~Scene() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"the program is running"_s);
   imprimante.OublierChoix();
-  plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, utilisateur,
+  plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, utilisateur,
                                  QLocale(QLocale::French, QLocale::France)});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   termine_ = false;

@@ -38,6 +38,7 @@ class Scene {
   HorlogeScenario horloge{boites};
   CoquilleScenario coquille;
   ImprimanteScenario imprimante{monde};
+  PolicesScenario polices;
   Ecran ecran;
   QString utilisateur = QStringLiteral("Paul");
   const QString captures;  ///< folder of the pictures, or empty

@@ -22,7 +22,7 @@ void Executer(Scene &scene, const Commande &commande) {
   QString nom = commande.verbe;
   bool nombre = false;
   if (!mots.isEmpty()) mots.first().texte.toInt(&nombre);
-  const bool deuxMots = nom == u"monde"_s || (nom == u"page"_s && !nombre);
+  const bool deuxMots = nom == u"monde"_s || nom == u"apercu"_s || (nom == u"page"_s && !nombre);
   if (deuxMots && !mots.isEmpty()) nom += u' ' + mots.takeFirst().texte;
 
   const Verbe &verbe = Trouver(nom);
@@ -34,6 +34,13 @@ void Executer(Scene &scene, const Commande &commande) {
 int Nombre(const Mot &mot) {
   bool nombre = false;
   const int valeur = mot.texte.toInt(&nombre);
+  Exiger(nombre, u"a number expected, \"%1\" found"_s.arg(mot.texte));
+  return valeur;
+}
+
+double NombreDecimal(const Mot &mot) {
+  bool nombre = false;
+  const double valeur = mot.texte.toDouble(&nombre);
   Exiger(nombre, u"a number expected, \"%1\" found"_s.arg(mot.texte));
   return valeur;
 }

@@ -24,4 +24,5 @@ void Executer(Scene &scene, const Commande &commande);
 
 /// A word as a number. Throws `Echec`.
 int Nombre(const Mot &mot);
+double NombreDecimal(const Mot &mot);
 QStringList Textes(const Mots &mots, qsizetype premier);

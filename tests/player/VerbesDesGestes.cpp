@@ -79,6 +79,10 @@ QList<Verbe> VerbesDesGestes() {
       {u"taper"_s, 2, 2, TaperTexte<true>},
       {u"ajouter"_s, 2, 2, TaperTexte<false>},
       {u"touche"_s, 2, 2, [](S &s, const M &m) { Toucher(Atteindre(s, m), m[1].texte); }},
+      {u"glisser"_s, 3, 3,
+       [](S &s, const M &m) {
+         Glisser(Atteindre(s, m), NombreDecimal(m[1]), NombreDecimal(m[2]));
+       }},
       {u"quitter"_s, 1, 1, [](S &s, const M &m) { Quitter(Atteindre(s, m)); }},
       {u"survoler"_s, 1, 1, [](S &s, const M &m) { Survoler(Atteindre(s, m)); }},
       {u"fermer-fenetre"_s, 0, 0, [](S &s, const M &) { FenetreActive(s)->close(); }},

@@ -1,3 +1,4 @@
+#include "envelope/FrmVueAV.h"
 #include "player/Echec.h"
 #include "player/Lignes.h"
 #include "player/Verbes.h"
@@ -98,34 +99,51 @@ const PageImprimee &Page(const Scene &scene) {
   return scene.pages[scene.page];
 }
 
-QStringList TextesDePage(const Scene &scene) {
+/// What a check of lines looks at: a page or a preview.
+using Lignes = QList<LigneImprimee> (*)(const Scene &scene);
+
+QList<LigneImprimee> LignesDePage(const Scene &scene) {
+  return Page(scene).lignes;
+}
+
+/// The lines of the preview, in millimetres of the envelope.
+QList<LigneImprimee> LignesDApercu(const Scene &scene) {
+  constexpr double kReduction = 1.18;
+  const auto *apercu = qobject_cast<const FrmVueAV *>(scene.ecran.FenetreActive());
+  Exiger(apercu != nullptr, u"the preview is not the active window"_s);
+  QList<LigneImprimee> lignes;
+  for (const LignePlacee &ligne : apercu->Lignes())
+    lignes.append({ligne.texte, Millimetres(ligne.x.valeur * kReduction),
+                   Millimetres(ligne.y.valeur * kReduction), ligne.police});
+  return lignes;
+}
+
+QStringList TextesDe(const QList<LigneImprimee> &lignes) {
   QStringList textes;
-  for (const LigneImprimee &ligne : Page(scene).lignes) textes.append(ligne.texte);
+  for (const LigneImprimee &ligne : lignes) textes.append(ligne.texte);
   return textes;
 }
 
 /// The lines of this text; none at all is a failure.
-QList<LigneImprimee> LignesDePage(const Scene &scene, const QString &texte) {
-  QList<LigneImprimee> lignes;
-  for (const LigneImprimee &ligne : Page(scene).lignes)
-    if (ligne.texte == texte) lignes.append(ligne);
-  Exiger(!lignes.isEmpty(), u"no line \"%1\" on the page, but \"%2\""_s.arg(
-                                texte, TextesDePage(scene).join(u"\" \""_s)));
-  return lignes;
+QList<LigneImprimee> LignesDeTexte(const QList<LigneImprimee> &lignes, const QString &texte) {
+  QList<LigneImprimee> trouvees;
+  for (const LigneImprimee &ligne : lignes)
+    if (ligne.texte == texte) trouvees.append(ligne);
+  Exiger(!trouvees.isEmpty(),
+         u"no line \"%1\", but \"%2\""_s.arg(texte, TextesDe(lignes).join(u"\" \""_s)));
+  return trouvees;
 }
 
 /// Within a tenth of a millimetre, with room for what a number loses on its way to text.
 bool EstEn(const Mot &attendu, Millimetres trouve) {
   if (attendu.Joker()) return true;
-  bool nombre = false;
-  const double valeur = attendu.texte.toDouble(&nombre);
-  Exiger(nombre, u"millimetres expected, \"%1\" found"_s.arg(attendu.texte));
-  return std::abs(valeur - trouve.valeur) <= 0.1 + 1e-9;
+  return std::abs(NombreDecimal(attendu) - trouve.valeur) <= 0.1 + 1e-9;
 }
 
-void VerifierTexteDePage(Scene &scene, const Mots &mots) {
+template <Lignes lignes>
+void VerifierTexte(Scene &scene, const Mots &mots) {
   QStringList trouves;
-  for (const LigneImprimee &ligne : LignesDePage(scene, mots[0].texte)) {
+  for (const LigneImprimee &ligne : LignesDeTexte(lignes(scene), mots[0].texte)) {
     if (EstEn(mots[1], ligne.x) && EstEn(mots[2], ligne.y)) return;
     trouves.append(u"%1 %2"_s.arg(ligne.x.valeur, 0, 'f', 2).arg(ligne.y.valeur, 0, 'f', 2));
   }
@@ -133,7 +151,8 @@ void VerifierTexteDePage(Scene &scene, const Mots &mots) {
                                                         trouves.join(u" and "_s))};
 }
 
-void VerifierPoliceDePage(Scene &scene, const Mots &mots) {
+template <Lignes lignes>
+void VerifierPolice(Scene &scene, const Mots &mots) {
   bool gras = false, maigre = false, souligne = false;
   for (const Mot &style : mots.sliced(3)) {
     gras |= style.Est(u"gras");
@@ -143,7 +162,7 @@ void VerifierPoliceDePage(Scene &scene, const Mots &mots) {
            u"gras, maigre or souligne expected, \"%1\" found"_s.arg(style.texte));
   }
   QStringList trouvees;
-  for (const LigneImprimee &ligne : LignesDePage(scene, mots[0].texte)) {
+  for (const LigneImprimee &ligne : LignesDeTexte(lignes(scene), mots[0].texte)) {
     const Police &police = ligne.police;
     if (police.nom == mots[1].texte && std::abs(police.points - mots[2].texte.toDouble()) < 0.05 &&
         (!gras || police.gras) && (!maigre || !police.gras) && (!souligne || police.souligne))
@@ -157,9 +176,16 @@ void VerifierPoliceDePage(Scene &scene, const Mots &mots) {
                                                      trouvees.join(u" and "_s))};
 }
 
-void VerifierLignesDePage(Scene &scene, const Mots &mots) {
-  ExigerEgal(u"lines of the page"_s, Textes(mots, 0).join(u"\" \""_s),
-             TextesDePage(scene).join(u"\" \""_s));
+template <Lignes lignes>
+void VerifierToutes(Scene &scene, const Mots &mots) {
+  ExigerEgal(u"lines"_s, Textes(mots, 0).join(u"\" \""_s),
+             TextesDe(lignes(scene)).join(u"\" \""_s));
+}
+
+template <Lignes lignes>
+void VerifierAbsente(Scene &scene, const Mots &mots) {
+  Exiger(!TextesDe(lignes(scene)).contains(mots[0].texte),
+         u"the line \"%1\" is there"_s.arg(mots[0].texte));
 }
 
 template <Orientation orientation>
@@ -190,17 +216,17 @@ QList<Verbe> VerbesDesTraces() {
       {u"fichier"_s, 2, kSansLimite, VerifierFichier},
       {u"pages"_s, 1, 1, CompterPages},
       {u"page"_s, 1, 1, ChoisirPage},
-      {u"page texte"_s, 3, 3, VerifierTexteDePage},
-      {u"page absente"_s, 1, 1,
-       [](S &s, const M &m) {
-         Exiger(!TextesDePage(s).contains(m[0].texte),
-                u"the line \"%1\" is on the page"_s.arg(m[0].texte));
-       }},
-      {u"page police"_s, 3, 5, VerifierPoliceDePage},
-      {u"page lignes"_s, 0, kSansLimite, VerifierLignesDePage},
+      {u"page texte"_s, 3, 3, VerifierTexte<LignesDePage>},
+      {u"page absente"_s, 1, 1, VerifierAbsente<LignesDePage>},
+      {u"page police"_s, 3, 5, VerifierPolice<LignesDePage>},
+      {u"page lignes"_s, 0, kSansLimite, VerifierToutes<LignesDePage>},
       {u"page imprimante"_s, 1, 1,
        [](S &s, const M &m) { ExigerEgal(u"printer"_s, m[0].texte, Page(s).imprimante); }},
       {u"page portrait"_s, 0, 0, VerifierOrientation<Orientation::Portrait>},
       {u"page paysage"_s, 0, 0, VerifierOrientation<Orientation::Paysage>},
+      {u"apercu texte"_s, 3, 3, VerifierTexte<LignesDApercu>},
+      {u"apercu absente"_s, 1, 1, VerifierAbsente<LignesDApercu>},
+      {u"apercu police"_s, 3, 5, VerifierPolice<LignesDApercu>},
+      {u"apercu lignes"_s, 0, kSansLimite, VerifierToutes<LignesDApercu>},
   };
 }
