@@ -213,18 +213,21 @@ void FrmVelmira::EnregistrerNotes() {
 void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
   EnregistrerNotes();
   CategorieCourante = ui_->CboCat->currentText();
-  EffacerFiche();
   const QString tag = noeud.data(Qt::UserRole).toString();
-  if (tag.isEmpty()) return;
-
+  if (tag.isEmpty()) {
+    EffacerFiche();
+    return;
+  }
   const auto fiche = TableAdresse(session_.base).Lire(tag.toLongLong());
   if (!fiche) {
+    EffacerFiche();
     session_.plateforme.boites.Information(
         u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
     return;
   }
   MontrerFiche(*fiche);
-  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton) mnuInv2_->popup(QCursor::pos());
+  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton)
+    mnuInv2_->popup(QCursor::pos());
 }
 
 void FrmVelmira::MontrerFiche(const Correspondant &fiche) {

@@ -59,7 +59,7 @@ FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
   for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB}) positions->addButton(position);
   ui_->CboPrint->lineEdit()->setReadOnly(true);
   Colorer(ui_->Pct, Qt::white);
-  Colorer(ui_->PctCB, QColor(245, 236, 210, 190));  // the hint shows through
+  Colorer(ui_->PctCB, QColor(245, 236, 210, 120));  // the hint shows through
   for (QWidget *zone : {ui_->EtqA, ui_->EtqE}) Colorer(zone, QColor(205, 225, 240));
 
   const std::array champs{ui_->TxtMH, ui_->TxtMD, ui_->TxtAX, ui_->TxtAY, ui_->TxtEX, ui_->TxtEY};
