@@ -30,33 +30,46 @@ QFont Caracteres(const Police &police) {
   return font;
 }
 
-QPageLayout::Orientation Sens(Orientation orientation) {
-  return orientation == Orientation::Portrait ? QPageLayout::Portrait : QPageLayout::Landscape;
-}
-
 std::unique_ptr<QPagedPaintDevice> SupportPdf(QIODevice &sortie, Orientation orientation) {
   auto pdf = std::make_unique<QPdfWriter>(&sortie);
   pdf->setTitle(u"Enveloppe"_s);
   pdf->setCreator(u"Velmira"_s);
   pdf->setResolution(kPointsParPoucePdf);
-  pdf->setPageLayout(QPageLayout(QPageSize(QPageSize::A4), Sens(orientation), QMarginsF()));
+  const auto sens =
+      orientation == Orientation::Portrait ? QPageLayout::Portrait : QPageLayout::Landscape;
+  pdf->setPageLayout(QPageLayout(QPageSize(QPageSize::A4), sens, QMarginsF()));
   return pdf;
 }
 
-/// None when the system no longer has this printer: the toolkit would silently take another.
-std::unique_ptr<QPagedPaintDevice> SupportSysteme(const QString &nom, Orientation orientation) {
+/// The whole sheet, upright. None when the system no longer has this printer: the toolkit would
+/// silently take another.
+std::unique_ptr<QPagedPaintDevice> SupportSysteme(const QString &nom) {
   auto imprimante = std::make_unique<QPrinter>(QPrinter::HighResolution);
   imprimante->setPrinterName(nom);
   if (imprimante->printerName() != nom) return nullptr;
   imprimante->setDocName(u"Enveloppe"_s);
   imprimante->setCreator(u"Velmira"_s);
   imprimante->setPageSize(QPageSize(QPageSize::A4));
-  imprimante->setPageOrientation(Sens(orientation));
-  imprimante->setFullPage(false);
-  // The toolkit keeps the margins of the default printer where they are the wider ones.
-  const QPageLayout page = imprimante->pageLayout();
-  imprimante->setPageMargins(page.minimumMargins(), page.units());
+  imprimante->setPageOrientation(QPageLayout::Portrait);
+  imprimante->setFullPage(true);
   return imprimante;
+}
+
+/// Counts places on an upright sheet from the corner of the page's printable area. A landscape page
+/// lies on the sheet with its top at the right edge. It is turned here: turned by the toolkit it
+/// would keep the margins of the upright page, and each filter and printer picks its own side.
+void PlacerPage(QPainter &peintre, const QPagedPaintDevice &support, Orientation orientation) {
+  const double unites = support.logicalDpiX() / kMillimetresParPouce;
+  QPageLayout feuille = support.pageLayout();
+  feuille.setUnits(QPageLayout::Millimeter);
+  const QMarginsF marges = feuille.minimumMargins();
+  if (orientation == Orientation::Portrait) {
+    peintre.translate(marges.left() * unites, marges.top() * unites);
+  } else {
+    const double largeur = feuille.fullRect().width();
+    peintre.translate((largeur - marges.right()) * unites, marges.top() * unites);
+    peintre.rotate(90);
+  }
 }
 
 /// Takes the first name that is free by making an empty file of it; nothing when the folder takes
@@ -122,10 +135,11 @@ void ImprimanteSysteme::OuvrirPage(Orientation orientation) {
     document->contenu.open(QIODevice::WriteOnly);
     document->support = SupportPdf(document->contenu, orientation);
   } else {
-    document->support = SupportSysteme(nom, orientation);
+    document->support = SupportSysteme(nom);
   }
-  if (document->support != nullptr && document->peintre.begin(document->support.get()))
-    document_ = std::move(document);
+  if (document->support == nullptr || !document->peintre.begin(document->support.get())) return;
+  if (!document->pdf) PlacerPage(document->peintre, *document->support, orientation);
+  document_ = std::move(document);
 }
 
 void ImprimanteSysteme::Ecrire(Millimetres x, Millimetres y, const Police &police,

@@ -7,8 +7,9 @@
 
 /// The printers of the system, and the built-in one: "PDF", whose printable area is the whole page.
 /// It writes each document into its folder, under a name made of date, time and a number; a file
-/// that is there already is never replaced. On any printer a line that cannot be written is left
-/// out, and while no page is open every text measures 0.
+/// that is there already is never replaced. On the printers of the system the sheet is upright: a
+/// landscape page lies on it with its top at the sheet's right edge. On any printer a line that
+/// cannot be written is left out, and while no page is open every text measures 0.
 class ImprimanteSysteme : public Imprimante {
  public:
   /// `dossierPdf` is made when a document is written and it is missing; an empty one stands for the

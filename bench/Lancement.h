@@ -1,0 +1,55 @@
+#pragma once
+// The program run without a user.
+
+#include "app/Programme.h"
+#include "platform/linux/BoitesSysteme.h"
+#include "platform/linux/CoquilleSysteme.h"
+#include "platform/linux/HorlogeSysteme.h"
+#include "platform/linux/ImprimanteSysteme.h"
+#include "platform/linux/PolicesSysteme.h"
+
+class ArbreVelmiras;
+
+/// Sees the first painting of a tree that has rows, from its making on.
+class Peinture : public QObject {
+ public:
+  Peinture();
+  /// Runs what is queued until it has been seen.
+  void Attendre() const;
+
+ protected:
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+ private:
+  bool vue_ = false;
+};
+
+/// The program, started: its list is painted when the constructor returns. What waits for the
+/// splash is done at once, and a box ends the process, since nobody would answer it.
+class Lancement {
+ public:
+  explicit Lancement(const QString &appPath);
+
+  ArbreVelmiras &Liste() const;
+
+ private:
+  class Boites : public BoitesSysteme {
+   public:
+    void Message(Genre genre, const QString &titre, const QString &texte) override;
+    void Erreur(const QString &texte) override;
+  };
+  class Horloge : public HorlogeSysteme {
+   public:
+    void Apres(std::chrono::milliseconds, QObject *, std::function<void()> action) override {
+      action();
+    }
+  };
+
+  Boites boites_;
+  Horloge horloge_;
+  CoquilleSysteme coquille_;
+  ImprimanteSysteme imprimante_{horloge_};
+  PolicesSysteme polices_;
+  Plateforme plateforme_;
+  Programme programme_;
+};

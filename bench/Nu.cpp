@@ -1,0 +1,157 @@
+#include "Nu.h"
+
+#include <QAbstractListModel>
+#include <QBuffer>
+#include <QCollator>
+#include <QFileInfo>
+#include <QFontMetricsF>
+#include <QFormLayout>
+#include <QPainter>
+#include <QPdfWriter>
+#include <QSaveFile>
+#include <QSqlError>
+#include <QSqlQuery>
+
+#include <algorithm>
+#include <fcntl.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class ModeleNu : public QAbstractListModel {
+ public:
+  ModeleNu(std::vector<LigneNue> lignes, QObject *parent)
+      : QAbstractListModel(parent), lignes_(std::move(lignes)) {}
+  int rowCount(const QModelIndex &parent) const override {
+    return parent.isValid() ? 0 : static_cast<int>(lignes_.size());
+  }
+  QVariant data(const QModelIndex &index, int role) const override {
+    if (role != Qt::DisplayRole) return {};
+    return lignes_[static_cast<std::size_t>(index.row())].texte;
+  }
+
+ private:
+  std::vector<LigneNue> lignes_;
+};
+
+void Lancer(QSqlQuery &requete) {
+  if (!requete.exec()) qFatal("%s", qPrintable(requete.lastError().text()));
+}
+
+}  // namespace
+
+BaseNue::BaseNue(const QString &chemin)
+    : connexion_(QSqlDatabase::addDatabase(u"QSQLITE"_s, u"nue"_s)) {
+  connexion_.setDatabaseName(chemin);
+  if (!connexion_.open()) qFatal("%s", qPrintable(connexion_.lastError().text()));
+}
+
+BaseNue::~BaseNue() {
+  connexion_ = QSqlDatabase();
+  QSqlDatabase::removeDatabase(u"nue"_s);
+}
+
+std::vector<LigneNue> BaseNue::Lister(const QString &categorie) const {
+  QCollator ordre(QLocale(QLocale::French, QLocale::France));
+  ordre.setCaseSensitivity(Qt::CaseInsensitive);
+  const QString cherchee = u'*' + categorie + u'*';
+  struct Triable {
+    QCollatorSortKey cle;
+    LigneNue ligne;
+  };
+  std::vector<Triable> triables;
+  QSqlQuery requete(connexion_);
+  requete.setForwardOnly(true);
+  requete.prepare(
+      uR"(SELECT "Index", "NomVelmira", "Categories", "DataProt" FROM "Adresse" ORDER BY "Index")"_s);
+  Lancer(requete);
+  while (requete.next()) {
+    const qint64 index = requete.value(0).toLongLong();
+    const QString nom = requete.value(1).toString().left(25).trimmed();
+    const QString categories = requete.value(2).toString();
+    if (!requete.value(3).toString().isEmpty()) continue;
+    if (!categorie.isEmpty() && !categories.contains(cherchee)) continue;
+    triables.push_back({ordre.sortKey(nom), {nom, index}});
+  }
+  std::stable_sort(triables.begin(), triables.end(),
+                   [](const Triable &a, const Triable &b) { return a.cle < b.cle; });
+  std::vector<LigneNue> lignes;
+  lignes.reserve(triables.size());
+  for (Triable &triable : triables) lignes.push_back(std::move(triable.ligne));
+  return lignes;
+}
+
+FenetreNue::FenetreNue(const BaseNue &base) : liste_(new QTreeView(this)) {
+  liste_->setUniformRowHeights(true);
+  liste_->setModel(new ModeleNu(base.Lister(), liste_));
+  setCentralWidget(liste_);
+  resize(900, 600);
+}
+
+FicheNue::FicheNue(const BaseNue &base)
+    : base_(base), adresse_(new QLabel), notes_(new QPlainTextEdit) {
+  auto *colonne = new QFormLayout(this);
+  colonne->setSizeConstraint(QLayout::SetNoConstraint);
+  for (const auto &nom : {u"Nom"_s, u"Naissance"_s, u"Domicile"_s, u"Travail"_s, u"Portable"_s,
+                          u"Fax"_s, u"E-mail"_s, u"Site"_s})
+    colonne->addRow(nom, etiquettes_.emplace_back(new QLabel));
+  adresse_->setWordWrap(true);
+  adresse_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  colonne->addRow(u"Adresse"_s, adresse_);
+  colonne->addRow(u"Notes"_s, notes_);
+  resize(620, 600);
+}
+
+void FicheNue::Montrer(qint64 index) {
+  QSqlQuery requete(base_.connexion_);
+  requete.setForwardOnly(true);
+  requete.prepare(
+      uR"(SELECT "NomVelmira", "DDN", "Tel", "TelTravail", "Portable", "Fax", "Mail", "Web",)"
+      uR"( "Ligne1", "Ligne2", "Ligne3", "CodePostal" || ' - ' || "Ville", "Commentaires")"
+      uR"( FROM "Adresse" WHERE "Index"=?)"_s);
+  requete.addBindValue(index);
+  Lancer(requete);
+  if (!requete.next()) qFatal("the record is missing");
+  int colonne = 0;
+  for (QLabel *etiquette : etiquettes_) etiquette->setText(requete.value(colonne++).toString());
+  QStringList adresse;
+  for (int ligne = 0; ligne < 4; ++ligne) adresse.append(requete.value(colonne++).toString());
+  adresse_->setText(adresse.join(u'\n'));
+  notes_->setPlainText(requete.value(colonne).toString());
+}
+
+bool EcrirePdfNu(const QString &chemin, const QStringList &expediteur, const QStringList &adresse) {
+  QBuffer contenu;
+  contenu.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter pdf(&contenu);
+    pdf.setResolution(1200);
+    pdf.setPageLayout(QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Landscape, QMarginsF()));
+    QPainter dessin(&pdf);
+    const auto ecrire = [&](const QStringList &lignes, int points, double x, double y) {
+      QFont font(u"Arial"_s);
+      font.setPointSize(points);
+      dessin.setFont(font);
+      const QFontMetricsF mesures(font, &pdf);
+      for (const QString &ligne : lignes) {
+        dessin.drawText(QPointF(x, y), ligne);
+        y += mesures.lineSpacing();
+      }
+    };
+    ecrire(expediteur, 8, 100, 400);
+    ecrire(adresse, 10, 4000, 2600);
+  }
+  // The same steps to the disk as the program's: a file beside, its content, its name, its folder.
+  QSaveFile fichier(chemin);
+  if (!fichier.open(QIODevice::WriteOnly) ||
+      fichier.write(contenu.data()) != contenu.data().size() || !fichier.flush() ||
+      ::fsync(fichier.handle()) != 0 || !fichier.commit())
+    return false;
+  const int dossier = ::open(QFile::encodeName(QFileInfo(chemin).absolutePath()).constData(),
+                             O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool synchronise = dossier >= 0 && ::fsync(dossier) == 0;
+  if (dossier >= 0) ::close(dossier);
+  return synchronise;
+}

@@ -1,0 +1,289 @@
+// velmira_bench: measures the program's work, "Velmira", and the same work without it, "bare".
+// A start is measured in a process of its own, which is this program with --start.
+
+#include "Donnees.h"
+#include "Lancement.h"
+#include "Nu.h"
+#include "directory/ArbreVelmiras.h"
+#include "directory/Categories.h"
+#include "envelope/MiseEnPage.h"
+#include "storage/Tables.h"
+#include "ui/Icones.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QSplitter>
+
+#include <algorithm>
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <cstdio>
+#include <map>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kEnveloppes = 1000;
+constexpr Cle kFiches = 10000;  ///< correspondents in the list while records are shown
+
+using Montre = std::chrono::steady_clock;
+
+double Secondes(Montre::time_point debut) {
+  return std::chrono::duration<double>(Montre::now() - debut).count();
+}
+
+/// A value in KiB of this process, as the kernel counts it.
+double Memoire(const QByteArray &nom) {
+  QFile statut(u"/proc/self/status"_s);
+  if (!statut.open(QIODevice::ReadOnly)) return 0;
+  for (const QByteArray &ligne : statut.readAll().split('\n'))
+    if (ligne.startsWith(nom + ':')) return ligne.simplified().split(' ').at(1).toDouble();
+  return 0;
+}
+
+// The list.
+
+void RemplirVelmira(benchmark::State &etat, const Donnees &donnees, const QString &categorie) {
+  Base base;
+  base.Ouvrir(donnees.CheminBase());
+  const TableAdresse table(base);
+  ArbreVelmiras arbre;
+  for (auto _ : etat) {
+    arbre.Remplir(categorie, ListerVelmiras(table, {categorie, {}, {}}));
+    arbre.doItemsLayout();
+  }
+}
+
+void RemplirNu(benchmark::State &etat, const Donnees &donnees, const QString &categorie) {
+  const BaseNue base(donnees.CheminBase());
+  std::vector<LigneNue> lignes;
+  for (auto _ : etat) {
+    lignes = base.Lister(categorie);
+    benchmark::DoNotOptimize(lignes.data());
+  }
+}
+
+/// Both ways of filling the list must give the same one, or their times say nothing.
+bool MemesListes(const Donnees &donnees, const QString &categorie, const QString &filtreNu) {
+  Base base;
+  base.Ouvrir(donnees.CheminBase());
+  const auto noeuds = ListerVelmiras(TableAdresse(base), {categorie, {}, {}});
+  const auto lignes = BaseNue(donnees.CheminBase()).Lister(filtreNu);
+  return !noeuds.empty() && std::equal(noeuds.begin(), noeuds.end(), lignes.begin(), lignes.end(),
+                                       [](const NoeudListe &noeud, const LigneNue &ligne) {
+                                         return noeud.texte == ligne.texte &&
+                                                noeud.index == ligne.index;
+                                       });
+}
+
+// A record: each turn shows the next one until it is painted. With `choisir` it is chosen in the
+// list, which scrolls; otherwise the list stays as it is.
+
+void MontrerVelmira(benchmark::State &etat, const Donnees &donnees, bool choisir) {
+  const Lancement lancement(donnees.AppPath());
+  ArbreVelmiras &liste = lancement.Liste();
+  const ModeleListe &modele = liste.Modele();
+  int ligne = 0;
+  for (auto _ : etat) {
+    ligne = (ligne + 1) % static_cast<int>(donnees.Nombre());
+    const QModelIndex noeud = modele.index(ligne, 0, modele.Racine());
+    if (choisir)
+      liste.SelectionnerEtCliquer(noeud);
+    else
+      emit liste.NoeudClique(noeud, Qt::LeftButton);
+    QCoreApplication::processEvents();
+  }
+}
+
+void MontrerNu(benchmark::State &etat, const Donnees &donnees, bool choisir) {
+  const BaseNue base(donnees.CheminBase());
+  const std::vector<LigneNue> lignes = base.Lister();
+  QSplitter fenetre;
+  FenetreNue gauche(base);
+  FicheNue fiche(base);
+  if (choisir) fenetre.addWidget(&gauche);
+  fenetre.addWidget(&fiche);
+  fenetre.resize(900, 600);
+  fenetre.show();
+  QCoreApplication::processEvents();
+  int ligne = 0;
+  for (auto _ : etat) {
+    ligne = (ligne + 1) % static_cast<int>(lignes.size());
+    if (choisir) gauche.Liste().setCurrentIndex(gauche.Liste().model()->index(ligne, 0));
+    fiche.Montrer(lignes[static_cast<std::size_t>(ligne)].index);
+    QCoreApplication::processEvents();
+  }
+}
+
+// A start.
+
+int Demarrer(const QStringList &arguments) {
+  const auto debut = Montre::now();
+  const auto rendre = [debut] {
+    std::printf("%.9f %.0f\n", Secondes(debut), Memoire("VmHWM"));
+    return EXIT_SUCCESS;
+  };
+  if (arguments.value(2) == u"Velmira"_s) {
+    const Lancement lancement(arguments.value(3));
+    return rendre();
+  }
+  const Peinture peinture;
+  const BaseNue base(arguments.value(3) + u"/DataVelmira/Velmira.mdb"_s);
+  FenetreNue fenetre(base);
+  fenetre.show();
+  peinture.Attendre();
+  return rendre();
+}
+
+void MesurerDemarrage(benchmark::State &etat, const Donnees &donnees, const QString &qui) {
+  double kio = 0;
+  for (auto _ : etat) {
+    QProcess processus;
+    processus.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    processus.start(QCoreApplication::applicationFilePath(),
+                    {u"--start"_s, qui, donnees.AppPath()});
+    processus.waitForFinished(-1);
+    const QList<QByteArray> mesures = processus.readAllStandardOutput().simplified().split(' ');
+    if (processus.exitCode() != 0 || mesures.size() != 2) {
+      etat.SkipWithError("the start failed");
+      return;
+    }
+    etat.SetIterationTime(mesures[0].toDouble());
+    kio = std::max(kio, mesures[1].toDouble());
+  }
+  etat.counters["KiB"] = kio;
+}
+
+// Envelopes.
+
+const QStringList kExpediteur{u"Mme Claire Moreau"_s, u"7 rue du Port"_s, u"29200 - BREST"_s};
+
+QStringList Destinataire(int numero) {
+  return {u"M. et Mme Durand"_s, u"Résidence des Tilleuls"_s,
+          u"%1 rue de la République"_s.arg(numero), u"44000 - NANTES"_s};
+}
+
+class DossierPdf {
+ public:
+  QString Chemin() const { return dossier_.path(); }
+  qsizetype Nombre() const { return QDir(Chemin()).entryList({u"*.pdf"_s}).size(); }
+
+ private:
+  QTemporaryDir dossier_{u"enveloppes-XXXXXX"_s};
+};
+
+void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
+  ReglagesPlomex plomex;
+  plomex.Imprimante = Imprimante::NomPdf();
+  plomex.Orientation = 2;
+  plomex.BordImprime = 1;
+  plomex.PositionEnveloppe = 2;
+  const ContenuEnveloppe contenu{kExpediteur.join(u'\n'), Destinataire(numero).join(u'\n'), false};
+  ImprimerPage(imprimante, plomex, EtatEnveloppe(), contenu);
+  imprimante.TerminerDocument();
+}
+
+template <typename Imprimer>
+void MesurerEnveloppes(benchmark::State &etat, Imprimer &&imprimer) {
+  for (auto _ : etat) {
+    const DossierPdf dossier;
+    const auto debut = Montre::now();
+    imprimer(dossier.Chemin());
+    etat.SetIterationTime(Secondes(debut));
+    if (dossier.Nombre() != kEnveloppes) etat.SkipWithError("envelopes are missing");
+  }
+}
+
+void EnveloppesVelmira(benchmark::State &etat) {
+  MesurerEnveloppes(etat, [](const QString &dossier) {
+    const HorlogeSysteme horloge;
+    ImprimanteSysteme imprimante(horloge, dossier);
+    for (int numero = 1; numero <= kEnveloppes; ++numero) ImprimerVelmira(imprimante, numero);
+  });
+}
+
+void EnveloppesNues(benchmark::State &etat) {
+  MesurerEnveloppes(etat, [](const QString &dossier) {
+    for (int numero = 1; numero <= kEnveloppes; ++numero)
+      EcrirePdfNu(u"%1/%2.pdf"_s.arg(dossier).arg(numero), kExpediteur, Destinataire(numero));
+  });
+}
+
+/// What this process holds after the first hundred envelopes, and after all.
+int MemoireEnveloppes() {
+  const DossierPdf dossier;
+  const HorlogeSysteme horloge;
+  ImprimanteSysteme imprimante(horloge, dossier.Chemin());
+  for (int numero = 1; numero <= kEnveloppes; ++numero) {
+    ImprimerVelmira(imprimante, numero);
+    if (numero == 100 || numero == kEnveloppes) std::printf("%d %.0f\n", numero, Memoire("VmRSS"));
+  }
+  return EXIT_SUCCESS;
+}
+
+/// A row of the table: its two halves have the same name but for what stands behind the last slash.
+template <typename Velmira, typename Nu>
+void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, bool montre = false) {
+  for (auto *mesure :
+       {benchmark::RegisterBenchmark((nom + u"/Velmira"_s).toUtf8().constData(), velmira),
+        benchmark::RegisterBenchmark((nom + u"/bare"_s).toUtf8().constData(), nu)}) {
+    mesure->Unit(benchmark::kMillisecond);
+    if (montre)
+      mesure->UseManualTime()->Iterations(1);
+    else
+      mesure->UseRealTime();
+  }
+}
+
+void Inscrire(const std::map<Cle, Donnees> &toutes) {
+  using benchmark::State;
+  for (const auto &[nombre, donnees] : toutes)
+    Ligne(
+        u"Fill the list, %1 correspondents"_s.arg(nombre),
+        [&](State &etat) { RemplirVelmira(etat, donnees, ToutesCategories()); },
+        [&](State &etat) { RemplirNu(etat, donnees, {}); });
+  for (const auto &[nombre, donnees] : toutes)
+    Ligne(
+        u"Fill one category, a tenth of %1"_s.arg(nombre),
+        [&](State &etat) { RemplirVelmira(etat, donnees, CategorieRare()); },
+        [&](State &etat) { RemplirNu(etat, donnees, CategorieRare()); });
+  const Donnees &fiches = toutes.at(kFiches);
+  for (const bool choisir : {false, true})
+    Ligne(
+        choisir ? u"Choose a record in the list and show it"_s : u"Show a record"_s,
+        [&fiches, choisir](State &etat) { MontrerVelmira(etat, fiches, choisir); },
+        [&fiches, choisir](State &etat) { MontrerNu(etat, fiches, choisir); });
+  for (const auto &[nombre, donnees] : toutes)
+    Ligne(
+        u"Start, %1 correspondents"_s.arg(nombre),
+        [&](State &etat) { MesurerDemarrage(etat, donnees, u"Velmira"_s); },
+        [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, true);
+  Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, true);
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  QApplication application(argc, argv);
+  PreparerIcones();
+  const QStringList arguments = QCoreApplication::arguments();
+  if (arguments.value(1) == u"--start"_s) return Demarrer(arguments);
+  if (arguments.value(1) == u"--envelopes"_s) return MemoireEnveloppes();
+
+  benchmark::Initialize(&argc, argv);
+  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
+  std::map<Cle, Donnees> toutes;
+  for (const Cle nombre : {1000, 10000, 100000}) toutes.try_emplace(nombre, nombre);
+  for (const auto &[nombre, donnees] : toutes)
+    if (!MemesListes(donnees, ToutesCategories(), {}) ||
+        !MemesListes(donnees, CategorieRare(), CategorieRare()))
+      qFatal("the two lists of %lld correspondents differ", nombre);
+  Inscrire(toutes);
+  benchmark::AddCustomContext("compiler", __VERSION__);
+  benchmark::AddCustomContext("qt", qVersion());
+  benchmark::RunSpecifiedBenchmarks();
+  return EXIT_SUCCESS;
+}

@@ -1,0 +1,255 @@
+// What a real print server and a printer with four different margins make of a page: it is printed
+// as the envelope window prints it, and measured on the sheet that arrived.
+
+#include "envelope/MiseEnPage.h"
+#include "platform/linux/ImprimanteSysteme.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QHash>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QXmlStreamReader>
+
+#include <gtest/gtest.h>
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kTolerance = 0.3;  // millimetres
+constexpr double kPoint = 25.4 / 72;
+constexpr double kNulle = std::numeric_limits<double>::quiet_NaN();
+
+// The sheet, and the margins of the printer that avec_cups.sh starts.
+constexpr double kLargeurFeuille = 210, kHauteurFeuille = 297;
+constexpr double kMargeHaut = 5, kMargeDroite = 7, kMargeGauche = 3;
+
+// What a server under load may take to hand a page on.
+constexpr int kPatience = 60'000;  // milliseconds
+
+// The window is not held up for longer by a printer or a server that is not there. Milliseconds.
+constexpr qint64 kImmediat = 5'000;
+
+class HorlogeFixe : public Horloge {
+ public:
+  QDateTime Maintenant() const override { return {QDate(2026, 6, 5), QTime(9, 8, 7)}; }
+  void Pause(std::chrono::milliseconds) override {}
+  void Apres(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
+};
+
+/// Millimetres from the top left corner. What was not found is near to nothing.
+struct Cadre {
+  double gauche = kNulle, haut = kNulle, droite = kNulle, bas = kNulle;
+};
+
+/// A page as one reads it: a landscape page lies on the sheet with its top at the sheet's right
+/// edge.
+Cadre SurLaPage(const Cadre &feuille, bool portrait) {
+  if (portrait) return feuille;
+  return {feuille.haut, kLargeurFeuille - feuille.droite, feuille.bas,
+          kLargeurFeuille - feuille.gauche};
+}
+
+struct Feuilles {
+  int nombre = 0;
+  double largeur = 0, hauteur = 0;  // millimetres
+  QHash<QString, Cadre> mots;
+};
+
+QByteArray Executer(const QString &programme, const QStringList &arguments) {
+  QProcess processus;
+  processus.start(programme, arguments);
+  EXPECT_TRUE(processus.waitForFinished(kPatience)) << qPrintable(programme);
+  EXPECT_EQ(processus.exitCode(), 0) << processus.readAllStandardError().constData();
+  return processus.readAllStandardOutput();
+}
+
+Feuilles LireFeuilles(const QString &pdf) {
+  Feuilles lues;
+  QXmlStreamReader xml(Executer(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s}));
+  while (!xml.atEnd()) {
+    if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+    const QXmlStreamAttributes attributs = xml.attributes();
+    const auto longueur = [&](const QString &nom) {
+      return attributs.value(nom).toDouble() * kPoint;
+    };
+    if (xml.name() == u"page"_s) {
+      ++lues.nombre;
+      lues.largeur = longueur(u"width"_s);
+      lues.hauteur = longueur(u"height"_s);
+    } else if (xml.name() == u"word"_s) {
+      const Cadre cadre{longueur(u"xMin"_s), longueur(u"yMin"_s), longueur(u"xMax"_s),
+                        longueur(u"yMax"_s)};
+      lues.mots.insert(xml.readElementText(), cadre);
+    }
+  }
+  return lues;
+}
+
+/// The documents that the printer has got whole.
+QStringList Arrives() {
+  const QDir dossier(qEnvironmentVariable("VELMIRA_RECU"));
+  QStringList chemins;
+  for (const QFileInfo &fichier : dossier.entryInfoList({u"*.pdf"_s}, QDir::Files)) {
+    QFile document(fichier.filePath());
+    if (document.open(QIODevice::ReadOnly) && document.readAll().trimmed().endsWith("%%EOF"))
+      chemins << fichier.filePath();
+  }
+  return chemins;
+}
+
+const Police kPolice{u"Liberation Sans"_s, 10, false, false};
+
+class Cups : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_FALSE(nom_.isEmpty()) << "to be started by avec_cups.sh";
+    ASSERT_TRUE(QFontDatabase::hasFamily(kPolice.nom));
+    plomex_.Imprimante = nom_;
+    plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
+    plomex_.PoliceA = plomex_.PoliceE = kPolice.nom;
+    plomex_.TailleA = 10;
+    plomex_.TailleE = 8;
+    connus_ = Arrives();
+  }
+
+  /// Ends the document and waits for its sheet: the one document that the printer gets.
+  Feuilles Sortir() {
+    EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+    QStringList nouveaux;
+    const QDeadlineTimer fin(kPatience);
+    for (;;) {
+      nouveaux = Arrives();
+      nouveaux.removeIf([&](const QString &chemin) { return connus_.contains(chemin); });
+      if (!nouveaux.isEmpty() || fin.hasExpired()) break;
+      QThread::msleep(20);
+    }
+    connus_ << nouveaux;
+    EXPECT_EQ(nouveaux.size(), 1);
+    return nouveaux.isEmpty() ? Feuilles() : LireFeuilles(nouveaux.first());
+  }
+
+  const QString nom_ = qEnvironmentVariable("VELMIRA_IMPRIMANTE");
+  HorlogeFixe horloge_;
+  ImprimanteSysteme imprimante_{horloge_};
+  ReglagesPlomex plomex_;
+  EtatEnveloppe etat_;
+  QStringList connus_;
+};
+
+// Places near the corner show the margins; places at the far end show that nothing was scaled to
+// the printable area; the second line and the second word show which way the page lies.
+TEST_F(Cups, PlacesSurLaFeuille) {
+  const struct {
+    const char *nom;
+    quint8 orientation;
+    qint16 margeX, margeY;
+    double gauche, haut;  // of the printable area
+  } cas[] = {
+      {"portrait", 1, 0, 0, kMargeGauche, kMargeHaut},
+      {"portrait, far end", 1, 60, 200, kMargeGauche, kMargeHaut},
+      {"landscape", 2, 0, 0, kMargeHaut, kMargeDroite},
+      {"landscape, far end", 2, 150, 120, kMargeHaut, kMargeDroite},
+  };
+  etat_.Commentaire = u"Recommandé"_s;
+  plomex_.AlignE = 1;
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.nom);
+    plomex_.Orientation = c.orientation;
+    plomex_.MargeMAX = c.margeX;
+    plomex_.MargeMAY = c.margeY;
+    ImprimerPage(imprimante_, plomex_, etat_,
+                 {u"Expéditrice\nCourt"_s, u"Destinataire ici\nNANTES"_s, true});
+    const Millimetres largeur = imprimante_.Largeur(u"Destinataire"_s, kPolice);
+    const Millimetres interligne = imprimante_.HauteurLigne(kPolice);
+    const Feuilles feuilles = Sortir();
+    EXPECT_EQ(feuilles.nombre, 1);
+    EXPECT_NEAR(feuilles.largeur, kLargeurFeuille, kTolerance);
+    EXPECT_NEAR(feuilles.hauteur, kHauteurFeuille, kTolerance);
+    const auto mot = [&](const QString &texte) {
+      return SurLaPage(feuilles.mots.value(texte), c.orientation == 1);
+    };
+
+    const double x = c.gauche + 80 + c.margeX, y = c.haut + 50 + c.margeY;
+    const Cadre premier = mot(u"Destinataire"_s);
+    EXPECT_NEAR(premier.gauche, x, kTolerance);
+    EXPECT_NEAR(premier.haut, y, kTolerance);
+    EXPECT_NEAR(premier.droite, x + largeur.valeur, kTolerance);
+    EXPECT_GT(mot(u"ici"_s).gauche, premier.droite);
+    const Cadre ville = mot(u"NANTES"_s);
+    EXPECT_NEAR(ville.gauche, x, kTolerance);
+    EXPECT_NEAR(ville.haut, y + interligne.valeur, kTolerance);
+
+    const Cadre expediteur = mot(u"Expéditrice"_s);
+    EXPECT_NEAR(expediteur.gauche, c.gauche + 2, kTolerance);
+    EXPECT_NEAR(expediteur.haut, c.haut + 5, kTolerance);
+    EXPECT_NEAR(mot(u"Court"_s).droite, expediteur.droite, kTolerance);
+    const Cadre commentaire = mot(u"Recommandé"_s);
+    EXPECT_NEAR(commentaire.droite, c.gauche + 180, kTolerance);
+    EXPECT_NEAR(commentaire.haut, c.haut + 5, kTolerance);
+  }
+}
+
+TEST_F(Cups, ImprimantesDuServeur) {
+  EXPECT_EQ(imprimante_.Noms(), QStringList({nom_, Imprimante::NomPdf()}));
+  EXPECT_EQ(imprimante_.Courante(), nom_);
+}
+
+// A printer removed under an open page, or before one opens, costs that page alone, and at once.
+TEST_F(Cups, ImprimanteRetiree) {
+  const QString retiree = u"Retiree"_s;
+  Executer(u"lpadmin"_s, {u"-p"_s, retiree, u"-E"_s, u"-v"_s, qEnvironmentVariable("VELMIRA_URI"),
+                          u"-m"_s, u"everywhere"_s});
+  EXPECT_TRUE(imprimante_.Noms().contains(retiree));
+  plomex_.Imprimante = retiree;
+  ImprimerPage(imprimante_, plomex_, etat_, {{}, u"Perdu"_s});
+  EXPECT_GT(imprimante_.Largeur(u"Perdu"_s, kPolice), Millimetres());
+  Executer(u"lpadmin"_s, {u"-x"_s, retiree});
+  QElapsedTimer duree;
+  duree.start();
+  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  imprimante_.OuvrirPage(Orientation::Portrait);
+  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, kPolice), Millimetres());
+  EXPECT_LT(duree.elapsed(), kImmediat);
+
+  plomex_.Imprimante = nom_;
+  ImprimerPage(imprimante_, plomex_, etat_, {{}, u"Ensuite"_s});
+  EXPECT_EQ(Sortir().mots.keys(), QStringList(u"Ensuite"_s));
+}
+
+// Started with CUPS_SERVER naming a port where nobody listens.
+TEST(SansServeur, ResteLePdf) {
+  ASSERT_FALSE(qEnvironmentVariableIsEmpty("CUPS_SERVER"));
+  const QTemporaryDir dossier;
+  HorlogeFixe horloge;
+  ImprimanteSysteme imprimante(horloge, dossier.path());
+  QElapsedTimer duree;
+  duree.start();
+  EXPECT_EQ(imprimante.Noms(), QStringList(Imprimante::NomPdf()));
+  EXPECT_EQ(imprimante.Courante(), Imprimante::NomPdf());
+  imprimante.Choisir(u"Enveloppes"_s);
+  imprimante.OuvrirPage(Orientation::Portrait);
+  EXPECT_EQ(imprimante.Largeur(u"Perdu"_s, kPolice), Millimetres());
+  EXPECT_EQ(imprimante.TerminerDocument(), QString());
+  EXPECT_LT(duree.elapsed(), kImmediat);
+
+  imprimante.Choisir(Imprimante::NomPdf());
+  imprimante.OuvrirPage(Orientation::Portrait);
+  EXPECT_TRUE(QFile::exists(imprimante.TerminerDocument()));
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
