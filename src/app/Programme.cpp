@@ -44,6 +44,7 @@ Programme::~Programme() = default;
 bool Programme::Demarrer() {
   depart_ = std::make_unique<FrmDepart>();
   depart_->show();
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // so that it is painted
   if (!Demarrage(session_.plateforme, session_.dossiers).Executer()) {
     depart_->hide();
     return false;
