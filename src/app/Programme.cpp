@@ -114,7 +114,7 @@ void Programme::VersRepertoire() {
 
 void Programme::Fermer() {
   if (fermeture_) return;
-  velmira_->EnregistrerNotes();  // a failure is told, and keeps the window open for a second try
+  velmira_->PreparerFermeture();  // a failure is told, and keeps the window open for a second try
   fermeture_ = true;
   Signaler(session_.plateforme.boites,
            [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });

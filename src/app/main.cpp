@@ -46,7 +46,8 @@ int main(int argc, char *argv[]) {
   CoquilleSysteme coquille;
   ImprimanteSysteme imprimante(horloge);
   PolicesSysteme polices;
-  Plateforme plateforme{horloge,  boites,           coquille,         imprimante, polices, NomUtilisateur(), LangueDuSysteme()};
+  Plateforme plateforme{horloge, boites,           coquille,         imprimante,
+                        polices, NomUtilisateur(), LangueDuSysteme()};
   application.SignalerPar(&boites);
 
   QString appPath;

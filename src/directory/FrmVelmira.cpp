@@ -3,7 +3,9 @@
 #include "calendar/Saints.h"
 #include "directory/Age.h"
 #include "directory/Categories.h"
-#include "directory/Liste.h"
+#include "directory/CommandesRecherche.h"
+#include "directory/FrmCalendrier.h"
+#include "directory/FrmLoupe.h"
 #include "envelope/ChaineAdresse.h"
 #include "envelope/MiseEnLignes.h"
 #include "platform/Erreurs.h"
@@ -24,15 +26,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kEnveloppe = 7, kQuitter = 8, kAppeler = 9;
+constexpr int kSupprimer = 2, kAgrandir = 3, kCalendrier = 5, kEnveloppe = 7, kQuitter = 8,
+              kAppeler = 9;
 
 const QList<DescriptionBouton> kCommandes{
     {u"contact-new", u"  Nouveau velmira", false},
     {u"document-edit", u"  Modifie les données", false},
-    {u"edit-delete", u"  Supprime le velmira", false, true},
-    {u"zoom-in", u"  Agrandit les données", false},
+    {u"edit-delete", u"  Supprime le velmira", true, true},
+    {u"zoom-in", u"  Agrandit les données", true},
     {u"document-print", u"  Imprime la liste", false, true},
-    {u"view-calendar", u"  Calendrier", false},
+    {u"view-calendar", u"  Calendrier", true},
     {u"color-picker", u"  Change la couleur du fond", false, true},
     {u"mail-message-new", u"  Imprimer une enveloppe", true},
     {u"application-exit", u"  Quitter Velmira ?", true, true},
@@ -43,11 +46,20 @@ const QList<DescriptionBouton> kCommandes{
     {u"note", u"  Memora", false},
 };
 
+std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
+  auto ui = std::make_unique<Ui::FrmVelmira>();
+  ui->setupUi(&fenetre);
+  return ui;
+}
+
 }  // namespace
 
 FrmVelmira::FrmVelmira(Session &session)
-    : session_(session), ui_(std::make_unique<Ui::FrmVelmira>()), mnuInv2_(new QMenu(this)) {
-  ui_->setupUi(this);
+    : session_(session),
+      ui_(Preparer(*this)),
+      liste_(session, {ui_->CboCat, ui_->TV, ui_->LblNomBE}, [this] { QuitterFiche(); }),
+      commandes_(session, liste_),
+      mnuInv2_(new QMenu(this)) {
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
   ui_->Barre->Bouton(kEnveloppe)->setShortcut(QKeySequence(u"Ctrl+E"_s));
@@ -62,13 +74,17 @@ FrmVelmira::FrmVelmira(Session &session)
   connect(ui_->Barre, &BarreBoutons::Survole, this, [this](int index) {
     ui_->LblBouton->setText(index < 0 ? u""_s : QString::fromUtf16(kCommandes[index].texte));
   });
-  connect(ui_->CboCat, &QComboBox::activated, this, Garde(boites, [this](int) { ChargerListe(); }));
+  connect(ui_->CboCat, &QComboBox::activated, this,
+          Garde(boites, [this](int) { liste_.Charger(); }));
   connect(ui_->TV, &ArbreVelmiras::NoeudClique, this,
           Garde(boites, [this](const QModelIndex &noeud, Qt::MouseButton bouton) {
             NoeudClic(noeud, bouton);
           }));
   connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this,
           Garde(boites, [this] { EnregistrerNotes(); }));
+  connect(ui_->CmdFavoris, &QToolButton::clicked, this,
+          Garde(boites, [this](bool) { commandes_.AjouterAuxFavoris(); }));
+  recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
   BrancherMenus();
   Charger();
 }
@@ -86,9 +102,9 @@ void FrmVelmira::Charger() {
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 
   const bool lue = Signaler(session_.plateforme.boites, [&] {
-    RemplirCategories();
+    liste_.RemplirCategories();
     ui_->CboCat->setCurrentIndex(session_.reglages.rtcolor.OuvrirSurFavoris == 1 ? 1 : 0);
-    ChargerListe();
+    liste_.Charger();
   });
   if (!lue) EffacerFiche();
   const auto nombre = ui_->TV->Modele().NombreEnfants();
@@ -132,7 +148,12 @@ void FrmVelmira::BrancherMenus() {
     EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
   });
   brancher(ui_->mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
-  brancher(ui_->mnuImpEnv, [this](bool) { AllerAuxEnveloppes(); });
+  brancher(ui_->mnuMasquer, [this](bool masquer) {
+    TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
+  });
+  brancher(ui_->mnuSupprimer, [this](bool) { CommandeBarre(kSupprimer); });
+  brancher(ui_->mnuAgrandir, [this](bool) { CommandeBarre(kAgrandir); });
+  brancher(ui_->mnuImpEnv, [this](bool) { CommandeBarre(kEnveloppe); });
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
 }
@@ -162,39 +183,10 @@ void FrmVelmira::AppliquerReglages() {
   ui_->Fiche->ChangerTaillePolice(points);
 }
 
-void FrmVelmira::RemplirCategories() {
-  const bool rapide = CategorieCourante == RechercheRapide();
-  const auto lues = session_.base.Ouverte() ? TableAdresse(session_.base).Categories()
-                                            : QList<CategoriesDistinctes>();
-  ui_->CboCat->clear();
-  for (const EntreeCategorie &entree : CollecterCategories(lues, rapide))
-    ui_->CboCat->addItem(entree.nom, entree.premier);
-  ui_->CboCat->setCurrentIndex(-1);
-}
-
-void FrmVelmira::ChargerListe() {
+void FrmVelmira::QuitterFiche() {
   EnregistrerNotes();
-  QComboBox *combo = ui_->CboCat;
-  if (combo->currentText() != ToutesCategories()) ui_->TxtRR->clear();
+  if (liste_.Categorie() != ToutesCategories()) ui_->TxtRR->clear();
   EffacerFiche();
-  if (combo->currentIndex() < 0) {
-    if (combo->count() == 0) return;
-    combo->setCurrentText(CategorieCourante);
-  }
-  if (combo->currentText() != RechercheRapide() && combo->itemText(0) == RechercheRapide())
-    combo->removeItem(0);
-
-  const QString categorie = combo->currentText();
-  ArbreVelmiras *arbre = ui_->TV;
-  arbre->Modele().Vider();
-  if (session_.base.Ouverte()) {
-    const TableAdresse table(session_.base);
-    auto noeuds = ListerVelmiras(table, {categorie, LettreRR, session_.plateforme.utilisateur});
-    if (!noeuds.empty() || !table.EstVide()) arbre->Remplir(categorie.toUpper(), std::move(noeuds));
-  }
-  ui_->LblNomBE->setText(TexteCompte(arbre->Modele().NombreEnfants()));
-  CategorieCourante = categorie;
-  arbre->setFocus();
 }
 
 void FrmVelmira::EffacerFiche() {
@@ -212,7 +204,6 @@ void FrmVelmira::EnregistrerNotes() {
 
 void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
   EnregistrerNotes();
-  CategorieCourante = ui_->CboCat->currentText();
   const QString tag = noeud.data(Qt::UserRole).toString();
   if (tag.isEmpty()) {
     EffacerFiche();
@@ -226,8 +217,7 @@ void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
     return;
   }
   MontrerFiche(*fiche);
-  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton)
-    mnuInv2_->popup(QCursor::pos());
+  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton) mnuInv2_->popup(QCursor::pos());
 }
 
 void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
@@ -276,8 +266,42 @@ void FrmVelmira::BasculerAdresseImportee(bool importee) {
 }
 
 void FrmVelmira::CommandeBarre(int index) {
-  if (index == kEnveloppe) AllerAuxEnveloppes();
-  if (index == kQuitter) close();
+  switch (index) {
+    case kSupprimer:
+      commandes_.Supprimer([this] { EffacerFiche(); });
+      break;
+    case kAgrandir:
+      Agrandir();
+      break;
+    case kCalendrier:
+      FrmCalendrier(session_.plateforme.horloge.Maintenant().date(), session_.plateforme.langue,
+                    this)
+          .exec();
+      break;
+    case kEnveloppe:
+      AllerAuxEnveloppes();
+      break;
+    case kQuitter:
+      close();
+      break;
+    default:
+      break;
+  }
+}
+
+void FrmVelmira::Agrandir() {
+  const QModelIndex noeud = commandes_.Selection();
+  if (!noeud.isValid()) return;
+  EnregistrerNotes();
+  const auto fiche = TableAdresse(session_.base).Lire(noeud.data(Qt::UserRole).toLongLong());
+  loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
+  connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
+    show();
+    activateWindow();
+    loupe_.release()->deleteLater();  // it is still at work
+  });
+  loupe_->show();
+  hide();
 }
 
 void FrmVelmira::AllerAuxEnveloppes() {
@@ -286,6 +310,13 @@ void FrmVelmira::AllerAuxEnveloppes() {
   session_.enveloppe.AdresseCourante = adresseAffichee_;
   session_.enveloppe.OptionCPAdresse = OptionCourante;
   emit EnveloppeDemandee();
+}
+
+void FrmVelmira::PreparerFermeture() {
+  EnregistrerNotes();
+  if (!ui_->mnuMasquer->isChecked()) return;
+  ui_->mnuMasquer->setChecked(false);
+  TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
 }
 
 void FrmVelmira::VenirDevant() {

@@ -1,11 +1,16 @@
 #pragma once
 
+#include "directory/CommandesFiche.h"
+#include "directory/ListeVelmiras.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
 #include <QMainWindow>
 
 #include <memory>
+
+class CommandesRecherche;
+class FrmLoupe;
 
 namespace Ui {
 class FrmVelmira;
@@ -19,9 +24,9 @@ class FrmVelmira : public QMainWindow {
   explicit FrmVelmira(Session &session);
   ~FrmVelmira() override;
 
-  /// Saves what has been typed into the notes. Throws `ErreurBase`; what was typed stays on the
-  /// screen then, and is not saved again.
-  void EnregistrerNotes();
+  /// Saves what has been typed into the notes, and shows the user's protected records to the others
+  /// again. Throws `ErreurBase`; what was typed stays on the screen then, and is not saved again.
+  void PreparerFermeture();
 
  signals:
   /// The envelope window is asked for; the address string of the record is the current one.
@@ -39,16 +44,16 @@ class FrmVelmira : public QMainWindow {
   void AppliquerReglages();
   void CommandeBarre(int index);
   void VenirDevant();
+  void EnregistrerNotes();
 
-  /// Collects the categories and fills the combo, its selection lost.
-  void RemplirCategories();
-  /// Fills the tree for the category of the combo.
-  void ChargerListe();
+  /// The record on display is left: what was typed is saved, and the panel emptied.
+  void QuitterFiche();
   void EffacerFiche();
 
   void NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton);
   void MontrerFiche(const Correspondant &fiche);
   void AllerAuxEnveloppes();
+  void Agrandir();
 
   void ChoisirNaissance(quint8 affichage);
   void BasculerAdresseImportee(bool importee);
@@ -56,9 +61,11 @@ class FrmVelmira : public QMainWindow {
 
   Session &session_;
   std::unique_ptr<Ui::FrmVelmira> ui_;
-  QMenu *mnuInv2_;  ///< pop-up of the list
-  QString CategorieCourante;
-  QString LettreRR;             ///< initial of the quick search
+  ListeVelmiras liste_;
+  CommandesFiche commandes_;
+  std::unique_ptr<CommandesRecherche> recherche_;
+  std::unique_ptr<FrmLoupe> loupe_;
+  QMenu *mnuInv2_;              ///< pop-up of the list
   Cle IndexCourant = 0;         ///< record on display, 0 for none
   QString adresseAffichee_;     ///< address string of the record on display
   quint8 OptionCourante = 0;    ///< order of its postal line

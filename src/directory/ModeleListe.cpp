@@ -31,6 +31,22 @@ void ModeleListe::Remplir(const QString &titre, std::vector<NoeudListe> noeuds) 
   endResetModel();
 }
 
+void ModeleListe::Retirer(const QModelIndex &enfant) {
+  beginRemoveRows(enfant.parent(), enfant.row(), enfant.row());
+  noeuds_.erase(noeuds_.begin() + enfant.row());
+  endRemoveRows();
+}
+
+QModelIndex ModeleListe::Commencant(const QString &debut) const {
+  for (std::size_t i = 0; i < noeuds_.size(); ++i) {
+    QStringView tete = QStringView(noeuds_[i].texte).left(debut.size());
+    while (tete.endsWith(u' ')) tete.chop(1);
+    if (tete.compare(debut, Qt::CaseInsensitive) == 0)
+      return index(static_cast<int>(i), 0, Racine());
+  }
+  return {};
+}
+
 QModelIndex ModeleListe::Racine() const {
   return index(0, 0);
 }

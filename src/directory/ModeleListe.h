@@ -20,6 +20,13 @@ class ModeleListe : public QAbstractItemModel {
   /// `titre` is the root's text.
   void Remplir(const QString &titre, std::vector<NoeudListe> noeuds);
 
+  /// Takes a child off.
+  void Retirer(const QModelIndex &enfant);
+
+  /// The first child whose beginning, upper and lower case alike and without blanks at the ends of
+  /// what is compared, is this text; invalid when there is none.
+  QModelIndex Commencant(const QString &debut) const;
+
   /// The root; invalid while the tree is empty.
   QModelIndex Racine() const;
   qsizetype NombreEnfants() const { return static_cast<qsizetype>(noeuds_.size()); }

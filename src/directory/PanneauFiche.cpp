@@ -1,5 +1,6 @@
 #include "directory/PanneauFiche.h"
 
+#include "ui/CouleurNumero.h"
 #include "ui/Icones.h"
 #include "ui_PanneauFiche.h"
 
@@ -13,20 +14,6 @@ namespace {
 
 constexpr int kCotePhoto = 150;
 constexpr qsizetype kLignesAdresse = 12;  // more never fits the frame
-
-void Colorer(QWidget *etiquette, const QColor &couleur) {
-  QPalette palette = etiquette->palette();
-  palette.setColor(QPalette::WindowText, couleur);
-  etiquette->setPalette(palette);
-}
-
-/// Dark blue and red are the colours of the numbers on a light ground; on a dark one they would not
-/// be read, and lighter ones of the same hue stand for them.
-QColor CouleurNumero(bool listeRouge, const QPalette &palette) {
-  const bool sombre = palette.color(QPalette::Window).lightness() < 128;
-  if (listeRouge) return sombre ? QColor(255, 120, 120) : QColor(192, 0, 0);
-  return sombre ? QColor(150, 180, 255) : QColor(0, 0, 128);
-}
 
 /// A label of several lines keeps the window's size whatever the record holds.
 QString LignesMontrables(const QString &texte) {

@@ -80,6 +80,24 @@ QList<CategoriesDistinctes> TableAdresse::Categories() const {
   return toutes;
 }
 
+bool TableAdresse::Supprimer(Cle index) {
+  Transaction transaction(base_);
+  const auto supprimees =
+      Requete(base_, uR"(DELETE FROM "Adresse" WHERE "Index"=?)"_s).Lier(index).Executer();
+  transaction.Valider();
+  return supprimees > 0;
+}
+
+void TableAdresse::MasquerProteges(const QString &utilisateur, bool masquer) {
+  const QString visible = utilisateur + u'$';
+  Transaction transaction(base_);
+  Requete(base_, uR"(UPDATE "Adresse" SET "DataProt"=? WHERE "DataProt"=?)"_s)
+      .Lier(masquer ? utilisateur : visible)
+      .Lier(masquer ? visible : utilisateur)
+      .Executer();
+  transaction.Valider();
+}
+
 void TableAdresse::EcrireChamp(Cle index, const QString &champ, const QString &valeur) {
   Transaction transaction(base_);
   const auto changees =
@@ -95,6 +113,10 @@ void TableAdresse::EcrireChamp(Cle index, const QString &champ, const QString &v
 
 void TableAdresse::EcrireCommentaires(Cle index, const QString &texte) {
   EcrireChamp(index, u"Commentaires"_s, texte);
+}
+
+void TableAdresse::EcrireCategories(Cle index, const QString &categories) {
+  EcrireChamp(index, u"Categories"_s, categories);
 }
 
 void TableAdresse::EffacerPhoto(Cle index) {

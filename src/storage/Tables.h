@@ -40,8 +40,16 @@ class TableAdresse {
   /// In the order in which a walk of the table first meets them; empty ones left out.
   QList<CategoriesDistinctes> Categories() const;
 
+  /// False when another user has deleted it meanwhile.
+  bool Supprimer(Cle index);
+
+  /// The records that `utilisateur` has protected are hidden from the other users, or shown to
+  /// them. No other mark is touched.
+  void MasquerProteges(const QString &utilisateur, bool masquer);
+
   /// A record that another user has deleted meanwhile throws.
   void EcrireCommentaires(Cle index, const QString &texte);
+  void EcrireCategories(Cle index, const QString &categories);
   void EffacerPhoto(Cle index);
 
  private:
