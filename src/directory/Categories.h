@@ -22,6 +22,10 @@ inline bool EstDansCategorie(const QString &categories, const QString &categorie
   return categories.contains(u'*' + categorie + u'*');
 }
 
+/// A category string without a name, wherever the name stands in it, also as a part of another one:
+/// `*Amis*` less Ami is `*s*`, and `*Ami*` leaves a lone star.
+QString SansCategorie(QString categories, const QString &nom);
+
 /// An entry of a list of categories, with the key of the first record that bears it (0 for the
 /// entries that no record stands for).
 struct EntreeCategorie {

@@ -1,10 +1,22 @@
 #include "directory/CommandesFiche.h"
 
 #include "directory/Categories.h"
+#include "directory/FrmNewMod.h"
+#include "directory/Liste.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The key of a new record is handed on in one byte.
+constexpr Cle kCleNouvelleMax = 255;
+
+/// A record whose texts are empty, not null.
+Correspondant FicheVide() {
+  Correspondant fiche;
+  fiche.Commentaires = fiche.AdresseImportee = u""_s;
+  return fiche;
+}
 
 QString Texte(const QModelIndex &noeud) {
   return noeud.data().toString();
@@ -24,7 +36,77 @@ QModelIndex CommandesFiche::Selection() const {
   return noeud;
 }
 
-void CommandesFiche::Supprimer(const std::function<void()> &avant) {
+void CommandesFiche::Nouveau(const Fenetre &fenetre) {
+  FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
+                    {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
+                    fenetre.parent);
+  Correspondant fiche;
+  bool ecrite = false;
+  while (!ecrite && editeur.exec() == QDialog::Accepted &&
+         !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
+    fiche = FicheVide();
+    editeur.Saisie().Reporter(fiche);
+    fiche.AlerteActive = editeur.Saisie().AjoutAlerte;
+    ecrite = Signaler(session_.plateforme.boites, [&] {
+      fiche.Index = TableAdresse(session_.base).Ajouter(fiche, fiche.AlerteActive);
+    });
+  }
+  if (!ecrite) {
+    fenetre.montrer();
+    return;
+  }
+  liste_.RemplirCategories();
+  liste_.AfficherCategorie(ToutesCategories());
+  if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(fiche.Index); noeud.isValid())
+    liste_.Arbre().SelectionnerEtCliquer(noeud);
+  if (fiche.Index > kCleNouvelleMax)
+    session_.plateforme.boites.Erreur(
+        u"Dépassement de capacité : la clé %1 dépasse %2.\nLe correspondant a bien été enregistré."_s
+            .arg(fiche.Index)
+            .arg(kCleNouvelleMax));
+}
+
+void CommandesFiche::Modifier(const Fenetre &fenetre) {
+  Boites &boites = session_.plateforme.boites;
+  ArbreVelmiras &arbre = liste_.Arbre();
+  const QModelIndex racine = arbre.Modele().Racine();
+  if (!racine.isValid()) {
+    boites.Information(u"Aucun velmira à modifier !"_s);
+    return;
+  }
+  const QModelIndex choisi = Selection();
+  if (!choisi.isValid()) return;
+  if (choisi == racine) {
+    boites.Information(u"Cet élément n'est pas modifiable !"_s);
+    return;
+  }
+  auto fiche = TableAdresse(session_.base).Lire(Index(choisi));
+  if (!fiche) {
+    fenetre.montrer();  // tells that the record has gone
+    return;
+  }
+  FrmNewMod editeur(session_, u"  Modifier Velmira"_s,
+                    {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
+                    fenetre.parent);
+  editeur.Montrer(*fiche);
+  bool ecrite = false;
+  while (!ecrite && editeur.exec() == QDialog::Accepted &&
+         !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
+    editeur.Saisie().Reporter(*fiche);
+    // A failure leaves what was typed on the screen.
+    ecrite = Signaler(boites, [&] {
+      TableAdresse(session_.base).Modifier(*fiche, editeur.Saisie().AjoutAlerte);
+    });
+  }
+  if (!ecrite) return;
+  liste_.Retirer(arbre.Modele().Enfant(fiche->Index));
+  const QModelIndex noeud = arbre.Modele().Inserer({NomListe(fiche->NomVelmira), fiche->Index});
+  liste_.RemplirCategories();
+  arbre.SelectionnerEtCliquer(noeud);
+  arbre.setFocus();
+}
+
+void CommandesFiche::Supprimer(const std::function<void()> &partie) {
   Boites &boites = session_.plateforme.boites;
   ArbreVelmiras &arbre = liste_.Arbre();
   const QModelIndex racine = arbre.Modele().Racine();
@@ -45,7 +127,7 @@ void CommandesFiche::Supprimer(const std::function<void()> &avant) {
     return;
 
   const bool existait = TableAdresse(session_.base).Supprimer(Index(noeud));
-  avant();
+  partie();
   liste_.Retirer(noeud);
   if (!existait)
     boites.Information(

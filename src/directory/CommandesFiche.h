@@ -7,8 +7,21 @@ class CommandesFiche {
  public:
   CommandesFiche(Session &session, ListeVelmiras &liste) : session_(session), liste_(liste) {}
 
-  /// Asks, deletes the record and takes it off the list. `avant` runs before the record goes.
-  void Supprimer(const std::function<void()> &avant);
+  /// What the window gives to New and Change.
+  struct Fenetre {
+    QWidget *parent;
+    bool protegesMasques;           ///< protected records are hidden from the others now
+    std::function<void()> montrer;  ///< shows the selected record again
+  };
+
+  /// The editor for a new record, which then stands selected in the whole list.
+  void Nouveau(const Fenetre &fenetre);
+
+  /// The editor for the selected record.
+  void Modifier(const Fenetre &fenetre);
+
+  /// Asks, deletes the record and takes it off the list. `partie` runs when the record has gone.
+  void Supprimer(const std::function<void()> &partie);
 
   /// Puts the selected correspondent among the favourites.
   void AjouterAuxFavoris();

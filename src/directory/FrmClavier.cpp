@@ -18,7 +18,8 @@ FrmClavier::FrmClavier(QWidget *bouton) : QDialog(bouton->window()) {
   setStyleSheet(
       u"QToolButton { background: white; color: rgb(192, 64, 0); border: 1px solid rgb(192, 64, 0);"
       "  border-radius: 3px; font-weight: bold }"
-      "QToolButton:hover, QToolButton:focus { background: rgb(192, 64, 0); color: white }"
+      "QToolButton:focus { border-width: 2px }"
+      "QToolButton:hover { background: rgb(192, 64, 0); color: white }"
       "QToolButton:pressed { padding-left: 2px; padding-top: 2px }"_s);
   auto *grille = new QGridLayout(this);
   grille->setSpacing(4);

@@ -5,6 +5,7 @@
 
 #include <QLinearGradient>
 #include <QPainter>
+#include <QScreen>
 
 using namespace Qt::StringLiterals;
 
@@ -20,6 +21,7 @@ FrmDepart::FrmDepart()
   titre.setLetterSpacing(QFont::AbsoluteSpacing, 6);
   ui_->Label1->setFont(titre);
   ui_->Image1->setPixmap(IconeProgramme().pixmap(64, 64));
+  move(screen()->availableGeometry().center() - QPoint(width(), height()) / 2);
   ui_->LblversionVelmira->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
 }
 

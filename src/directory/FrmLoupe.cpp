@@ -39,8 +39,13 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) {
   grille->setVerticalSpacing(12);
   grille->setColumnMinimumWidth(0, 180);
   grille->setColumnStretch(1, 1);
-  auto *nom = Etiquette(this, u"LblNLoupe"_s, fiche.NomVelmira, kTitre);
+  constexpr qsizetype kLisible = 200;  // characters; more would not fit the screen
+  auto *nom = new QLabel(fiche.NomVelmira.left(kLisible), this);
+  nom->setObjectName(u"LblNLoupe"_s);
+  nom->setTextFormat(Qt::PlainText);
+  nom->setWordWrap(true);
   QFont gras = nom->font();
+  gras.setPointSize(kTitre);
   gras.setBold(true);
   nom->setFont(gras);
   grille->addWidget(nom, 0, 0, 1, 2);
@@ -66,7 +71,7 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) {
   }
   grille->setRowStretch(rang++, 1);
   auto *fin = Etiquette(this, u"LblExit"_s, u"Cliquez n'importe où pour fermer"_s, kLibelle);
-  fin->setEnabled(false);
+  Colorer(fin, palette().color(QPalette::Disabled, QPalette::WindowText));
   grille->addWidget(fin, rang, 0, 1, 2);
 }
 

@@ -12,6 +12,7 @@
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
 #include "ui/Alignement.h"
+#include "ui/Debrancher.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui_FrmVelmira.h"
@@ -26,12 +27,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kSupprimer = 2, kAgrandir = 3, kCalendrier = 5, kEnveloppe = 7, kQuitter = 8,
-              kAppeler = 9;
+constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kCalendrier = 5,
+              kEnveloppe = 7, kQuitter = 8, kAppeler = 9;
 
 const QList<DescriptionBouton> kCommandes{
-    {u"contact-new", u"  Nouveau velmira", false},
-    {u"document-edit", u"  Modifie les données", false},
+    {u"contact-new", u"  Nouveau velmira", true},
+    {u"document-edit", u"  Modifie les données", true},
     {u"edit-delete", u"  Supprime le velmira", true, true},
     {u"zoom-in", u"  Agrandit les données", true},
     {u"document-print", u"  Imprime la liste", false, true},
@@ -89,7 +90,9 @@ FrmVelmira::FrmVelmira(Session &session)
   Charger();
 }
 
-FrmVelmira::~FrmVelmira() = default;
+FrmVelmira::~FrmVelmira() {
+  DebrancherEnfants(*this);
+}
 
 void FrmVelmira::Charger() {
   const QString &appPath = session_.dossiers.AppPath;
@@ -151,6 +154,11 @@ void FrmVelmira::BrancherMenus() {
   brancher(ui_->mnuMasquer, [this](bool masquer) {
     TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
   });
+  brancher(ui_->mnumodifier, [this](bool) { CommandeBarre(kModifier); });
+  connect(ui_->TV, &QTreeView::doubleClicked, this,
+          Garde(session_.plateforme.boites, [this](const QModelIndex &noeud) {
+            if (noeud != ui_->TV->Modele().Racine()) CommandeBarre(kModifier);
+          }));
   brancher(ui_->mnuSupprimer, [this](bool) { CommandeBarre(kSupprimer); });
   brancher(ui_->mnuAgrandir, [this](bool) { CommandeBarre(kAgrandir); });
   brancher(ui_->mnuImpEnv, [this](bool) { CommandeBarre(kEnveloppe); });
@@ -266,7 +274,17 @@ void FrmVelmira::BasculerAdresseImportee(bool importee) {
 }
 
 void FrmVelmira::CommandeBarre(int index) {
+  const CommandesFiche::Fenetre fenetre{this, ui_->mnuMasquer->isChecked(),
+                                        [this] { ui_->TV->CliquerSelection(); }};
   switch (index) {
+    case kNouveau:
+      EnregistrerNotes();
+      commandes_.Nouveau(fenetre);
+      break;
+    case kModifier:
+      EnregistrerNotes();
+      commandes_.Modifier(fenetre);
+      break;
     case kSupprimer:
       commandes_.Supprimer([this] { EffacerFiche(); });
       break;
@@ -315,8 +333,8 @@ void FrmVelmira::AllerAuxEnveloppes() {
 void FrmVelmira::PreparerFermeture() {
   EnregistrerNotes();
   if (!ui_->mnuMasquer->isChecked()) return;
-  ui_->mnuMasquer->setChecked(false);
   TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
+  ui_->mnuMasquer->setChecked(false);
 }
 
 void FrmVelmira::VenirDevant() {

@@ -18,6 +18,12 @@ bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
   return EstDansCategorie(entree.Categories, filtre.categorie);
 }
 
+QCollator OrdreDesNoms() {
+  QCollator ordre(QLocale(QLocale::French, QLocale::France));
+  ordre.setCaseSensitivity(Qt::CaseInsensitive);
+  return ordre;
+}
+
 /// Only blanks are trimmed: a tab is a character of the name.
 QString SansBlancs(const QString &texte) {
   qsizetype debut = 0, fin = texte.size();
@@ -33,9 +39,16 @@ QString NomListe(const QString &nom) {
   return SansBlancs(nom.left(kLargeur));
 }
 
+std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudListe> &noeuds,
+                                                       const QString &nom) {
+  const QCollator ordre = OrdreDesNoms();
+  return std::upper_bound(
+      noeuds.begin(), noeuds.end(), nom,
+      [&](const QString &a, const NoeudListe &b) { return ordre.compare(a, b.texte) < 0; });
+}
+
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre) {
-  QCollator ordre(QLocale(QLocale::French, QLocale::France));
-  ordre.setCaseSensitivity(Qt::CaseInsensitive);
+  const QCollator ordre = OrdreDesNoms();
 
   struct Triable {
     QCollatorSortKey cle;

@@ -27,5 +27,9 @@ QString NomListe(const QString &nom);
 /// equal names keep the order of the table. Throws `ErreurBase`.
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre);
 
+/// Where a name stands in a list that is sorted as above: behind the names that are equal to it.
+std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudListe> &noeuds,
+                                                       const QString &nom);
+
 /// The line under the list: "Pas d'enregistrement", "1  enregistrement", "2  enregistrements ".
 QString TexteCompte(qsizetype enregistrements);

@@ -37,6 +37,21 @@ void ModeleListe::Retirer(const QModelIndex &enfant) {
   endRemoveRows();
 }
 
+QModelIndex ModeleListe::Inserer(NoeudListe noeud) {
+  const auto place = PlaceDansListe(noeuds_, noeud.texte);
+  const auto rang = static_cast<int>(place - noeuds_.begin());
+  beginInsertRows(Racine(), rang, rang);
+  noeuds_.insert(place, std::move(noeud));
+  endInsertRows();
+  return index(rang, 0, Racine());
+}
+
+QModelIndex ModeleListe::Enfant(Cle cle) const {
+  for (std::size_t i = 0; i < noeuds_.size(); ++i)
+    if (noeuds_[i].index == cle) return index(static_cast<int>(i), 0, Racine());
+  return {};
+}
+
 QModelIndex ModeleListe::Commencant(const QString &debut) const {
   for (std::size_t i = 0; i < noeuds_.size(); ++i) {
     QStringView tete = QStringView(noeuds_[i].texte).left(debut.size());

@@ -23,6 +23,12 @@ class ModeleListe : public QAbstractItemModel {
   /// Takes a child off.
   void Retirer(const QModelIndex &enfant);
 
+  /// Puts a child in its place in the order of the list, and gives its index.
+  QModelIndex Inserer(NoeudListe noeud);
+
+  /// The child of a record; invalid when it is not listed.
+  QModelIndex Enfant(Cle index) const;
+
   /// The first child whose beginning, upper and lower case alike and without blanks at the ends of
   /// what is compared, is this text; invalid when there is none.
   QModelIndex Commencant(const QString &debut) const;

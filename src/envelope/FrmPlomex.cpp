@@ -12,7 +12,9 @@
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
 #include "platform/Erreurs.h"
+#include "storage/Tables.h"
 #include "ui/Alignement.h"
+#include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
@@ -74,7 +76,9 @@ FrmPlomex::FrmPlomex(Session &session) : session_(session), ui_(std::make_unique
   Charger();
 }
 
-FrmPlomex::~FrmPlomex() = default;
+FrmPlomex::~FrmPlomex() {
+  DebrancherEnfants(*this);
+}
 
 void FrmPlomex::BrancherMenus() {
   const auto brancher = [this](QAction *action, auto commande) {
@@ -87,6 +91,7 @@ void FrmPlomex::BrancherMenus() {
   brancher(ui_->mnuApercu, [this] { Apercu(); });
   brancher(ui_->mnuConfigure, [this] { Configurer(); });
   brancher(ui_->mnuOptions, [this] { ChoisirOptions(); });
+  brancher(ui_->mnuVCP, [this] { RelierVilles(); });
   commentaire_ = std::make_unique<CommandesCommentaire>(
       session_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
@@ -315,6 +320,25 @@ void FrmPlomex::ChoisirOptions() {
   MajEtiquettes();
   EcrireLiaison(session_.dossiers.AppPath, session_.reglages.SeparateurTel,
                 session_.enveloppe.LiaisonCP);
+}
+
+void FrmPlomex::RelierVilles() {
+  Boites &boites = session_.plateforme.boites;
+  boites.Information(
+      u"Vous n'avez pas à faire cette opération si vous n'avez pas réintègré les données de la "
+      "version 1.0.19 de Plomex'Print."_s);
+  if (boites.Question(
+          Boites::Titre(),
+          u"Voulez-vous recréer les liens entre villes et codes postaux (liens détruits "
+          "suite à une erreur dans la version 1.0.19) ?"_s) != Boites::Reponse::Oui)
+    return;
+  TableVille villes(session_.base);
+  if (villes.Toutes().isEmpty()) {
+    boites.Information(u"Aucune ville n'est enregistrée !"_s);
+    return;
+  }
+  villes.Relier();
+  boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
 }
 
 void FrmPlomex::Reformater() {

@@ -58,6 +58,7 @@ class FrmPlomex : public QMainWindow {
   void Apercu();
   void Configurer();
   void ChoisirOptions();
+  void RelierVilles();
   void MontrerDocument(const QString &chemin);
 
   Session &session_;

@@ -7,6 +7,7 @@ class Boites {
  public:
   enum class Genre { Simple, Information, Attention, Critique };
   enum class Reponse { Oui, Non };
+  enum class Choix { Oui, Non, Annuler };
 
   virtual ~Boites() = default;
 
@@ -19,6 +20,13 @@ class Boites {
 
   /// A line of text; `defaut` is proposed. Empty when the user cancels.
   virtual QString Saisie(const QString &titre, const QString &invite, const QString &defaut) = 0;
+
+  /// Oui, Non or Annuler; closing the box counts as Annuler.
+  virtual Choix QuestionAnnulable(const QString &titre, const QString &texte) = 0;
+
+  /// A file that exists, picked from `dossier` on; `filtre` names the kinds of files as
+  /// "Images (*.jpg *.bmp)". Empty when the user cancels.
+  virtual QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) = 0;
 
   /// The default error box: what failed, in the words of whatever failed.
   virtual void Erreur(const QString &texte) = 0;

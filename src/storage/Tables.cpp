@@ -2,6 +2,8 @@
 
 #include "storage/Schema.h"
 
+#include <QMap>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -30,6 +32,26 @@ L LigneCourante(const Requete &requete) {
   return ligne;
 }
 
+const QString kDisparu =
+    u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
+
+/// What the editor gives; the others are written by commands of their own.
+template <typename Champ>
+bool EstSaisie(Champ Correspondant::*champ) {
+  if constexpr (std::is_same_v<Champ, QString>)
+    return champ != &Correspondant::Commentaires && champ != &Correspondant::AdresseImportee;
+  else if constexpr (std::is_same_v<Champ, bool>)
+    return champ != &Correspondant::AlerteActive;
+  else
+    return true;
+}
+
+void AjouterPersonne(Base &base, const Correspondant &fiche) {
+  if (fiche.NomVelmira.trimmed().isEmpty()) return;
+  AjouterLigne(
+      base, PersonneAlerte{.ID = 0, .Nom = fiche.NomVelmira, .DDN = fiche.DDN, .Disponible = true});
+}
+
 }  // namespace
 
 template <typename L>
@@ -49,6 +71,7 @@ Cle AjouterLigne(Base &base, const L &ligne) {
 template Cle AjouterLigne(Base &, const Correspondant &);
 template Cle AjouterLigne(Base &, const Expediteur &);
 template Cle AjouterLigne(Base &, const VilleCode &);
+template Cle AjouterLigne(Base &, const PersonneAlerte &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
   Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Correspondant>{}) +
@@ -80,6 +103,52 @@ QList<CategoriesDistinctes> TableAdresse::Categories() const {
   return toutes;
 }
 
+Cle TableAdresse::Ajouter(const Correspondant &fiche, bool alerte) {
+  Transaction transaction(base_);
+  const Cle index = AjouterLigne(base_, fiche);
+  if (alerte) AjouterPersonne(base_, fiche);
+  transaction.Valider();
+  return index;
+}
+
+void TableAdresse::Modifier(const Correspondant &fiche, bool alerte) {
+  QStringList affectations;
+  const auto champs = [&](auto &&f) {
+    std::apply([&](const auto &, const auto &...c) { ((EstSaisie(c.champ) ? f(c) : void()), ...); },
+               Table<Correspondant>::colonnes);
+  };
+  champs([&](const auto &c) { affectations.append(Entre(c.nom) + u"=?"_s); });
+  Transaction transaction(base_);
+  Requete requete(
+      base_, uR"(UPDATE "Adresse" SET )"_s + affectations.join(u", ") + uR"( WHERE "Index"=?)"_s);
+  champs([&](const auto &c) { requete.Lier(fiche.*c.champ); });
+  if (requete.Lier(fiche.Index).Executer() == 0) throw ErreurBase(kDisparu);
+  if (alerte) {
+    Requete(base_, uR"(UPDATE "Adresse" SET "AlerteActive"=1 WHERE "Index"=?)"_s)
+        .Lier(fiche.Index)
+        .Executer();
+    AjouterPersonne(base_, fiche);
+  }
+  transaction.Valider();
+}
+
+void TableAdresse::ChangerCategories(const QString &nom,
+                                     const std::function<QString(const QString &)> &regle) {
+  Transaction transaction(base_);
+  QList<std::pair<Cle, QString>> touchees;
+  Requete lecture(base_,
+                  uR"(SELECT "Index", "Categories" FROM "Adresse")"
+                  uR"( WHERE instr("Categories", ?) > 0)"_s);
+  lecture.Lier(nom);
+  while (lecture.Suivante()) touchees.append({lecture.Entier(0), lecture.Texte(1)});
+  for (const auto &[index, categories] : touchees)
+    Requete(base_, uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s)
+        .Lier(regle(categories))
+        .Lier(index)
+        .Executer();
+  transaction.Valider();
+}
+
 bool TableAdresse::Supprimer(Cle index) {
   Transaction transaction(base_);
   const auto supprimees =
@@ -105,9 +174,7 @@ void TableAdresse::EcrireChamp(Cle index, const QString &champ, const QString &v
           .Lier(valeur)
           .Lier(index)
           .Executer();
-  if (changees == 0)
-    throw ErreurBase(
-        u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
+  if (changees == 0) throw ErreurBase(kDisparu);
   transaction.Valider();
 }
 
@@ -127,4 +194,64 @@ void TableExpediteur::OublierDefaut() {
   Transaction transaction(base_);
   Requete(base_, uR"(UPDATE "Expediteur" SET "ParDefaut"=0 WHERE "ParDefaut"<>0)"_s).Executer();
   transaction.Valider();
+}
+
+QList<VilleCode> TableVille::Toutes() const {
+  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<VilleCode>{}) +
+                             uR"( FROM "Ville" ORDER BY "Index")"_s);
+  QList<VilleCode> lignes;
+  while (requete.Suivante()) lignes.append(LigneCourante<VilleCode>(requete));
+  return lignes;
+}
+
+std::optional<VilleCode> TableVille::Lire(Cle index) const {
+  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<VilleCode>{}) +
+                             uR"( FROM "Ville" WHERE "Index"=?)"_s);
+  requete.Lier(index);
+  if (!requete.Suivante()) return std::nullopt;
+  return LigneCourante<VilleCode>(requete);
+}
+
+void TableVille::Enregistrer(const QString &ville, const QString &code) {
+  Transaction transaction(base_);
+  QList<VilleCode> memes;
+  QStringList cles;
+  QString codes;
+  for (const VilleCode &ligne : Toutes()) {
+    if (ligne.Ville.toUpper() != ville.toUpper()) continue;
+    memes.append(ligne);
+    cles.append(QString::number(ligne.Index));
+    if (!codes.contains(ligne.CodePostal)) codes += ligne.CodePostal + u'*';
+  }
+  if (codes.endsWith(u'*')) codes.chop(1);
+  if (memes.isEmpty() || !codes.contains(code)) {
+    VilleCode nouvelle{.Index = 0, .CodePostal = code, .Ville = ville, .Liens = u""_s};
+    nouvelle.Index = AjouterLigne(base_, nouvelle);
+    cles.append(QString::number(nouvelle.Index));
+    memes.append(nouvelle);
+  }
+  EcrireLiens(memes, cles.size() > 1 ? cles.join(u'*') : u""_s);
+  transaction.Valider();
+}
+
+void TableVille::Relier() {
+  Transaction transaction(base_);
+  Requete(base_, uR"(UPDATE "Ville" SET "Liens"='')"_s).Executer();
+  QMap<QString, QList<VilleCode>> villes;
+  for (const VilleCode &ligne : Toutes()) villes[ligne.Ville].append(ligne);
+  for (auto ville = villes.cbegin(); ville != villes.cend(); ++ville) {
+    if (ville->size() < 2 || ville.key().contains(u'"')) continue;
+    QStringList cles;
+    for (const VilleCode &ligne : *ville) cles.append(QString::number(ligne.Index));
+    EcrireLiens(*ville, cles.join(u'*'));
+  }
+  transaction.Valider();
+}
+
+void TableVille::EcrireLiens(const QList<VilleCode> &lignes, const QString &liens) {
+  for (const VilleCode &ligne : lignes)
+    Requete(base_, uR"(UPDATE "Ville" SET "Liens"=? WHERE "Index"=?)"_s)
+        .Lier(liens)
+        .Lier(ligne.Index)
+        .Executer();
 }

@@ -40,8 +40,19 @@ class TableAdresse {
   /// In the order in which a walk of the table first meets them; empty ones left out.
   QList<CategoriesDistinctes> Categories() const;
 
+  /// Adds a correspondent and, for `alerte`, the person to those of the alerts.
+  Cle Ajouter(const Correspondant &fiche, bool alerte);
+
+  /// Writes what the editor gives, and nothing else: notes and imported address stay. With `alerte`
+  /// the record is marked and the person added to those of the alerts. Throws when another user has
+  /// deleted the record meanwhile.
+  void Modifier(const Correspondant &fiche, bool alerte);
+
   /// False when another user has deleted it meanwhile.
   bool Supprimer(Cle index);
+
+  /// Gives every category string that holds `nom` anywhere the value that `regle` makes of it.
+  void ChangerCategories(const QString &nom, const std::function<QString(const QString &)> &regle);
 
   /// The records that `utilisateur` has protected are hidden from the other users, or shown to
   /// them. No other mark is touched.
@@ -54,6 +65,27 @@ class TableAdresse {
 
  private:
   void EcrireChamp(Cle index, const QString &champ, const QString &valeur);
+
+  Base &base_;
+};
+
+/// Table `Ville`. Every verb throws `ErreurBase`; one that writes is one transaction.
+class TableVille {
+ public:
+  explicit TableVille(Base &base) : base_(base) {}
+
+  QList<VilleCode> Toutes() const;
+  std::optional<VilleCode> Lire(Cle index) const;
+
+  /// Remembers a town with its code, and links the rows of the town. A code that stands in one that
+  /// is known already, or is empty, adds nothing to a known town.
+  void Enregistrer(const QString &ville, const QString &code);
+
+  /// Makes the links of all towns anew; a town whose name holds a double quote keeps none.
+  void Relier();
+
+ private:
+  void EcrireLiens(const QList<VilleCode> &lignes, const QString &liens);
 
   Base &base_;
 };

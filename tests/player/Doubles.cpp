@@ -58,13 +58,30 @@ QString BoitesScenario::Saisie(const QString &titre, const QString &invite, cons
   return reponse.texte == u"ok"_s ? defaut : QString();
 }
 
+Boites::Choix BoitesScenario::QuestionAnnulable(const QString &titre, const QString &texte) {
+  vues_.push_back({u"question"_s, titre, texte, {}});
+  const auto reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
+  if (reponse.texte == u"oui"_s) return Choix::Oui;
+  return reponse.texte == u"non"_s ? Choix::Non : Choix::Annuler;
+}
+
+QString BoitesScenario::Fichier(const QString &invite, const QString &dossier,
+                                const QString &filtre) {
+  vues_.push_back({u"fichier"_s, invite, filtre, dossier});
+  return RepondreChemin(vues_.back());
+}
+
 void BoitesScenario::Erreur(const QString &texte) {
   vues_.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
 }
 
 QString BoitesScenario::Dossier(const QString &invite) {
   vues_.push_back({u"dossier"_s, Titre(), invite, {}});
-  const auto reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
+  return RepondreChemin(vues_.back());
+}
+
+QString BoitesScenario::RepondreChemin(const BoiteVue &boite) {
+  const auto reponse = Repondre(boite, {u"annuler"_s}, true);
   return reponse.cite ? QDir::cleanPath(monde_.Chemin(reponse.texte)) : QString();
 }
 

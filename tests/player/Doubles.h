@@ -59,6 +59,9 @@ class BoitesScenario : public Boites {
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
   QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
+  /// Recorded with the filter as its text and the folder as what is proposed.
+  QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 
@@ -75,6 +78,9 @@ class BoitesScenario : public Boites {
   const QStringList &Fautes() const { return fautes_; }
 
  private:
+  /// The answer to a picker: a full path, or nothing.
+  QString RepondreChemin(const BoiteVue &boite);
+
   /// The next answer. One that is neither of `possibles` nor, where `texte` allows it, a text is a
   /// fault, as is none at all.
   ReponsePrevue Repondre(const BoiteVue &boite, const QStringList &possibles, bool texte);

@@ -15,6 +15,7 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QStyleOptionViewItem>
+#include <QWindow>
 #include <QtTest>
 
 using namespace Qt::StringLiterals;
@@ -174,6 +175,18 @@ void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
   QApplication::sendEvent(widget, &evenement);
 }
 
+/// The mouse leaves the window that it is in for another one.
+void EntrerDans(const QWidget *fenetre, const QPoint &place) {
+  if (fenetre->underMouse()) return;
+  for (const QWidget *autre : QApplication::topLevelWidgets())
+    if (autre->underMouse() && autre->windowHandle() != nullptr) {
+      QEvent sortie(QEvent::Leave);
+      QApplication::sendEvent(autre->windowHandle(), &sortie);
+    }
+  QEnterEvent entree(place, place, fenetre->mapToGlobal(place));
+  QApplication::sendEvent(fenetre->windowHandle(), &entree);
+}
+
 void Declencher(QAction *action) {
   for (QObject *lieu : action->associatedObjects())
     if (auto *menu = qobject_cast<QMenu *>(lieu); menu != nullptr && menu->isVisible()) {
@@ -258,12 +271,15 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
     QMetaObject::invokeMethod(zone, "selectAll");
     if (texte.isEmpty()) Frapper(zone, FrappeNommee(u"Suppr"_s));
   } else {
-    Frapper(zone, FrappeNommee(u"Ctrl+Fin"_s));
+    // A field of one line knows no end of the document.
+    const bool uneLigne = qobject_cast<QLineEdit *>(zone) != nullptr;
+    Frapper(zone, FrappeNommee(uneLigne ? u"Fin"_s : u"Ctrl+Fin"_s));
   }
   for (const QChar signe : texte) {
     Exiger(zone && zone->isVisible() && zone->isEnabled(),
            u"%1 has gone while it was typed into"_s.arg(controle.nom));
-    Frapper(zone, FrappeDe(signe));
+    // The field of a combo leaves the focus, and so the keys, to the combo.
+    Frapper(zone->focusProxy() != nullptr ? zone->focusProxy() : zone.data(), FrappeDe(signe));
   }
 }
 
@@ -306,5 +322,9 @@ void Quitter(const Controle &controle) {
 void Survoler(const Controle &controle) {
   QWidget *widget = Widget(controle);
   if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
-  QTest::mouseMove(widget, PlaceDuClic(widget));
+  // To its own window: by the place on the screen another one that lies there would be found too.
+  QWidget *fenetre = widget->window();
+  const QPoint place = widget->mapTo(fenetre, PlaceDuClic(widget));
+  EntrerDans(fenetre, place);
+  QTest::mouseMove(fenetre->windowHandle(), place);
 }

@@ -3,14 +3,20 @@
 #include "player/Echec.h"
 
 #include <QAbstractButton>
+#include <QCalendarWidget>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QHash>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QTextDocumentFragment>
 #include <QTextEdit>
+
+#include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -38,6 +44,40 @@ const QWidget *Widget(const Controle &controle) {
   return controle.widget;
 }
 
+/// The colours of a style sheet change with the state of the widget and are seen in its picture
+/// alone: the ground is what most of it shows.
+QColor FondPeint(const QImage &image) {
+  QHash<QRgb, int> nombres;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) ++nombres[image.pixel(x, y)];
+  const auto plus = std::max_element(nombres.cbegin(), nombres.cend());
+  return plus == nombres.cend() ? QColor() : QColor(plus.key());
+}
+
+/// The colour of the text is the one that differs most from the ground.
+QColor TextePeint(const QImage &image) {
+  const QColor fond = FondPeint(image);
+  QColor texte = fond;
+  int ecart = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const QColor point = image.pixelColor(x, y);
+      const int autre = std::abs(point.red() - fond.red()) +
+                        std::abs(point.green() - fond.green()) +
+                        std::abs(point.blue() - fond.blue());
+      if (autre <= ecart) continue;
+      ecart = autre;
+      texte = point;
+    }
+  return texte;
+}
+
+/// The middle of the widget as it is painted, without its frame.
+QImage Milieu(QWidget *widget) {
+  constexpr int kCadre = 6;
+  return widget->grab(widget->rect().adjusted(kCadre, kCadre, -kCadre, -kCadre)).toImage();
+}
+
 }  // namespace
 
 QString Texte(const Controle &controle) {
@@ -50,6 +90,8 @@ QString Texte(const Controle &controle) {
   if (const auto *notes = controle.En<QPlainTextEdit>()) return notes->toPlainText();
   if (const auto *notes = controle.En<QTextEdit>()) return notes->toPlainText();
   if (const auto *groupe = controle.En<QGroupBox>()) return SansMarque(groupe->title());
+  if (const auto *mois = controle.En<QCalendarWidget>())
+    return mois->selectedDate().toString(u"dd/MM/yyyy"_s);
   if (const auto *menu = controle.En<QMenu>()) return SansMarque(menu->title());
   const QVariant texte = controle.widget->property("text");
   Exiger(texte.isValid(), u"%1 has no text"_s.arg(controle.nom));
@@ -83,11 +125,13 @@ QFont PoliceDe(const Controle &controle) {
 
 QColor CouleurTexte(const Controle &controle) {
   const QWidget *widget = Widget(controle);
+  if (widget->testAttribute(Qt::WA_StyleSheet)) return TextePeint(Milieu(controle.widget));
   return widget->palette().color(widget->foregroundRole());
 }
 
 QColor CouleurFond(const Controle &controle) {
   const QWidget *widget = Widget(controle);
+  if (widget->testAttribute(Qt::WA_StyleSheet)) return FondPeint(Milieu(controle.widget));
   return widget->palette().color(widget->backgroundRole());
 }
 

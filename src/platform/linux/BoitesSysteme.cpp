@@ -50,6 +50,27 @@ QString BoitesSysteme::Saisie(const QString &titre, const QString &invite, const
                                defaut);
 }
 
+Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QString &texte) {
+  QMessageBox boite(QMessageBox::Question, titre, texte,
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
+                    QApplication::activeWindow());
+  Preparer(boite);
+  boite.setDefaultButton(QMessageBox::Cancel);
+  switch (boite.exec()) {
+    case QMessageBox::Yes:
+      return Choix::Oui;
+    case QMessageBox::No:
+      return Choix::Non;
+    default:
+      return Choix::Annuler;
+  }
+}
+
+QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
+                               const QString &filtre) {
+  return QFileDialog::getOpenFileName(QApplication::activeWindow(), invite, dossier, filtre);
+}
+
 void BoitesSysteme::Erreur(const QString &texte) {
   Message(Genre::Critique, Titre(), texte);
 }

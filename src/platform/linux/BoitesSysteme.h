@@ -8,6 +8,8 @@ class BoitesSysteme : public Boites {
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
   QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
+  QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 };

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "directory/FicheSaisie.h"
+#include "session/Session.h"
+
+#include <QDialog>
+
+#include <array>
+#include <memory>
+
+class GestionCategories;
+class QLineEdit;
+
+namespace Ui {
+class FrmNewMod;
+}
+
+/// The editor of a correspondent. It never writes the record: it gives back what was typed, numbers
+/// in their stored form, and whoever opened it writes. Titles and towns it keeps by itself.
+class FrmNewMod : public QDialog {
+  Q_OBJECT
+
+ public:
+  struct Contexte {
+    bool protegesMasques = false;              ///< protected records are hidden from the others now
+    std::function<void()> categoriesChangees;  ///< the categories of the table have changed
+  };
+
+  FrmNewMod(Session &session, const QString &titre, Contexte contexte, QWidget *parent);
+  ~FrmNewMod() override;
+
+  /// Fills the form with a record.
+  void Montrer(const Correspondant &fiche);
+
+  /// What was typed, once the dialog has been accepted.
+  const FicheSaisie &Saisie() const { return saisie_; }
+
+ public slots:
+  void reject() override;
+
+ protected:
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+ private:
+  void Brancher();
+  void Valider();
+  void Prendre();
+  QString MarqueDeProtection() const;
+  void QuitterChamp(const QObject *champ);
+  void ChoisirPhoto();
+  void ChercherCode();
+
+  Session &session_;
+  Contexte contexte_;
+  std::unique_ptr<Ui::FrmNewMod> ui_;
+  std::array<QLineEdit *, 7> txt_{};
+  std::unique_ptr<GestionCategories> categories_;
+  FicheSaisie saisie_;
+  QString photo_;
+};

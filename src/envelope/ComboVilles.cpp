@@ -1,0 +1,57 @@
+#include "envelope/ComboVilles.h"
+
+#include "envelope/FrmCode.h"
+#include "storage/Tables.h"
+#include "ui/Garde.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+ComboVilles::ComboVilles(QWidget *parent) : QComboBox(parent) {
+  setEditable(true);
+  setInsertPolicy(NoInsert);
+  setCompleter(nullptr);  // a town stays as it was typed
+  // A town that is typed is not chosen: the code that was typed before it stays.
+  disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+}
+
+void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
+  base_ = &base;
+  code_ = code;
+  if (!base.Ouverte()) return;
+  QList<VilleCode> villes;
+  QSet<QString> plusieurs;
+  for (const VilleCode &ligne : TableVille(base).Toutes()) {
+    if (ligne.Liens.contains(u'*')) {
+      if (plusieurs.contains(ligne.Ville)) continue;
+      plusieurs.insert(ligne.Ville);
+    }
+    villes.append(ligne);
+  }
+  std::stable_sort(villes.begin(), villes.end(), [](const VilleCode &a, const VilleCode &b) {
+    return a.Ville.compare(b.Ville, Qt::CaseInsensitive) < 0;
+  });
+  for (const VilleCode &ligne : villes) addItem(ligne.Ville, ligne.Index);
+  setCurrentIndex(-1);
+  setEditText(u""_s);
+  connect(this, &QComboBox::activated, this, Garde(boites, [this](int index) { Choisir(index); }));
+}
+
+void ComboVilles::Choisir(int index) {
+  const TableVille table(*base_);
+  const auto ville = table.Lire(itemData(index).toLongLong());
+  if (!ville) return;
+  if (!ville->Liens.contains(u'*')) {
+    code_->setText(ville->CodePostal);
+    return;
+  }
+  QStringList codes;
+  for (const QString &lien : ville->Liens.split(u'*'))
+    if (const auto ligne = table.Lire(lien.toLongLong())) codes.append(ligne->CodePostal);
+  FrmCode dialogue(codes, window());
+  if (dialogue.exec() == QDialog::Accepted) code_->setText(dialogue.Code());
+  if (code_->text().isEmpty()) code_->setFocus();
+}

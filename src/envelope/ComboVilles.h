@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Boites.h"
+#include "storage/Base.h"
+
+#include <QComboBox>
+#include <QLineEdit>
+
+/// The towns that are remembered. Choosing one gives its postal code to a field; where the town has
+/// several the user picks one.
+class ComboVilles : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit ComboVilles(QWidget *parent = nullptr);
+
+  /// Reads the towns; one with several codes stands in the list once. `code` takes the code.
+  void Relier(Boites &boites, Base &base, QLineEdit *code);
+
+ private:
+  void Choisir(int index);
+
+  Base *base_ = nullptr;
+  QLineEdit *code_ = nullptr;
+};
