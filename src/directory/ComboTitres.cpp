@@ -19,7 +19,8 @@ void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *cham
   boites_ = &boites;
   appPath_ = appPath;
   champ_ = champ;
-  QStringList titres = LireTitres(appPath);
+  QStringList titres;
+  Signaler(boites, [&] { titres = LireTitres(appPath); });
   titres.sort(Qt::CaseInsensitive);
   addItem(u""_s);
   addItems(titres);

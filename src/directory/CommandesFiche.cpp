@@ -53,6 +53,7 @@ void CommandesFiche::Nouveau(const Fenetre &fenetre) {
   }
   if (!ecrite) {
     fenetre.montrer();
+    liste_.MettreAJourCompte();
     return;
   }
   liste_.RemplirCategories();

@@ -66,8 +66,10 @@ void FrmNewMod::Brancher() {
   connect(ui_->Image2, &QToolButton::clicked, ui_->Opt_1, [this] { ui_->Opt_1->setChecked(true); });
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
-  connect(ui_->DTP, &QDateEdit::userDateChanged, this,
-          [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); });
+  const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };
+  connect(ui_->DTP, &QDateEdit::userDateChanged, this, choisir);
+  // Also the day that it shows already.
+  connect(ui_->DTP->calendarWidget(), &QCalendarWidget::clicked, this, choisir);
 }
 
 void FrmNewMod::Montrer(const Correspondant &f) {

@@ -1,5 +1,6 @@
 #include "directory/Titres.h"
 
+#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
@@ -16,7 +17,8 @@ QString Fichier(const QString &appPath) {
 QStringList LireTitres(const QString &appPath) {
   QStringList titres;
   const auto octets = LireFichier(Fichier(appPath));
-  if (!octets) return titres;
+  if (!octets)
+    throw ErreurFichier(u"Le fichier « %1 » ne peut pas être lu."_s.arg(Fichier(appPath)));
   for (QString ligne : DepuisPageDeCode(*octets).split(u'\n')) {
     if (ligne.endsWith(u'\r')) ligne.chop(1);
     if (!ligne.isEmpty()) titres.append(ligne);

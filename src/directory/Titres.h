@@ -4,7 +4,7 @@
 #include <QString>
 #include <QStringList>
 
-/// The titles of the file; none when it cannot be read.
+/// The titles of the file. Throws `ErreurFichier` when it cannot be read.
 QStringList LireTitres(const QString &appPath);
 
 /// Replaces the file; empty titles are left out. Throws `ErreurFichier`.

@@ -33,6 +33,13 @@ FrmCP::FrmCP(Boites &boites, const QString &appPath, QWidget *parent)
     return b;
   };
   auto *recherche = bouton(u"CmdRecherche"_s, u"&Rechercher..."_s);
+  auto *aide = bouton(u"CmdAide"_s, u"&Aide"_s);
+  connect(aide, &QPushButton::clicked, this, [this] {
+    boites_.Information(
+        u"Cherchez par une partie d'un code ou du nom d'une commune, puis "
+        u"double-cliquez "
+        "sur la ligne voulue, ou choisissez-la et cliquez sur OK."_s);
+  });
   boutons->addStretch();
   auto *quitter = bouton(u"CmdQuitter"_s, u"&OK"_s);
   connect(recherche, &QPushButton::clicked, this, Garde(boites_, [this](bool) { Chercher(); }));
