@@ -36,9 +36,8 @@ FrmCP::FrmCP(Boites &boites, const QString &appPath, QWidget *parent)
   auto *aide = bouton(u"CmdAide"_s, u"&Aide"_s);
   connect(aide, &QPushButton::clicked, this, [this] {
     boites_.Information(
-        u"Cherchez par une partie d'un code ou du nom d'une commune, puis "
-        u"double-cliquez "
-        "sur la ligne voulue, ou choisissez-la et cliquez sur OK."_s);
+        u"Cherchez par une partie d'un code ou du nom d'une commune.\n"
+        "Puis double-cliquez sur la ligne voulue, ou choisissez-la et cliquez sur OK."_s);
   });
   boutons->addStretch();
   auto *quitter = bouton(u"CmdQuitter"_s, u"&OK"_s);
