@@ -36,21 +36,24 @@ QModelIndex CommandesFiche::Selection() const {
   return noeud;
 }
 
+bool CommandesFiche::Saisir(FrmNewMod &editeur, Correspondant &fiche,
+                            const std::function<void()> &ecrire) {
+  while (editeur.exec() == QDialog::Accepted && !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
+    editeur.Saisie().Reporter(fiche);
+    if (Signaler(session_.plateforme.boites, ecrire)) return true;
+  }
+  return false;
+}
+
 void CommandesFiche::Nouveau(const Fenetre &fenetre) {
   FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
                     {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
                     fenetre.parent);
-  Correspondant fiche;
-  bool ecrite = false;
-  while (!ecrite && editeur.exec() == QDialog::Accepted &&
-         !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
-    fiche = FicheVide();
-    editeur.Saisie().Reporter(fiche);
+  Correspondant fiche = FicheVide();
+  const bool ecrite = Saisir(editeur, fiche, [&] {
     fiche.AlerteActive = editeur.Saisie().AjoutAlerte;
-    ecrite = Signaler(session_.plateforme.boites, [&] {
-      fiche.Index = TableAdresse(session_.base).Ajouter(fiche, fiche.AlerteActive);
-    });
-  }
+    fiche.Index = TableAdresse(session_.base).Ajouter(fiche, fiche.AlerteActive);
+  });
   if (!ecrite) {
     fenetre.montrer();
     liste_.MettreAJourCompte();
@@ -90,15 +93,9 @@ void CommandesFiche::Modifier(const Fenetre &fenetre) {
                     {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
                     fenetre.parent);
   editeur.Montrer(*fiche);
-  bool ecrite = false;
-  while (!ecrite && editeur.exec() == QDialog::Accepted &&
-         !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
-    editeur.Saisie().Reporter(*fiche);
-    // A failure leaves what was typed on the screen.
-    ecrite = Signaler(boites, [&] {
-      TableAdresse(session_.base).Modifier(*fiche, editeur.Saisie().AjoutAlerte);
-    });
-  }
+  const bool ecrite = Saisir(editeur, *fiche, [&] {
+    TableAdresse(session_.base).Modifier(*fiche, editeur.Saisie().AjoutAlerte);
+  });
   if (!ecrite) return;
   liste_.Retirer(arbre.Modele().Enfant(fiche->Index));
   const QModelIndex noeud = arbre.Modele().Inserer({NomListe(fiche->NomVelmira), fiche->Index});
@@ -130,9 +127,7 @@ void CommandesFiche::Supprimer(const std::function<void()> &partie) {
   const bool existait = TableAdresse(session_.base).Supprimer(Index(noeud));
   partie();
   liste_.Retirer(noeud);
-  if (!existait)
-    boites.Information(
-        u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
+  if (!existait) boites.Information(TexteDisparu());
   liste_.RemplirCategories();
   if (arbre.Modele().NombreEnfants() > 0) {
     arbre.SelectionnerEtCliquer(arbre.Modele().Racine());

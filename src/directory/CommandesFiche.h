@@ -2,6 +2,8 @@
 
 #include "directory/ListeVelmiras.h"
 
+class FrmNewMod;
+
 /// What is done with the correspondent that is selected in the list.
 class CommandesFiche {
  public:
@@ -30,6 +32,9 @@ class CommandesFiche {
   QModelIndex Selection() const;
 
  private:
+  /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
+  /// again with what was typed. False for a cancel.
+  bool Saisir(FrmNewMod &editeur, Correspondant &fiche, const std::function<void()> &ecrire);
   void QuitterCategorieVide();
 
   Session &session_;

@@ -19,8 +19,6 @@
 
 #include <QActionGroup>
 #include <QCloseEvent>
-#include <QDir>
-#include <QFile>
 #include <QMenu>
 
 using namespace Qt::StringLiterals;
@@ -99,7 +97,7 @@ void FrmVelmira::Charger() {
   ChargerJour();
   Ignorer([&] { CreerDossier(appPath + u"/Photos"_s); });
   for (const QString &reste : {u"Anniversare.ini"_s, u"Dorvel.exe"_s})  // of older versions
-    QFile::remove(QDir(appPath).filePath(reste));
+    Ignorer([&] { EffacerFichier(appPath + u'/' + reste); });
   AppliquerReglages();
   setWindowTitle(u"   Velmiras de "_s + session_.reglages.rtcolor.NomPerso);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
@@ -220,8 +218,7 @@ void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
   const auto fiche = TableAdresse(session_.base).Lire(tag.toLongLong());
   if (!fiche) {
     EffacerFiche();
-    session_.plateforme.boites.Information(
-        u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
+    session_.plateforme.boites.Information(TexteDisparu());
     return;
   }
   MontrerFiche(*fiche);

@@ -17,7 +17,6 @@ constexpr auto kAttente = "QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=10000";  // mil
 
 void Base::Ouvrir(const QString &chemin) {
   Fermer();
-  chemin_ = chemin;
   if (!QFileInfo::exists(chemin)) return;
 
   connexion_ = QSqlDatabase::addDatabase(u"QSQLITE"_s,

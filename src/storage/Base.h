@@ -32,14 +32,10 @@ class Base {
   void Fermer();
   bool Ouverte() const { return connexion_.isOpen(); }
 
-  /// Path given at the last opening.
-  const QString &Chemin() const { return chemin_; }
-
  private:
   friend class Requete;
   void Verifier();
 
-  QString chemin_;
   QSqlDatabase connexion_;
 };
 

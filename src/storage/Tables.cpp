@@ -32,9 +32,6 @@ L LigneCourante(const Requete &requete) {
   return ligne;
 }
 
-const QString kDisparu =
-    u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
-
 /// What the editor gives; the others are written by commands of their own.
 template <typename Champ>
 bool EstSaisie(Champ Correspondant::*champ) {
@@ -53,6 +50,10 @@ void AjouterPersonne(Base &base, const Correspondant &fiche) {
 }
 
 }  // namespace
+
+QString TexteDisparu() {
+  return u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
+}
 
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne) {
@@ -122,7 +123,7 @@ void TableAdresse::Modifier(const Correspondant &fiche, bool alerte) {
   Requete requete(
       base_, uR"(UPDATE "Adresse" SET )"_s + affectations.join(u", ") + uR"( WHERE "Index"=?)"_s);
   champs([&](const auto &c) { requete.Lier(fiche.*c.champ); });
-  if (requete.Lier(fiche.Index).Executer() == 0) throw ErreurBase(kDisparu);
+  if (requete.Lier(fiche.Index).Executer() == 0) throw ErreurBase(TexteDisparu());
   if (alerte) {
     Requete(base_, uR"(UPDATE "Adresse" SET "AlerteActive"=1 WHERE "Index"=?)"_s)
         .Lier(fiche.Index)
@@ -174,7 +175,7 @@ void TableAdresse::EcrireChamp(Cle index, const QString &champ, const QString &v
           .Lier(valeur)
           .Lier(index)
           .Executer();
-  if (changees == 0) throw ErreurBase(kDisparu);
+  if (changees == 0) throw ErreurBase(TexteDisparu());
   transaction.Valider();
 }
 

@@ -25,6 +25,9 @@ struct CategoriesDistinctes {
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne);
 
+/// What the user is told of a record that another user has deleted meanwhile.
+QString TexteDisparu();
+
 /// Table `Adresse`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableAdresse {
  public:

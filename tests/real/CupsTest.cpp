@@ -1,6 +1,7 @@
 // What a real print server and a printer with four different margins make of a page: it is printed
 // as the envelope window prints it, and measured on the sheet that arrived.
 
+#include "commun/HorlogeFixe.h"
 #include "envelope/MiseEnPage.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
@@ -36,13 +37,6 @@ constexpr int kPatience = 60'000;  // milliseconds
 
 // The window is not held up for longer by a printer or a server that is not there. Milliseconds.
 constexpr qint64 kImmediat = 5'000;
-
-class HorlogeFixe : public Horloge {
- public:
-  QDateTime Maintenant() const override { return {QDate(2026, 6, 5), QTime(9, 8, 7)}; }
-  void Pause(std::chrono::milliseconds) override {}
-  void Apres(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
-};
 
 /// Millimetres from the top left corner. What was not found is near to nothing.
 struct Cadre {

@@ -1,6 +1,8 @@
 // What the printer "PDF" really puts on paper: pages are printed as the envelope window prints
 // them, and measured by another program.
 
+#include "commun/DisquePlein.h"
+#include "commun/HorlogeFixe.h"
 #include "envelope/MiseEnPage.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
@@ -14,11 +16,9 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <csignal>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
-#include <sys/resource.h>
 #include <utility>
 #include <vector>
 
@@ -29,34 +29,6 @@ namespace {
 constexpr double kTolerance = 0.2;  // millimetres
 constexpr double kPoint = 25.4 / 72;
 constexpr double kNulle = std::numeric_limits<double>::quiet_NaN();
-
-class HorlogeFixe : public Horloge {
- public:
-  QDateTime Maintenant() const override { return {QDate(2026, 6, 5), QTime(9, 8, 7)}; }
-  void Pause(std::chrono::milliseconds) override {}
-  void Apres(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
-};
-
-/// From here to the end of its life no file grows beyond a few bytes: to whoever writes one, the
-/// disk is full.
-class DisquePlein {
- public:
-  DisquePlein() : ancien_(std::signal(SIGXFSZ, SIG_IGN)) {
-    ::getrlimit(RLIMIT_FSIZE, &limite_);
-    const rlimit courte{4096, limite_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &courte);
-  }
-  ~DisquePlein() {
-    ::setrlimit(RLIMIT_FSIZE, &limite_);
-    std::signal(SIGXFSZ, ancien_);
-  }
-  DisquePlein(const DisquePlein &) = delete;
-  DisquePlein &operator=(const DisquePlein &) = delete;
-
- private:
-  rlimit limite_{};
-  void (*ancien_)(int);
-};
 
 /// Millimetres from the top left corner of the page. What was not found holds no numbers, and is
 /// near to nothing.
@@ -397,7 +369,7 @@ TEST_F(Impression, DossierImpossible) {
 
 TEST_F(Impression, DisquePlein) {
   {
-    const DisquePlein plein;
+    const DisquePlein plein(4096);
     EXPECT_EQ(Imprimer(imprimante_, {u"Perdu"_s, u"Perdu"_s}), QString());
   }
   EXPECT_EQ(Fichiers(), QStringList());

@@ -1,6 +1,8 @@
 #pragma once
 // What several unit tests need: a folder of their own, raw files, and texts that print readably.
 
+#include "commun/DisquePlein.h"
+
 #include <QByteArray>
 #include <QDir>
 #include <QFile>
@@ -9,8 +11,6 @@
 
 #include <gtest/gtest.h>
 #include <ostream>
-#include <signal.h>
-#include <sys/resource.h>
 
 inline void PrintTo(const QString &texte, std::ostream *flux) {
   *flux << (texte.isNull() ? "null" : '"' + texte.left(2000).toStdString() + '"');
@@ -39,25 +39,4 @@ class DansUnDossier : public testing::Test {
 
  private:
   QTemporaryDir dossier_;
-};
-
-/// No file grows beyond `octets` while this lives: a full disk, also for the superuser.
-class DisquePlein {
- public:
-  explicit DisquePlein(rlim_t octets) {
-    ancien_ = ::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &limite_);
-    const rlimit courte{octets, limite_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &courte);
-  }
-  ~DisquePlein() {
-    ::setrlimit(RLIMIT_FSIZE, &limite_);
-    ::signal(SIGXFSZ, ancien_);
-  }
-  DisquePlein(const DisquePlein &) = delete;
-  DisquePlein &operator=(const DisquePlein &) = delete;
-
- private:
-  rlimit limite_{};
-  void (*ancien_)(int) = nullptr;
 };
