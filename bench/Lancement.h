@@ -2,11 +2,14 @@
 // The program run without a user.
 
 #include "app/Programme.h"
+#include "platform/linux/ClasseurSysteme.h"
 #include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ImprimanteSysteme.h"
+#include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PolicesSysteme.h"
+#include "platform/linux/PortSerieSysteme.h"
 
 class ArbreVelmiras;
 
@@ -50,6 +53,9 @@ class Lancement {
   CoquilleSysteme coquille_;
   ImprimanteSysteme imprimante_{horloge_};
   PolicesSysteme polices_;
+  ListeDemarrageSysteme demarrage_;
+  PortSerieSysteme port_;
+  ClasseurSysteme classeur_;
   Plateforme plateforme_;
   Programme programme_;
 };

@@ -4,10 +4,13 @@
 #include "app/Programme.h"
 #include "platform/Erreurs.h"
 #include "platform/linux/BoitesSysteme.h"
+#include "platform/linux/ClasseurSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ImprimanteSysteme.h"
+#include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PolicesSysteme.h"
+#include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
 #include "storage/DossierApplication.h"
 #include "ui/Icones.h"
@@ -46,8 +49,11 @@ int main(int argc, char *argv[]) {
   CoquilleSysteme coquille;
   ImprimanteSysteme imprimante(horloge);
   PolicesSysteme polices;
-  Plateforme plateforme{horloge, boites,           coquille,         imprimante,
-                        polices, NomUtilisateur(), LangueDuSysteme()};
+  ListeDemarrageSysteme demarrage;
+  PortSerieSysteme port;
+  ClasseurSysteme classeur;
+  Plateforme plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port, classeur,
+                        NomUtilisateur(), LangueDuSysteme()};
   application.SignalerPar(&boites);
 
   QString appPath;

@@ -3,11 +3,19 @@
 
 #include <QString>
 
+#include <optional>
+
 class Boites {
  public:
   enum class Genre { Simple, Information, Attention, Critique };
   enum class Reponse { Oui, Non };
   enum class Choix { Oui, Non, Annuler };
+
+  /// Red, green and blue, 0 to 255.
+  struct Couleur {
+    int rouge = 0, vert = 0, bleu = 0;
+    friend bool operator==(const Couleur &, const Couleur &) = default;
+  };
 
   virtual ~Boites() = default;
 
@@ -27,6 +35,9 @@ class Boites {
   /// A file that exists, picked from `dossier` on; `filtre` names the kinds of files as
   /// "Images (*.jpg *.bmp)". Empty when the user cancels.
   virtual QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) = 0;
+
+  /// A colour; `depart` is the present one. Nothing when the user cancels.
+  virtual std::optional<Couleur> ChoixCouleur(const Couleur &depart) = 0;
 
   /// The default error box: what failed, in the words of whatever failed.
   virtual void Erreur(const QString &texte) = 0;

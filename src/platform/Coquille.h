@@ -1,5 +1,5 @@
 #pragma once
-// What the desktop opens for us.
+// What the desktop opens and starts for us.
 
 #include <QString>
 
@@ -7,6 +7,18 @@ class Coquille {
  public:
   virtual ~Coquille() = default;
 
-  /// Opens a document (by its path) with the desktop's default program. A failure is silent.
+  /// Opens a document (by its path) or an address ("mailto:...", a web page) with the desktop's
+  /// default program. A failure is silent.
   virtual void Ouvrir(const QString &document) = 0;
+
+  /// Starts a program by its path without the platform's suffix. False when it could not be
+  /// started.
+  virtual bool Lancer(const QString &programme) = 0;
+
+  /// Whether the user's desktop has a link of this name.
+  virtual bool LienExiste(const QString &nom) const = 0;
+
+  /// Makes a link on the user's desktop that starts a program (path without suffix). Throws
+  /// `ErreurFichier`, also for a name that cannot be one of a file.
+  virtual void CreerLien(const QString &nom, const QString &programme) = 0;
 };

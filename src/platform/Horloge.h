@@ -17,6 +17,13 @@ class Horloge {
   /// Waits. The windows go on painting, but take no input from the user meanwhile.
   virtual void Pause(std::chrono::milliseconds duree) = 0;
 
+  /// Waits while the windows go on working, until `duree` has passed or `arret` says true; it is
+  /// asked at least ten times a second.
+  virtual void Attendre(std::chrono::milliseconds duree, const std::function<bool()> &arret) = 0;
+
+  /// The same without a limit of time.
+  virtual void AttendreQue(const std::function<bool()> &arret) = 0;
+
   /// Runs `action` once, `delai` from now, unless `contexte` has been destroyed by then.
   virtual void Apres(std::chrono::milliseconds delai, QObject *contexte,
                      std::function<void()> action) = 0;

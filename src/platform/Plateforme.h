@@ -2,10 +2,13 @@
 // What the system gives to one run of the program.
 
 #include "platform/Boites.h"
+#include "platform/Classeur.h"
 #include "platform/Coquille.h"
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
+#include "platform/ListeDemarrage.h"
 #include "platform/Polices.h"
+#include "platform/PortSerie.h"
 
 #include <QLocale>
 #include <QString>
@@ -16,6 +19,9 @@ struct Plateforme {
   Coquille &coquille;
   Imprimante &imprimante;
   Polices &polices;
+  ListeDemarrage &demarrage;
+  PortSerie &port;
+  Classeur &classeur;
   QString utilisateur;  ///< log-on name
   QLocale langue;       ///< names of days
 };

@@ -7,5 +7,7 @@ class HorlogeFixe : public Horloge {
  public:
   QDateTime Maintenant() const override { return {QDate(2026, 6, 5), QTime(9, 8, 7)}; }
   void Pause(std::chrono::milliseconds) override {}
+  void Attendre(std::chrono::milliseconds, const std::function<bool()> &) override {}
+  void AttendreQue(const std::function<bool()> &) override {}
   void Apres(std::chrono::milliseconds, QObject *, std::function<void()>) override {}
 };

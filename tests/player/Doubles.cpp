@@ -1,12 +1,35 @@
 #include "player/Doubles.h"
 
 #include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+#include "platform/PageDeCode.h"
 
+#include <QColor>
+#include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
+#include <QScopeGuard>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+void HorlogeScenario::Attendre(std::chrono::milliseconds duree, const std::function<bool()> &) {
+  pauses_.push_back(duree);
+  if (pendant_.empty()) return;
+  const auto action = std::move(pendant_.front());
+  pendant_.pop_front();
+  action();
+}
+
+void HorlogeScenario::AttendreQue(const std::function<bool()> &arret) {
+  ++attentes_;
+  const auto fin = qScopeGuard([this] { --attentes_; });
+  while (!arret()) {
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    if (abandonnee_) return;
+  }
+}
 
 void HorlogeScenario::Apres(std::chrono::milliseconds delai, QObject *contexte,
                             std::function<void()> action) {
@@ -71,6 +94,16 @@ QString BoitesScenario::Fichier(const QString &invite, const QString &dossier,
   return RepondreChemin(vues_.back());
 }
 
+std::optional<Boites::Couleur> BoitesScenario::ChoixCouleur(const Couleur &depart) {
+  vues_.push_back(
+      {u"couleur"_s, Titre(), {}, QColor(depart.rouge, depart.vert, depart.bleu).name()});
+  const auto reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
+  if (!reponse.cite) return std::nullopt;
+  const QColor couleur(reponse.texte);
+  if (!couleur.isValid()) fautes_.append(u"\"%1\" is no colour"_s.arg(reponse.texte));
+  return Couleur{couleur.red(), couleur.green(), couleur.blue()};
+}
+
 void BoitesScenario::Erreur(const QString &texte) {
   vues_.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
 }
@@ -98,6 +131,73 @@ BoitesScenario::ReponsePrevue BoitesScenario::Repondre(const BoiteVue &boite,
     fautes_.append(
         u"\"%1\" is no answer to the box %2 \"%3\""_s.arg(reponse.texte, boite.genre, boite.texte));
   return reponse;
+}
+
+void CoquilleScenario::Ouvrir(const QString &document) {
+  ouverts_.push_back(document);
+  if (document.endsWith(u".xlsx"_s)) classeur_ = document;
+}
+
+bool CoquilleScenario::Lancer(const QString &programme) {
+  if (absents_.contains(programme)) return false;
+  lances_.push_back(programme);
+  return true;
+}
+
+QString CoquilleScenario::CheminLien(const QString &nom) const {
+  return monde_.Home() + u"/Bureau/"_s + nom + u".desktop"_s;
+}
+
+bool CoquilleScenario::LienExiste(const QString &nom) const {
+  return QFileInfo::exists(CheminLien(nom));
+}
+
+void CoquilleScenario::CreerLien(const QString &nom, const QString &) {
+  if (nom.contains(u'/') || nom == u"."_s || nom == u".."_s)
+    throw ErreurFichier(u"« %1 » ne peut pas être le nom d'un fichier."_s.arg(nom));
+  const QString chemin = CheminLien(nom);
+  CreerDossier(QFileInfo(chemin).path());
+  RemplacerFichier(chemin, {});
+}
+
+QString ListeDemarrageScenario::Chemin(const QString &nom) const {
+  return monde_.Home() + u"/Demarrage/"_s + nom;
+}
+
+void ListeDemarrageScenario::Ajouter(const QString &nom, const QString &programme,
+                                     const QString &argument) {
+  const QString ligne = programme + u' ' + argument + u"\r\n"_s;
+  Ignorer([&] {
+    CreerDossier(QFileInfo(Chemin(nom)).path());
+    RemplacerFichier(Chemin(nom), VersPageDeCode(ligne));
+  });
+}
+
+void ListeDemarrageScenario::Retirer(const QString &nom) {
+  Ignorer([&] { EffacerFichier(Chemin(nom)); });
+}
+
+bool PortSerieScenario::Ouvrir(int) {
+  if (ouvert_) fautes_.append(u"a port is opened before the last one is closed"_s);
+  ouvert_ = branche_;
+  recus_.clear();
+  return ouvert_;
+}
+
+void PortSerieScenario::Ecrire(const QByteArray &octets) {
+  if (!ouvert_) {
+    fautes_.append(u"\"%1\" is sent without a port"_s.arg(QString::fromLatin1(octets)));
+    return;
+  }
+  envoyes_ += octets;
+  if (reponses_.empty()) return;
+  recus_ += reponses_.front();
+  reponses_.pop_front();
+}
+
+QByteArray PortSerieScenario::Lire() {
+  if (!ouvert_) fautes_.append(u"the port is read while it is closed"_s);
+  return std::exchange(recus_, {});
 }
 
 void ImprimanteScenario::Choisir(const QString &nom) {

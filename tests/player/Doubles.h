@@ -6,7 +6,9 @@
 #include "platform/Coquille.h"
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
+#include "platform/ListeDemarrage.h"
 #include "platform/Polices.h"
+#include "platform/PortSerie.h"
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 
@@ -23,8 +25,20 @@ class HorlogeScenario : public Horloge {
 
   QDateTime Maintenant() const override { return maintenant_; }
   void Pause(std::chrono::milliseconds duree) override { pauses_.push_back(duree); }
+  /// Takes no time; what is queued for such a wait runs in it.
+  void Attendre(std::chrono::milliseconds duree, const std::function<bool()> &arret) override;
+  /// The scenario goes on meanwhile.
+  void AttendreQue(const std::function<bool()> &arret) override;
   void Apres(std::chrono::milliseconds delai, QObject *contexte,
              std::function<void()> action) override;
+
+  void PendantPause(std::function<void()> action) { pendant_.push_back(std::move(action)); }
+  bool ResteAFaire() const { return !pendant_.empty(); }
+
+  /// How many waits the program is in, one inside the other.
+  int Attentes() const { return attentes_; }
+  /// Ends the waits, also those to come: the scenario is over.
+  void Abandonner() { abandonnee_ = true; }
 
   /// Goes to a time; going back runs nothing.
   void Aller(const QDateTime &instant);
@@ -45,6 +59,9 @@ class HorlogeScenario : public Horloge {
   QDateTime maintenant_{QDate(2026, 6, 15), QTime(10, 0)};
   std::deque<Echeance> echeances_;  ///< by time, equal ones as they were planned
   std::deque<std::chrono::milliseconds> pauses_;
+  std::deque<std::function<void()>> pendant_;
+  int attentes_ = 0;
+  bool abandonnee_ = false;
 };
 
 struct BoiteVue {
@@ -62,6 +79,8 @@ class BoitesScenario : public Boites {
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   /// Recorded with the filter as its text and the folder as what is proposed.
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
+  /// Recorded with the present colour as what is proposed, as "#rrggbb".
+  std::optional<Couleur> ChoixCouleur(const Couleur &depart) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 
@@ -91,13 +110,72 @@ class BoitesScenario : public Boites {
   QStringList fautes_;
 };
 
+/// Every program can be started. A link is an empty file in the desktop folder `home/Bureau`.
 class CoquilleScenario : public Coquille {
  public:
-  void Ouvrir(const QString &document) override { ouverts_.push_back(document); }
+  explicit CoquilleScenario(const Monde &monde) : monde_(monde) {}
+
+  void Ouvrir(const QString &document) override;
+  bool Lancer(const QString &programme) override;
+  bool LienExiste(const QString &nom) const override;
+  void CreerLien(const QString &nom, const QString &programme) override;
+
+  /// From here on the start of this program fails.
+  void Desinstaller(const QString &programme) { absents_.append(programme); }
+
   std::deque<QString> &Ouverts() { return ouverts_; }
+  /// Paths of the programs that have been started.
+  std::deque<QString> &Lances() { return lances_; }
+  /// Path of the workbook opened last, also when its opening has been checked; empty for none.
+  const QString &Classeur() const { return classeur_; }
 
  private:
-  std::deque<QString> ouverts_;
+  QString CheminLien(const QString &nom) const;
+
+  const Monde &monde_;
+  QStringList absents_;
+  std::deque<QString> ouverts_, lances_;
+  QString classeur_;
+};
+
+/// An entry is a file of the world that holds its command line.
+class ListeDemarrageScenario : public ListeDemarrage {
+ public:
+  explicit ListeDemarrageScenario(const Monde &monde) : monde_(monde) {}
+
+  void Ajouter(const QString &nom, const QString &programme, const QString &argument) override;
+  void Retirer(const QString &nom) override;
+
+  QString Chemin(const QString &nom) const;
+
+ private:
+  const Monde &monde_;
+};
+
+/// A port with a modem at its other end, once the scenario has put one there. Each command that is
+/// written takes the next answer.
+class PortSerieScenario : public PortSerie {
+ public:
+  bool Ouvrir(int numero) override;
+  void Ecrire(const QByteArray &octets) override;
+  QByteArray Lire() override;
+  bool Vivant() const override { return ouvert_; }
+  void Fermer() override { ouvert_ = false; }
+
+  void Brancher() { branche_ = true; }
+  void Prevoir(const QByteArray &reponse) { reponses_.push_back(reponse); }
+  const std::deque<QByteArray> &Reponses() const { return reponses_; }
+
+  /// Takes what has been sent since the last call.
+  QByteArray PrendreEnvoyes() { return std::exchange(envoyes_, {}); }
+  const QStringList &Fautes() const { return fautes_; }
+
+ private:
+  bool branche_ = false;
+  bool ouvert_ = false;
+  std::deque<QByteArray> reponses_;
+  QByteArray recus_, envoyes_;
+  QStringList fautes_;
 };
 
 class PolicesScenario : public Polices {

@@ -84,12 +84,12 @@ Joueur::Prenantes Joueur::PrenantesOuvertes() {
 }
 
 bool Joueur::PeutAvancer() const {
-  // A command that has not returned waits in a dialog or a menu that it opened itself, or it only
-  // lets events through: then nothing may come between.
-  if (pile_.empty()) return true;
+  // A command that has not returned waits in a dialog or a menu that it opened itself, or for
+  // something to happen; or it only lets events through: then nothing may come between.
+  if (pile_.empty() || scene_->horloge.Attentes() > pile_.back().attentes) return true;
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().contains(prenante)) return true;
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante)) return true;
   return false;
 }
 
@@ -105,7 +105,7 @@ void Joueur::ExecuterSuivante() {
   }
   const qsizetype celleCi = suivante_++;
   depuis_.start();
-  pile_.push_back(PrenantesOuvertes());
+  pile_.push_back({PrenantesOuvertes(), scene_->horloge.Attentes()});
   try {
     // What a handler throws reaches this far only where no event lies between.
     Signaler(scene_->boites, [&] { Executer(*scene_, commandes_[celleCi]); });
@@ -125,6 +125,7 @@ void Joueur::Terminer(const std::optional<Faute> &faute) {
   if (terminee_) return;
   terminee_ = true;
   faute_ = faute;
+  scene_->horloge.Abandonner();
   depuis_.start();
 }
 

@@ -52,8 +52,12 @@ class Joueur {
   qsizetype suivante_ = 0;
   Scene *scene_ = nullptr;
 
-  /// One entry for each command that has not returned: what was open when it began.
-  std::vector<Prenantes> pile_;
+  /// A command that has not returned, with what was there when it began.
+  struct EnCours {
+    Prenantes ouvertes;
+    int attentes = 0;  ///< of the program, for something to happen
+  };
+  std::vector<EnCours> pile_;
   QElapsedTimer depuis_;  ///< since the last command began, or the end
   bool terminee_ = false;
   std::optional<Faute> faute_;

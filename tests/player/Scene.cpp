@@ -25,7 +25,9 @@ Scene::~Scene() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"the program is running"_s);
   imprimante.OublierChoix();
-  plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, utilisateur,
+  port.Fermer();
+  plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
+                                 classeur, utilisateur,
                                  QLocale(QLocale::French, QLocale::France)});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   termine_ = false;
@@ -56,7 +58,7 @@ void Scene::Fermer() {
     if (!termine_) horloge.Avancer(100ms);
   }
   Exiger(termine_, u"the program goes on after its close box"_s);
-  Liberer();
+  if (horloge.Attentes() == 0) Liberer();
 }
 
 void Scene::Liberer() {
@@ -66,14 +68,18 @@ void Scene::Liberer() {
 }
 
 void Scene::VerifierFautes() const {
-  const QStringList fautes = boites.Fautes() + imprimante.Fautes();
+  const QStringList fautes = fautes_ + boites.Fautes() + imprimante.Fautes() + port.Fautes();
   Exiger(fautes.isEmpty(), fautes.join(u"; "));
 }
 
 void Scene::VerifierFin() const {
+  VerifierFautes();  // of commands that have not returned
   for (const BoiteVue &boite : boites.Vues())
     throw Echec{u"no unchecked box expected at the end, %1 \"%2\" \"%3\" found"_s.arg(
         boite.genre, boite.titre, boite.texte)};
   for (const auto &reponse : boites.Reponses())
     throw Echec{u"the answer \"%1\" was never asked for"_s.arg(reponse.texte)};
+  Exiger(!horloge.ResteAFaire(), u"no pause came for what was to be done in one"_s);
+  for (const QByteArray &reponse : port.Reponses())
+    throw Echec{u"the modem never came to answer \"%1\""_s.arg(QString::fromLatin1(reponse))};
 }

@@ -3,6 +3,8 @@
 
 #include "app/Application.h"
 #include "app/Programme.h"
+#include "platform/linux/ClasseurSysteme.h"
+#include "player/Classeur.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
 #include "player/Monde.h"
@@ -28,6 +30,9 @@ class Scene {
   /// Takes away a program that has closed itself. Not while one of its handlers runs.
   void Liberer();
 
+  /// Keeps what failed where nothing can be thrown.
+  void Noter(const QString &faute) { fautes_.append(faute); }
+
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
   void VerifierFautes() const;
   /// What is left over at the end of a scenario is a failure.
@@ -36,12 +41,17 @@ class Scene {
   const Monde monde;
   BoitesScenario boites{monde};
   HorlogeScenario horloge{boites};
-  CoquilleScenario coquille;
+  CoquilleScenario coquille{monde};
   ImprimanteScenario imprimante{monde};
   PolicesScenario polices;
+  ListeDemarrageScenario demarrage{monde};
+  PortSerieScenario port;
+  ClasseurSysteme classeur;  ///< the real one: its files are read back
   Ecran ecran;
   QString utilisateur = QStringLiteral("Paul");
   const QString captures;  ///< folder of the pictures, or empty
+
+  LecteurClasseur lecteurClasseur;
 
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on
@@ -51,4 +61,5 @@ class Scene {
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;
   bool termine_ = false;
+  QStringList fautes_;
 };

@@ -8,7 +8,7 @@ namespace {
 
 const Verbe &Trouver(const QString &nom) {
   static const QList<Verbe> kVerbes =
-      VerbesDuMonde() + VerbesDesGestes() + VerbesDesControles() + VerbesDesTraces();
+      VerbesDuMonde() + VerbesDesGestes() + VerbesDesControles() + VerbesDesTraces() + VerbesDuClasseur();
   for (const Verbe &verbe : kVerbes)
     if (verbe.nom == nom) return verbe;
   throw Echec{u"unknown verb \"%1\""_s.arg(nom)};
@@ -22,7 +22,8 @@ void Executer(Scene &scene, const Commande &commande) {
   QString nom = commande.verbe;
   bool nombre = false;
   if (!mots.isEmpty()) mots.first().texte.toInt(&nombre);
-  const bool deuxMots = nom == u"monde"_s || nom == u"apercu"_s || (nom == u"page"_s && !nombre);
+  const bool deuxMots = nom == u"monde"_s || nom == u"apercu"_s || nom == u"classeur"_s ||
+                        (nom == u"page"_s && !nombre);
   if (deuxMots && !mots.isEmpty()) nom += u' ' + mots.takeFirst().texte;
 
   const Verbe &verbe = Trouver(nom);

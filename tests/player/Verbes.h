@@ -18,6 +18,7 @@ QList<Verbe> VerbesDuMonde();
 QList<Verbe> VerbesDesGestes();
 QList<Verbe> VerbesDesControles();  ///< checks of windows and controls
 QList<Verbe> VerbesDesTraces();     ///< checks of boxes, rows, files, pages
+QList<Verbe> VerbesDuClasseur();    ///< checks of the workbook opened last
 
 /// Runs a command. Throws `Echec`, for an unknown verb too, and `Reessayer`.
 void Executer(Scene &scene, const Commande &commande);

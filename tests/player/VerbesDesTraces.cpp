@@ -52,6 +52,18 @@ void VerifierOuvert(Scene &scene, const Mots &mots) {
     ExigerEgal(u"opened"_s, mots[0].texte, document);
 }
 
+void VerifierLance(Scene &scene, const Mots &mots) {
+  ExigerEgal(u"started"_s, scene.monde.Chemin(mots[0].texte),
+             Premiere(scene.coquille.Lances(), u"a start expected, none found"_s));
+}
+
+void VerifierDemarrage(Scene &scene, const Mots &mots) {
+  const bool present = mots[1].Est(u"present");
+  Exiger(present || mots[1].Est(u"absent"), u"demarrage: present or absent expected"_s);
+  Exiger(QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte)) == present,
+         u"\"%1\" is %2 in the start list"_s.arg(mots[0].texte, present ? u"not"_s : u"still"_s));
+}
+
 void VerifierLignes(Scene &scene, const Mots &mots) {
   ExigerEgal(u"rows of "_s + mots[0].texte, QString::number(Nombre(mots[1])),
              QString::number(LignesDuMonde(scene.monde.Base()).Nombre(mots[0].texte)));
@@ -209,6 +221,17 @@ QList<Verbe> VerbesDesTraces() {
        [](S &s, const M &) {
          for (const QString &document : s.coquille.Ouverts())
            throw Echec{u"nothing opened expected, \"%1\" found"_s.arg(document)};
+       }},
+      {u"lance"_s, 1, 1, VerifierLance},
+      {u"rien-lance"_s, 0, 0,
+       [](S &s, const M &) {
+         for (const QString &programme : s.coquille.Lances())
+           throw Echec{u"nothing started expected, \"%1\" found"_s.arg(programme)};
+       }},
+      {u"demarrage"_s, 2, 2, VerifierDemarrage},
+      {u"envoye"_s, 1, 1,
+       [](S &s, const M &m) {
+         ExigerEgal(u"sent"_s, m[0].texte, QString::fromLatin1(s.port.PrendreEnvoyes()));
        }},
       {u"lignes"_s, 2, 2, VerifierLignes},
       {u"champ"_s, 4, 4, [](S &s, const M &m) { ExigerEgal(m[2].texte, m[3].texte, Champ(s, m)); }},

@@ -34,6 +34,11 @@ void Repondre(Scene &scene, const Mots &mots) {
   scene.boites.Prevoir({mot.texte, !mot4});
 }
 
+void MettreModem(Scene &scene, const Mots &mots) {
+  scene.port.Brancher();
+  if (!mots[0].Est(u"ouvert")) scene.port.Prevoir(mots[0].texte.toLatin1());
+}
+
 }  // namespace
 
 QList<Verbe> VerbesDuMonde() {
@@ -61,6 +66,8 @@ QList<Verbe> VerbesDuMonde() {
          MondeAuRepos(s);
          s.imprimante.Installer(Textes(m, 0));
        }},
+      {u"monde sans-programme"_s, 1, 1,
+       [](S &s, const M &m) { s.coquille.Desinstaller(MondeAuRepos(s).Chemin(m[0].texte)); }},
       {u"ligne"_s, 1, kSansLimite,
        [](S &s, const M &m) { Lignes(s).Ajouter(m[0].texte, m.sliced(1)); }},
       {u"champ-ecrit"_s, 3, kSansLimite,
@@ -83,6 +90,17 @@ QList<Verbe> VerbesDuMonde() {
        }},
       {u"attendre"_s, 1, 1,
        [](S &s, const M &m) { s.horloge.Avancer(std::chrono::milliseconds(Nombre(m[0]))); }},
+      {u"pendant-pause"_s, 1, kSansLimite,
+       [](S &s, const M &m) {
+         s.horloge.PendantPause([&s, commande = Commande{0, m[0].texte, m.sliced(1)}] {
+           try {
+             Executer(s, commande);
+           } catch (const Echec &echec) {
+             s.Noter(echec.texte);
+           }
+         });
+       }},
       {u"reponse"_s, 1, 1, Repondre},
+      {u"modem"_s, 1, 1, MettreModem},
   };
 }

@@ -1,6 +1,7 @@
 #include "platform/linux/BoitesSysteme.h"
 
 #include <QApplication>
+#include <QColorDialog>
 #include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
@@ -69,6 +70,13 @@ Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QStri
 QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
                                const QString &filtre) {
   return QFileDialog::getOpenFileName(QApplication::activeWindow(), invite, dossier, filtre);
+}
+
+std::optional<Boites::Couleur> BoitesSysteme::ChoixCouleur(const Couleur &depart) {
+  const QColor choisie = QColorDialog::getColor(QColor(depart.rouge, depart.vert, depart.bleu),
+                                                QApplication::activeWindow());
+  if (!choisie.isValid()) return std::nullopt;
+  return Couleur{choisie.red(), choisie.green(), choisie.blue()};
 }
 
 void BoitesSysteme::Erreur(const QString &texte) {

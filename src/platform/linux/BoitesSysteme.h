@@ -10,6 +10,7 @@ class BoitesSysteme : public Boites {
   QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
+  std::optional<Couleur> ChoixCouleur(const Couleur &depart) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
 };

@@ -2,8 +2,12 @@
 
 #include "platform/Coquille.h"
 
-/// The desktop's default programs.
+/// The desktop's default programs, programs of their own, and the user's desktop folder, where a
+/// link is an entry of the desktop. A program is started in its own folder and outlives this one.
 class CoquilleSysteme : public Coquille {
  public:
   void Ouvrir(const QString &document) override;
+  bool Lancer(const QString &programme) override;
+  bool LienExiste(const QString &nom) const override;
+  void CreerLien(const QString &nom, const QString &programme) override;
 };

@@ -1,5 +1,6 @@
 #include "platform/linux/HorlogeSysteme.h"
 
+#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -13,6 +14,20 @@ void HorlogeSysteme::Pause(std::chrono::milliseconds duree) {
   QEventLoop boucle;
   QTimer::singleShot(duree, Qt::PreciseTimer, &boucle, &QEventLoop::quit);
   boucle.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+void HorlogeSysteme::Attendre(std::chrono::milliseconds duree,
+                              const std::function<bool()> &arret) {
+  const QDeadlineTimer fin(duree);
+  AttendreQue([&] { return fin.hasExpired() || arret(); });
+}
+
+void HorlogeSysteme::AttendreQue(const std::function<bool()> &arret) {
+  using namespace std::chrono_literals;
+  QEventLoop boucle;
+  QTimer reveil;  // so that `arret` is asked while nothing happens
+  reveil.start(50ms);
+  while (!arret()) boucle.processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void HorlogeSysteme::Apres(std::chrono::milliseconds delai, QObject *contexte,

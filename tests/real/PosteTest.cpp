@@ -1,0 +1,318 @@
+// The real desktop services and the real serial port: entries of the desktop are started by the
+// desktop's own launcher, and a pseudo-terminal stands where the modem would.
+
+#include "commun/DisquePlein.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+#include "platform/linux/CoquilleSysteme.h"
+#include "platform/linux/ListeDemarrageSysteme.h"
+#include "platform/linux/PortSerieSysteme.h"
+
+#include <QDeadlineTimer>
+#include <QDesktopServices>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <QUrl>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <pty.h>
+#include <termios.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kPatience = 20'000;  // milliseconds, for a computer under load
+
+/// Lets events through until `condition` holds. False when it never does.
+template <typename Condition>
+bool Attendre(Condition &&condition) {
+  const QDeadlineTimer limite(kPatience);
+  while (!condition()) {
+    if (limite.hasExpired()) return false;
+    QCoreApplication::processEvents(QEventLoop::AllEvents);
+    QThread::msleep(2);
+  }
+  return true;
+}
+
+/// A user's home with a desktop folder of another name, and a program in a folder of unkind signs.
+class Poste : public testing::Test {
+ protected:
+  Poste() {
+    qputenv("HOME", QFile::encodeName(maison_.path()));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(maison_.filePath(u"config"_s)));
+    CreerDossier(maison_.filePath(u"config"_s));
+    RemplacerFichier(maison_.filePath(u"config/user-dirs.dirs"_s),
+                     "XDG_DESKTOP_DIR=\"$HOME/Bureau\"\n");
+    CreerDossier(dossierProgramme_);
+    RemplacerFichier(programme_,
+                     "#!/bin/sh\n"
+                     "ici=$(dirname \"$0\")\n"
+                     "printf '%s\\n' \"$#\" \"$1\" \"$PWD\" >\"$ici/encours\"\n"
+                     "mv \"$ici/encours\" \"$ici/trace\"\n");
+    QFile::setPermissions(programme_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  }
+
+  QString Lien(const QString &nom) const {
+    return maison_.filePath(u"Bureau/%1.desktop"_s.arg(nom));
+  }
+  QStringList EntreesDemarrage() const {
+    return QDir(maison_.filePath(u"config/autostart"_s)).entryList(QDir::Files);
+  }
+
+  /// What the program tells once it has been started: how many arguments, the first of them, where.
+  QStringList Trace() const {
+    const QString trace = dossierProgramme_ + u"/trace"_s;
+    if (!Attendre([&] { return QFileInfo::exists(trace); })) return {u"not started"_s};
+    const QString texte = QString::fromUtf8(LireFichier(trace).value_or(""));
+    EffacerFichier(trace);
+    return texte.split(u'\n');
+  }
+  /// Starts an entry as the desktop does.
+  QStringList DemarrerEntree(const QString &chemin) const {
+    QProcess gio;
+    gio.start(u"gio"_s, {u"launch"_s, chemin});
+    EXPECT_TRUE(gio.waitForFinished(kPatience));
+    EXPECT_EQ(gio.exitCode(), 0) << gio.readAllStandardError().constData();
+    return Trace();
+  }
+
+  QTemporaryDir maison_;
+  const QString dossierProgramme_ =
+      QFileInfo(maison_.path()).canonicalFilePath() + u"/l'été \"à $HOME\" `ls` \\n & ;#"_s;
+  const QString programme_ = dossierProgramme_ + u"/Vigilo"_s;
+  CoquilleSysteme coquille_;
+  ListeDemarrageSysteme demarrage_;
+};
+
+TEST_F(Poste, ListeDemarrage) {
+  const QString fichier = u"Velmira-Alerte.desktop"_s;
+  const QString chemin = maison_.filePath(u"config/autostart/"_s + fichier);
+  demarrage_.Retirer(u"Alerte"_s);
+  demarrage_.Ajouter(u"Alerte"_s, programme_, u"auto"_s);
+  EXPECT_EQ(EntreesDemarrage(), QStringList{fichier});
+  EXPECT_EQ(DemarrerEntree(chemin).mid(0, 2), (QStringList{u"1"_s, u"auto"_s}));
+
+  const QString argument = u"100 %f $HOME \"\\\" `"_s;
+  demarrage_.Ajouter(u"Alerte"_s, programme_, argument);
+  demarrage_.Ajouter(u"Memora"_s, programme_, u"auto"_s);
+  EXPECT_EQ(EntreesDemarrage().size(), 2);
+  EXPECT_EQ(DemarrerEntree(chemin).mid(0, 2), (QStringList{u"1"_s, argument}));
+
+  demarrage_.Retirer(u"Alerte"_s);
+  EXPECT_EQ(EntreesDemarrage(), QStringList{u"Velmira-Memora.desktop"_s});
+}
+
+TEST_F(Poste, ListeDemarrageSansDossier) {
+  RemplacerFichier(maison_.filePath(u"config/autostart"_s), "un obstacle");
+  EXPECT_NO_THROW(demarrage_.Ajouter(u"Alerte"_s, programme_, u"auto"_s));
+  EXPECT_NO_THROW(demarrage_.Retirer(u"Alerte"_s));
+}
+
+TEST_F(Poste, LienDuBureau) {
+  const QString nom = u"Mes notes d'été, 100 % \\n"_s;
+  EXPECT_FALSE(coquille_.LienExiste(nom));
+  coquille_.CreerLien(nom, programme_);
+  EXPECT_TRUE(coquille_.LienExiste(nom));
+  EXPECT_FALSE(coquille_.LienExiste(u"Mes notes"_s));
+  EXPECT_TRUE(QFileInfo(Lien(nom)).isExecutable());
+  EXPECT_EQ(DemarrerEntree(Lien(nom)).constFirst(), u"0"_s);
+  EXPECT_TRUE(LireFichier(Lien(nom)).value_or("").contains(
+      u"\nName=Mes notes d'été, 100 % \\\\n\n"_s.toUtf8()));
+
+  // The launcher itself cannot find a program in such a folder: it looks for it by the doubled
+  // sign.
+  coquille_.CreerLien(u"Cent"_s, u"/opt/100 %f/Memora"_s);
+  EXPECT_TRUE(
+      LireFichier(Lien(u"Cent"_s)).value_or("").contains("\nExec=\"/opt/100 %%f/Memora\"\n"));
+}
+
+TEST_F(Poste, LienRefuse) {
+  CreerDossier(maison_.filePath(u"Bureau/a"_s));
+  for (const QString &nom : {u""_s, u"."_s, u".."_s, u"a/b"_s, u"../a"_s, QString(300, u'x')}) {
+    EXPECT_THROW(coquille_.CreerLien(nom, programme_), ErreurFichier) << qPrintable(nom);
+    EXPECT_FALSE(coquille_.LienExiste(nom)) << qPrintable(nom);
+  }
+  {
+    const DisquePlein plein(16);
+    EXPECT_THROW(coquille_.CreerLien(u"Memora"_s, programme_), ErreurFichier);
+  }
+  EXPECT_EQ(QDir(maison_.filePath(u"Bureau"_s)).entryList(QDir::Files | QDir::Hidden),
+            QStringList());
+}
+
+TEST_F(Poste, ProgrammeLance) {
+  EXPECT_TRUE(coquille_.Lancer(programme_));
+  EXPECT_EQ(Trace().mid(0, 3), (QStringList{u"0"_s, QString(), dossierProgramme_}));
+  EXPECT_FALSE(coquille_.Lancer(dossierProgramme_ + u"/Brikel"_s));
+  QFile::setPermissions(programme_, QFile::ReadOwner | QFile::WriteOwner);
+  EXPECT_FALSE(coquille_.Lancer(programme_));
+}
+
+/// Stands for the desktop's default programs.
+class Ouvreur : public QObject {
+  Q_OBJECT
+
+ public:
+  Ouvreur() {
+    for (const QString &schema : schemas_) QDesktopServices::setUrlHandler(schema, this, "Ouvrir");
+  }
+  ~Ouvreur() override {
+    for (const QString &schema : schemas_) QDesktopServices::unsetUrlHandler(schema);
+  }
+  Q_DISABLE_COPY_MOVE(Ouvreur)
+
+  Q_INVOKABLE void Ouvrir(const QUrl &adresse) { ouvertes += adresse.toString(); }
+  QStringList ouvertes;
+
+ private:
+  const QStringList schemas_{u"file"_s, u"http"_s, u"https"_s, u"mailto"_s};
+};
+
+TEST_F(Poste, DocumentsEtAdresses) {
+  Ouvreur ouvreur;
+  const struct {
+    QString document, adresse;
+  } cas[] = {
+      {u"/tmp/à lire #1 100%.pdf"_s, u"file:///tmp/à lire %231 100%25.pdf"_s},
+      {u"mailto:paul.durand@exemple.fr"_s, u"mailto:paul.durand@exemple.fr"_s},
+      {u"https://exemple.fr/a?b=c#d"_s, u"https://exemple.fr/a?b=c#d"_s},
+      {u"www.exemple.fr"_s, u"http://www.exemple.fr"_s},
+  };
+  for (const auto &[document, adresse] : cas) {
+    ouvreur.ouvertes.clear();
+    coquille_.Ouvrir(document);
+    EXPECT_EQ(ouvreur.ouvertes, QStringList{adresse}) << qPrintable(document);
+  }
+}
+
+/// A port with the test at its other end.
+class Port : public testing::Test {
+ protected:
+  Port() {
+    char nom[64] = {};
+    EXPECT_EQ(::openpty(&modem_, &ligne_, nom, nullptr, nullptr), 0);
+    ::fcntl(modem_, F_SETFL, O_NONBLOCK);
+    numero_ = QString::fromLatin1(nom).section(u'/', -1).toInt() + 1;
+  }
+  ~Port() override { Debrancher(); }
+
+  void Debrancher() {
+    for (int *fd : {&modem_, &ligne_})
+      if (*fd >= 0) ::close(std::exchange(*fd, -1));
+  }
+  void Repondre(const QByteArray &octets) const {
+    EXPECT_EQ(::write(modem_, octets.constData(), static_cast<size_t>(octets.size())),
+              octets.size());
+  }
+  /// What has arrived at the other end, once it is as long as what is expected.
+  QByteArray Arrive(qsizetype longueur) const {
+    QByteArray arrive;
+    Attendre([&] {
+      char tampon[512];
+      const ssize_t n = ::read(modem_, tampon, sizeof tampon);
+      if (n > 0) arrive.append(tampon, n);
+      return arrive.size() >= longueur;
+    });
+    return arrive;
+  }
+  /// What the port gives, once it is as long as what is expected.
+  QByteArray Lu(qsizetype longueur) {
+    QByteArray lu;
+    Attendre([&] { return (lu += port_.Lire()).size() >= longueur; });
+    return lu;
+  }
+
+  static QByteArray TousLesOctets() {
+    QByteArray octets;
+    for (int i = 0; i < 256; ++i) octets += static_cast<char>(i);
+    return octets;
+  }
+
+  int modem_ = -1, ligne_ = -1;
+  int numero_ = 0;
+  PortSerieSysteme port_{u"/dev/pts/"_s};
+};
+
+TEST_F(Port, Dialogue) {
+  EXPECT_FALSE(port_.Vivant());
+  ASSERT_TRUE(port_.Ouvrir(numero_));
+  EXPECT_TRUE(port_.Vivant());
+  termios reglages{};
+  ASSERT_EQ(::tcgetattr(ligne_, &reglages), 0);
+  EXPECT_EQ(::cfgetospeed(&reglages), B9600);
+  EXPECT_EQ(reglages.c_cflag & (CSIZE | PARENB | CSTOPB), CS8);
+
+  port_.Ecrire("ATDT 02 40 12 34 56;\r");
+  EXPECT_EQ(Arrive(21), "ATDT 02 40 12 34 56;\r");
+  EXPECT_EQ(port_.Lire(), QByteArray());
+  Repondre("\r\nO");
+  EXPECT_EQ(Lu(3), "\r\nO");
+  Repondre("K\r\n");
+  EXPECT_EQ(Lu(3), "K\r\n");
+
+  port_.Ecrire(TousLesOctets());
+  EXPECT_EQ(Arrive(256), TousLesOctets());
+  Repondre(TousLesOctets());
+  EXPECT_EQ(Lu(256), TousLesOctets());
+
+  // The last command is written right before the port is closed.
+  port_.Ecrire("ATH\r");
+  port_.Fermer();
+  EXPECT_FALSE(port_.Vivant());
+  EXPECT_EQ(Arrive(4), "ATH\r");
+}
+
+TEST_F(Port, Rouvrir) {
+  ASSERT_TRUE(port_.Ouvrir(numero_));
+  Repondre("OK");
+  EXPECT_EQ(Lu(2), "OK");
+  ASSERT_TRUE(port_.Ouvrir(numero_)) << "a port that is open is closed first";
+  port_.Fermer();
+  port_.Ecrire("perdu");
+  EXPECT_EQ(port_.Lire(), QByteArray());
+  ASSERT_TRUE(port_.Ouvrir(numero_));
+  port_.Ecrire("AT\r");
+  EXPECT_EQ(Arrive(3), "AT\r");
+}
+
+TEST_F(Port, AppareilDisparu) {
+  ASSERT_TRUE(port_.Ouvrir(numero_));
+  Debrancher();
+  EXPECT_TRUE(Attendre([&] { return !port_.Vivant(); }));
+  port_.Ecrire("ATH\r");
+  EXPECT_EQ(port_.Lire(), QByteArray());
+  port_.Fermer();
+  EXPECT_FALSE(port_.Ouvrir(numero_));
+  EXPECT_FALSE(port_.Vivant());
+}
+
+TEST_F(Port, RienDeTel) {
+  ASSERT_TRUE(port_.Ouvrir(numero_));
+  EXPECT_FALSE(port_.Ouvrir(100'000));
+  EXPECT_FALSE(port_.Vivant()) << "the port before is closed";
+  EXPECT_FALSE(port_.Ouvrir(0));
+
+  const QTemporaryDir dossier;
+  RemplacerFichier(dossier.filePath(u"tty0"_s), "un fichier");
+  EXPECT_FALSE(PortSerieSysteme(dossier.filePath(u"tty"_s)).Ouvrir(1));
+}
+
+}  // namespace
+
+#include "PosteTest.moc"
+
+int main(int argc, char *argv[]) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  const QGuiApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
