@@ -3,7 +3,7 @@
 #include "Correspondants.h"
 #include "Portrait.h"
 #include "Villes.h"
-#include "envelope/ChaineAdresse.h"
+#include "envelope/ExpediteurDefaut.h"
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
@@ -108,14 +108,9 @@ void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine)
   transaction.Valider();
 }
 
-void EcrireExpediteurDefaut(const QString &appPath) {
+void EcrireDefaut(const QString &appPath) {
   for (const Expediteur &e : Expediteurs())
-    if (e.ParDefaut)
-      RemplacerFichier(
-          appPath + u"/Defaut.ini"_s,
-          VersPageDeCode(ChaineAdresse({e.Ligne1, e.Ligne2, e.Ligne3, e.Ligne4, e.Ligne5},
-                                       e.CodePostal, e.Ville, e.Pays) +
-                         u"\r\n"_s + e.OptionAdresse + u"\r\n"_s));
+    if (e.ParDefaut) EcrireExpediteurDefaut(appPath, ComposerAdresse(AdresseSaisie::De(e)));
 }
 
 void EcrireReglagesExemple(const QString &appPath) {
@@ -152,7 +147,7 @@ void EcrireDossierExemple(const QString &dossier, std::uint32_t graine) {
   CreerDossier(donnees);
   CreerDossier(photos);
   EcrireBase(donnees + u"/Velmira.mdb"_s, QDir(photos), graine);
-  EcrireExpediteurDefaut(appPath);
+  EcrireDefaut(appPath);
   EcrireReglagesExemple(appPath);
   EcrireTextes(appPath + u"/Cheminbase.cfg"_s, {donnees});
   // Last: a folder with this file is a whole one.

@@ -34,10 +34,23 @@ void ArbreVelmiras::CliquerSelection() {
   if (const QModelIndex noeud = Selection(); noeud.isValid()) SelectionnerEtCliquer(noeud);
 }
 
+bool ArbreVelmiras::BasculerSous(const QMouseEvent &evenement) {
+  if (!modele_.CochesMontrees() || evenement.button() != Qt::LeftButton) return false;
+  const QModelIndex noeud = indexAt(evenement.position().toPoint());
+  if (noeud.isValid()) modele_.Basculer(noeud);
+  return true;
+}
+
 void ArbreVelmiras::mousePressEvent(QMouseEvent *evenement) {
+  if (BasculerSous(*evenement)) return;
   QTreeView::mousePressEvent(evenement);
   const QModelIndex noeud = indexAt(evenement->position().toPoint());
   if (noeud.isValid()) emit NoeudClique(noeud, evenement->button());
+}
+
+void ArbreVelmiras::mouseDoubleClickEvent(QMouseEvent *evenement) {
+  // Of two quick clicks on a box the second comes here.
+  if (!BasculerSous(*evenement)) QTreeView::mouseDoubleClickEvent(evenement);
 }
 
 void ArbreVelmiras::mouseMoveEvent(QMouseEvent *evenement) {
@@ -46,6 +59,10 @@ void ArbreVelmiras::mouseMoveEvent(QMouseEvent *evenement) {
 }
 
 void ArbreVelmiras::keyPressEvent(QKeyEvent *evenement) {
+  if (modele_.CochesMontrees() && evenement->key() == Qt::Key_Space) {
+    if (currentIndex().isValid()) modele_.Basculer(currentIndex());
+    return;
+  }
   const QPersistentModelIndex avant = currentIndex();
   QTreeView::keyPressEvent(evenement);
   if (currentIndex().isValid() && currentIndex() != avant)

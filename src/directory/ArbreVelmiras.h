@@ -5,7 +5,8 @@
 #include <QTreeView>
 
 /// The list of correspondents. A node is clicked by the mouse, by moving to it with the keyboard,
-/// or by a command.
+/// or by a command. While boxes are shown a click of the left button, or the space bar, inverts the
+/// node's box instead: selection and record on display stay as they are.
 class ArbreVelmiras : public QTreeView {
   Q_OBJECT
 
@@ -22,14 +23,22 @@ class ArbreVelmiras : public QTreeView {
   /// Clicks the selected node again; without one nothing happens.
   void CliquerSelection();
 
+  /// Boxes beside the nodes, see `ModeleListe`.
+  void MontrerCoches(bool montrees) { modele_.MontrerCoches(montrees); }
+  void CocherTous(bool coches) { modele_.CocherTous(coches); }
+  QList<Cle> Coches() const { return modele_.Coches(); }
+
  signals:
   void NoeudClique(const QModelIndex &noeud, Qt::MouseButton bouton);
 
  protected:
   void mousePressEvent(QMouseEvent *evenement) override;
+  void mouseDoubleClickEvent(QMouseEvent *evenement) override;
   void mouseMoveEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
+  bool BasculerSous(const QMouseEvent &evenement);
+
   ModeleListe modele_;
 };

@@ -27,13 +27,26 @@ Cle Index(const QModelIndex &noeud) {
 
 }  // namespace
 
-QModelIndex CommandesFiche::Selection() const {
+QModelIndex CommandesFiche::NoeudChoisi() const {
   const QModelIndex noeud = liste_.Arbre().Selection();
   if (!noeud.isValid())
     session_.plateforme.boites.Message(
         Boites::Genre::Information, u"Erreur de Saisie"_s,
         u"Vous devez sélectionner un correspondant dans la liste !"_s);
   return noeud;
+}
+
+Cle CommandesFiche::Selection() const {
+  return Index(liste_.Arbre().Selection());
+}
+
+void CommandesFiche::Selectionner(Cle index) {
+  if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(index); noeud.isValid())
+    liste_.Arbre().SelectionnerEtCliquer(noeud);
+}
+
+void CommandesFiche::AfficherTous() {
+  liste_.AfficherCategorie(ToutesCategories());
 }
 
 bool CommandesFiche::Saisir(FrmNewMod &editeur, Correspondant &fiche,
@@ -45,66 +58,99 @@ bool CommandesFiche::Saisir(FrmNewMod &editeur, Correspondant &fiche,
   return false;
 }
 
-void CommandesFiche::Nouveau(const Fenetre &fenetre) {
+std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, const Ajout &ajout) {
   FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
-                    {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
-                    fenetre.parent);
+                    {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
+  Correspondant depart = ajout.depart;
+  depart.AlerteActive = ajout.alerte;  // shown ticked, and not to be unticked
+  editeur.Montrer(depart);
+  if (ajout.imprimer) editeur.ProposerImpression(ajout.imprimer);
   Correspondant fiche = FicheVide();
   const bool ecrite = Saisir(editeur, fiche, [&] {
-    fiche.AlerteActive = editeur.Saisie().AjoutAlerte;
+    fiche.AlerteActive = ajout.alerte || editeur.Saisie().AjoutAlerte;
     fiche.Index = TableAdresse(session_.base).Ajouter(fiche, fiche.AlerteActive);
   });
-  if (!ecrite) {
-    fenetre.montrer();
+  if (!ecrite) return std::nullopt;
+  return fiche;
+}
+
+void CommandesFiche::Nouveau() {
+  const auto fiche = SaisirNouveau(fenetre_.parent, {});
+  if (!fiche) {
+    liste_.Arbre().CliquerSelection();
     liste_.MettreAJourCompte();
     return;
   }
   liste_.RemplirCategories();
-  liste_.AfficherCategorie(ToutesCategories());
-  if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(fiche.Index); noeud.isValid())
-    liste_.Arbre().SelectionnerEtCliquer(noeud);
-  if (fiche.Index > kCleNouvelleMax)
+  AfficherTous();
+  Selectionner(fiche->Index);
+  if (fiche->Index > kCleNouvelleMax)
     session_.plateforme.boites.Erreur(
         u"Dépassement de capacité : la clé %1 dépasse %2.\nLe correspondant a bien été enregistré."_s
-            .arg(fiche.Index)
+            .arg(fiche->Index)
             .arg(kCleNouvelleMax));
 }
 
-void CommandesFiche::Modifier(const Fenetre &fenetre) {
+std::optional<Correspondant> CommandesFiche::Ajouter(QWidget *parent, const Ajout &ajout) {
+  auto fiche = SaisirNouveau(parent, ajout);
+  if (!fiche) return fiche;
+  liste_.Inserer({NomListe(fiche->NomVelmira), fiche->Index});
+  liste_.RemplirCategories();
+  liste_.MettreAJourCompte();
+  return fiche;
+}
+
+void CommandesFiche::ModifierSelection() {
   Boites &boites = session_.plateforme.boites;
-  ArbreVelmiras &arbre = liste_.Arbre();
-  const QModelIndex racine = arbre.Modele().Racine();
+  const QModelIndex racine = liste_.Arbre().Modele().Racine();
   if (!racine.isValid()) {
     boites.Information(u"Aucun velmira à modifier !"_s);
     return;
   }
-  const QModelIndex choisi = Selection();
+  const QModelIndex choisi = NoeudChoisi();
   if (!choisi.isValid()) return;
   if (choisi == racine) {
     boites.Information(u"Cet élément n'est pas modifiable !"_s);
     return;
   }
-  auto fiche = TableAdresse(session_.base).Lire(Index(choisi));
+  if (Modifier(fenetre_.parent, Index(choisi))) liste_.Arbre().setFocus();
+}
+
+bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
+  auto fiche = TableAdresse(session_.base).Lire(index);
   if (!fiche) {
-    fenetre.montrer();  // tells that the record has gone
-    return;
+    session_.plateforme.boites.Information(TexteDisparu());
+    if (Selection() == index) fenetre_.partie();
+    return false;
   }
   FrmNewMod editeur(session_, u"  Modifier Velmira"_s,
-                    {fenetre.protegesMasques, [this] { liste_.RemplirCategories(); }},
-                    fenetre.parent);
+                    {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
   editeur.Montrer(*fiche);
   const bool ecrite = Saisir(editeur, *fiche, [&] {
     TableAdresse(session_.base).Modifier(*fiche, editeur.Saisie().AjoutAlerte);
   });
-  if (!ecrite) return;
-  liste_.Retirer(arbre.Modele().Enfant(fiche->Index));
-  const QModelIndex noeud = arbre.Modele().Inserer({NomListe(fiche->NomVelmira), fiche->Index});
+  if (!ecrite) return false;
+  if (const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index); ancien.isValid()) {
+    liste_.Retirer(ancien);
+    liste_.Inserer({NomListe(fiche->NomVelmira), index});
+  }
   liste_.RemplirCategories();
-  arbre.SelectionnerEtCliquer(noeud);
-  arbre.setFocus();
+  Selectionner(index);
+  return true;
 }
 
-void CommandesFiche::Supprimer(const std::function<void()> &partie) {
+void CommandesFiche::Supprimer(Cle index) {
+  const bool affiche = Selection() == index;
+  const bool existait = TableAdresse(session_.base).Supprimer(index);
+  if (affiche) fenetre_.partie();
+  if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(index); noeud.isValid())
+    liste_.Retirer(noeud);
+  if (!existait) session_.plateforme.boites.Information(TexteDisparu());
+  liste_.RemplirCategories();
+  liste_.MettreAJourCompte();
+}
+
+void CommandesFiche::SupprimerSelection() {
   Boites &boites = session_.plateforme.boites;
   ArbreVelmiras &arbre = liste_.Arbre();
   const QModelIndex racine = arbre.Modele().Racine();
@@ -117,25 +163,20 @@ void CommandesFiche::Supprimer(const std::function<void()> &partie) {
     boites.Information(u"Cet élément ne peut être supprimé !"_s);
     return;
   }
-  const QModelIndex noeud = Selection();
+  const QModelIndex noeud = NoeudChoisi();
   if (!noeud.isValid()) return;
   if (boites.Question(u"Confirmation de suppression"_s,
                       u"Supprimer le correspondant  "_s + Texte(noeud).toUpper() + u" ?"_s,
                       Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
 
-  const bool existait = TableAdresse(session_.base).Supprimer(Index(noeud));
-  partie();
-  liste_.Retirer(noeud);
-  if (!existait) boites.Information(TexteDisparu());
-  liste_.RemplirCategories();
+  Supprimer(Index(noeud));
   if (arbre.Modele().NombreEnfants() > 0) {
     arbre.SelectionnerEtCliquer(arbre.Modele().Racine());
     arbre.setFocus();
   } else {
     QuitterCategorieVide();
   }
-  liste_.MettreAJourCompte();
 }
 
 void CommandesFiche::QuitterCategorieVide() {
@@ -155,7 +196,7 @@ void CommandesFiche::AjouterAuxFavoris() {
     boites.Information(u"Vous êtes déjà dans la liste des favoris.\nLa commande est inopérable."_s);
     return;
   }
-  const QModelIndex noeud = Selection();
+  const QModelIndex noeud = NoeudChoisi();
   if (!noeud.isValid()) return;
   if (noeud == racine) {
     boites.Information(u"Cet élément ne peut être ajouté aux favoris !"_s);

@@ -1,37 +1,49 @@
 #pragma once
 
 #include "directory/ListeVelmiras.h"
+#include "directory/Repertoire.h"
 
 class FrmNewMod;
 
-/// What is done with the correspondent that is selected in the list.
-class CommandesFiche {
+/// What is done with the correspondents of the list: with the selected one by the directory's own
+/// commands, and with any of them for the other windows.
+class CommandesFiche : public Repertoire {
  public:
-  CommandesFiche(Session &session, ListeVelmiras &liste) : session_(session), liste_(liste) {}
-
-  /// What the window gives to New and Change.
+  /// What the window gives to the commands.
   struct Fenetre {
     QWidget *parent;
-    bool protegesMasques;           ///< protected records are hidden from the others now
-    std::function<void()> montrer;  ///< shows the selected record again
+    std::function<bool()> protegesMasques;  ///< protected records are hidden from the others now
+    std::function<void()> partie;           ///< the record on display has been deleted
   };
 
+  CommandesFiche(Session &session, ListeVelmiras &liste, Fenetre fenetre)
+      : session_(session), liste_(liste), fenetre_(std::move(fenetre)) {}
+
   /// The editor for a new record, which then stands selected in the whole list.
-  void Nouveau(const Fenetre &fenetre);
+  void Nouveau();
 
   /// The editor for the selected record.
-  void Modifier(const Fenetre &fenetre);
+  void ModifierSelection();
 
-  /// Asks, deletes the record and takes it off the list. `partie` runs when the record has gone.
-  void Supprimer(const std::function<void()> &partie);
+  /// Asks, deletes the selected record and takes it off the list.
+  void SupprimerSelection();
 
   /// Puts the selected correspondent among the favourites.
   void AjouterAuxFavoris();
 
   /// The selected correspondent; invalid, with the message that says so, when there is none.
-  QModelIndex Selection() const;
+  QModelIndex NoeudChoisi() const;
+
+  Cle Selection() const override;
+  void Selectionner(Cle index) override;
+  void AfficherTous() override;
+  std::optional<Correspondant> Ajouter(QWidget *parent, const Ajout &ajout) override;
+  bool Modifier(QWidget *parent, Cle index) override;
+  void Supprimer(Cle index) override;
 
  private:
+  /// Runs the editor for a new correspondent and writes it. Nothing for a cancel.
+  std::optional<Correspondant> SaisirNouveau(QWidget *parent, const Ajout &ajout);
   /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
   /// again with what was typed. False for a cancel.
   bool Saisir(FrmNewMod &editeur, Correspondant &fiche, const std::function<void()> &ecrire);
@@ -39,4 +51,5 @@ class CommandesFiche {
 
   Session &session_;
   ListeVelmiras &liste_;
+  Fenetre fenetre_;
 };

@@ -2,7 +2,6 @@
 
 #include "directory/GestionCategories.h"
 #include "directory/Telephone.h"
-#include "envelope/FrmCP.h"
 #include "platform/Saisie.h"
 #include "storage/Tables.h"
 #include "ui/Debrancher.h"
@@ -11,6 +10,7 @@
 #include "ui_FrmNewMod.h"
 
 #include <QCalendarWidget>
+#include <QDir>
 #include <QEvent>
 
 using namespace Qt::StringLiterals;
@@ -28,15 +28,13 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
       ui_(std::make_unique<Ui::FrmNewMod>()) {
   ui_->setupUi(this);
   setWindowTitle(titre);
-  txt_ = {ui_->Txt_0, ui_->Txt_1, ui_->Txt_2, ui_->Txt_3, ui_->Txt_4, ui_->Txt_5, ui_->Txt_6};
   Boites &boites = session_.plateforme.boites;
-  ui_->CboTitre->Relier(boites, session_.dossiers.AppPath, ui_->Txt_0);
-  ui_->CboVille->Relier(boites, session_.base, ui_->Txt_5);
+  constexpr int kGris = 242;  // of the field that has the focus
+  ui_->Champs->Relier(session_, kGris, u"Image3"_s);
   categories_ = std::make_unique<GestionCategories>(
       boites, session_.base,
       GestionCategories::Controles{ui_->CboCat, ui_->LstCat, ui_->CmdEnrCat, ui_->CmdModSup},
       contexte_.categoriesChangees);
-  ui_->Opt_0->setChecked(true);
   ui_->DTP->setDate(session_.plateforme.horloge.Maintenant().date());
   Brancher();
 }
@@ -53,17 +51,14 @@ void FrmNewMod::Brancher() {
   brancher(ui_->CmdOK, [this] { Valider(); });
   brancher(ui_->CmdAnnule, [this] { reject(); });
   brancher(ui_->CmdPhoto, [this] { ChoisirPhoto(); });
-  brancher(ui_->CmdCP, [this] { ChercherCode(); });
-  brancher(ui_->CmdPurge, [this] {
+  connect(ui_->Label5, &QToolButton::clicked, this, [this] {
     session_.plateforme.boites.Information(
-        u"Chaque nouvelle entrée, écrite dans le zone de saisie de la liste,\n"
-        "est systématiquement enregistrée quand on déroule la liste.\n\n"
-        "Pour supprimer une entrée de la liste déroulante, il faut :\n\n"
-        "o - La sélectionner,\n"
-        "o - Puis appuyer sur le bouton SUPPR (ou DEL) du clavier."_s);
+        u"La photo est un fichier d'image (jpg, bmp ou ico), montré avec la fiche.\n\n"
+        "Rangez-la de préférence dans le dossier « Photos » du programme :\n"_s +
+        QDir::toNativeSeparators(DossierPhotos()) +
+        u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler »."_s);
   });
-  connect(ui_->Image3, &QToolButton::clicked, ui_->Opt_0, [this] { ui_->Opt_0->setChecked(true); });
-  connect(ui_->Image2, &QToolButton::clicked, ui_->Opt_1, [this] { ui_->Opt_1->setChecked(true); });
+  brancher(ui_->CmdEnregistre, [this] { ImprimerPuisValider(); });
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
   const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };
@@ -84,17 +79,27 @@ void FrmNewMod::Montrer(const Correspondant &f) {
   ui_->ChkR_1->setChecked(f.ListeRougeTravail);
   ui_->TxtDN->setText(f.DDN);
   ui_->ChkDP->setChecked(!f.DataProt.isEmpty());
-  const std::array textes{&f.Ligne1, &f.Ligne2,     &f.Ligne3, &f.Ligne4,
-                          &f.Ligne5, &f.CodePostal, &f.Pays};
-  for (std::size_t i = 0; i < txt_.size(); ++i) txt_[i]->setText(*textes[i]);
-  ui_->CboVille->setEditText(f.Ville);
-  (f.OptionAdresse == 0 ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+  ui_->Champs->Montrer(AdresseSaisie::De(f));
   categories_->Marquer(f.Categories);
   // A person who stands among those of the alerts cannot be added a second time from here.
   ui_->ChkAl->setChecked(f.AlerteActive);
   ui_->ChkAl->setEnabled(!f.AlerteActive);
   ui_->LblAl->setEnabled(!f.AlerteActive);
   photo_ = f.Photo.isNull() ? u""_s : f.Photo;
+}
+
+void FrmNewMod::ProposerImpression(std::function<void(const Correspondant &)> imprimer) {
+  imprimer_ = std::move(imprimer);
+  ui_->CmdEnregistre->setEnabled(true);
+  ui_->CmdEnregistre->show();
+}
+
+void FrmNewMod::ImprimerPuisValider() {
+  Prendre();
+  Correspondant fiche;
+  saisie_.Reporter(fiche);
+  imprimer_(fiche);
+  Valider();
 }
 
 void FrmNewMod::Valider() {
@@ -126,6 +131,7 @@ void FrmNewMod::Prendre() {
     numero->setText(FormatTelephone(numero->text(), session_.reglages.SeparateurTel));
   QuitterChamp(ui_->TxtDN);
   QuitterChamp(ui_->TxtWeb);
+  const AdresseSaisie adresse = ui_->Champs->Adresse();
   saisie_ = {.NomSaisi = ui_->txtName->text(),
              .MailSaisi = ui_->TxtMail->text(),
              .WebSaisi = ui_->TxtWeb->text(),
@@ -135,12 +141,11 @@ void FrmNewMod::Prendre() {
              .TelTravailSaisi = ui_->TxtPhoneT->text(),
              .CategoriesSaisies = categories_->Marquees(),
              .DDNSaisie = ui_->TxtDN->text(),
-             .LigneSaisie = {txt_[0]->text(), txt_[1]->text(), txt_[2]->text(), txt_[3]->text(),
-                             txt_[4]->text()},
-             .CodePostalSaisi = txt_[5]->text(),
-             .VilleSaisie = ui_->CboVille->currentText(),
-             .PaysSaisi = txt_[6]->text(),
-             .OptionSaisie = static_cast<quint8>(ui_->Opt_0->isChecked() ? 0 : 1),
+             .LigneSaisie = adresse.lignes,
+             .CodePostalSaisi = adresse.codePostal,
+             .VilleSaisie = adresse.ville,
+             .PaysSaisi = adresse.pays,
+             .OptionSaisie = adresse.option,
              .RougeTelSaisi = ui_->ChkR_0->isChecked(),
              .RougeTravailSaisi = ui_->ChkR_1->isChecked(),
              .DataProtSaisie = MarqueDeProtection(),
@@ -175,16 +180,11 @@ void FrmNewMod::QuitterChamp(const QObject *champ) {
   if (champ == ui_->TxtDN && !DateSaisie(ui_->TxtDN->text()).isValid()) ui_->TxtDN->clear();
 }
 
-void FrmNewMod::ChoisirPhoto() {
-  photo_ = session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.AppPath + u"/Photos"_s,
-                                              u"Images (*.jpg *.jpeg *.png *.bmp *.ico)"_s);
+QString FrmNewMod::DossierPhotos() const {
+  return session_.dossiers.AppPath + u"/Photos"_s;
 }
 
-void FrmNewMod::ChercherCode() {
-  ui_->Txt_5->clear();
-  ui_->CboVille->setEditText(u""_s);
-  FrmCP dialogue(session_.plateforme.boites, session_.dossiers.AppPath, this);
-  if (dialogue.exec() != QDialog::Accepted || dialogue.Ligne().isEmpty()) return;
-  ui_->Txt_5->setText(FrmCP::Code(dialogue.Ligne()));
-  ui_->CboVille->setEditText(FrmCP::Ville(dialogue.Ligne()));
+void FrmNewMod::ChoisirPhoto() {
+  photo_ = session_.plateforme.boites.Fichier(u"Photo"_s, DossierPhotos(),
+                                              u"Images (*.jpg *.bmp *.ico)"_s);
 }

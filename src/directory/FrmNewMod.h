@@ -5,11 +5,9 @@
 
 #include <QDialog>
 
-#include <array>
 #include <memory>
 
 class GestionCategories;
-class QLineEdit;
 
 namespace Ui {
 class FrmNewMod;
@@ -32,6 +30,9 @@ class FrmNewMod : public QDialog {
   /// Fills the form with a record.
   void Montrer(const Correspondant &fiche);
 
+  /// Offers to print the envelope of what is typed before it is recorded.
+  void ProposerImpression(std::function<void(const Correspondant &)> imprimer);
+
   /// What was typed, once the dialog has been accepted.
   const FicheSaisie &Saisie() const { return saisie_; }
 
@@ -47,14 +48,15 @@ class FrmNewMod : public QDialog {
   void Prendre();
   QString MarqueDeProtection() const;
   void QuitterChamp(const QObject *champ);
+  void ImprimerPuisValider();
+  QString DossierPhotos() const;
   void ChoisirPhoto();
-  void ChercherCode();
 
   Session &session_;
   Contexte contexte_;
   std::unique_ptr<Ui::FrmNewMod> ui_;
-  std::array<QLineEdit *, 7> txt_{};
   std::unique_ptr<GestionCategories> categories_;
   FicheSaisie saisie_;
   QString photo_;
+  std::function<void(const Correspondant &)> imprimer_;
 };

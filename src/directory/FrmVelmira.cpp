@@ -1,5 +1,7 @@
 #include "directory/FrmVelmira.h"
 
+#include "alerts/MenuMemora.h"
+#include "calendar/CommandesFetes.h"
 #include "calendar/Saints.h"
 #include "directory/Age.h"
 #include "directory/Categories.h"
@@ -8,6 +10,8 @@
 #include "directory/FrmLoupe.h"
 #include "envelope/ChaineAdresse.h"
 #include "envelope/MiseEnLignes.h"
+#include "exchange/CommandesEchange.h"
+#include "exchange/SelectionClasseur.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
@@ -15,6 +19,7 @@
 #include "ui/Debrancher.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
+#include "ui/Sablier.h"
 #include "ui_FrmVelmira.h"
 
 #include <QActionGroup>
@@ -26,7 +31,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kCalendrier = 5,
-              kEnveloppe = 7, kQuitter = 8, kAppeler = 9;
+              kEnveloppe = 7, kQuitter = 8, kAppeler = 9, kEchange = 10, kClasseur = 11, kAlertes = 12,
+              kMemora = 13;
 
 const QList<DescriptionBouton> kCommandes{
     {u"contact-new", u"  Nouveau velmira", true},
@@ -39,10 +45,10 @@ const QList<DescriptionBouton> kCommandes{
     {u"mail-message-new", u"  Imprimer une enveloppe", true},
     {u"application-exit", u"  Quitter Velmira ?", true, true},
     {u"call-start", u"  Appeler...?", false},
-    {u"document-swap", u"  Importer ou exporter les données de Velmira", false},
-    {u"x-office-spreadsheet", u"  Exporter les données dans Excel", false, true},
-    {u"appointment-reminder", u"  Module des alertes", false},
-    {u"note", u"  Memora", false},
+    {u"document-swap", u"  Importer ou exporter les données de Velmira", true},
+    {u"x-office-spreadsheet", u"  Exporter les données dans Excel", true, true},
+    {u"appointment-reminder", u"  Module des alertes", true},
+    {u"note", u"  Memora", true},
 };
 
 std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
@@ -57,8 +63,11 @@ FrmVelmira::FrmVelmira(Session &session)
     : session_(session),
       ui_(Preparer(*this)),
       liste_(session, {ui_->CboCat, ui_->TV, ui_->LblNomBE}, [this] { QuitterFiche(); }),
-      commandes_(session, liste_),
-      mnuInv2_(new QMenu(this)) {
+      commandes_(session, liste_,
+                 {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { EffacerFiche(); }}),
+      mnuInv_(new QMenu(this)),
+      mnuInv2_(new QMenu(this)),
+      mnuInv3_(new MenuMemora(session, this)) {
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
   ui_->Barre->Bouton(kEnveloppe)->setShortcut(QKeySequence(u"Ctrl+E"_s));
@@ -84,6 +93,8 @@ FrmVelmira::FrmVelmira(Session &session)
   connect(ui_->CmdFavoris, &QToolButton::clicked, this,
           Garde(boites, [this](bool) { commandes_.AjouterAuxFavoris(); }));
   recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
+  classeur_ = std::make_unique<SelectionClasseur>(
+      session_, liste_, ui_->CmdExcel, ui_->CmdAnnExp, [this] { CliquerRacine(); });
   BrancherMenus();
   Charger();
 }
@@ -150,6 +161,7 @@ void FrmVelmira::BrancherMenus() {
   });
   brancher(ui_->mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
   brancher(ui_->mnuMasquer, [this](bool masquer) {
+    const Sablier sablier;
     TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
   });
   brancher(ui_->mnumodifier, [this](bool) { CommandeBarre(kModifier); });
@@ -160,6 +172,12 @@ void FrmVelmira::BrancherMenus() {
   brancher(ui_->mnuSupprimer, [this](bool) { CommandeBarre(kSupprimer); });
   brancher(ui_->mnuAgrandir, [this](bool) { CommandeBarre(kAgrandir); });
   brancher(ui_->mnuImpEnv, [this](bool) { CommandeBarre(kEnveloppe); });
+  mnuInv_->setObjectName(u"mnuInv"_s);
+  mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
+  new CommandesEchange(session_, {ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer},
+                       commandes_, this);
+  new CommandesFetes(session_, ui_->mnuJF, ui_->mnuFete, ui_->mnuDate, this);
+  menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
 }
@@ -229,7 +247,7 @@ void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
   EtatEnveloppe &enveloppe = session_.enveloppe;
   IndexCourant = fiche.Index;
   OptionCourante = fiche.OptionAdresse == 0 ? 0 : 1;
-  adresseAffichee_ = ChaineAdresse(fiche);
+  adresseAffichee_ = ComposerAdresse(AdresseSaisie::De(fiche)).chaine;
   enveloppe.AdresseCourante = adresseAffichee_;
   enveloppe.OptionCPAdresse = OptionCourante;
   QString lignes = MettreEnLignes(adresseAffichee_, true, session_.reglages.plomex, enveloppe);
@@ -271,19 +289,17 @@ void FrmVelmira::BasculerAdresseImportee(bool importee) {
 }
 
 void FrmVelmira::CommandeBarre(int index) {
-  const CommandesFiche::Fenetre fenetre{this, ui_->mnuMasquer->isChecked(),
-                                        [this] { ui_->TV->CliquerSelection(); }};
   switch (index) {
     case kNouveau:
       EnregistrerNotes();
-      commandes_.Nouveau(fenetre);
+      commandes_.Nouveau();
       break;
     case kModifier:
       EnregistrerNotes();
-      commandes_.Modifier(fenetre);
+      commandes_.ModifierSelection();
       break;
     case kSupprimer:
-      commandes_.Supprimer([this] { EffacerFiche(); });
+      commandes_.SupprimerSelection();
       break;
     case kAgrandir:
       Agrandir();
@@ -299,13 +315,37 @@ void FrmVelmira::CommandeBarre(int index) {
     case kQuitter:
       close();
       break;
+    case kEchange:
+      Derouler(mnuInv_, index);
+      break;
+    case kClasseur:
+      classeur_->Commencer();
+      break;
+    case kAlertes:
+      EnregistrerNotes();
+      RetourDeModule = true;
+      emit AlertesDemandees();
+      break;
+    case kMemora:
+      Derouler(mnuInv3_, index);
+      break;
     default:
       break;
   }
 }
 
+void FrmVelmira::Derouler(QMenu *menu, int bouton) {
+  const QToolButton *sous = ui_->Barre->Bouton(bouton);
+  menu->popup(sous->mapToGlobal(QPoint(0, sous->height())));
+}
+
+void FrmVelmira::CliquerRacine() {
+  if (const QModelIndex racine = ui_->TV->Modele().Racine(); racine.isValid())
+    ui_->TV->SelectionnerEtCliquer(racine);
+}
+
 void FrmVelmira::Agrandir() {
-  const QModelIndex noeud = commandes_.Selection();
+  const QModelIndex noeud = commandes_.NoeudChoisi();
   if (!noeud.isValid()) return;
   EnregistrerNotes();
   const auto fiche = TableAdresse(session_.base).Lire(noeud.data(Qt::UserRole).toLongLong());
@@ -335,6 +375,7 @@ void FrmVelmira::PreparerFermeture() {
 }
 
 void FrmVelmira::VenirDevant() {
+  mnuInv3_->MajCoches();
   if (premierPassage_) {
     premierPassage_ = false;
     const ModeleListe &modele = ui_->TV->Modele();

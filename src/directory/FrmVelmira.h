@@ -11,6 +11,8 @@
 
 class CommandesRecherche;
 class FrmLoupe;
+class MenuMemora;
+class SelectionClasseur;
 
 namespace Ui {
 class FrmVelmira;
@@ -24,6 +26,9 @@ class FrmVelmira : public QMainWindow {
   explicit FrmVelmira(Session &session);
   ~FrmVelmira() override;
 
+  /// What the other windows may ask of the directory.
+  Repertoire &LeRepertoire() { return commandes_; }
+
   /// Saves what has been typed into the notes, and shows the user's protected records to the others
   /// again. Throws `ErreurBase`; what was typed stays on the screen then, and is not saved again.
   void PreparerFermeture();
@@ -31,6 +36,7 @@ class FrmVelmira : public QMainWindow {
  signals:
   /// The envelope window is asked for; the address string of the record is the current one.
   void EnveloppeDemandee();
+  void AlertesDemandees();
   void FermetureDemandee();
 
  protected:
@@ -54,6 +60,10 @@ class FrmVelmira : public QMainWindow {
   void MontrerFiche(const Correspondant &fiche);
   void AllerAuxEnveloppes();
   void Agrandir();
+  /// Shows a menu under a button of the bar.
+  void Derouler(QMenu *menu, int bouton);
+  /// Leaves the record: the root of the list is selected.
+  void CliquerRacine();
 
   void ChoisirNaissance(quint8 affichage);
   void BasculerAdresseImportee(bool importee);
@@ -65,7 +75,10 @@ class FrmVelmira : public QMainWindow {
   CommandesFiche commandes_;
   std::unique_ptr<CommandesRecherche> recherche_;
   std::unique_ptr<FrmLoupe> loupe_;
+  std::unique_ptr<SelectionClasseur> classeur_;
+  QMenu *mnuInv_;               ///< pop-up of the exchange file
   QMenu *mnuInv2_;              ///< pop-up of the list
+  MenuMemora *mnuInv3_;
   Cle IndexCourant = 0;         ///< record on display, 0 for none
   QString adresseAffichee_;     ///< address string of the record on display
   quint8 OptionCourante = 0;    ///< order of its postal line

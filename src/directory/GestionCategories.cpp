@@ -2,6 +2,7 @@
 
 #include "directory/Categories.h"
 #include "ui/Garde.h"
+#include "ui/Sablier.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -142,9 +143,18 @@ void GestionCategories::Supprimer(const QString &nom) {
   if (boites_.Question(Boites::Titre(), u"Supprimer \""_s + nom + u"\" ?"_s,
                        Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
-  TableAdresse(base_).ChangerCategories(
-      nom, [&nom](const QString &categories) { return SansCategorie(categories, nom); });
+  Balayer(nom, [&nom](const QString &categories) { return SansCategorie(categories, nom); });
+}
+
+void GestionCategories::Balayer(const QString &nom,
+                                const std::function<QString(const QString &)> &regle) {
+  {
+    const Sablier sablier;
+    TableAdresse(base_).ChangerCategories(nom, regle);
+  }
+  const QString marquees = Marquees();
   Remplir();
+  Marquer(marquees);
   changees_();
 }
 
@@ -152,10 +162,7 @@ void GestionCategories::Renommer(const QString &nom) {
   c_.categorie->setEditText(u""_s);
   const QString nouveau = boites_.Saisie(Boites::Titre(), u"Faites votre modification :"_s, nom);
   if (nouveau.isEmpty()) return;
-  TableAdresse(base_).ChangerCategories(
-      nom, [&](QString categories) { return categories.replace(nom, nouveau); });
-  Remplir();
-  changees_();
+  Balayer(nom, [&](QString categories) { return categories.replace(nom, nouveau); });
   Selectionner(nouveau);
   c_.liste->setFocus();
 }

@@ -43,6 +43,9 @@ class GestionCategories : public QObject {
   void ModifierOuSupprimer();
   void Supprimer(const QString &nom);
   void Renommer(const QString &nom);
+  /// Gives the category strings that hold a name the value that a rule makes of them. The marks of
+  /// the record that is being edited stay where the categories stay.
+  void Balayer(const QString &nom, const std::function<QString(const QString &)> &regle);
   bool Selectionner(const QString &nom);
 
   Boites &boites_;

@@ -32,6 +32,32 @@ QString SansBlancs(const QString &texte) {
   return texte.mid(debut, fin - debut);
 }
 
+/// `parcours` walks the records, `nommer` makes a shown name of a record's name.
+template <typename Parcours, typename Nommer>
+std::vector<NoeudListe> Lister(const Parcours &parcours, const FiltreListe &filtre,
+                               const Nommer &nommer) {
+  const QCollator ordre = OrdreDesNoms();
+
+  struct Triable {
+    QCollatorSortKey cle;
+    NoeudListe noeud;
+  };
+  std::vector<Triable> triables;
+  parcours([&](EntreeListe &&entree) {
+    if (!EstVisible(entree.DataProt, filtre.utilisateur) || !Passe(entree, filtre)) return;
+    QString nom = nommer(entree.NomVelmira);
+    QCollatorSortKey cle = ordre.sortKey(nom);
+    triables.push_back({std::move(cle), {std::move(nom), entree.Index}});
+  });
+  std::stable_sort(triables.begin(), triables.end(),
+                   [](const Triable &a, const Triable &b) { return a.cle < b.cle; });
+
+  std::vector<NoeudListe> noeuds;
+  noeuds.reserve(triables.size());
+  for (Triable &triable : triables) noeuds.push_back(std::move(triable.noeud));
+  return noeuds;
+}
+
 }  // namespace
 
 QString NomListe(const QString &nom) {
@@ -48,26 +74,12 @@ std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudLi
 }
 
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre) {
-  const QCollator ordre = OrdreDesNoms();
+  return Lister([&](const auto &visiteur) { table.PourChaque(visiteur); }, filtre, NomListe);
+}
 
-  struct Triable {
-    QCollatorSortKey cle;
-    NoeudListe noeud;
-  };
-  std::vector<Triable> triables;
-  table.PourChaque([&](EntreeListe &&entree) {
-    if (!EstVisible(entree.DataProt, filtre.utilisateur) || !Passe(entree, filtre)) return;
-    QString nom = NomListe(entree.NomVelmira);
-    QCollatorSortKey cle = ordre.sortKey(nom);
-    triables.push_back({std::move(cle), {std::move(nom), entree.Index}});
-  });
-  std::stable_sort(triables.begin(), triables.end(),
-                   [](const Triable &a, const Triable &b) { return a.cle < b.cle; });
-
-  std::vector<NoeudListe> noeuds;
-  noeuds.reserve(triables.size());
-  for (Triable &triable : triables) noeuds.push_back(std::move(triable.noeud));
-  return noeuds;
+std::vector<NoeudListe> ListerAdresses(const TableAdresse &table, const FiltreListe &filtre) {
+  return Lister([&](const auto &visiteur) { table.PourChaqueAdresse(visiteur); }, filtre,
+                [](const QString &nom) { return nom; });
 }
 
 QString TexteCompte(qsizetype enregistrements) {

@@ -60,6 +60,12 @@ void ListeVelmiras::AfficherInitiale(const QString &lettre) {
   Charger();
 }
 
+void ListeVelmiras::Inserer(const NoeudListe &noeud) {
+  if (!Arbre().Modele().Racine().isValid()) Arbre().Remplir(Categorie().toUpper(), {});
+  Arbre().Modele().Inserer(noeud);
+  ++NombreNoeuds_;
+}
+
 void ListeVelmiras::Retirer(const QModelIndex &noeud) {
   Arbre().Modele().Retirer(noeud);
 }

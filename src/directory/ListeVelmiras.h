@@ -33,6 +33,8 @@ class ListeVelmiras {
   /// Chooses the names that begin with a letter: the quick search.
   void AfficherInitiale(const QString &lettre);
 
+  /// Puts a node in its place in the tree; the record is another's business.
+  void Inserer(const NoeudListe &noeud);
   /// Takes a node off the tree; the record is another's business.
   void Retirer(const QModelIndex &noeud);
 
@@ -42,7 +44,7 @@ class ListeVelmiras {
   ArbreVelmiras &Arbre() const { return *controles_.arbre; }
   /// Text of the combo.
   QString Categorie() const;
-  /// How many children the last filling gave.
+  /// How many children the last filling gave and how many have been added since.
   qsizetype NombreNoeuds() const { return NombreNoeuds_; }
 
  private:

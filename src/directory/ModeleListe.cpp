@@ -21,6 +21,8 @@ void ModeleListe::Vider() {
   beginResetModel();
   titre_.reset();
   noeuds_.clear();
+  coches_.clear();
+  racineCochee_ = false;
   endResetModel();
 }
 
@@ -28,12 +30,16 @@ void ModeleListe::Remplir(const QString &titre, std::vector<NoeudListe> noeuds) 
   beginResetModel();
   titre_ = titre;
   noeuds_ = std::move(noeuds);
+  coches_.clear();
+  racineCochee_ = false;
   endResetModel();
 }
 
 void ModeleListe::Retirer(const QModelIndex &enfant) {
   beginRemoveRows(enfant.parent(), enfant.row(), enfant.row());
-  noeuds_.erase(noeuds_.begin() + enfant.row());
+  const auto noeud = noeuds_.begin() + enfant.row();
+  coches_.remove(noeud->index);
+  noeuds_.erase(noeud);
   endRemoveRows();
 }
 
@@ -60,6 +66,49 @@ QModelIndex ModeleListe::Commencant(const QString &debut) const {
       return index(static_cast<int>(i), 0, Racine());
   }
   return {};
+}
+
+void ModeleListe::MontrerCoches(bool montrees) {
+  cochesMontrees_ = montrees;
+  RedessinerCoches();
+}
+
+void ModeleListe::CocherTous(bool coches) {
+  coches_.clear();
+  racineCochee_ = coches;
+  if (coches)
+    for (const NoeudListe &noeud : noeuds_) coches_.insert(noeud.index);
+  RedessinerCoches();
+}
+
+void ModeleListe::Basculer(const QModelIndex &noeud) {
+  if (noeud == Racine()) {
+    CocherTous(!racineCochee_);
+    return;
+  }
+  const Cle cle = noeuds_[static_cast<std::size_t>(noeud.row())].index;
+  if (!coches_.remove(cle)) coches_.insert(cle);
+  emit dataChanged(noeud, noeud, {Qt::CheckStateRole});
+}
+
+QList<Cle> ModeleListe::Coches() const {
+  QList<Cle> cles;
+  for (const NoeudListe &noeud : noeuds_)
+    if (coches_.contains(noeud.index)) cles.append(noeud.index);
+  return cles;
+}
+
+void ModeleListe::RedessinerCoches() {
+  const QModelIndex racine = Racine();
+  if (!racine.isValid()) return;
+  emit dataChanged(racine, racine, {Qt::CheckStateRole});
+  if (const int enfants = rowCount(racine); enfants > 0)
+    emit dataChanged(index(0, 0, racine), index(enfants - 1, 0, racine), {Qt::CheckStateRole});
+}
+
+QVariant ModeleListe::EtatCoche(bool cochee) const {
+  if (!cochesMontrees_) return {};
+  return QVariant::fromValue(cochee ? Qt::Checked : Qt::Unchecked);
 }
 
 QModelIndex ModeleListe::Racine() const {
@@ -95,6 +144,8 @@ QVariant ModeleListe::data(const QModelIndex &index, int role) const {
       return iconeNoeud_;
     case Qt::UserRole:
       return QString::number(noeud.index);
+    case Qt::CheckStateRole:
+      return EtatCoche(coches_.contains(noeud.index));
     default:
       return {};
   }
@@ -108,6 +159,8 @@ QVariant ModeleListe::DonneeRacine(int role) const {
       return iconeRacine_;
     case Qt::UserRole:
       return QString();
+    case Qt::CheckStateRole:
+      return EtatCoche(racineCochee_);
     case Qt::ForegroundRole:
       return QBrush(Qt::white);
     case Qt::BackgroundRole:

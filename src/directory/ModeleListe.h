@@ -4,6 +4,7 @@
 
 #include <QAbstractItemModel>
 #include <QIcon>
+#include <QSet>
 
 #include <optional>
 #include <vector>
@@ -33,6 +34,16 @@ class ModeleListe : public QAbstractItemModel {
   /// what is compared, is this text; invalid when there is none.
   QModelIndex Commencant(const QString &debut) const;
 
+  /// Shows a box beside each node, or takes the boxes away. A node that comes in has its box empty.
+  void MontrerCoches(bool montrees);
+  bool CochesMontrees() const { return cochesMontrees_; }
+  /// Ticks or clears all boxes, the root's too.
+  void CocherTous(bool coches);
+  /// Inverts a box; the root's carries those of all the children along.
+  void Basculer(const QModelIndex &noeud);
+  /// The records whose boxes are ticked, in the order of the list.
+  QList<Cle> Coches() const;
+
   /// The root; invalid while the tree is empty.
   QModelIndex Racine() const;
   qsizetype NombreEnfants() const { return static_cast<qsizetype>(noeuds_.size()); }
@@ -45,8 +56,12 @@ class ModeleListe : public QAbstractItemModel {
 
  private:
   QVariant DonneeRacine(int role) const;
+  QVariant EtatCoche(bool cochee) const;
+  void RedessinerCoches();
 
   std::optional<QString> titre_;
   std::vector<NoeudListe> noeuds_;
   QIcon iconeRacine_, iconeNoeud_;
+  bool cochesMontrees_ = false, racineCochee_ = false;
+  QSet<Cle> coches_;
 };

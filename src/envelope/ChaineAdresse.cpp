@@ -1,6 +1,6 @@
 #include "envelope/ChaineAdresse.h"
 
-#include "storage/Lignes.h"
+#include <QStringList>
 
 using namespace Qt::StringLiterals;
 
@@ -13,14 +13,10 @@ QString Bloc(QStringList elements) {
 
 }  // namespace
 
-QString ChaineAdresse(const QStringList &tete, const QString &codePostal, const QString &ville,
-                      const QString &pays) {
-  return Bloc(tete) + u'$' + Bloc({codePostal, ville}) + u'$' + Bloc({pays});
-}
-
-QString ChaineAdresse(const Correspondant &c) {
-  return ChaineAdresse({c.Ligne1, c.Ligne2, c.Ligne3, c.Ligne4, c.Ligne5}, c.CodePostal, c.Ville,
-                       c.Pays);
+AdresseComposee ComposerAdresse(const AdresseSaisie &a) {
+  return {Bloc({a.lignes.begin(), a.lignes.end()}) + u'$' + Bloc({a.codePostal, a.ville}) + u'$' +
+              Bloc({a.pays}),
+          a.option};
 }
 
 bool AdresseVide(const QString &chaine) {

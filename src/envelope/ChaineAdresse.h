@@ -3,16 +3,19 @@
 // (head lines, postal code and town, country), items separated by "*", a single blank for an empty
 // block. "M. Dupont*3 rue Haute$44000*Nantes$ " is an address without a country.
 
+#include "envelope/AdresseSaisie.h"
+
 #include <QString>
-#include <QStringList>
 
-struct Correspondant;
+/// An address string and the order of its postal line: 0 code first, 1 town first.
+struct AdresseComposee {
+  QString chaine;
+  quint8 optionCP = 0;
+};
 
-/// Empty items are left out; an address with nothing in it is " $ $ ".
-QString ChaineAdresse(const QStringList &tete, const QString &codePostal, const QString &ville,
-                      const QString &pays);
-
-QString ChaineAdresse(const Correspondant &correspondant);
+/// The one rule that builds an address string. Empty items are left out; an address with nothing in
+/// it is " $ $ ".
+AdresseComposee ComposerAdresse(const AdresseSaisie &adresse);
 
 /// Nothing to put on an envelope: no text, or three empty blocks.
 bool AdresseVide(const QString &chaine);

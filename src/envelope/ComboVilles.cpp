@@ -4,7 +4,9 @@
 #include "storage/Tables.h"
 #include "ui/Garde.h"
 
+#include <QKeyEvent>
 #include <QSet>
+#include <QWheelEvent>
 
 #include <algorithm>
 
@@ -38,6 +40,25 @@ void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
   setCurrentIndex(-1);
   setEditText(u""_s);
   connect(this, &QComboBox::activated, this, Garde(boites, [this](int index) { Choisir(index); }));
+}
+
+void ComboVilles::Verrouiller(bool verrouille) {
+  lineEdit()->setReadOnly(verrouille);
+}
+
+void ComboVilles::showPopup() {
+  if (!lineEdit()->isReadOnly()) QComboBox::showPopup();
+}
+
+void ComboVilles::keyPressEvent(QKeyEvent *evenement) {
+  if (lineEdit()->isReadOnly())
+    evenement->ignore();
+  else
+    QComboBox::keyPressEvent(evenement);
+}
+
+void ComboVilles::wheelEvent(QWheelEvent *evenement) {
+  if (!lineEdit()->isReadOnly()) QComboBox::wheelEvent(evenement);
 }
 
 void ComboVilles::Choisir(int index) {

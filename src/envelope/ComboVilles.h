@@ -17,6 +17,15 @@ class ComboVilles : public QComboBox {
   /// Reads the towns; one with several codes stands in the list once. `code` takes the code.
   void Relier(Boites &boites, Base &base, QLineEdit *code);
 
+  /// The town is shown, and can be neither typed nor chosen.
+  void Verrouiller(bool verrouille);
+
+  void showPopup() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent *evenement) override;
+  void wheelEvent(QWheelEvent *evenement) override;
+
  private:
   void Choisir(int index);
 

@@ -81,5 +81,8 @@ void CommandesCommentaire::AnnoncerSuppression() {
 }
 
 void CommandesCommentaire::MajEtiquette() {
-  etiquette_->setVisible(!session_.enveloppe.Commentaire.isEmpty());
+  // While a run is prepared the label tells whether the comment goes with it.
+  const bool interdit = session_.enveloppe.ImpressionMultiple == 1 &&
+                        session_.reglages.rtcolor.InterdireCommentaire == 1;
+  etiquette_->setVisible(!session_.enveloppe.Commentaire.isEmpty() && !interdit);
 }

@@ -1,5 +1,6 @@
 #include "envelope/ExpediteurDefaut.h"
 
+#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "storage/Tables.h"
@@ -11,6 +12,10 @@ namespace {
 constexpr qsizetype kChiffre = 3;         // the digit and its line end
 constexpr qsizetype kFin = 2 + kChiffre;  // the same with the line end of the first line
 
+QString Fichier(const QString &appPath) {
+  return appPath + u"/Defaut.ini"_s;
+}
+
 /// The form with the digit has the first line's end five characters before its own end.
 bool ALeChiffre(const QString &texte) {
   return texte.size() >= kFin && texte[texte.size() - kFin] == u'\r';
@@ -18,14 +23,24 @@ bool ALeChiffre(const QString &texte) {
 
 }  // namespace
 
-std::optional<ExpediteurDefaut> LireExpediteurDefaut(const QString &appPath, Base &base) {
-  const QString chemin = appPath + u"/Defaut.ini"_s;
+void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur) {
+  RemplacerFichier(Fichier(appPath), VersPageDeCode(expediteur.chaine + u"\r\n"_s +
+                                                    QString::number(expediteur.optionCP) +
+                                                    u"\r\n"_s));
+}
+
+void OublierExpediteurDefaut(const QString &appPath) {
+  Ignorer([&] { EffacerFichier(Fichier(appPath)); });
+}
+
+std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base) {
+  const QString chemin = Fichier(appPath);
   const auto octets = LireFichier(chemin);
   if (!octets) return std::nullopt;
   const QString texte = DepuisPageDeCode(*octets);
   if (!texte.contains(u'$')) {
     EffacerFichier(chemin);
-    if (base.Ouverte()) TableExpediteur(base).OublierDefaut();
+    if (base.Ouverte()) TableExpediteur(base).ChoisirDefaut(0);
     return std::nullopt;
   }
   if (!ALeChiffre(texte)) {
@@ -33,6 +48,6 @@ std::optional<ExpediteurDefaut> LireExpediteurDefaut(const QString &appPath, Bas
     RemplacerFichier(chemin, VersPageDeCode(ligne + u"\r\n0\r\n"_s));
     return LireExpediteurDefaut(appPath, base);
   }
-  return ExpediteurDefaut{texte.chopped(kFin),
+  return AdresseComposee{texte.chopped(kFin),
                           static_cast<quint8>(texte.right(kChiffre).trimmed().toUShort())};
 }

@@ -1,19 +1,19 @@
 #include "envelope/FrmPlomex.h"
 
-#include "envelope/ChaineAdresse.h"
+#include "alerts/MenuMemora.h"
+#include "directory/Repertoire.h"
 #include "envelope/CommandesCommentaire.h"
-#include "envelope/ExpediteurDefaut.h"
 #include "envelope/FormatsEnveloppe.h"
+#include "envelope/FrmCarnet.h"
 #include "envelope/FrmConfigure.h"
 #include "envelope/FrmOptions.h"
 #include "envelope/FrmTaille.h"
 #include "envelope/FrmVueAV.h"
-#include "envelope/MiseEnLignes.h"
+#include "envelope/ImpressionMultiple.h"
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
-#include "ui/Alignement.h"
 #include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
@@ -25,6 +25,7 @@
 #include <QCloseEvent>
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 
 #include <optional>
 
@@ -32,22 +33,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kQuitter = 2, kImprimer = 3, kAccueil = 6, kCommentaire = 7, kApercu = 8;
+constexpr int kNouvelleAdresse = 0, kCarnet = 1, kQuitter = 2, kImprimer = 3, kExpediteur = 5,
+              kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9, kAlertes = 10, kMemora = 11;
 constexpr int kToucheEntree = 13;
 
 const QList<DescriptionBouton> kCommandes{
-    {u"document-new", u"Nouvelle adresse", false},
-    {u"view-pim-contacts", u"Carnet d'adresses", false, true},
+    {u"document-new", u"Nouvelle adresse", true},
+    {u"view-pim-contacts", u"Carnet d'adresses", true, true},
     {u"application-exit", u"Quitter ?", true},
     {u"document-print", u"Imprimer", true},
     {u"help-contents", u"Aide", false, true},
-    {u"user-identity", u"Expéditeur", false},
+    {u"user-identity", u"Expéditeur", true},
     {u"go-home", u"Accueil Velmira", true},
     {u"edit-comment", u"Ajouter un commentaire", true},
     {u"document-print-preview", u"Vue avant impression", true, true},
-    {u"contact-new", u"Nouveau velmira", false},
-    {u"appointment-reminder", u"Module Alertes", false},
-    {u"note", u"Memora", false},
+    {u"contact-new", u"Nouveau velmira", true},
+    {u"appointment-reminder", u"Module Alertes", true},
+    {u"note", u"Memora", true},
 };
 
 /// The keys of the keyboard that stand for a virtual key code.
@@ -59,10 +61,19 @@ QList<QKeySequence> Touches(int raccourci) {
   return {QKeySequence(static_cast<Qt::Key>(Qt::Key_F5 + raccourci - kF5))};
 }
 
+std::unique_ptr<Ui::FrmPlomex> Preparer(FrmPlomex &fenetre) {
+  auto ui = std::make_unique<Ui::FrmPlomex>();
+  ui->setupUi(&fenetre);
+  return ui;
+}
+
 }  // namespace
 
-FrmPlomex::FrmPlomex(Session &session) : session_(session), ui_(std::make_unique<Ui::FrmPlomex>()) {
-  ui_->setupUi(this);
+FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
+    : session_(session),
+      repertoire_(repertoire),
+      ui_(Preparer(*this)),
+      zones_(session, ui_->Enveloppe) {
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"BTPH"_s, kCommandes, true);
   Boites &boites = session_.plateforme.boites;
@@ -87,6 +98,10 @@ void FrmPlomex::BrancherMenus() {
   };
   brancher(ui_->mnuAccueil, [this] { emit RepertoireDemande(); });
   brancher(ui_->mnuQuitter, [this] { close(); });
+  brancher(ui_->mnuNouvAdresse, [this] { SaisirAdresse(FrmNouveau::Mode::Adresse); });
+  brancher(ui_->mnuExp, [this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); });
+  brancher(ui_->mnuCarnet, [this] { ChoisirDansCarnet(); });
+  brancher(ui_->mnuMultiple, [this] { ImprimerPlusieurs(); });
   brancher(ui_->mnuImprime, [this] { Imprimer(); });
   brancher(ui_->mnuApercu, [this] { Apercu(); });
   brancher(ui_->mnuConfigure, [this] { Configurer(); });
@@ -99,8 +114,8 @@ void FrmPlomex::BrancherMenus() {
   brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
   ui_->Enveloppe->addAction(ui_->mnuInsCom);
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
-  ui_->mnuLancerPIDW->setChecked(session_.reglages.memora.LancerAuDemarrage == 1);
-  ui_->mnuAssocier->setChecked(session_.reglages.memora.AssocierAlertes == 1);
+  mnuInv3_ = new MenuMemora(session_, this);
+  menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 }
 
@@ -112,31 +127,15 @@ void FrmPlomex::Charger() {
   etat.LiaisonCP = u" - "_s;
   LireAncienneLiaison(session_.dossiers.AppPath, etat.LiaisonCP);
   ui_->LblDocument->hide();
-  ui_->Enveloppe->Adresse()->setText(AdresseBlanche());
-  ChargerExpediteur();
+  zones_.ViderAdresse();
+  Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });
   ChoisirFormat(kFormatDL);
   MajEtiquettes();
 }
 
-void FrmPlomex::ChargerExpediteur() {
-  Signaler(session_.plateforme.boites, [this] {
-    const auto defaut = LireExpediteurDefaut(session_.dossiers.AppPath, session_.base);
-    if (!defaut) return;
-    EtatEnveloppe &etat = session_.enveloppe;
-    etat.ExpediteurCourant = defaut->chaine;
-    etat.OptionCPExpediteur = defaut->optionCP;
-    if (session_.reglages.plomex.NePas == 0)
-      ui_->Enveloppe->Expediteur()->setText(
-          MettreEnLignes(etat.ExpediteurCourant, false, session_.reglages.plomex, etat));
-  });
-}
-
 void FrmPlomex::MontrerAdresse() {
-  EtatEnveloppe &etat = session_.enveloppe;
-  ui_->Enveloppe->Adresse()->setText(
-      AdresseVide(etat.AdresseCourante)
-          ? AdresseBlanche()
-          : MettreEnLignes(etat.AdresseCourante, true, session_.reglages.plomex, etat));
+  mnuInv3_->MajCoches();
+  zones_.MontrerAdresse();
   MajEtiquettes();
   RendreFocus();
 }
@@ -153,25 +152,9 @@ void FrmPlomex::MajEtiquettes() {
   const QString touche = LibelleRaccourci(plomex.Raccourci).mid(1);
   ui_->LblRaccourci->setText(touche.isEmpty() ? u""_s : u"Raccourci pour imprimer : "_s + touche);
 
-  EtiquetteZone *adresse = ui_->Enveloppe->Adresse();
-  EtiquetteZone *expediteur = ui_->Enveloppe->Expediteur();
-  Police policeAdresse = PoliceAdresse(plomex);
-  if (adresse->text() == AdresseBlanche()) policeAdresse.nom = u"Arial"_s;
-  adresse->ChangerPolice(policeAdresse);
-  adresse->setAlignment(AlignementTexte(plomex.AlignA));
-  expediteur->ChangerPolice(PoliceExpediteur(plomex));
-  expediteur->setAlignment(AlignementTexte(plomex.AlignE));
   commentaire_->MajEtiquette();
   PreparerRaccourci();
-  DisposerZones();
-}
-
-void FrmPlomex::DisposerZones() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  const EtatEnveloppe &etat = session_.enveloppe;
-  ui_->Enveloppe->Disposer(Millimetres(static_cast<double>(etat.LargeurEnv)),
-                           Millimetres(static_cast<double>(etat.HauteurEnv)),
-                           OrigineAdresse(plomex, etat), OrigineExpediteur(plomex, etat));
+  zones_.Disposer();
 }
 
 void FrmPlomex::PreparerRaccourci() {
@@ -196,6 +179,26 @@ void FrmPlomex::CommandeBarre(int index) {
     case kAccueil:
       emit RepertoireDemande();
       return;
+    case kNouvelleAdresse:
+      SaisirAdresse(FrmNouveau::Mode::Adresse);
+      break;
+    case kCarnet:
+      ChoisirDansCarnet();
+      break;
+    case kExpediteur:
+      SaisirAdresse(FrmNouveau::Mode::Expediteurs);
+      break;
+    case kNouveauVelmira:
+      NouveauVelmira();
+      break;
+    case kAlertes:
+      emit AlertesDemandees();
+      break;
+    case kMemora: {
+      const QToolButton *bouton = ui_->Barre->Bouton(index);
+      mnuInv3_->popup(bouton->mapToGlobal(QPoint(0, bouton->height())));
+      return;
+    }
     case kImprimer:
       Imprimer();
       break;
@@ -229,7 +232,7 @@ void FrmPlomex::ChoisirFormat(int index) {
   etat.LargeurEnv = format.largeur;
   format_ = index;
   ui_->CboFormat->setCurrentIndex(index);
-  DisposerZones();
+  zones_.Disposer();
 }
 
 void FrmPlomex::DemanderTaille() {
@@ -247,13 +250,45 @@ void FrmPlomex::DemanderTaille() {
         u"Vous n'avez pas renseigné la taille de l'enveloppe !"_s);
     ChoisirFormat(kFormatDL);
   }
-  DisposerZones();
+  zones_.Disposer();
 }
 
-ContenuEnveloppe FrmPlomex::Contenu() const {
-  return {.expediteur = ui_->Enveloppe->Expediteur()->text(),
-          .adresse = ui_->Enveloppe->Adresse()->text(),
-          .commentaire = CommentaireImprime(session_.reglages.rtcolor, session_.enveloppe)};
+void FrmPlomex::SaisirAdresse(FrmNouveau::Mode mode) {
+  FrmNouveau(session_, repertoire_, zones_, mode, this).exec();
+  commentaire_->MajEtiquette();
+}
+
+void FrmPlomex::ChoisirDansCarnet() {
+  FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Un, categorieCarnet_, this);
+  if (carnet.exec() == QDialog::Accepted) zones_.EcrireAdresse(carnet.Adresse());
+}
+
+void FrmPlomex::ImprimerPlusieurs() {
+  session_.plateforme.boites.Information(
+      u"o -   Ce menu vous permet d'imprimer successivement plusieurs enveloppes.\n\n"
+      "o -   Vous devrez cocher, dans votre carnet d'adresses, les cases situées devant les "
+      "adresses à imprimer (assurez-vous d'avoir un nombre suffisant d'enveloppes dans votre "
+      "bac).\n\n"
+      "o -   Cliquez ensuite sur le bouton\"Ecrire\"."_s);
+  EtatEnveloppe &etat = session_.enveloppe;
+  etat.ImpressionMultiple = 1;
+  const auto fin = qScopeGuard([this, &etat] {
+    etat.ImpressionMultiple = 0;
+    commentaire_->MajEtiquette();
+  });
+  commentaire_->MajEtiquette();
+  FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
+  if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
+  const auto vide = qScopeGuard([this] { zones_.ViderAdresse(); });
+  ImpressionMultiple run(session_, zones_, [this] { return ImprimerDocument(); }, this);
+  if (run.Imprimer(carnet.Adresses()) && session_.reglages.plomex.Minimise == 1) showMinimized();
+}
+
+void FrmPlomex::NouveauVelmira() {
+  repertoire_.Ajouter(this, {.imprimer = [this](const Correspondant &fiche) {
+                        zones_.EcrireAdresse(ComposerAdresse(AdresseSaisie::De(fiche)));
+                        ImprimerDocument();
+                      }});
 }
 
 bool FrmPlomex::ImprimerEnveloppe() {
@@ -265,7 +300,7 @@ bool FrmPlomex::ImprimerEnveloppe() {
     return false;
   }
   const Sablier sablier;
-  ImprimerPage(session_.plateforme.imprimante, plomex, etat, Contenu());
+  ImprimerPage(session_.plateforme.imprimante, plomex, etat, zones_.Contenu());
   if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
     etat.Commentaire.clear();
     commentaire_->MajEtiquette();
@@ -273,20 +308,22 @@ bool FrmPlomex::ImprimerEnveloppe() {
   return true;
 }
 
-void FrmPlomex::Imprimer() {
-  if (!ImprimerEnveloppe()) return;
+bool FrmPlomex::ImprimerDocument() {
+  if (!ImprimerEnveloppe()) return false;
   Imprimante &imprimante = session_.plateforme.imprimante;
-  {
-    const Sablier sablier;  // a print server may be slow to answer
-    const QString document = imprimante.TerminerDocument();
-    if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
-  }
-  if (session_.reglages.plomex.Minimise == 1) showMinimized();
+  const Sablier sablier;  // a print server may be slow to answer
+  const QString document = imprimante.TerminerDocument();
+  if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
+  return true;
+}
+
+void FrmPlomex::Imprimer() {
+  if (ImprimerDocument() && session_.reglages.plomex.Minimise == 1) showMinimized();
 }
 
 void FrmPlomex::Apercu() {
   const EtatEnveloppe &etat = session_.enveloppe;
-  ContenuEnveloppe contenu = Contenu();
+  ContenuEnveloppe contenu = zones_.Contenu();
   contenu.commentaire = !etat.Commentaire.isEmpty();
   FrmVueAV apercu(Millimetres(static_cast<double>(etat.LargeurEnv)),
                   Millimetres(static_cast<double>(etat.HauteurEnv)),
@@ -316,7 +353,7 @@ void FrmPlomex::ChoisirOptions() {
   if (dialogue.exec() != QDialog::Accepted) return;
   session_.reglages.plomex = dialogue.Saisie().plomex;
   session_.enveloppe.LiaisonCP = dialogue.Saisie().liaisonCP;
-  Reformater();
+  zones_.Reformater();
   MajEtiquettes();
   EcrireLiaison(session_.dossiers.AppPath, session_.reglages.SeparateurTel,
                 session_.enveloppe.LiaisonCP);
@@ -339,19 +376,6 @@ void FrmPlomex::RelierVilles() {
   }
   villes.Relier();
   boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
-}
-
-void FrmPlomex::Reformater() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  EtatEnveloppe &etat = session_.enveloppe;
-  EtiquetteZone *expediteur = ui_->Enveloppe->Expediteur();
-  if (plomex.NePas == 1)
-    expediteur->setText(u""_s);
-  else if (!etat.ExpediteurCourant.isEmpty())
-    expediteur->setText(MettreEnLignes(etat.ExpediteurCourant, false, plomex, etat));
-  EtiquetteZone *adresse = ui_->Enveloppe->Adresse();
-  if (adresse->text() != AdresseBlanche())
-    adresse->setText(MettreEnLignes(etat.AdresseCourante, true, plomex, etat));
 }
 
 void FrmPlomex::MontrerDocument(const QString &chemin) {

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "envelope/MiseEnPage.h"
+#include "envelope/FrmNouveau.h"
+#include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 
 #include <QMainWindow>
@@ -9,6 +10,8 @@
 #include <memory>
 
 class CommandesCommentaire;
+class MenuMemora;
+class Repertoire;
 
 namespace Ui {
 class FrmPlomex;
@@ -19,17 +22,15 @@ class FrmPlomex : public QMainWindow {
   Q_OBJECT
 
  public:
-  explicit FrmPlomex(Session &session);
+  FrmPlomex(Session &session, Repertoire &repertoire);
   ~FrmPlomex() override;
 
   /// Shows the current address, or the empty state when there is none.
   void MontrerAdresse();
 
-  /// The empty state of the address zone: a zone that holds these 85 blanks prints nothing.
-  static QString AdresseBlanche() { return QString(85, u' '); }
-
  signals:
   void RepertoireDemande();
+  void AlertesDemandees();
   void FermetureDemandee();
 
  protected:
@@ -38,12 +39,8 @@ class FrmPlomex : public QMainWindow {
  private:
   void Charger();
   void BrancherMenus();
-  void ChargerExpediteur();
-  /// Formats both zones anew, where they are not empty.
-  void Reformater();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
-  void DisposerZones();
   void PreparerRaccourci();
   void CommandeBarre(int index);
   void RendreFocus();
@@ -51,9 +48,15 @@ class FrmPlomex : public QMainWindow {
   void ChoisirFormat(int index);
   void DemanderTaille();
 
-  ContenuEnveloppe Contenu() const;
+  void SaisirAdresse(FrmNouveau::Mode mode);
+  void ChoisirDansCarnet();
+  void ImprimerPlusieurs();
+  void NouveauVelmira();
+
   /// Draws the envelope and leaves the document open; false when printing is refused.
   bool ImprimerEnveloppe();
+  /// The same to the end of the document.
+  bool ImprimerDocument();
   void Imprimer();
   void Apercu();
   void Configurer();
@@ -62,8 +65,12 @@ class FrmPlomex : public QMainWindow {
   void MontrerDocument(const QString &chemin);
 
   Session &session_;
+  Repertoire &repertoire_;
   std::unique_ptr<Ui::FrmPlomex> ui_;
+  ZonesEnveloppe zones_;
   std::unique_ptr<CommandesCommentaire> commentaire_;
+  MenuMemora *mnuInv3_ = nullptr;
   QList<QShortcut *> raccourcis_;
-  int format_ = 0;  ///< index of the format in force
+  int format_ = 0;           ///< index of the format in force
+  int categorieCarnet_ = 0;  ///< index of the category chosen last in the address book
 };

@@ -72,7 +72,9 @@ Cle AjouterLigne(Base &base, const L &ligne) {
 template Cle AjouterLigne(Base &, const Correspondant &);
 template Cle AjouterLigne(Base &, const Expediteur &);
 template Cle AjouterLigne(Base &, const VilleCode &);
+template Cle AjouterLigne(Base &, const TypeAlerte &);
 template Cle AjouterLigne(Base &, const PersonneAlerte &);
+template Cle AjouterLigne(Base &, const Evenement &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
   Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Correspondant>{}) +
@@ -83,9 +85,18 @@ std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
 }
 
 void TableAdresse::PourChaque(const std::function<void(EntreeListe &&)> &visiteur) const {
-  Requete requete(
-      base_,
-      uR"(SELECT "Index", "NomVelmira", "Categories", "DataProt" FROM "Adresse" ORDER BY "Index")"_s);
+  Parcourir(u""_s, visiteur);
+}
+
+void TableAdresse::PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const {
+  Parcourir(uR"( WHERE "Ligne1"<>'')"_s, visiteur);
+}
+
+void TableAdresse::Parcourir(const QString &condition,
+                             const std::function<void(EntreeListe &&)> &visiteur) const {
+  Requete requete(base_,
+                  uR"(SELECT "Index", "NomVelmira", "Categories", "DataProt" FROM "Adresse")"_s +
+                      condition + uR"( ORDER BY "Index")"_s);
   while (requete.Suivante())
     visiteur({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
 }
@@ -191,10 +202,68 @@ void TableAdresse::EffacerPhoto(Cle index) {
   EcrireChamp(index, u"Photo"_s, u""_s);
 }
 
-void TableExpediteur::OublierDefaut() {
+QList<Expediteur> TableExpediteur::Tous() const {
+  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Expediteur>{}) +
+                             uR"( FROM "Expediteur" ORDER BY "Index")"_s);
+  QList<Expediteur> lignes;
+  while (requete.Suivante()) lignes.append(LigneCourante<Expediteur>(requete));
+  return lignes;
+}
+
+std::optional<Expediteur> TableExpediteur::Lire(Cle index) const {
+  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Expediteur>{}) +
+                             uR"( FROM "Expediteur" WHERE "Index"=?)"_s);
+  requete.Lier(index);
+  if (!requete.Suivante()) return std::nullopt;
+  return LigneCourante<Expediteur>(requete);
+}
+
+Cle TableExpediteur::Ajouter(const Expediteur &expediteur) {
   Transaction transaction(base_);
-  Requete(base_, uR"(UPDATE "Expediteur" SET "ParDefaut"=0 WHERE "ParDefaut"<>0)"_s).Executer();
+  const Cle index = AjouterLigne(base_, expediteur);
+  if (expediteur.ParDefaut) MettreDefaut(index);
   transaction.Valider();
+  return index;
+}
+
+void TableExpediteur::Modifier(const Expediteur &e) {
+  Transaction transaction(base_);
+  const auto changees =
+      Requete(base_,
+              uR"(UPDATE "Expediteur" SET "Ligne1"=?, "Ligne2"=?, "Ligne3"=?, "Ligne4"=?,)"
+              uR"( "Ligne5"=?, "CodePostal"=?, "Ville"=?, "Pays"=?, "OptionAdresse"=?)"
+              uR"( WHERE "Index"=?)"_s)
+          .Lier(e.Ligne1)
+          .Lier(e.Ligne2)
+          .Lier(e.Ligne3)
+          .Lier(e.Ligne4)
+          .Lier(e.Ligne5)
+          .Lier(e.CodePostal)
+          .Lier(e.Ville)
+          .Lier(e.Pays)
+          .Lier(e.OptionAdresse)
+          .Lier(e.Index)
+          .Executer();
+  if (changees == 0)
+    throw ErreurBase(
+        u"Cet expéditeur n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
+  transaction.Valider();
+}
+
+void TableExpediteur::Supprimer(Cle index) {
+  Transaction transaction(base_);
+  Requete(base_, uR"(DELETE FROM "Expediteur" WHERE "Index"=?)"_s).Lier(index).Executer();
+  transaction.Valider();
+}
+
+void TableExpediteur::ChoisirDefaut(Cle index) {
+  Transaction transaction(base_);
+  MettreDefaut(index);
+  transaction.Valider();
+}
+
+void TableExpediteur::MettreDefaut(Cle index) {
+  Requete(base_, uR"(UPDATE "Expediteur" SET "ParDefaut"=("Index"=?))"_s).Lier(index).Executer();
 }
 
 QList<VilleCode> TableVille::Toutes() const {
@@ -239,7 +308,7 @@ void TableVille::Relier() {
   Transaction transaction(base_);
   Requete(base_, uR"(UPDATE "Ville" SET "Liens"='')"_s).Executer();
   QMap<QString, QList<VilleCode>> villes;
-  for (const VilleCode &ligne : Toutes()) villes[ligne.Ville].append(ligne);
+  for (const VilleCode &ligne : Toutes()) villes[ligne.Ville.toUpper()].append(ligne);
   for (auto ville = villes.cbegin(); ville != villes.cend(); ++ville) {
     if (ville->size() < 2 || ville.key().contains(u'"')) continue;
     QStringList cles;

@@ -38,6 +38,9 @@ class TableAdresse {
   /// Walks the whole table in its stored order, the order of the keys.
   void PourChaque(const std::function<void(EntreeListe &&)> &visiteur) const;
 
+  /// The same, only those with a first address line.
+  void PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const;
+
   bool EstVide() const;
 
   /// In the order in which a walk of the table first meets them; empty ones left out.
@@ -67,6 +70,8 @@ class TableAdresse {
   void EffacerPhoto(Cle index);
 
  private:
+  void Parcourir(const QString &condition,
+                 const std::function<void(EntreeListe &&)> &visiteur) const;
   void EcrireChamp(Cle index, const QString &champ, const QString &valeur);
 
   Base &base_;
@@ -93,14 +98,29 @@ class TableVille {
   Base &base_;
 };
 
-/// Table `Expediteur`. Every verb throws `ErreurBase`.
+/// Table `Expediteur`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableExpediteur {
  public:
   explicit TableExpediteur(Base &base) : base_(base) {}
 
-  /// No sender is the default one any more.
-  void OublierDefaut();
+  /// In the order of the keys.
+  QList<Expediteur> Tous() const;
+  std::optional<Expediteur> Lire(Cle index) const;
+
+  /// Adds a sender; when it is the default one no other stays it.
+  Cle Ajouter(const Expediteur &expediteur);
+
+  /// Writes the address; whether it is the default one stays. Throws when another user has deleted
+  /// the sender meanwhile.
+  void Modifier(const Expediteur &expediteur);
+
+  void Supprimer(Cle index);
+
+  /// Makes this sender the default one and no other; 0 for none.
+  void ChoisirDefaut(Cle index);
 
  private:
+  void MettreDefaut(Cle index);
+
   Base &base_;
 };

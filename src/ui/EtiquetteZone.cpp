@@ -65,6 +65,7 @@ void EtiquetteZone::Mesurer() {
   taille_ = {static_cast<int>(std::ceil(largeur.valeur * echelle_)) + 2 * kBord,
              static_cast<int>(std::ceil(hauteur.valeur * echelle_)) + 2 * kBord};
   resize(taille_);
+  updateGeometry();  // where it lies in a layout
   update();
 }
 

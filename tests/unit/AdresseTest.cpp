@@ -11,21 +11,22 @@
 using namespace Qt::StringLiterals;
 
 TEST(ChaineAdresseTest, Blocs) {
-  EXPECT_EQ(ChaineAdresse({}, {}, {}, {}), u" $ $ "_s);
-  EXPECT_EQ(ChaineAdresse({u""_s, QString()}, u""_s, u""_s, u""_s), u" $ $ "_s);
-  EXPECT_EQ(ChaineAdresse({u""_s, u"A"_s, QString(), u"B"_s}, {}, {}, {}), u"A*B$ $ "_s);
-  EXPECT_EQ(ChaineAdresse({}, u"44000"_s, {}, {}), u" $44000$ "_s);
-  EXPECT_EQ(ChaineAdresse({}, {}, u"Nantes"_s, {}), u" $Nantes$ "_s);
-  EXPECT_EQ(ChaineAdresse({}, {}, {}, u"Belgique"_s), u" $ $Belgique"_s);
+  const auto chaine = [](const AdresseSaisie &adresse) { return ComposerAdresse(adresse).chaine; };
+  EXPECT_EQ(chaine({}), u" $ $ "_s);
+  EXPECT_EQ(chaine({.lignes = {u""_s, QString()}, .codePostal = u""_s}), u" $ $ "_s);
+  EXPECT_EQ(chaine({.lignes = {u""_s, u"A"_s, QString(), u"B"_s}}), u"A*B$ $ "_s);
+  EXPECT_EQ(chaine({.codePostal = u"44000"_s}), u" $44000$ "_s);
+  EXPECT_EQ(chaine({.ville = u"Nantes"_s}), u" $Nantes$ "_s);
+  EXPECT_EQ(chaine({.pays = u"Belgique"_s}), u" $ $Belgique"_s);
 
   Correspondant durand;
-  EXPECT_EQ(ChaineAdresse(durand), u" $ $ "_s);
+  EXPECT_EQ(chaine(AdresseSaisie::De(durand)), u" $ $ "_s);
   durand.Ligne1 = u"M. Paul Durand"_s;
   durand.Ligne3 = u"12 rue des Lilas"_s;
   durand.Ligne5 = u"Bât. B"_s;
   durand.CodePostal = u"44000"_s;
   durand.Ville = u"Nantes"_s;
-  EXPECT_EQ(ChaineAdresse(durand), u"M. Paul Durand*12 rue des Lilas*Bât. B$44000*Nantes$ "_s);
+  EXPECT_EQ(chaine(AdresseSaisie::De(durand)), u"M. Paul Durand*12 rue des Lilas*Bât. B$44000*Nantes$ "_s);
 
   for (const QString &vide : {QString(), u""_s, u" $ $ "_s}) EXPECT_TRUE(AdresseVide(vide));
   for (const QString &pleine : {u"A$ $ "_s, u" $1$ "_s, u" $ $B"_s})

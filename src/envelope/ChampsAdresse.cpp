@@ -1,0 +1,105 @@
+#include "envelope/ChampsAdresse.h"
+
+#include "envelope/FrmCP.h"
+#include "ui/FondAuFocus.h"
+#include "ui/Garde.h"
+#include "ui_ChampsAdresse.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr std::size_t kCode = 5, kPays = 6;
+
+}  // namespace
+
+ChampsAdresse::ChampsAdresse(QWidget *parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::ChampsAdresse>()) {
+  ui_->setupUi(this);
+  txt_ = {ui_->Txt_0, ui_->Txt_1, ui_->Txt_2, ui_->Txt_3, ui_->Txt_4, ui_->Txt_5, ui_->Txt_6};
+  ui_->Opt_0->setChecked(true);
+}
+
+ChampsAdresse::~ChampsAdresse() = default;
+
+void ChampsAdresse::Relier(Session &session, int gris, const QString &imageFrancaise) {
+  session_ = &session;
+  Boites &boites = session.plateforme.boites;
+  ui_->CboTitre->Relier(boites, session.dossiers.AppPath, ui_->Txt_0);
+  ui_->CboVille->Relier(boites, session.base, ui_->Txt_5);
+  for (QLineEdit *champ : txt_) new FondAuFocus(champ, gris);
+  ui_->Image3->setObjectName(imageFrancaise);
+
+  connect(ui_->CmdCP, &QPushButton::clicked, this,
+          Garde(boites, [this](bool) { ChercherCode(); }));
+  connect(ui_->CmdPurge, &QToolButton::clicked, this, [&boites] {
+    boites.Information(
+        u"Chaque nouvelle entrée, écrite dans le zone de saisie de la liste,\n"
+        "est systématiquement enregistrée quand on déroule la liste.\n\n"
+        "Pour supprimer une entrée de la liste déroulante, il faut :\n\n"
+        "o - La sélectionner,\n"
+        "o - Puis appuyer sur le bouton SUPPR (ou DEL) du clavier."_s);
+  });
+  const std::array<QAbstractButton *, 4> ordres{ui_->Opt_0, ui_->Opt_1, ui_->Image3, ui_->Image2};
+  for (std::size_t i = 0; i < ordres.size(); ++i)
+    connect(ordres[i], &QAbstractButton::clicked, this,
+            [this, option = static_cast<int>(i % 2)] { ChoisirOption(option); });
+}
+
+void ChampsAdresse::ChoisirOption(int option) {
+  (option == 0 ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+  emit OptionChoisie(option);
+}
+
+void ChampsAdresse::Montrer(const AdresseSaisie &adresse) {
+  for (std::size_t i = 0; i < adresse.lignes.size(); ++i) txt_[i]->setText(adresse.lignes[i]);
+  txt_[kCode]->setText(adresse.codePostal);
+  txt_[kPays]->setText(adresse.pays);
+  ui_->CboVille->setCurrentIndex(-1);
+  ui_->CboVille->setEditText(adresse.ville);
+  ui_->CboTitre->setCurrentIndex(0);
+  (adresse.option == 0 ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+}
+
+AdresseSaisie ChampsAdresse::Adresse() const {
+  AdresseSaisie adresse;
+  for (std::size_t i = 0; i < adresse.lignes.size(); ++i) adresse.lignes[i] = txt_[i]->text();
+  adresse.codePostal = txt_[kCode]->text();
+  adresse.ville = ui_->CboVille->currentText();
+  adresse.pays = txt_[kPays]->text();
+  adresse.option = ui_->Opt_0->isChecked() ? 0 : 1;
+  return adresse;
+}
+
+void ChampsAdresse::Verrouiller(bool verrouille) {
+  for (QLineEdit *champ : txt_) champ->setReadOnly(verrouille);
+  ui_->CboVille->Verrouiller(verrouille);
+  const std::array<QWidget *, 5> autres{ui_->CmdCP, ui_->Opt_0, ui_->Opt_1, ui_->Image3,
+                                        ui_->Image2};
+  for (QWidget *autre : autres) autre->setEnabled(!verrouille);
+}
+
+void ChampsAdresse::MontrerTitres(bool montres) {
+  const std::array<QWidget *, 3> titres{ui_->LblTitre, ui_->CboTitre, ui_->CmdPurge};
+  for (QWidget *titre : titres) titre->setVisible(montres);
+}
+
+QWidget *ChampsAdresse::PremierVide() const {
+  if (ui_->Txt_0->text().isEmpty()) return ui_->Txt_0;
+  if (ui_->Txt_5->text().isEmpty()) return ui_->Txt_5;
+  if (ui_->CboVille->currentText().isEmpty()) return ui_->CboVille;
+  return nullptr;
+}
+
+void ChampsAdresse::PrendreFocus() {
+  ui_->Txt_0->setFocus();
+}
+
+void ChampsAdresse::ChercherCode() {
+  ui_->Txt_5->clear();
+  ui_->CboVille->setEditText(u""_s);
+  FrmCP dialogue(session_->plateforme.boites, session_->dossiers.AppPath, window());
+  if (dialogue.exec() != QDialog::Accepted || dialogue.Ligne().isEmpty()) return;
+  ui_->Txt_5->setText(FrmCP::Code(dialogue.Ligne()));
+  ui_->CboVille->setEditText(FrmCP::Ville(dialogue.Ligne()));
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "envelope/AdresseSaisie.h"
+#include "session/Session.h"
+
+#include <QWidget>
+
+#include <array>
+#include <memory>
+
+class QAbstractButton;
+class QLineEdit;
+class QToolButton;
+
+namespace Ui {
+class ChampsAdresse;
+}
+
+/// The fields of an address, with what fills them: the titles, the towns, the search of a postal
+/// code. Two windows enter addresses by them.
+class ChampsAdresse : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ChampsAdresse(QWidget *parent = nullptr);
+  ~ChampsAdresse() override;
+
+  /// Reads titles and towns. `gris` is the ground of the field that has the focus; `imageFrancaise`
+  /// names the picture of the French order, which differs between the two windows.
+  void Relier(Session &session, int gris, const QString &imageFrancaise);
+
+  void Montrer(const AdresseSaisie &adresse);
+  AdresseSaisie Adresse() const;
+  void Vider() { Montrer({}); }
+
+  /// Shows the address without letting it be changed, or opens it for entry.
+  void Verrouiller(bool verrouille);
+  void MontrerTitres(bool montres);
+
+  /// Puts the focus on the name.
+  void PrendreFocus();
+
+  /// The first of name, postal code and town that is empty; null when all are filled.
+  QWidget *PremierVide() const;
+
+ signals:
+  /// The order of the postal line has been chosen: 0 code first, 1 town first.
+  void OptionChoisie(int option);
+
+ private:
+  void ChercherCode();
+  void ChoisirOption(int option);
+
+  std::unique_ptr<Ui::ChampsAdresse> ui_;
+  std::array<QLineEdit *, 7> txt_;
+  Session *session_ = nullptr;
+};

@@ -1,0 +1,224 @@
+#include "envelope/FrmCarnet.h"
+
+#include "directory/Categories.h"
+#include "directory/Liste.h"
+#include "directory/Repertoire.h"
+#include "envelope/ZonesEnveloppe.h"
+#include "storage/Tables.h"
+#include "ui/Debrancher.h"
+#include "ui/FeuilleEcran.h"
+#include "ui/Garde.h"
+#include "ui/Sablier.h"
+#include "ui_FrmCarnet.h"
+
+#include <QSignalBlocker>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Cle Index(const QListWidgetItem *element) {
+  return element->data(Qt::UserRole).toLongLong();
+}
+
+}  // namespace
+
+FrmCarnet::FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &categorie,
+                     QWidget *parent)
+    : QDialog(parent),
+      session_(session),
+      repertoire_(repertoire),
+      mode_(mode),
+      categorie_(categorie),
+      ui_(std::make_unique<Ui::FrmCarnet>()),
+      selection_(repertoire.Selection()),
+      avant_{session.enveloppe.AdresseCourante, session.enveloppe.OptionCPAdresse} {
+  ui_->setupUi(this);
+  QPalette papier = ui_->Papier->palette();
+  papier.setColor(QPalette::Window, QColor(255, 255, 215));
+  papier.setColor(QPalette::WindowText, Qt::black);
+  ui_->Papier->setPalette(papier);
+  ui_->EtqA->ChangerEchelle(PixelsParMillimetre(*this));
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  ui_->EtqA->ChangerPolice(PoliceAdresse(plomex));
+
+  const bool plusieurs = mode_ == Mode::Plusieurs;
+  ui_->LstNom->setVisible(!plusieurs);
+  ui_->LstNomC->setVisible(plusieurs);
+  ui_->CmdTous->setVisible(plusieurs);
+  ui_->CmdAucun->setVisible(plusieurs);
+  ui_->LblNoms->setBuddy(Noms());
+  RemplirCategories();
+  Brancher();
+}
+
+FrmCarnet::~FrmCarnet() {
+  DebrancherEnfants(*this);
+}
+
+void FrmCarnet::Brancher() {
+  Boites &boites = session_.plateforme.boites;
+  const auto brancher = [this, &boites](QPushButton *bouton, auto commande) {
+    connect(bouton, &QPushButton::clicked, this, Garde(boites, [commande](bool) { commande(); }));
+  };
+  brancher(ui_->CmdOuvrir, [this] { Ouvrir(); });
+  brancher(ui_->CmdModifier, [this] { Modifier(); });
+  brancher(ui_->CmdSupprime, [this] { Supprimer(); });
+  brancher(ui_->CmdAnnuler, [this] { reject(); });
+  const auto cocherTout = [this](Qt::CheckState etat) {
+    const QSignalBlocker silence(ui_->LstNomC);
+    for (int i = 0; i < ui_->LstNomC->count(); ++i) ui_->LstNomC->item(i)->setCheckState(etat);
+    MontrerAdresse();
+  };
+  brancher(ui_->CmdTous, [cocherTout] { cocherTout(Qt::Checked); });
+  brancher(ui_->CmdAucun, [cocherTout] { cocherTout(Qt::Unchecked); });
+  connect(ui_->LstCat, &QListWidget::currentRowChanged, this,
+          Garde(boites, [this](int rang) { ChoisirCategorie(rang); }));
+  connect(Noms(), &QListWidget::itemSelectionChanged, this,
+          Garde(boites, [this] { MontrerAdresse(); }));
+  connect(Noms(), &QListWidget::itemChanged, this, Garde(boites, [this](QListWidgetItem *element) {
+            Noms()->setCurrentItem(element);  // the preview follows the tick
+            MontrerAdresse();
+          }));
+  connect(ui_->LstNom, &QListWidget::itemDoubleClicked, this,
+          Garde(boites, [this](QListWidgetItem *) { Ouvrir(); }));
+}
+
+void FrmCarnet::showEvent(QShowEvent *evenement) {
+  QDialog::showEvent(evenement);
+  ui_->EtqA->setFocus();
+}
+
+QListWidget *FrmCarnet::Noms() const {
+  return mode_ == Mode::Plusieurs ? ui_->LstNomC : ui_->LstNom;
+}
+
+Cle FrmCarnet::Choisi() const {
+  const auto choisis = Noms()->selectedItems();
+  return choisis.isEmpty() ? 0 : Index(choisis.first());
+}
+
+QSet<Cle> FrmCarnet::Coches() const {
+  QSet<Cle> coches;
+  for (int i = 0; i < ui_->LstNomC->count(); ++i)
+    if (ui_->LstNomC->item(i)->checkState() == Qt::Checked)
+      coches.insert(Index(ui_->LstNomC->item(i)));
+  return coches;
+}
+
+void FrmCarnet::RemplirCategories() {
+  const QSignalBlocker silence(ui_->LstCat);
+  const auto lues = session_.base.Ouverte() ? TableAdresse(session_.base).Categories()
+                                            : QList<CategoriesDistinctes>();
+  ui_->LstCat->clear();
+  for (const EntreeCategorie &entree : CollecterCategories(lues, false))
+    ui_->LstCat->addItem(entree.nom);
+  ui_->LstCat->setCurrentRow(categorie_ < ui_->LstCat->count() ? categorie_ : 0);
+  ChoisirCategorie(ui_->LstCat->currentRow());
+}
+
+void FrmCarnet::ChoisirCategorie(int rang) {
+  categorie_ = std::max(0, rang);
+  Noms()->clear();
+  RemplirNoms();
+}
+
+void FrmCarnet::RemplirNoms() {
+  const Sablier sablier;
+  const Cle choisi = Choisi();
+  const QSet<Cle> coches = Coches();
+  const auto *categorie = ui_->LstCat->currentItem();
+  {
+    const QSignalBlocker silence(Noms());
+    Noms()->clear();
+    if (categorie != nullptr && session_.base.Ouverte())
+      for (const NoeudListe &nom :
+           ListerAdresses(TableAdresse(session_.base),
+                          {categorie->text(), u""_s, session_.plateforme.utilisateur})) {
+        auto *element = new QListWidgetItem(nom.texte, Noms());
+        element->setData(Qt::UserRole, nom.index);
+        if (mode_ == Mode::Plusieurs)
+          element->setCheckState(coches.contains(nom.index) ? Qt::Checked : Qt::Unchecked);
+        if (nom.index == choisi) Noms()->setCurrentItem(element);
+      }
+  }
+  MontrerAdresse();
+}
+
+void FrmCarnet::MontrerAdresse() {
+  adresse_ = {};
+  const auto choisis = Noms()->selectedItems();
+  const bool montree = !choisis.isEmpty() && (mode_ == Mode::Un ||
+                                              choisis.first()->checkState() == Qt::Checked);
+  if (montree)
+    if (const auto fiche = TableAdresse(session_.base).Lire(Index(choisis.first())))
+      adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
+  EtatEnveloppe essai = session_.enveloppe;  // a preview leaves nothing behind
+  ui_->EtqA->setText(FormaterAdresse(adresse_, session_.reglages.plomex, essai));
+}
+
+void FrmCarnet::Ouvrir() {
+  if (mode_ == Mode::Plusieurs) {
+    OuvrirPlusieurs();
+    return;
+  }
+  const Cle choisi = Choisi();
+  if (choisi == 0) {
+    session_.plateforme.boites.Information(u"Sélectionnez l'adresse à écrire !"_s);
+    return;
+  }
+  repertoire_.AfficherTous();
+  repertoire_.Selectionner(choisi);
+  if (ui_->EtqA->text().isEmpty()) {
+    session_.plateforme.boites.Information(u"Sélectionnez un destinataire !"_s);
+    return;
+  }
+  accept();
+}
+
+void FrmCarnet::OuvrirPlusieurs() {
+  const TableAdresse table(session_.base);
+  for (int i = 0; i < ui_->LstNomC->count(); ++i) {
+    const QListWidgetItem *element = ui_->LstNomC->item(i);
+    if (element->checkState() != Qt::Checked) continue;
+    if (const auto fiche = table.Lire(Index(element)))
+      adresses_.append(ComposerAdresse(AdresseSaisie::De(*fiche)));
+  }
+  accept();
+}
+
+void FrmCarnet::Modifier() {
+  const Cle choisi = Choisi();
+  if (choisi == 0) {
+    session_.plateforme.boites.Information(u"Sélectionnez l'adresse à modifier !"_s);
+    return;
+  }
+  repertoire_.Modifier(this, choisi);
+  RemplirNoms();
+}
+
+void FrmCarnet::Supprimer() {
+  const Cle choisi = Choisi();
+  Boites &boites = session_.plateforme.boites;
+  if (choisi == 0) {
+    boites.Information(u"Sélectionnez l'adresse à supprimer !"_s);
+    return;
+  }
+  if (boites.Question(Boites::Titre(),
+                      u"Supprimer "_s + Noms()->selectedItems().first()->text(),
+                      Boites::Reponse::Non) == Boites::Reponse::Oui) {
+    repertoire_.Supprimer(choisi);
+    delete Noms()->selectedItems().first();
+    Noms()->clearSelection();
+  }
+  repertoire_.AfficherTous();
+}
+
+void FrmCarnet::reject() {
+  Signaler(session_.plateforme.boites, [this] {
+    if (repertoire_.Selection() != selection_) repertoire_.Selectionner(selection_);
+  });
+  session_.enveloppe.AdresseCourante = avant_.chaine;
+  session_.enveloppe.OptionCPAdresse = avant_.optionCP;
+  QDialog::reject();
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "envelope/ChaineAdresse.h"
+#include "session/Session.h"
+#include "storage/Lignes.h"
+
+#include <QDialog>
+#include <QSet>
+
+#include <memory>
+
+class QListWidget;
+class Repertoire;
+
+namespace Ui {
+class FrmCarnet;
+}
+
+/// The address book: an addressee picked from the directory by category and name, or several that
+/// are ticked for a run of envelopes.
+class FrmCarnet : public QDialog {
+  Q_OBJECT
+
+ public:
+  enum class Mode { Un, Plusieurs };
+
+  /// `categorie` is the index of the category chosen last, and is kept up.
+  FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &categorie, QWidget *parent);
+  ~FrmCarnet() override;
+
+  /// The address that was picked, once a dialog for one has been accepted.
+  const AdresseComposee &Adresse() const { return adresse_; }
+
+  /// The addresses that were ticked, in the order of the list.
+  const QList<AdresseComposee> &Adresses() const { return adresses_; }
+
+ public slots:
+  /// The directory gets its selection back.
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent *evenement) override;
+
+ private:
+  void Brancher();
+  void RemplirCategories();
+  void ChoisirCategorie(int rang);
+  void RemplirNoms();
+  void MontrerAdresse();
+  void Ouvrir();
+  void OuvrirPlusieurs();
+  void Modifier();
+  void Supprimer();
+  QListWidget *Noms() const;
+  /// Key of the chosen name, 0 for none.
+  Cle Choisi() const;
+  QSet<Cle> Coches() const;
+
+  Session &session_;
+  Repertoire &repertoire_;
+  Mode mode_;
+  int &categorie_;
+  std::unique_ptr<Ui::FrmCarnet> ui_;
+  Cle selection_;          ///< of the directory when the book was opened
+  AdresseComposee avant_;  ///< current address when the book was opened
+  AdresseComposee adresse_;
+  QList<AdresseComposee> adresses_;
+};

@@ -1,0 +1,259 @@
+#include "envelope/FrmNouveau.h"
+
+#include "directory/Repertoire.h"
+#include "envelope/ExpediteurDefaut.h"
+#include "storage/Tables.h"
+#include "ui/Debrancher.h"
+#include "ui/Garde.h"
+#include "ui/Icones.h"
+#include "ui_FrmNouveau.h"
+
+#include <QCloseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString kTitreExpediteur = u"   Expéditeur"_s;
+
+}  // namespace
+
+FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe &zones, Mode mode,
+                       QWidget *parent)
+    : QDialog(parent),
+      session_(session),
+      repertoire_(repertoire),
+      zones_(zones),
+      mode_(mode),
+      ui_(std::make_unique<Ui::FrmNouveau>()) {
+  ui_->setupUi(this);
+  constexpr int kGris = 222;  // of the field that has the focus
+  ui_->Champs->Relier(session_, kGris, u"Image1"_s);
+  ui_->Img->setPixmap(Icone(u"mail-message-new").pixmap(48));
+
+  const auto brancher = [this](QPushButton *bouton, auto commande) {
+    connect(bouton, &QPushButton::clicked, this,
+            Garde(session_.plateforme.boites, [commande](bool) { commande(); }));
+  };
+  brancher(ui_->CmdEcrire, [this] { Ecrire(); });
+  brancher(ui_->CmdAnnule, [this] { reject(); });
+  brancher(ui_->CmdNouveau, [this] { CommencerNouveau(); });
+  brancher(ui_->CmdModifie, [this] { CommencerModification(); });
+  brancher(ui_->CmdSupprime, [this] { SupprimerExpediteur(); });
+  brancher(ui_->CmdNew, [this] {
+    ui_->CmdEnregistre->setEnabled(true);
+    ui_->Champs->Vider();
+  });
+  brancher(ui_->CmdEnregistre, [this] {
+    if (mode_ == Mode::Adresse)
+      EnregistrerAdresse();
+    else
+      EnregistrerExpediteur();
+  });
+  connect(ui_->LstExp, &QListWidget::itemSelectionChanged, this,
+          Garde(session_.plateforme.boites, [this] {
+            if (!enSaisie_) MontrerChoisi();
+          }));
+  connect(ui_->Champs, &ChampsAdresse::OptionChoisie, this,
+          Garde(session_.plateforme.boites, [this](int option) { ChoisirOption(option); }));
+  Preparer();
+}
+
+FrmNouveau::~FrmNouveau() {
+  DebrancherEnfants(*this);
+}
+
+void FrmNouveau::Preparer() {
+  const bool expediteurs = mode_ == Mode::Expediteurs;
+  ui_->Img->setVisible(!expediteurs);
+  ui_->CmdNew->setVisible(!expediteurs);
+  ui_->Liste->setVisible(expediteurs);
+  for (QPushButton *bouton : {ui_->CmdNouveau, ui_->CmdModifie, ui_->CmdSupprime})
+    bouton->setVisible(expediteurs);
+  if (!expediteurs) {
+    setWindowTitle(u"    Nouvelle adresse"_s);
+    ui_->CmdSupprime->setEnabled(false);
+    return;
+  }
+  ui_->LstExp->Relier(session_,
+                      [this](const AdresseComposee &adresse) { zones_.EcrireExpediteur(adresse); });
+  ui_->LstExp->Remplir();
+  QuitterSaisie(kTitreExpediteur);
+  MontrerChoisi();
+}
+
+void FrmNouveau::showEvent(QShowEvent *evenement) {
+  QDialog::showEvent(evenement);
+  if (mode_ == Mode::Expediteurs) ui_->CmdNouveau->setFocus();
+}
+
+void FrmNouveau::Ecrire() {
+  session_.enveloppe.Commentaire.clear();  // it was meant for another address
+  const AdresseComposee adresse = ComposerAdresse(ui_->Champs->Adresse());
+  if (mode_ == Mode::Expediteurs) {
+    zones_.EcrireExpediteur(adresse);
+  } else {
+    zones_.EcrireAdresse(adresse);
+    if (AdresseVide(adresse.chaine)) {
+      session_.plateforme.boites.Information(u"Ecrivez une adresse, ou bien annulez."_s);
+      return;
+    }
+  }
+  accept();
+}
+
+void FrmNouveau::reject() {
+  if (!enSaisie_) {
+    QDialog::reject();
+    return;
+  }
+  Signaler(session_.plateforme.boites, [this] {
+    RendreOption();
+    QuitterSaisie(kTitreExpediteur);
+    MontrerChoisi();
+  });
+}
+
+void FrmNouveau::closeEvent(QCloseEvent *evenement) {
+  Signaler(session_.plateforme.boites, [this] { RendreOption(); });
+  enSaisie_ = false;
+  QDialog::closeEvent(evenement);
+}
+
+void FrmNouveau::EnregistrerAdresse() {
+  if (QWidget *vide = ui_->Champs->PremierVide();
+      vide != nullptr &&
+      session_.plateforme.boites.Question(
+          Boites::Titre(),
+          u"Plusieurs champs importants ne sont pas renseignés.\nVoulez-vous continuer ?"_s) !=
+          Boites::Reponse::Oui) {
+    vide->setFocus();
+    return;
+  }
+  Correspondant depart;
+  ui_->Champs->Adresse().Reporter(depart);
+  repertoire_.Ajouter(this, {.depart = depart});
+}
+
+void FrmNouveau::EnregistrerExpediteur() {
+  if (QWidget *vide = ui_->Champs->PremierVide()) {
+    session_.plateforme.boites.Information(
+        u"Un ou plusieurs champs indispensables ne sont pas renseignés."_s);
+    vide->setFocus();
+    return;
+  }
+  if (modifie_ != 0)
+    EnregistrerChangement(modifie_);
+  else
+    EnregistrerNouveau();
+}
+
+void FrmNouveau::EnregistrerChangement(Cle index) {
+  const AdresseSaisie adresse = ui_->Champs->Adresse();
+  Expediteur expediteur;
+  expediteur.Index = index;
+  adresse.Reporter(expediteur);
+  TableExpediteur(session_.base).Modifier(expediteur);
+  if (ui_->LstExp->Defaut() == index) {
+    const AdresseComposee composee = ComposerAdresse(adresse);
+    EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
+    zones_.EcrireExpediteur(composee);
+  }
+  ui_->LstExp->Remplir(index);
+  QuitterSaisie(u"   Nouvel expéditeur"_s);
+  MontrerChoisi();
+}
+
+void FrmNouveau::EnregistrerNouveau() {
+  const AdresseSaisie adresse = ui_->Champs->Adresse();
+  const AdresseComposee composee = ComposerAdresse(adresse);
+  Expediteur expediteur;
+  adresse.Reporter(expediteur);
+  expediteur.ParDefaut =
+      session_.plateforme.boites.Question(
+          Boites::Titre(), u"Enregister cet expéditeur par défaut ?"_s) == Boites::Reponse::Oui;
+  const Cle index = TableExpediteur(session_.base).Ajouter(expediteur);
+  if (expediteur.ParDefaut) EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
+  zones_.EcrireExpediteur(composee);
+  ui_->LstExp->Remplir(index);
+}
+
+void FrmNouveau::CommencerNouveau() {
+  Saisir(u"  Nouvel expéditeur"_s, 0);
+  ui_->Champs->Vider();
+  ui_->Champs->PrendreFocus();
+}
+
+void FrmNouveau::CommencerModification() {
+  const auto choisi = ui_->LstExp->Choisi();
+  if (!choisi) {
+    session_.plateforme.boites.Information(u"Sélectionnez l'adresse à modifier !"_s);
+    return;
+  }
+  if (*choisi == 0) return;
+  Saisir(u"  Modification d'adresse expéditeur"_s, *choisi);
+}
+
+void FrmNouveau::SupprimerExpediteur() {
+  const auto choisi = ui_->LstExp->Choisi();
+  if (!choisi) {
+    session_.plateforme.boites.Information(u"Sélectionnez l'adresse à supprimer !"_s);
+    return;
+  }
+  if (*choisi == 0 || session_.plateforme.boites.Question(
+                          Boites::Titre(), u"Supprimer "_s + ui_->LstExp->selectedItems().first()->text(),
+                          Boites::Reponse::Non) != Boites::Reponse::Oui)
+    return;
+  const bool defaut = ui_->LstExp->Defaut() == *choisi;
+  ui_->LstExp->SupprimerChoisi();
+  ui_->Champs->Vider();
+  if (defaut) zones_.EcrireExpediteur({u""_s, 0});
+  ui_->CmdSupprime->setEnabled(ui_->LstExp->count() > 1);
+}
+
+void FrmNouveau::MontrerChoisi() {
+  const auto choisi = ui_->LstExp->Choisi();
+  if (!choisi) return;
+  const auto expediteur = TableExpediteur(session_.base).Lire(*choisi);
+  ui_->Champs->Montrer(expediteur ? AdresseSaisie::De(*expediteur) : AdresseSaisie());
+}
+
+void FrmNouveau::ChoisirOption(int option) {
+  if (modifie_ == 0 || ui_->LstExp->Defaut() != modifie_) return;
+  const auto expediteur = TableExpediteur(session_.base).Lire(modifie_);
+  if (!expediteur) return;
+  AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*expediteur));
+  if (option >= 0) composee.optionCP = static_cast<quint8>(option);
+  EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
+}
+
+void FrmNouveau::RendreOption() {
+  constexpr int kCelleDeLaTable = -1;
+  ChoisirOption(kCelleDeLaTable);
+}
+
+void FrmNouveau::Saisir(const QString &titre, Cle modifie) {
+  enSaisie_ = true;
+  modifie_ = modifie;
+  setWindowTitle(titre);
+  ui_->Champs->MontrerTitres(true);
+  ui_->Champs->Verrouiller(false);
+  for (QPushButton *bouton :
+       {ui_->CmdEcrire, ui_->CmdNouveau, ui_->CmdModifie, ui_->CmdSupprime})
+    bouton->setEnabled(false);
+  ui_->CmdEnregistre->setEnabled(true);
+}
+
+void FrmNouveau::QuitterSaisie(const QString &titre) {
+  enSaisie_ = false;
+  modifie_ = 0;
+  setWindowTitle(titre);
+  ui_->Champs->MontrerTitres(false);
+  ui_->Champs->Verrouiller(true);
+  ui_->CmdEcrire->setEnabled(true);
+  ui_->CmdNouveau->setEnabled(true);
+  const bool expediteurs = ui_->LstExp->count() > 1;
+  ui_->CmdModifie->setEnabled(expediteurs);
+  ui_->CmdSupprime->setEnabled(expediteurs);
+  ui_->CmdEnregistre->setEnabled(false);
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "envelope/ZonesEnveloppe.h"
+#include "session/Session.h"
+#include "storage/Lignes.h"
+
+#include <QDialog>
+
+#include <memory>
+
+class Repertoire;
+
+namespace Ui {
+class FrmNouveau;
+}
+
+/// Entry of a free address for the envelope, or of the senders that are kept.
+class FrmNouveau : public QDialog {
+  Q_OBJECT
+
+ public:
+  enum class Mode { Adresse = 1, Expediteurs = 2 };
+
+  FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe &zones, Mode mode,
+             QWidget *parent);
+  ~FrmNouveau() override;
+
+ public slots:
+  /// Gives up the entry that is under way; without one the window closes.
+  void reject() override;
+
+ protected:
+  void showEvent(QShowEvent *evenement) override;
+  /// The close box ends an entry together with the window.
+  void closeEvent(QCloseEvent *evenement) override;
+
+ private:
+  void Preparer();
+  void Ecrire();
+
+  void EnregistrerAdresse();
+  void EnregistrerExpediteur();
+  void EnregistrerChangement(Cle index);
+  void EnregistrerNouveau();
+  void CommencerNouveau();
+  void CommencerModification();
+  void SupprimerExpediteur();
+  void MontrerChoisi();
+  void ChoisirOption(int option);
+  /// An order of the postal line that was tried goes out of the file again.
+  void RendreOption();
+
+  /// A sender is typed in or changed: the fields are open, the other commands shut.
+  void Saisir(const QString &titre, Cle modifie);
+  void QuitterSaisie(const QString &titre);
+
+  Session &session_;
+  Repertoire &repertoire_;
+  ZonesEnveloppe &zones_;
+  Mode mode_;
+  std::unique_ptr<Ui::FrmNouveau> ui_;
+  bool enSaisie_ = false;  ///< a sender is typed in or changed
+  Cle modifie_ = 0;        ///< the one that is changed; 0 for a new one
+};
