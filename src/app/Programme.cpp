@@ -1,5 +1,6 @@
 #include "app/Programme.h"
 
+#include "alerts/FrmOptionsAnn.h"
 #include "directory/FrmDepart.h"
 #include "directory/FrmVelmira.h"
 #include "envelope/FrmPlomex.h"
@@ -10,6 +11,7 @@
 #include <QCoreApplication>
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
@@ -66,9 +68,16 @@ void Programme::Charger() {
   OuvrirBase();
 
   velmira_ = std::make_unique<FrmVelmira>(session_);
-  plomex_ = std::make_unique<FrmPlomex>(session_);
+  plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
+  const auto alertes = [this](QWidget *fenetre) {
+    return Garde(session_.plateforme.boites, [this, fenetre] {
+      FrmOptionsAnn(session_, velmira_->LeRepertoire(), fenetre).exec();
+    });
+  };
+  connect(velmira_.get(), &FrmVelmira::AlertesDemandees, this, alertes(velmira_.get()));
+  connect(plomex_.get(), &FrmPlomex::AlertesDemandees, this, alertes(plomex_.get()));
   // Queued: the window that asks is still at work.
   const auto fermer = Garde(session_.plateforme.boites, [this] { Fermer(); });
   connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer, Qt::QueuedConnection);
@@ -89,6 +98,10 @@ void Programme::MontrerPremiereFenetre() {
   else
     MettreDevant(*velmira_);
   depart_->hide();
+  if (session_.reglages.alarme.AlerteAvecProgramme == 1)  // once the window has been painted
+    session_.plateforme.horloge.Apres(500ms, this, [this] {
+      session_.plateforme.coquille.Lancer(session_.dossiers.AppPath + u"/Vigilo"_s);
+    });
 }
 
 void Programme::PasserLentement() {

@@ -2,19 +2,34 @@
 
 #include "platform/PageDeCode.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
-QString SaintsDuJour(const QByteArray &fichier, QDate jour) {
-  constexpr qsizetype kCle = 1, kNoms = 8;
-  const QByteArray cle = jour.toString(u"ddMM"_s).toLatin1();
-  for (qsizetype debut = 0; debut < fichier.size();) {
-    qsizetype fin = fichier.indexOf('\n', debut);
-    if (fin < 0) fin = fichier.size();
-    QByteArray ligne = fichier.mid(debut, fin - debut);
-    if (ligne.endsWith('\r')) ligne.chop(1);
-    if (ligne.mid(kCle, cle.size()) == cle)
-      return DepuisPageDeCode(ligne.mid(kNoms).chopped(ligne.size() > kNoms ? 1 : 0));
-    debut = fin + 1;
+QList<LigneSaints> LireSaints(const QByteArray &fichier) {
+  constexpr qsizetype kJour = 1, kMois = 3, kNoms = 8;
+  QList<LigneSaints> lignes;
+  QStringList textes = DepuisPageDeCode(fichier).split(u'\n');
+  if (textes.constLast().isEmpty()) textes.removeLast();  // behind the last line end
+  for (QString &texte : textes) {
+    if (texte.endsWith(u'\r')) texte.chop(1);
+    const qsizetype noms = texte.size() - kNoms - 1;
+    lignes.append({.jour = texte.mid(kJour, 2),
+                   .mois = texte.mid(kMois, 2),
+                   .noms = noms > 0 ? texte.mid(kNoms, noms) : u""_s,
+                   .entiere = noms >= 0});
   }
-  return {};
+  return lignes;
+}
+
+std::optional<LigneSaints> LigneDuJour(const QByteArray &fichier, const QString &jjmm) {
+  const QList<LigneSaints> lignes = LireSaints(fichier);
+  const auto trouvee = std::ranges::find_if(
+      lignes, [&](const LigneSaints &ligne) { return ligne.jour + ligne.mois == jjmm; });
+  if (trouvee == lignes.end()) return {};
+  return *trouvee;
+}
+
+QString SaintsDuJour(const QByteArray &fichier, QDate jour) {
+  return LigneDuJour(fichier, jour.toString(u"ddMM"_s)).value_or(LigneSaints()).noms;
 }

@@ -1,10 +1,25 @@
 #pragma once
+// The file of name days, one line a day: a delimiter, day and month of two digits each, three
+// fillers, the names from the ninth character on, a delimiter. Lines are ended by CR LF or LF.
 
 #include <QByteArray>
 #include <QDate>
+#include <QList>
 #include <QString>
 
-/// The names of a day, as they stand in the file of name days, prefixes and separators included;
-/// empty when the file has no such day. A line of the file: a delimiter, day and month of two
-/// digits each, three fillers, the names from the ninth character on, a delimiter.
+#include <optional>
+
+struct LigneSaints {
+  QString jour, mois;   ///< as they stand in the line
+  QString noms;         ///< prefixes and separators included
+  bool entiere = true;  ///< long enough to hold names
+};
+
+/// All lines in file order. Never fails: a line that is too short has the parts that it has.
+QList<LigneSaints> LireSaints(const QByteArray &fichier);
+
+/// The first line of a day, given as day and month of two digits each.
+std::optional<LigneSaints> LigneDuJour(const QByteArray &fichier, const QString &jjmm);
+
+/// The names of a day, as they stand in the file; empty when the file has no such day.
 QString SaintsDuJour(const QByteArray &fichier, QDate jour);

@@ -80,6 +80,13 @@ constexpr auto kValeursRTColor = [] {
                     &R::FondUni};
 }();
 
+constexpr std::tuple kValeursMemora{&ReglagesMemora::LancerAuDemarrage,
+                                    &ReglagesMemora::AssocierAlertes};
+
+constexpr std::tuple kValeursAlarme{&ReglagesAlarme::AlerteAvecWindows,
+                                    &ReglagesAlarme::AlerteAvecProgramme,
+                                    &ReglagesAlarme::AlerteDivers};
+
 const QString kSection = u"Defaut"_s;
 
 QString Fichier(const QString &appPath, const char16_t *nom) {
@@ -133,6 +140,14 @@ void LireEnregistrement(const QString &chemin, Structure &cible,
   std::apply([&](auto... membre) { (lecteur.Lire(cible.*membre), ...); }, membres);
 }
 
+template <typename Structure, typename... Membres>
+void EcrireEnregistrement(const QString &chemin, const Structure &source,
+                          const std::tuple<Membres...> &membres) {
+  RedacteurEnregistrement redacteur;
+  std::apply([&](auto... membre) { (redacteur.Ecrire(source.*membre), ...); }, membres);
+  RemplacerFichier(chemin, redacteur.Octets());
+}
+
 }  // namespace
 
 void LireReglages(const QString &appPath, Reglages &reglages) {
@@ -177,22 +192,23 @@ void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
 }
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor) {
-  RedacteurEnregistrement redacteur;
-  std::apply([&](auto... membre) { (redacteur.Ecrire(rtcolor.*membre), ...); }, kValeursRTColor);
-  RemplacerFichier(Fichier(appPath, u"RTColor.ini"), redacteur.Octets());
+  EcrireEnregistrement(Fichier(appPath, u"RTColor.ini"), rtcolor, kValeursRTColor);
 }
 
 void LireMemora(const QString &appPath, ReglagesMemora &memora) {
-  LireEnregistrement(
-      Fichier(appPath, u"Memora.ini"), memora,
-      std::tuple{&ReglagesMemora::LancerAuDemarrage, &ReglagesMemora::AssocierAlertes});
+  LireEnregistrement(Fichier(appPath, u"Memora.ini"), memora, kValeursMemora);
+}
+
+void EcrireMemora(const QString &appPath, const ReglagesMemora &memora) {
+  EcrireEnregistrement(Fichier(appPath, u"Memora.ini"), memora, kValeursMemora);
 }
 
 void LireAlarme(const QString &appPath, ReglagesAlarme &alarme) {
-  LireEnregistrement(
-      Fichier(appPath, u"Alarme.ini"), alarme,
-      std::tuple{&ReglagesAlarme::AlerteAvecWindows, &ReglagesAlarme::AlerteAvecProgramme,
-                 &ReglagesAlarme::AlerteDivers});
+  LireEnregistrement(Fichier(appPath, u"Alarme.ini"), alarme, kValeursAlarme);
+}
+
+void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme) {
+  EcrireEnregistrement(Fichier(appPath, u"Alarme.ini"), alarme, kValeursAlarme);
 }
 
 void LireSauvan(const QString &appPath, ReglagesSauvan &sauvan) {

@@ -91,7 +91,11 @@ void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor);
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor);
 
 void LireMemora(const QString &appPath, ReglagesMemora &memora);
+void EcrireMemora(const QString &appPath, const ReglagesMemora &memora);
+
 void LireAlarme(const QString &appPath, ReglagesAlarme &alarme);
+void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme);
+
 void LireSauvan(const QString &appPath, ReglagesSauvan &sauvan);
 
 /// `Liaison.cfg`: the separator of telephone numbers, and the text between postal code and town.

@@ -1,0 +1,166 @@
+#include "alerts/ArbreAlertes.h"
+
+#include "ui/Icones.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QTreeWidgetItem *NouveauNoeud(const QString &texte, const QString &tag) {
+  auto *noeud = new QTreeWidgetItem({texte});
+  noeud->setData(0, Qt::UserRole, tag);
+  return noeud;
+}
+
+QString TextePersonne(const PersonneAlerte &personne) {
+  const QString nom = personne.Nom.toUpper();
+  return personne.DDN.isEmpty() ? nom : nom + u"    (DDN : "_s + personne.DDN + u')';
+}
+
+QString TexteEvenement(const EvenementJoint &joint) {
+  QString date = joint.evenement.Date;
+  if (joint.evenement.Annuel) date.chop(5);  // its year
+  return joint.Type_alerte + u" - "_s + date;
+}
+
+ArbreAlertes::Noeud Lu(const QTreeWidgetItem &noeud) {
+  QString tag = noeud.data(0, Qt::UserRole).toString();
+  const bool personne = tag.startsWith(u'$');
+  return {personne, tag.remove(u'$').toLongLong(), noeud.text(0)};
+}
+
+void Cocher(QTreeWidgetItem &noeud, bool cases) {
+  noeud.setData(0, Qt::CheckStateRole, cases ? QVariant(Qt::Unchecked) : QVariant());
+}
+
+}  // namespace
+
+ArbreAlertes::ArbreAlertes(QWidget *parent) : QTreeWidget(parent) {
+  setHeaderHidden(true);
+  setUniformRowHeights(true);
+  setExpandsOnDoubleClick(false);
+  setEditTriggers(NoEditTriggers);
+  setSelectionMode(SingleSelection);
+}
+
+void ArbreAlertes::Montrer(const QList<PersonneEvenements> &personnes, bool seulementAlertes) {
+  const QIcon icone = Icone(u"appointment-reminder");
+  QList<QTreeWidgetItem *> noeuds;
+  for (const auto &[personne, evenements] : personnes) {
+    if (seulementAlertes && evenements.isEmpty()) continue;
+    noeuds.append(NouveauNoeud(TextePersonne(personne), u'$' + QString::number(personne.ID)));
+    for (const EvenementJoint &joint : evenements) {
+      auto *noeud = NouveauNoeud(TexteEvenement(joint), QString::number(joint.evenement.ID));
+      noeud->setIcon(0, icone);
+      noeuds.last()->addChild(noeud);
+    }
+  }
+  Remplacer(noeuds);
+}
+
+void ArbreAlertes::MontrerSupprimees(const QList<PersonneAlerte> &personnes) {
+  QList<QTreeWidgetItem *> noeuds;
+  for (const PersonneAlerte &personne : personnes)
+    noeuds.append(NouveauNoeud(personne.Nom.toUpper(), QString::number(personne.ID)));
+  Remplacer(noeuds);
+}
+
+void ArbreAlertes::Remplacer(const QList<QTreeWidgetItem *> &noeuds) {
+  clear();
+  addTopLevelItems(noeuds);
+  expandAll();
+  if (cases_) MettreCases(true);
+}
+
+void ArbreAlertes::MettreCases(bool cases) {
+  cases_ = cases;
+  for (QTreeWidgetItem *noeud : Tous()) Cocher(*noeud, cases);
+}
+
+QList<QTreeWidgetItem *> ArbreAlertes::Tous() const {
+  QList<QTreeWidgetItem *> noeuds;
+  for (QTreeWidgetItemIterator i(const_cast<ArbreAlertes *>(this)); *i != nullptr; ++i)
+    noeuds.append(*i);
+  return noeuds;
+}
+
+QList<ArbreAlertes::Noeud> ArbreAlertes::Coches() const {
+  QList<Noeud> coches;
+  for (const QTreeWidgetItem *noeud : Tous())
+    if (cases_ && noeud->checkState(0) == Qt::Checked) coches.append(Lu(*noeud));
+  return coches;
+}
+
+std::optional<ArbreAlertes::Noeud> ArbreAlertes::Selection() const {
+  const auto choisis = selectedItems();
+  if (choisis.isEmpty()) return std::nullopt;
+  return Lu(*choisis.constFirst());
+}
+
+int ArbreAlertes::Rang() const {
+  const auto choisis = selectedItems();
+  return choisis.isEmpty() ? -1 : static_cast<int>(Tous().indexOf(choisis.constFirst()));
+}
+
+void ArbreAlertes::Selectionner(int rang) {
+  const auto noeuds = Tous();
+  if (rang >= 0 && rang < noeuds.size()) setCurrentItem(noeuds[rang]);
+}
+
+void ArbreAlertes::Cliquer(QTreeWidgetItem *noeud) {
+  if (cases_)
+    noeud->setCheckState(0, noeud->checkState(0) == Qt::Checked ? Qt::Unchecked : Qt::Checked);
+  else
+    emit NoeudClique(Lu(*noeud));
+}
+
+void ArbreAlertes::mousePressEvent(QMouseEvent *evenement) {
+  const QPoint place = evenement->position().toPoint();
+  QTreeWidgetItem *noeud = itemAt(place);
+  const bool surNoeud = noeud != nullptr && visualItemRect(noeud).contains(place);
+  if (surNoeud && cases_)
+    setCurrentItem(noeud);  // the tree itself would tick a second time
+  else
+    QTreeWidget::mousePressEvent(evenement);
+  if (!surNoeud) return;
+  Cliquer(noeud);
+  if (!cases_ && evenement->button() == Qt::RightButton)
+    emit MenuDemande(evenement->globalPosition().toPoint());
+}
+
+void ArbreAlertes::mouseMoveEvent(QMouseEvent *evenement) {
+  // A pressed mouse would drag the selection along, away from the event on display.
+  if (evenement->buttons() == Qt::NoButton) QTreeWidget::mouseMoveEvent(evenement);
+}
+
+void ArbreAlertes::mouseReleaseEvent(QMouseEvent *evenement) {
+  if (!cases_) QTreeWidget::mouseReleaseEvent(evenement);
+}
+
+void ArbreAlertes::mouseDoubleClickEvent(QMouseEvent *evenement) {
+  if (cases_)
+    mousePressEvent(evenement);
+  else
+    QTreeWidget::mouseDoubleClickEvent(evenement);
+}
+
+void ArbreAlertes::keyPressEvent(QKeyEvent *evenement) {
+  const QTreeWidgetItem *avant = currentItem();
+  QTreeWidget::keyPressEvent(evenement);
+  const bool espace = evenement->key() == Qt::Key_Space;
+  if (!cases_ && currentItem() != nullptr && (currentItem() != avant || espace))
+    Cliquer(currentItem());
+}
+
+void ArbreAlertes::contextMenuEvent(QContextMenuEvent *evenement) {
+  if (evenement->reason() != QContextMenuEvent::Keyboard || cases_ || currentItem() == nullptr)
+    return;
+  setCurrentItem(currentItem());
+  Cliquer(currentItem());
+  if (currentItem() != nullptr)
+    emit MenuDemande(viewport()->mapToGlobal(visualItemRect(currentItem()).bottomLeft()));
+}

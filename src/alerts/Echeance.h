@@ -1,0 +1,28 @@
+#pragma once
+// When an event gives an alert.
+
+#include "storage/Lignes.h"
+
+#include <QDate>
+
+#include <optional>
+
+struct Echeance {
+  int DelaiAlerte = 0;  ///< lead time: days before the event on which its alert begins
+  QDate DebutAlerte;    ///< first day of the alert, counted from the event's date of this year
+  int EcartJours = 0;   ///< from today to the event; negative when it is past
+
+  bool Due() const { return EcartJours >= 0 && EcartJours <= DelaiAlerte; }
+};
+
+/// Of a one-off event.
+Echeance EcheancePonctuelle(QDate evenement, int delai, QDate aujourdhui);
+
+/// Of an annual event; `evenement` is its date in the current year. Around New Year the event meant
+/// is the one of January, of this year or of the next.
+Echeance EcheanceAnnuelle(QDate evenement, int delai, QDate aujourdhui);
+
+/// Of a stored event, of which an annual one counts with its day and month only; nothing when it is
+/// inactive or has no date. Throws `Erreur` when its date is none, as is 29/02 of an annual event
+/// in a year without that day.
+std::optional<Echeance> EcheanceDe(const Evenement &evenement, QDate aujourdhui);
