@@ -1,0 +1,35 @@
+#pragma once
+
+#include "directory/Repertoire.h"
+#include "session/Session.h"
+
+#include <QObject>
+
+class QAction;
+
+/// The commands of the exchange file, which stands in the application folder.
+class CommandesEchange : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Actions {
+    QAction *mnuExport, *mnuImport, *mnuVelmira, *mnuEnvoyer;
+  };
+
+  CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
+                   QWidget *fenetre);
+
+ private:
+  void Exporter();
+  void Importer();
+  void Ouvrir();
+  void Envoyer();
+
+  QString Chemin() const;
+  /// The message for what needs the file, when it is missing.
+  bool Absent() const;
+
+  Session &session_;
+  Repertoire &repertoire_;
+  QWidget *fenetre_;
+};

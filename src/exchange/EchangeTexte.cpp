@@ -1,0 +1,275 @@
+#include "exchange/EchangeTexte.h"
+
+#include "platform/PageDeCode.h"
+#include "storage/Schema.h"
+#include "storage/Tables.h"
+
+#include <QHash>
+
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Records between two tellings of the progress; also what one transaction writes.
+constexpr qsizetype kBloc = 500;
+
+using L = Correspondant;
+
+/// The fields of a record in the order of their lines.
+constexpr std::tuple kChamps{
+    &L::NomVelmira,    &L::Ligne1,        &L::Ligne2,
+    &L::Ligne3,        &L::Ligne4,        &L::Ligne5,
+    &L::CodePostal,    &L::Ville,         &L::Pays,
+    &L::Categories,    &L::Tel,           &L::Fax,
+    &L::Mail,          &L::Portable,      &L::AdresseImportee,
+    &L::OptionAdresse, &L::Web,           &L::TelTravail,
+    &L::Photo,         &L::ListeRougeTel, &L::ListeRougeTravail,
+    &L::DDN,           &L::DataProt,      &L::AlerteActive,
+};
+constexpr std::size_t kNombreChamps = std::tuple_size_v<decltype(kChamps)>;
+
+/// Calls `f` with the place of each field in the record, from 0, and the field.
+template <typename Fonction>
+void PourChaqueChamp(Fonction &&f) {
+  int place = 0;
+  std::apply([&](auto... champ) { (f(place++, champ), ...); }, kChamps);
+}
+
+template <typename Champ>
+const char16_t *NomColonne(Champ L::*cherche) {
+  const char16_t *nom = nullptr;
+  const auto essayer = [&]<typename Autre>(const Colonne<L, Autre> &colonne) {
+    if constexpr (std::is_same_v<Autre, Champ>)
+      if (colonne.champ == cherche) nom = colonne.nom;
+  };
+  std::apply([&](const auto &...colonne) { (essayer(colonne), ...); }, Table<L>::colonnes);
+  return nom;
+}
+
+/// The columns in the order of the fields.
+QString Selection() {
+  QStringList noms;
+  PourChaqueChamp([&](int, auto champ) { noms.append(Entre(NomColonne(champ))); });
+  return u"SELECT "_s + noms.join(u", ") + u" FROM "_s + Nom(Table<L>{});
+}
+
+// What a column is as a line, and a line as a field. A line that does not suit gives false.
+
+template <typename Champ>
+QString Ligne(const Requete &requete, int colonne, Champ L::*) {
+  if constexpr (std::is_same_v<Champ, bool>)
+    return requete.Entier(colonne) != 0 ? u"True"_s : u"False"_s;
+  else
+    return requete.Texte(colonne);
+}
+
+bool Prendre(const QString &ligne, QString &champ) {
+  champ = ligne;
+  return true;
+}
+
+bool Prendre(const QString &ligne, int &champ) {
+  constexpr int kOctet = 255;
+  bool nombre = true;
+  champ = ligne.isEmpty() ? 0 : ligne.toInt(&nombre);
+  return nombre && champ >= 0 && champ <= kOctet;
+}
+
+bool Prendre(const QString &ligne, bool &champ) {
+  const auto est = [&](const QString &texte) {
+    return ligne.compare(texte, Qt::CaseInsensitive) == 0;
+  };
+  champ = est(u"True"_s) || est(u"Vrai"_s) || est(u"-1"_s) || est(u"1"_s);
+  return champ || ligne.isEmpty() || est(u"False"_s) || est(u"Faux"_s) || est(u"0"_s);
+}
+
+/// Whether a field of the row is to take this line. A boolean always holds a value.
+template <typename Champ>
+bool EstACompleter(const Requete &requete, int colonne, Champ L::*, const QString &ligne) {
+  if constexpr (std::is_same_v<Champ, QString>)
+    return requete.Nul(colonne) || (requete.Texte(colonne).isEmpty() && !ligne.isEmpty());
+  else if constexpr (std::is_same_v<Champ, int>)
+    return requete.Nul(colonne);
+  else
+    return false;
+}
+
+/// Character by character: "Weiß" is not the name of "Weiss".
+QString Majuscules(QString nom) {
+  for (QChar &c : nom) c = c.toUpper();
+  return nom;
+}
+
+/// Only blanks are trimmed: a tab is a character of the name.
+QString SansBlancs(QStringView texte) {
+  while (texte.startsWith(u' ')) texte = texte.mid(1);
+  while (texte.endsWith(u' ')) texte.chop(1);
+  return texte.toString();
+}
+
+/// The lines of a file, ended by CR LF, LF or CR.
+class LecteurLignes {
+ public:
+  explicit LecteurLignes(const QByteArray &octets) : octets_(octets) {}
+
+  std::optional<QString> Suivante() {
+    if (position_ == octets_.size()) return std::nullopt;
+    const qsizetype debut = position_;
+    while (position_ < octets_.size() && octets_[position_] != '\r' && octets_[position_] != '\n')
+      ++position_;
+    const QByteArray ligne = octets_.mid(debut, position_ - debut);
+    const bool deuxSignes = octets_.mid(position_, 2) == "\r\n";
+    position_ = std::min(position_ + (deuxSignes ? 2 : 1), octets_.size());
+    ++numero_;
+    return DepuisPageDeCode(ligne);
+  }
+
+  /// Of the line given last, from 1.
+  qsizetype Numero() const { return numero_; }
+  /// Bytes read.
+  qsizetype Position() const { return position_; }
+
+ private:
+  const QByteArray &octets_;
+  qsizetype position_ = 0, numero_ = 0;
+};
+
+/// A record as it stands in the file: as many lines as the file holds of it, the name trimmed.
+struct Fiche {
+  QStringList lignes;
+  qsizetype numero = 0;  ///< of its first line
+};
+
+std::optional<Fiche> FicheSuivante(LecteurLignes &lecteur) {
+  auto ligne = lecteur.Suivante();
+  while (ligne && !ligne->startsWith(u'*')) ligne = lecteur.Suivante();
+  if (!ligne) return std::nullopt;
+  Fiche fiche{{SansBlancs(QStringView(*ligne).mid(1))}, lecteur.Numero()};
+  while (fiche.lignes.size() < static_cast<qsizetype>(kNombreChamps) &&
+         (ligne = lecteur.Suivante()))
+    fiche.lignes.append(*ligne);
+  return fiche;
+}
+
+QString Debut(const QString &texte) {
+  constexpr qsizetype kMontres = 80;
+  return texte.size() <= kMontres ? texte : texte.left(kMontres) + u"..."_s;
+}
+
+class Fusion {
+ public:
+  explicit Fusion(Base &base) : base_(base), selection_(Selection() + u" WHERE [Index]=?"_s) {
+    TableAdresse(base_).PourChaque([&](EntreeListe &&entree) {
+      if (entree.NomVelmira.isNull()) return;
+      const QString nom = Majuscules(std::move(entree.NomVelmira));
+      if (!premiers_.contains(nom)) premiers_.insert(nom, entree.Index);
+    });
+  }
+
+  void Integrer(const Fiche &fiche) {
+    const QString nom = Majuscules(fiche.lignes.first());
+    const auto connu = premiers_.constFind(nom);
+    if (connu == premiers_.cend() || !Completer(*connu, fiche))
+      premiers_.insert(nom, Ajouter(fiche));
+  }
+
+ private:
+  template <typename Champ>
+  static void Lire(const Fiche &fiche, int place, Champ L::*champ, L &correspondant) {
+    if (Prendre(fiche.lignes[place], correspondant.*champ)) return;
+    throw ErreurFichier(
+        u"La ligne %1 du fichier, « %2 », ne convient pas au champ %3 du velmira « %4 ».\n"
+        "L'importation s'arrête là. Les velmiras qui précèdent sont importés."_s.arg(
+            QString::number(fiche.numero + place), Debut(fiche.lignes[place]),
+            QString::fromUtf16(NomColonne(champ)), Debut(fiche.lignes.first())));
+  }
+
+  Cle Ajouter(const Fiche &fiche) {
+    L correspondant;
+    PourChaqueChamp([&](int place, auto champ) {
+      if (place < fiche.lignes.size()) Lire(fiche, place, champ, correspondant);
+    });
+    return AjouterLigne(base_, correspondant);
+  }
+
+  /// False when another user has deleted the row meanwhile.
+  bool Completer(Cle index, const Fiche &fiche) {
+    Requete present(base_, selection_);
+    if (!present.Lier(index).Suivante()) return false;
+
+    L correspondant;
+    std::array<bool, kNombreChamps> pris{};
+    QStringList affectations;
+    PourChaqueChamp([&](int place, auto champ) {
+      if (place >= fiche.lignes.size() ||
+          !EstACompleter(present, place, champ, fiche.lignes[place]))
+        return;
+      Lire(fiche, place, champ, correspondant);
+      pris[static_cast<std::size_t>(place)] = true;
+      affectations.append(Entre(NomColonne(champ)) + u"=?"_s);
+    });
+    if (affectations.isEmpty()) return true;
+
+    Requete ecriture(base_, u"UPDATE "_s + Nom(Table<L>{}) + u" SET "_s + affectations.join(u", ") +
+                                u" WHERE [Index]=?"_s);
+    PourChaqueChamp([&](int place, auto champ) {
+      if (pris[static_cast<std::size_t>(place)]) ecriture.Lier(correspondant.*champ);
+    });
+    ecriture.Lier(index).Executer();
+    return true;
+  }
+
+  Base &base_;
+  QString selection_;
+  QHash<QString, Cle> premiers_;  ///< key of the first row of each name
+};
+
+}  // namespace
+
+std::optional<QByteArray> ExporterVelmiras(Base &base, const Avance &avance) {
+  Requete compte(base, u"SELECT COUNT(*) FROM "_s + Nom(Table<L>{}));
+  compte.Suivante();
+  const qsizetype total = compte.Entier(0);
+
+  QByteArray octets;
+  qsizetype faits = 0;
+  Requete lecture(base, Selection() + u" ORDER BY [Index]"_s);
+  while (lecture.Suivante()) {
+    QString texte = u"*"_s;
+    PourChaqueChamp(
+        [&](int place, auto champ) { texte += Ligne(lecture, place, champ) + u"\r\n"_s; });
+    // Everywhere, not in the booleans only: this is what readers of the file know.
+    texte.replace(u"Faux"_s, u"False"_s).replace(u"Vrai"_s, u"True"_s);
+    octets += VersPageDeCode(texte);
+    if (++faits % kBloc == 0 && !avance(faits, total)) return std::nullopt;
+  }
+  octets += "\r\n";
+  return octets;
+}
+
+BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance &avance) {
+  LecteurLignes lecteur(octets);
+  Fusion fusion(base);
+  BilanImport bilan;
+  auto fiche = FicheSuivante(lecteur);
+  while (fiche && !bilan.arrete) {
+    Transaction transaction(base);
+    try {
+      for (qsizetype n = 0; fiche && n < kBloc; ++n) {
+        fusion.Integrer(*fiche);
+        ++bilan.traites;
+        fiche = FicheSuivante(lecteur);
+      }
+    } catch (const ErreurFichier &) {
+      transaction.Valider();
+      throw;
+    }
+    transaction.Valider();
+    // Outside of the transaction: events may be let through.
+    const bool continuer = avance(lecteur.Position(), octets.size());
+    bilan.arrete = fiche.has_value() && !continuer;
+  }
+  return bilan;
+}

@@ -1,0 +1,48 @@
+#!/usr/bin/env python3
+"""Prints a workbook as JSON: its sheets, and of the first one the cells with their formats, the
+rows and the columns that have a size or a colour of their own."""
+
+import json
+import sys
+
+import openpyxl
+
+
+def colour(value):
+    return "#" + value.rgb[-6:].lower() if value is not None and value.type == "rgb" else None
+
+
+def fill(styled):
+    return colour(styled.fill.fgColor) if styled.fill.fill_type == "solid" else None
+
+
+def main():
+    workbook = openpyxl.load_workbook(sys.argv[1])
+    sheet = workbook.worksheets[0]
+    cells = {}
+    for row in sheet.iter_rows():
+        for cell in row:
+            cells[cell.coordinate] = {
+                "texte": "" if cell.value is None else str(cell.value),
+                "type": cell.data_type,
+                "gras": bool(cell.font.b),
+                "italique": bool(cell.font.i),
+                "souligne": cell.font.u is not None,
+                "couleur": colour(cell.font.color),
+                "fond": fill(cell),
+                "horizontal": cell.alignment.horizontal,
+                "vertical": cell.alignment.vertical,
+                "lignes": bool(cell.alignment.wrap_text),
+            }
+    print(json.dumps({
+        "feuilles": workbook.sheetnames,
+        "nombre": sheet.max_row,
+        "cellules": cells,
+        "rangs": {str(n): {"hauteur": r.height, "fond": fill(r)}
+                  for n, r in sheet.row_dimensions.items()},
+        "colonnes": {c: {"largeur": d.width, "derniere": d.max, "vertical": d.alignment.vertical}
+                     for c, d in sheet.column_dimensions.items()},
+    }))
+
+
+main()
