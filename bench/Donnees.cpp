@@ -51,6 +51,9 @@ Donnees::Donnees(Cle nombre) : nombre_(nombre), dossier_(u"donnees-XXXXXX"_s) {
   RedacteurEnregistrement chemin;
   chemin.Ecrire(cheminData);
   RemplacerFichier(dossier_.filePath(u"CheminData.cfg"_s), chemin.Octets());
+  // The editor reads the titles.
+  const auto titres = LireFichier(QStringLiteral(VELMIRA_DONNEES "/Civilite.txt"));
+  RemplacerFichier(dossier_.filePath(u"Civilite.txt"_s), titres.value());
   EcrireBase();
 }
 

@@ -83,6 +83,55 @@ std::vector<LigneNue> BaseNue::Lister(const QString &categorie) const {
   return lignes;
 }
 
+QStringList BaseNue::Categories() const {
+  QSqlQuery requete(connexion_);
+  requete.setForwardOnly(true);
+  requete.prepare(uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
+  Lancer(requete);
+  QStringList categories;
+  while (requete.next())
+    for (const QString &nom : requete.value(0).toString().split(u'*', Qt::SkipEmptyParts))
+      if (!categories.contains(nom)) categories.append(nom);
+  return categories;
+}
+
+void BaseNue::Renommer(const QString &ancienne, const QString &nouvelle) {
+  Executer(u"BEGIN IMMEDIATE"_s);
+  std::vector<std::pair<qint64, QString>> touchees;
+  QSqlQuery lecture(connexion_);
+  lecture.setForwardOnly(true);
+  lecture.prepare(
+      uR"(SELECT "Index", "Categories" FROM "Adresse" WHERE instr("Categories", ?) > 0)"_s);
+  lecture.addBindValue(ancienne);
+  Lancer(lecture);
+  while (lecture.next())
+    touchees.emplace_back(lecture.value(0).toLongLong(), lecture.value(1).toString());
+  QSqlQuery ecriture(connexion_);
+  ecriture.prepare(uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s);
+  for (auto &[index, categories] : touchees) {
+    ecriture.addBindValue(categories.replace(ancienne, nouvelle));
+    ecriture.addBindValue(index);
+    Lancer(ecriture);
+  }
+  Executer(u"COMMIT"_s);
+}
+
+void BaseNue::EcrireNom(qint64 index, const QString &nom) {
+  Executer(u"BEGIN IMMEDIATE"_s);
+  QSqlQuery ecriture(connexion_);
+  ecriture.prepare(uR"(UPDATE "Adresse" SET "NomVelmira"=? WHERE "Index"=?)"_s);
+  ecriture.addBindValue(nom);
+  ecriture.addBindValue(index);
+  Lancer(ecriture);
+  Executer(u"COMMIT"_s);
+}
+
+void BaseNue::Executer(const QString &texte) {
+  QSqlQuery requete(connexion_);
+  requete.prepare(texte);
+  Lancer(requete);
+}
+
 FenetreNue::FenetreNue(const BaseNue &base) : liste_(new QTreeView(this)) {
   liste_->setUniformRowHeights(true);
   liste_->setModel(new ModeleNu(base.Lister(), liste_));
@@ -120,6 +169,49 @@ void FicheNue::Montrer(qint64 index) {
   for (int ligne = 0; ligne < 4; ++ligne) adresse.append(requete.value(colonne++).toString());
   adresse_->setText(adresse.join(u'\n'));
   notes_->setPlainText(requete.value(colonne).toString());
+}
+
+RechercheNue::RechercheNue(const BaseNue &base)
+    : lignes_(base.Lister()),
+      saisie_(new QLineEdit),
+      liste_(new FenetreNue(base)),
+      fiche_(new FicheNue(base)) {
+  hauts_.reserve(lignes_.size());
+  for (const LigneNue &ligne : lignes_) hauts_.push_back(ligne.texte.toUpper());
+  liste_->setMenuWidget(saisie_);
+  addWidget(liste_);
+  addWidget(fiche_);
+  resize(900, 600);
+  connect(saisie_, &QLineEdit::textEdited, this, [this](const QString &debut) {
+    const int ligne = Chercher(debut);
+    if (ligne < 0) return;
+    liste_->Liste().setCurrentIndex(liste_->Liste().model()->index(ligne, 0));
+    fiche_->Montrer(lignes_[static_cast<std::size_t>(ligne)].index);
+  });
+}
+
+int RechercheNue::Chercher(const QString &debut) const {
+  const QString haut = debut.toUpper();
+  const auto trouve = std::find_if(hauts_.begin(), hauts_.end(),
+                                   [&](const QString &nom) { return nom.startsWith(haut); });
+  return trouve == hauts_.end() ? -1 : static_cast<int>(trouve - hauts_.begin());
+}
+
+QStringList ChercherOctets(const QByteArray &fichier, const QByteArray &texte) {
+  const auto minuscule = [](char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  };
+  QStringList trouvees;
+  for (auto debut = fichier.begin(); debut != fichier.end();) {
+    const auto fin = std::find(debut, fichier.end(), '\n');
+    if (std::search(debut, fin, texte.begin(), texte.end(),
+                    [&](char a, char b) { return minuscule(a) == b; }) != fin) {
+      const auto longueur = fin - debut - (fin != debut && *(fin - 1) == '\r' ? 1 : 0);
+      trouvees.append(QString::fromLatin1(debut, longueur));
+    }
+    debut = fin == fichier.end() ? fin : fin + 1;
+  }
+  return trouvees;
 }
 
 bool EcrirePdfNu(const QString &chemin, const QStringList &expediteur, const QStringList &adresse) {

@@ -2,8 +2,10 @@
 // The same work with the bare engine: Qt SQL, the collator, the toolkit's own widgets, QPdfWriter.
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QPlainTextEdit>
+#include <QSplitter>
 #include <QSqlDatabase>
 #include <QStringList>
 #include <QTreeView>
@@ -26,8 +28,17 @@ class BaseNue {
   /// The sorted names; of all records where `categorie` is empty.
   std::vector<LigneNue> Lister(const QString &categorie = {}) const;
 
+  /// The categories of all records, each once, in the order in which the table holds them.
+  QStringList Categories() const;
+
+  /// Each writes in one transaction. A category is renamed wherever its name stands.
+  void Renommer(const QString &ancienne, const QString &nouvelle);
+  void EcrireNom(qint64 index, const QString &nom);
+
  private:
   friend class FicheNue;
+  void Executer(const QString &texte);
+
   QSqlDatabase connexion_;
 };
 
@@ -53,6 +64,30 @@ class FicheNue : public QWidget {
   QLabel *adresse_;
   QPlainTextEdit *notes_;
 };
+
+/// A plain field above the sorted names and beside a record: what is typed shows the first name
+/// that begins with it.
+class RechercheNue : public QSplitter {
+ public:
+  explicit RechercheNue(const BaseNue &base);
+
+  QLineEdit &Saisie() { return *saisie_; }
+  /// The line of the first name that begins so, upper and lower case alike; -1 for none.
+  int Chercher(const QString &debut) const;
+  /// The name that is shown.
+  QModelIndex Trouve() const { return liste_->Liste().currentIndex(); }
+
+ private:
+  std::vector<LigneNue> lignes_;
+  std::vector<QString> hauts_;  ///< the names in upper case
+  QLineEdit *saisie_;
+  FenetreNue *liste_;
+  FicheNue *fiche_;
+};
+
+/// The lines that hold a text, in lower case, anywhere; upper and lower case alike. One byte is one
+/// character, and only the letters without accents have two cases.
+QStringList ChercherOctets(const QByteArray &fichier, const QByteArray &texte);
 
 /// One A4 page of lines in a PDF, which stands on the disk with its folder when this returns. Gives
 /// false when it does not.

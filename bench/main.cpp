@@ -2,11 +2,14 @@
 // A start is measured in a process of its own, which is this program with --start.
 
 #include "Donnees.h"
+#include "Ecran.h"
+#include "GrandeListe.h"
 #include "Lancement.h"
 #include "Nu.h"
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
 #include "envelope/MiseEnPage.h"
+#include "platform/Fichiers.h"
 #include "storage/Tables.h"
 #include "ui/Icones.h"
 
@@ -27,7 +30,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kEnveloppes = 1000;
-constexpr Cle kFiches = 10000;  ///< correspondents in the list while records are shown
+constexpr Cle kFiches = 10000;   ///< correspondents in the list while records are shown
+constexpr Cle kGrande = 100000;  ///< and while a key is typed and a change is written
 
 using Montre = std::chrono::steady_clock;
 
@@ -94,7 +98,7 @@ void MontrerVelmira(benchmark::State &etat, const Donnees &donnees, bool choisir
       liste.SelectionnerEtCliquer(noeud);
     else
       emit liste.NoeudClique(noeud, Qt::LeftButton);
-    QCoreApplication::processEvents();
+    AttendreLaPeinture();
   }
 }
 
@@ -108,13 +112,13 @@ void MontrerNu(benchmark::State &etat, const Donnees &donnees, bool choisir) {
   fenetre.addWidget(&fiche);
   fenetre.resize(900, 600);
   fenetre.show();
-  QCoreApplication::processEvents();
+  AttendreLaPeinture();
   int ligne = 0;
   for (auto _ : etat) {
     ligne = (ligne + 1) % static_cast<int>(lignes.size());
     if (choisir) gauche.Liste().setCurrentIndex(gauche.Liste().model()->index(ligne, 0));
     fiche.Montrer(lignes[static_cast<std::size_t>(ligne)].index);
-    QCoreApplication::processEvents();
+    AttendreLaPeinture();
   }
 }
 
@@ -225,14 +229,16 @@ int MemoireEnveloppes() {
 }
 
 /// A row of the table: its two halves have the same name but for what stands behind the last slash.
+/// `tours`: the turns of a repetition, 0 for as many as it takes. `montre`: a half tells its time.
 template <typename Velmira, typename Nu>
-void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, bool montre = false) {
+void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, int tours = 0, bool montre = false) {
   for (auto *mesure :
        {benchmark::RegisterBenchmark((nom + u"/Velmira"_s).toUtf8().constData(), velmira),
         benchmark::RegisterBenchmark((nom + u"/bare"_s).toUtf8().constData(), nu)}) {
     mesure->Unit(benchmark::kMillisecond);
+    if (tours > 0) mesure->Iterations(tours);
     if (montre)
-      mesure->UseManualTime()->Iterations(1);
+      mesure->UseManualTime();
     else
       mesure->UseRealTime();
   }
@@ -260,8 +266,29 @@ void Inscrire(const std::map<Cle, Donnees> &toutes) {
     Ligne(
         u"Start, %1 correspondents"_s.arg(nombre),
         [&](State &etat) { MesurerDemarrage(etat, donnees, u"Velmira"_s); },
-        [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, true);
-  Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, true);
+        [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, 1, true);
+  Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, 1, true);
+}
+
+/// `ecrites` is for the rows that write: the others go on reading what they read at first.
+void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStringList &debuts,
+                         const QByteArray &codes) {
+  using benchmark::State;
+  Ligne(
+      u"Type a key of the search, %1 names"_s.arg(kGrande),
+      [&](State &etat) { TaperVelmira(etat, lues, debuts); },
+      [&](State &etat) { TaperNu(etat, lues, debuts); }, kNomsCherches * 4);
+  Ligne(
+      u"Rename a category, a tenth of %1"_s.arg(kGrande),
+      [&](State &etat) { RenommerVelmira(etat, ecrites); },
+      [&](State &etat) { RenommerNu(etat, ecrites); }, 4);
+  Ligne(
+      u"Save a record, %1 listed"_s.arg(kGrande),
+      [&](State &etat) { EnregistrerVelmira(etat, ecrites); },
+      [&](State &etat) { EnregistrerNu(etat, ecrites); }, 16);
+  Ligne(
+      u"Search the postal codes"_s, [&](State &etat) { ChercherCodesVelmira(etat, codes); },
+      [&](State &etat) { ChercherCodesNu(etat, codes); });
 }
 
 }  // namespace
@@ -276,12 +303,18 @@ int main(int argc, char *argv[]) {
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
   std::map<Cle, Donnees> toutes;
-  for (const Cle nombre : {1000, 10000, 100000}) toutes.try_emplace(nombre, nombre);
+  for (const Cle nombre : {Cle{1000}, kFiches, kGrande}) toutes.try_emplace(nombre, nombre);
   for (const auto &[nombre, donnees] : toutes)
     if (!MemesListes(donnees, ToutesCategories(), {}) ||
         !MemesListes(donnees, CategorieRare(), CategorieRare()))
       qFatal("the two lists of %lld correspondents differ", nombre);
+  const Donnees ecrites(kGrande);
+  const auto codes = LireFichier(QStringLiteral(VELMIRA_DONNEES "/CdPostal.txt"));
+  if (!codes) qFatal("the postal codes are missing");
+  const QStringList debuts = DebutsCherches(toutes.at(kGrande));
+  VerifierGrandeListe(ecrites, debuts, *codes);
   Inscrire(toutes);
+  InscrireGrandeListe(toutes.at(kGrande), ecrites, debuts, *codes);
   benchmark::AddCustomContext("compiler", __VERSION__);
   benchmark::AddCustomContext("qt", qVersion());
   benchmark::RunSpecifiedBenchmarks();

@@ -12,19 +12,18 @@ QString SansCategorie(QString categories, const QString &nom) {
   return categories;
 }
 
-QList<EntreeCategorie> CollecterCategories(const QList<CategoriesDistinctes> &lues,
-                                           bool rechercheRapide) {
-  QList<EntreeCategorie> entrees;
-  if (rechercheRapide) entrees.append({RechercheRapide()});
-  entrees.append({ToutesCategories()});
-  entrees.append({Favoris()});
+QStringList ListerCategories(Base &base, bool rechercheRapide) {
+  QStringList entrees;
+  if (rechercheRapide) entrees.append(RechercheRapide());
+  entrees.append({ToutesCategories(), Favoris()});
+  if (!base.Ouverte()) return entrees;
 
   QSet<QString> connues{RechercheRapide(), Favoris()};
-  for (const CategoriesDistinctes &distinctes : lues)
-    for (const QString &nom : distinctes.Categories.split(u'*', Qt::SkipEmptyParts)) {
+  for (const QString &categories : TableAdresse(base).Categories())
+    for (const QString &nom : categories.split(u'*', Qt::SkipEmptyParts)) {
       if (connues.contains(nom)) continue;
       connues.insert(nom);
-      entrees.append({nom, distinctes.Premier});
+      entrees.append(nom);
     }
   return entrees;
 }

@@ -26,14 +26,7 @@ inline bool EstDansCategorie(const QString &categories, const QString &categorie
 /// `*Amis*` less Ami is `*s*`, and `*Ami*` leaves a lone star.
 QString SansCategorie(QString categories, const QString &nom);
 
-/// An entry of a list of categories, with the key of the first record that bears it (0 for the
-/// entries that no record stands for).
-struct EntreeCategorie {
-  QString nom;
-  Cle premier = 0;
-};
-
 /// The entries of a list: the pseudo-entries at its head, then the categories in the order in which
-/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first.
-QList<EntreeCategorie> CollecterCategories(const QList<CategoriesDistinctes> &lues,
-                                           bool rechercheRapide);
+/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first. While
+/// the base is closed there are the pseudo-entries alone. Throws `ErreurBase`.
+QStringList ListerCategories(Base &base, bool rechercheRapide);

@@ -28,7 +28,11 @@ FrmDepart::FrmDepart()
 FrmDepart::~FrmDepart() = default;
 
 void FrmDepart::AnnoncerFermeture() {
-  ui_->LblName->setText(u"Fermeture de Velmira..."_s);
+  Annoncer(u"Fermeture de Velmira..."_s);
+}
+
+void FrmDepart::Annoncer(const QString &texte) {
+  ui_->LblName->setText(texte);
 }
 
 void FrmDepart::paintEvent(QPaintEvent *) {

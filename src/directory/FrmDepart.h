@@ -16,6 +16,8 @@ class FrmDepart : public QWidget {
   FrmDepart();
   ~FrmDepart() override;
 
+  /// Shows a line on what the start is at.
+  void Annoncer(const QString &texte);
   /// Says that the program is closing.
   void AnnoncerFermeture();
 

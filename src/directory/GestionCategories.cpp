@@ -34,21 +34,18 @@ GestionCategories::GestionCategories(Boites &boites, Base &base, const Controles
   Remplir();
 }
 
-void GestionCategories::RemplirCombo(const QList<CategoriesDistinctes> &lues) {
+void GestionCategories::RemplirCombo(const QStringList &categories) {
   c_.categorie->clear();
-  for (const EntreeCategorie &entree : CollecterCategories(lues, false))
-    c_.categorie->addItem(entree.nom);
+  c_.categorie->addItems(categories);
   c_.categorie->setCurrentIndex(-1);
   c_.categorie->setEditText(u""_s);
 }
 
 void GestionCategories::Remplir() {
-  const auto lues =
-      base_.Ouverte() ? TableAdresse(base_).Categories() : QList<CategoriesDistinctes>();
-  RemplirCombo(lues);
+  const QStringList categories = ListerCategories(base_, false);
+  RemplirCombo(categories);
   c_.liste->clear();
-  for (const EntreeCategorie &entree : CollecterCategories(lues, false).mid(1))
-    c_.liste->addItem(entree.nom);  // all but the pseudo-category at the head
+  c_.liste->addItems(categories.mid(1));  // all but the pseudo-category at the head
 }
 
 void GestionCategories::Marquer(const QString &categories) {
@@ -110,7 +107,7 @@ void GestionCategories::Enregistrer() {
   if (nom.isEmpty() || EstReservee(nom)) return;
   c_.liste->addItem(nom);
   Selectionner(nom);
-  RemplirCombo(TableAdresse(base_).Categories());
+  RemplirCombo(ListerCategories(base_, false));
 }
 
 void GestionCategories::ModifierOuSupprimer() {

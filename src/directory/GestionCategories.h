@@ -37,7 +37,7 @@ class GestionCategories : public QObject {
 
  private:
   void Remplir();
-  void RemplirCombo(const QList<CategoriesDistinctes> &lues);
+  void RemplirCombo(const QStringList &categories);
   void Completer(const QString &texte);
   void Enregistrer();
   void ModifierOuSupprimer();

@@ -15,12 +15,9 @@ QString ListeVelmiras::Categorie() const {
 
 void ListeVelmiras::RemplirCategories() {
   const bool rapide = CategorieCourante == RechercheRapide();
-  const auto lues = session_.base.Ouverte() ? TableAdresse(session_.base).Categories()
-                                            : QList<CategoriesDistinctes>();
   QComboBox *combo = controles_.categories;
   combo->clear();
-  for (const EntreeCategorie &entree : CollecterCategories(lues, rapide))
-    combo->addItem(entree.nom, entree.premier);
+  combo->addItems(ListerCategories(session_.base, rapide));
   combo->setCurrentIndex(
       combo->findText(CategorieCourante, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }

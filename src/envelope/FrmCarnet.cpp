@@ -108,11 +108,8 @@ QSet<Cle> FrmCarnet::Coches() const {
 
 void FrmCarnet::RemplirCategories() {
   const QSignalBlocker silence(ui_->LstCat);
-  const auto lues = session_.base.Ouverte() ? TableAdresse(session_.base).Categories()
-                                            : QList<CategoriesDistinctes>();
   ui_->LstCat->clear();
-  for (const EntreeCategorie &entree : CollecterCategories(lues, false))
-    ui_->LstCat->addItem(entree.nom);
+  ui_->LstCat->addItems(ListerCategories(session_.base, false));
   ui_->LstCat->setCurrentRow(categorie_ < ui_->LstCat->count() ? categorie_ : 0);
   ChoisirCategorie(ui_->LstCat->currentRow());
 }

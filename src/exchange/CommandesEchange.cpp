@@ -6,6 +6,7 @@
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
+#include <QWidget>
 #include <QAction>
 #include <QDir>
 #include <QFileInfo>
@@ -38,7 +39,7 @@ class AvancementEchange {
 
 CommandesEchange::CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
                                    QWidget *fenetre)
-    : session_(session), repertoire_(repertoire), fenetre_(fenetre) {
+    : QObject(fenetre), session_(session), repertoire_(repertoire), fenetre_(fenetre) {
   const auto brancher = [this](QAction *action, void (CommandesEchange::*commande)()) {
     connect(action, &QAction::triggered, this,
             Garde(session_.plateforme.boites, [this, commande](bool) { (this->*commande)(); }));

@@ -4,6 +4,10 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
+#include "storage/Base.h"
+#include "storage/MiseAJour.h"
+#include "storage/Reglages.h"
+#include "storage/SourceSqlite.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -47,8 +51,9 @@ bool DossierRefuse(const QString &chemin) {
   return !profil && haut.contains(u"PUBLIC"_s) && haut.contains(u"DEFAULT"_s);
 }
 
-Demarrage::Demarrage(Plateforme &plateforme, Dossiers &dossiers)
-    : plateforme_(plateforme), dossiers_(dossiers) {}
+Demarrage::Demarrage(Plateforme &plateforme, Dossiers &dossiers,
+                     std::function<void(const QString &)> annoncer)
+    : plateforme_(plateforme), dossiers_(dossiers), annoncer_(std::move(annoncer)) {}
 
 bool Demarrage::Executer() {
   if (!LireCheminData() && !DemanderCheminData()) return false;
@@ -137,7 +142,8 @@ void Demarrage::ResoudreCheminBase() {
   }
   if (config == dossiers_.CheminData) return;
 
-  if (config.contains(u"DataVelmira"_s) && EstFichier(config + u"/Velmira.mdb"_s)) {
+  if (config.contains(u"DataVelmira"_s) &&
+      (EstFichier(config + u"/Velmira.mdb"_s) || EchangeInterrompu(config))) {
     dossiers_.CheminBase = config;
   } else if (!config.contains(u"DataVelmira"_s) || !EstDossier(config)) {
     boites.Information(
@@ -158,18 +164,72 @@ void Demarrage::DeplacerBaseLivree() {
   const QString livree = dossiers_.AppPath + u"/Velmira_base.mdb"_s;
   if (EstFichier(livree))
     Signaler(plateforme_.boites,
-             [&] { RenommerFichier(livree, dossiers_.CheminBase + u"/Velmira_base.mdb"_s); });
+             [&] { RenommerFichier(livree, CheminBaseLivree(dossiers_.CheminBase)); });
 }
 
 void Demarrage::PreparerBase() {
-  const QString vide = dossiers_.CheminBase + u"/Velmira_base.mdb"_s;
-  if (!EstFichier(vide)) return;
-  if (EstFichier(dossiers_.Base()))
-    plateforme_.boites.Information(
-        u"Une mise à jour de votre base de données est à faire, mais cette version du programme "
-        "ne la fait pas encore.\nVous continuez avec la base actuelle, sans changement."_s);
-  else
-    Signaler(plateforme_.boites, [&] { RenommerFichier(vide, dossiers_.Base()); });
+  const QString livree = CheminBaseLivree(dossiers_.CheminBase);
+  if (!EstFichier(livree)) return;
+  if (EstFichier(dossiers_.Base())) {
+    MAJ_BDD();
+    return;
+  }
+  Boites &boites = plateforme_.boites;
+  if (EchangeInterrompu(dossiers_.CheminBase))
+    Signaler(boites, [&] { ConvertirAlarme(dossiers_.AppPath); });
+  // What a killed upgrade left half written is taken back under the name that its journal knows.
+  Ignorer([&] { Base().Ouvrir(livree); });
+  Signaler(boites, [&] { RenommerFichier(livree, dossiers_.Base()); });
+}
+
+void Demarrage::MAJ_BDD() {
+  Boites &boites = plateforme_.boites;
+  QString separateurTel, liaisonCP;
+  LireLiaison(dossiers_.AppPath, separateurTel, liaisonCP);
+  const bool faite = Signaler(boites, [&] {
+    try {
+      SourceSqlite source(dossiers_.Base());
+      boites.Information(
+          u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
+      boites.Information(
+          u"NB :\n\n________________________\n\nLe caractère de liaison formatant les numéros "
+          "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
+          "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
+          "utilisateurs."_s.arg(separateurTel));
+      CopierEtEchanger(source, separateurTel);
+    } catch (const Erreur &erreur) {
+      throw ErreurBase(
+          u"La mise à jour de la base de données « %1 » n'a pas pu être faite :\n%2\n\n"
+          "La base n'a pas été modifiée. La mise à jour sera tentée de nouveau au prochain "
+          "démarrage."_s.arg(QDir::toNativeSeparators(dossiers_.Base()), erreur.Texte()));
+    }
+  });
+  if (faite) boites.Information(u"Mise à jour de la base terminée."_s);
+}
+
+void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateurTel) {
+  const struct Annonce {
+    explicit Annonce(const std::function<void(const QString &)> &a) : annoncer(a) {
+      annoncer(u"Mise à jour de la base..."_s);
+    }
+    ~Annonce() { annoncer({}); }
+    const std::function<void(const QString &)> &annoncer;
+  } annonce(annoncer_);
+  // Held until the swap is over: nobody writes what would not be copied, and a second user's
+  // upgrade waits and then finds that there is nothing left to do.
+  source.Reserver();
+  const QString livree = CheminBaseLivree(dossiers_.CheminBase);
+  if (!EstFichier(livree)) return;
+
+  const auto alarme = LireAncienneAlarme(dossiers_.AppPath);
+  Base cible;
+  cible.Ouvrir(livree);
+  CopierBase(source, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}},
+             [this](qsizetype lignes) {
+               annoncer_(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
+             });
+  cible.Fermer();
+  EchangerBases(dossiers_);
 }
 
 void Demarrage::EcrireChemin(const QString &fichier, const QString &chemin) {

@@ -6,10 +6,16 @@
 
 #include <QString>
 
+#include <functional>
+
+class SourceSqlite;
+
 class Demarrage {
  public:
-  /// `dossiers.AppPath` is known; the other folders are found here.
-  Demarrage(Plateforme &plateforme, Dossiers &dossiers);
+  /// `dossiers.AppPath` is known; the other folders are found here. `annoncer` gets a line on what
+  /// takes its time, again and again as it goes on, and an empty one when that is over.
+  Demarrage(Plateforme &plateforme, Dossiers &dossiers,
+            std::function<void(const QString &)> annoncer);
 
   /// Finds the folders, asking the user where that is needed, and puts delivered and moved files
   /// into their places. A file or folder that cannot be written is told in the default error box,
@@ -26,11 +32,16 @@ class Demarrage {
   void ResoudreCheminBase();
   void DeplacerBaseLivree();
   void PreparerBase();
+  /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
+  /// start tries again.
+  void MAJ_BDD();
+  void CopierEtEchanger(SourceSqlite &source, const QString &separateurTel);
   void EcrireChemin(const QString &fichier, const QString &chemin);
   QString FichierCheminBase() const;
 
   Plateforme &plateforme_;
   Dossiers &dossiers_;
+  std::function<void(const QString &)> annoncer_;
 };
 
 /// Shows the folder picker; the path ends in a separator, or is empty when the user cancels.

@@ -15,12 +15,6 @@ struct EntreeListe {
   QString NomVelmira, Categories, DataProt;
 };
 
-/// A distinct value of `Categories` and the key of the first row that holds it.
-struct CategoriesDistinctes {
-  QString Categories;
-  Cle Premier = 0;
-};
-
 /// Adds a row; its key is given by the engine and returned. Throws `ErreurBase`.
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne);
@@ -43,8 +37,9 @@ class TableAdresse {
 
   bool EstVide() const;
 
-  /// In the order in which a walk of the table first meets them; empty ones left out.
-  QList<CategoriesDistinctes> Categories() const;
+  /// The distinct category strings, in the order in which a walk of the table first meets them;
+  /// empty ones left out.
+  QStringList Categories() const;
 
   /// Adds a correspondent and, for `alerte`, the person to those of the alerts.
   Cle Ajouter(const Correspondant &fiche, bool alerte);

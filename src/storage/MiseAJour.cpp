@@ -1,0 +1,233 @@
+#include "storage/MiseAJour.h"
+
+#include "directory/Telephone.h"
+#include "platform/Enregistrement.h"
+#include "platform/Fichiers.h"
+#include "storage/Lignes.h"
+#include "storage/Schema.h"
+
+#include <QFileInfo>
+#include <QSet>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kPas = 500;  // rows between two words of progress
+
+QString CheminAncien(const QString &cheminBase) {
+  return cheminBase + u"/Ancien_Velmira.mdb"_s;
+}
+
+bool Prendre(const QVariant &valeur, QString &champ) {
+  champ = valeur.isNull() ? QString() : valeur.toString();
+  if (champ.isNull() && !valeur.isNull()) champ = u""_s;
+  return true;
+}
+
+/// False for what is no number; null and an empty text are 0.
+bool Prendre(const QVariant &valeur, qint64 &champ) {
+  bool nombre = true;
+  champ = valeur.isNull() || valeur.toString().isEmpty() ? 0 : valeur.toLongLong(&nombre);
+  return nombre;
+}
+
+bool Prendre(const QVariant &valeur, int &champ) {
+  qint64 large = 0;
+  if (!Prendre(valeur, large) || large < std::numeric_limits<int>::min() ||
+      large > std::numeric_limits<int>::max())
+    return false;
+  champ = static_cast<int>(large);
+  return true;
+}
+
+bool Prendre(const QVariant &valeur, bool &champ) {
+  qint64 nombre = 0;
+  if (!Prendre(valeur, nombre)) return false;
+  champ = nombre != 0;
+  return true;
+}
+
+/// The first ordinal that may be missing: the fields in front of it are what makes the row.
+constexpr int PremierFacultatif(Table<Correspondant>) {
+  return 9;
+}
+template <typename L>
+constexpr int PremierFacultatif(Table<L>) {
+  constexpr bool repertoire = std::is_same_v<L, Expediteur> || std::is_same_v<L, VilleCode>;
+  return repertoire ? std::numeric_limits<int>::max() : 1;
+}
+
+/// What a row holds where the old one has no such field.
+template <typename L>
+L LigneDeDepart(Table<L>, const ReglesCopie &) {
+  return {};
+}
+TypeAlerte LigneDeDepart(Table<TypeAlerte>, const ReglesCopie &) {
+  TypeAlerte type;
+  type.Disponible = true;
+  return type;
+}
+PersonneAlerte LigneDeDepart(Table<PersonneAlerte>, const ReglesCopie &) {
+  PersonneAlerte personne;
+  personne.Disponible = true;
+  return personne;
+}
+Evenement LigneDeDepart(Table<Evenement>, const ReglesCopie &regles) {
+  Evenement evenement;
+  evenement.Delai = regles.JoursAvance;
+  evenement.Actif = true;
+  return evenement;
+}
+
+class Copie {
+ public:
+  Copie(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
+        const std::function<void(qsizetype)> &avancement)
+      : source_(source), cible_(cible), regles_(regles), avancement_(avancement) {}
+
+  void Vider() {
+    PourChaqueTable(
+        [this](auto table) { Requete(cible_, u"DELETE FROM "_s + Nom(table)).Executer(); });
+    Requete(cible_, u"DELETE FROM sqlite_sequence"_s).Executer();  // the keys begin at 1 again
+  }
+
+  void Copier() {
+    PourChaqueLigne(Table<PersonneAlerte>{}, [this](const PersonneAlerte &personne) {
+      if (personne.Disponible) alertes_.insert(personne.Nom.toUpper());
+    });
+    PourChaqueTable([this](auto table) { CopierTable(table); });
+    avancement_(copiees_);
+  }
+
+ private:
+  template <typename L, typename Champ>
+  void LireChamp(L &ligne, const Colonne<L, Champ> &colonne, int ordinal) {
+    const auto valeur = source_.Champ(ordinal);
+    Champ lu{};
+    if (valeur && Prendre(*valeur, lu))
+      ligne.*colonne.champ = lu;
+    else if (ordinal < PremierFacultatif(Table<L>{}))
+      throw ErreurBase(u"Le champ %1 de la table %2 ne peut pas être lu."_s.arg(
+          QString::fromUtf16(colonne.nom), QString::fromUtf16(Table<L>::nom)));
+  }
+
+  template <typename L, typename Visiteur>
+  void PourChaqueLigne(Table<L> table, Visiteur &&visiteur) {
+    if (!source_.Ouvrir(QString::fromUtf16(Table<L>::nom))) return;
+    while (source_.Suivante()) {
+      L ligne = LigneDeDepart(table, regles_);
+      int ordinal = 1;
+      std::apply([&](const auto &,
+                     const auto &...colonne) { (LireChamp(ligne, colonne, ordinal++), ...); },
+                 Table<L>::colonnes);
+      visiteur(ligne);
+    }
+  }
+
+  template <typename L>
+  void CopierTable(Table<L> table) {
+    constexpr auto nombre = std::tuple_size_v<decltype(Table<L>::colonnes)>;
+    const QString marques = u"?, "_s.repeated(static_cast<qsizetype>(nombre) - 2) + u'?';
+    Requete ajout(cible_, u"INSERT INTO "_s + Nom(table) + u" ("_s + ListeColonnes(table, 1) +
+                              u") VALUES ("_s + marques + u')');
+    PourChaqueLigne(table, [&](L &ligne) {
+      MettreAJour(ligne);
+      std::apply(
+          [&](const auto &, const auto &...colonne) { (ajout.Lier(ligne.*colonne.champ), ...); },
+          Table<L>::colonnes);
+      ajout.Executer();
+      if (++copiees_ % kPas == 0) avancement_(copiees_);
+    });
+  }
+
+  template <typename L>
+  void MettreAJour(L &) {}
+
+  void MettreAJour(Correspondant &fiche) {
+    QString &categories = fiche.Categories;
+    if (!categories.isEmpty()) {
+      if (!categories.startsWith(u'*')) categories.prepend(u'*');
+      if (!categories.endsWith(u'*')) categories.append(u'*');
+    }
+    for (QString *numero : {&fiche.Tel, &fiche.Fax, &fiche.Portable, &fiche.TelTravail}) {
+      *numero = FormatTelephone(*numero, regles_.SeparateurTel);
+      if (numero->isNull()) *numero = u""_s;
+    }
+    // A database of the first versions held a yes or no here.
+    QString &protection = fiche.DataProt;
+    if (protection.isNull() || protection == u"No"_s || protection == u"0"_s) protection = u""_s;
+    if (alertes_.contains(fiche.NomVelmira.toUpper())) fiche.AlerteActive = true;
+  }
+
+  SourceAncienne &source_;
+  Base &cible_;
+  const ReglesCopie &regles_;
+  const std::function<void(qsizetype)> &avancement_;
+  QSet<QString> alertes_;  ///< the people in force, in upper case
+  qsizetype copiees_ = 0;
+};
+
+}  // namespace
+
+QString CheminBaseLivree(const QString &cheminBase) {
+  return cheminBase + u"/Velmira_base.mdb"_s;
+}
+
+std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
+  constexpr qsizetype kPlusLongue = 6;  // line of the present form
+  const auto octets = LireFichier(appPath + u"/Alarme.ini"_s);
+  if (!octets) return std::nullopt;
+  QByteArray ligne = octets->split('\n').constFirst();
+  if (ligne.endsWith('\r')) ligne.chop(1);
+  if (ligne.size() <= kPlusLongue) return std::nullopt;
+
+  AncienneAlarme lue;
+  quint8 abandonnee = 0;
+  LecteurEnregistrement lecteur(*octets);
+  lecteur.Lire(lue.JoursAvance);
+  lecteur.Lire(lue.alarme.AlerteAvecWindows);
+  lecteur.Lire(lue.alarme.AlerteAvecProgramme);
+  lecteur.Lire(abandonnee);
+  lecteur.Lire(lue.alarme.AlerteDivers);
+  return lue;
+}
+
+void ConvertirAlarme(const QString &appPath) {
+  if (const auto ancienne = LireAncienneAlarme(appPath)) EcrireAlarme(appPath, ancienne->alarme);
+}
+
+void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
+                const std::function<void(qsizetype)> &avancement) {
+  // With EXTRA the end of the transaction is on the disk before a file is renamed, also for a
+  // machine that loses its power.
+  Requete(cible, u"PRAGMA synchronous=EXTRA"_s).Executer();
+  Copie copie(source, cible, regles, avancement);
+  Transaction transaction(cible);
+  copie.Vider();
+  copie.Copier();
+  transaction.Valider();
+}
+
+void EchangerBases(const Dossiers &dossiers) {
+  const QString ancien = CheminAncien(dossiers.CheminBase);
+  // From here on the full base alone, without one of the user's beside it, tells the next start
+  // what to finish: only a base whose copy is over ever stands so. The notice is rewritten behind
+  // this line, since a copy that is begun anew needs the one number that the rewriting drops.
+  RemplacerParRenommage(dossiers.Base(), ancien);
+  try {
+    ConvertirAlarme(dossiers.AppPath);
+    RenommerFichier(CheminBaseLivree(dossiers.CheminBase), dossiers.Base());
+  } catch (const Erreur &) {
+    Ignorer([&] { RenommerFichier(ancien, dossiers.Base()); });
+    throw;
+  }
+}
+
+bool EchangeInterrompu(const QString &cheminBase) {
+  return QFileInfo(CheminBaseLivree(cheminBase)).isFile() &&
+         QFileInfo(CheminAncien(cheminBase)).isFile() &&
+         !QFileInfo::exists(cheminBase + u"/Velmira.mdb"_s);
+}

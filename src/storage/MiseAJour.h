@@ -1,0 +1,45 @@
+#pragma once
+// The upgrade: the rows of the user's database go into a delivered empty one, which then takes its
+// place. Each step leaves the files so that a start after a kill finds a whole database.
+
+#include "storage/Base.h"
+#include "storage/Dossiers.h"
+#include "storage/Reglages.h"
+#include "storage/SourceAncienne.h"
+
+#include <functional>
+#include <optional>
+
+/// The delivered database, beside the user's own.
+QString CheminBaseLivree(const QString &cheminBase);
+
+/// `Alarme.ini` of an older version: five values.
+struct AncienneAlarme {
+  quint8 JoursAvance = 0;  ///< days of notice, one number for all events
+  ReglagesAlarme alarme;
+};
+
+/// Nothing when the file is missing or has the present form. A value that cannot be read is 0.
+std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath);
+
+struct ReglesCopie {
+  QString SeparateurTel;
+  quint8 JoursAvance = 0;  ///< notice of the events of a database that had none of their own
+};
+
+/// Copies the six tables in one transaction; what `cible` held goes. The keys are given anew in the
+/// order of the rows. `avancement` gets the number of rows copied, from time to time. Throws
+/// `ErreurBase`; `cible` is then as it was.
+void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
+                const std::function<void(qsizetype)> &avancement);
+
+/// Puts the delivered database, full, in the place of the user's own, which becomes
+/// `Ancien_Velmira.mdb`; an `Alarme.ini` of the older form is rewritten. Both are closed, or only
+/// held. Throws `ErreurFichier`; the two are then under their names.
+void EchangerBases(const Dossiers &dossiers);
+
+/// Whether a kill has come between the two renames of `EchangerBases`.
+bool EchangeInterrompu(const QString &cheminBase);
+
+/// Rewrites an `Alarme.ini` of the older form. Throws `ErreurFichier`.
+void ConvertirAlarme(const QString &appPath);

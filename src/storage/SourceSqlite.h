@@ -1,0 +1,43 @@
+#pragma once
+// An older database of ours: a SQLite file, with whatever columns it has.
+
+#include "storage/SourceAncienne.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QStringList>
+
+/// Only read, never changed; but what a killed program left half written is taken back first, as
+/// every opening does. Neither mark nor version is asked for: the first ones had none.
+class SourceSqlite : public SourceAncienne {
+ public:
+  /// Throws `ErreurBase` when it cannot be opened or lacks one of the tables that every database of
+  /// ours has had.
+  explicit SourceSqlite(const QString &chemin);
+  ~SourceSqlite() override;
+  SourceSqlite(const SourceSqlite &) = delete;
+  SourceSqlite &operator=(const SourceSqlite &) = delete;
+
+  /// Keeps every other program from writing as long as this lives. Waits for one that does.
+  void Reserver();
+
+  bool Ouvrir(const QString &table) override;
+  bool Suivante() override;
+  std::optional<QVariant> Champ(int ordinal) override;
+
+ private:
+  struct Lecture {
+    explicit Lecture(const QSqlDatabase &connexion) : cles(connexion), ligne(connexion) {}
+    QString table;
+    QStringList colonnes;
+    QSqlQuery cles, ligne;
+    qint64 cle = 0;
+    bool entiere = false;  ///< the current row could be read as a whole
+  };
+
+  QStringList Colonnes(const QString &table) const;
+  void Fermer();
+
+  QSqlDatabase connexion_;
+  std::optional<Lecture> lecture_;
+};
