@@ -2,8 +2,8 @@
 // The program run without a user.
 
 #include "app/Programme.h"
-#include "platform/linux/ClasseurSysteme.h"
 #include "platform/linux/BoitesSysteme.h"
+#include "platform/linux/ClasseurSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ImprimanteSysteme.h"

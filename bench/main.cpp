@@ -8,7 +8,9 @@
 #include "Nu.h"
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
+#include "envelope/ImpressionMultiple.h"
 #include "envelope/MiseEnPage.h"
+#include "envelope/VueEnveloppe.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
 #include "ui/Icones.h"
@@ -179,14 +181,21 @@ class DossierPdf {
   QTemporaryDir dossier_{u"enveloppes-XXXXXX"_s};
 };
 
-void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
+ReglagesPlomex ReglagesTirage() {
   ReglagesPlomex plomex;
   plomex.Imprimante = Imprimante::NomPdf();
   plomex.Orientation = 2;
   plomex.BordImprime = 1;
   plomex.PositionEnveloppe = 2;
+  plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
+  plomex.TailleA = 10;
+  plomex.TailleE = 8;
+  return plomex;
+}
+
+void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
   const ContenuEnveloppe contenu{kExpediteur.join(u'\n'), Destinataire(numero).join(u'\n'), false};
-  ImprimerPage(imprimante, plomex, EtatEnveloppe(), contenu);
+  ImprimerPage(imprimante, ReglagesTirage(), EtatEnveloppe(), contenu);
   imprimante.TerminerDocument();
 }
 
@@ -216,16 +225,51 @@ void EnveloppesNues(benchmark::State &etat) {
   });
 }
 
-/// What this process holds after the first hundred envelopes, and after all.
+/// Tells what this process holds at some pauses of a run, and lets none take time.
+class HorlogeDeTirage : public HorlogeSysteme {
+ public:
+  void Attendre(std::chrono::milliseconds, const std::function<bool()> &) override {
+    ++numero_;
+    if (numero_ == 100 || numero_ == kEnveloppes)
+      std::printf("%d %.0f\n", numero_, Memoire("VmRSS"));
+  }
+
+ private:
+  int numero_ = 0;
+};
+
+/// What this process holds after the first hundred envelopes of a run, and after all.
 int MemoireEnveloppes() {
   const DossierPdf dossier;
-  const HorlogeSysteme horloge;
+  HorlogeDeTirage horloge;
   ImprimanteSysteme imprimante(horloge, dossier.Chemin());
+  BoitesSysteme boites;
+  CoquilleSysteme coquille;
+  PolicesSysteme polices;
+  ListeDemarrageSysteme demarrage;
+  PortSerieSysteme port;
+  ClasseurSysteme classeur;
+  Plateforme plateforme{horloge,   boites, coquille, imprimante,  polices,
+                        demarrage, port,   classeur, u"mesure"_s, QLocale()};
+  Session session{plateforme, {}, {}, {}, {}};
+  session.reglages.plomex = ReglagesTirage();
+  VueEnveloppe vue;
+  ZonesEnveloppe zones(session, &vue);
+  zones.EcrireExpediteur(ComposerAdresse({.lignes = {kExpediteur[0], kExpediteur[1]}}));
+  QList<AdresseComposee> adresses;
   for (int numero = 1; numero <= kEnveloppes; ++numero) {
-    ImprimerVelmira(imprimante, numero);
-    if (numero == 100 || numero == kEnveloppes) std::printf("%d %.0f\n", numero, Memoire("VmRSS"));
+    AdresseSaisie adresse;
+    const QStringList lignes = Destinataire(numero);
+    std::copy(lignes.begin(), lignes.end(), adresse.lignes.begin());
+    adresses.append(ComposerAdresse(adresse));
   }
-  return EXIT_SUCCESS;
+  const auto imprimer = [&] {
+    ImprimerPage(imprimante, session.reglages.plomex, session.enveloppe, zones.Contenu());
+    imprimante.TerminerDocument();
+    return true;
+  };
+  ImpressionMultiple(session, zones, imprimer, &vue).Imprimer(adresses);
+  return dossier.Nombre() == kEnveloppes ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 /// A row of the table: its two halves have the same name but for what stands behind the last slash.

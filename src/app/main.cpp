@@ -52,8 +52,8 @@ int main(int argc, char *argv[]) {
   ListeDemarrageSysteme demarrage;
   PortSerieSysteme port;
   ClasseurSysteme classeur;
-  Plateforme plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port, classeur,
-                        NomUtilisateur(), LangueDuSysteme()};
+  Plateforme plateforme{horloge,   boites, coquille, imprimante,       polices,
+                        demarrage, port,   classeur, NomUtilisateur(), LangueDuSysteme()};
   application.SignalerPar(&boites);
 
   QString appPath;

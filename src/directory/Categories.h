@@ -27,6 +27,6 @@ inline bool EstDansCategorie(const QString &categories, const QString &categorie
 QString SansCategorie(QString categories, const QString &nom);
 
 /// The entries of a list: the pseudo-entries at its head, then the categories in the order in which
-/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first. While
-/// the base is closed there are the pseudo-entries alone. Throws `ErreurBase`.
+/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first.
+/// While the base is closed there are the pseudo-entries alone. Throws `ErreurBase`.
 QStringList ListerCategories(Base &base, bool rechercheRapide);

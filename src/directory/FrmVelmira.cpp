@@ -30,16 +30,16 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kCalendrier = 5,
-              kEnveloppe = 7, kQuitter = 8, kAppeler = 9, kEchange = 10, kClasseur = 11, kAlertes = 12,
-              kMemora = 13;
+constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kImprimer = 4,
+              kCalendrier = 5, kEnveloppe = 7, kQuitter = 8, kAppeler = 9, kEchange = 10,
+              kClasseur = 11, kAlertes = 12, kMemora = 13;
 
 const QList<DescriptionBouton> kCommandes{
     {u"contact-new", u"  Nouveau velmira", true},
     {u"document-edit", u"  Modifie les données", true},
     {u"edit-delete", u"  Supprime le velmira", true, true},
     {u"zoom-in", u"  Agrandit les données", true},
-    {u"document-print", u"  Imprime la liste", false, true},
+    {u"document-print", u"  Imprime la liste", true, true},
     {u"view-calendar", u"  Calendrier", true},
     {u"color-picker", u"  Change la couleur du fond", false, true},
     {u"mail-message-new", u"  Imprimer une enveloppe", true},
@@ -63,8 +63,10 @@ FrmVelmira::FrmVelmira(Session &session)
     : session_(session),
       ui_(Preparer(*this)),
       liste_(session, {ui_->CboCat, ui_->TV, ui_->LblNomBE}, [this] { QuitterFiche(); }),
-      commandes_(session, liste_,
-                 {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { EffacerFiche(); }}),
+      commandes_(
+          session, liste_,
+          {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { EffacerFiche(); }}),
+      impression_(session, liste_, this),
       mnuInv_(new QMenu(this)),
       mnuInv2_(new QMenu(this)),
       mnuInv3_(new MenuMemora(session, this)) {
@@ -93,8 +95,8 @@ FrmVelmira::FrmVelmira(Session &session)
   connect(ui_->CmdFavoris, &QToolButton::clicked, this,
           Garde(boites, [this](bool) { commandes_.AjouterAuxFavoris(); }));
   recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
-  classeur_ = std::make_unique<SelectionClasseur>(
-      session_, liste_, ui_->CmdExcel, ui_->CmdAnnExp, [this] { CliquerRacine(); });
+  classeur_ = std::make_unique<SelectionClasseur>(session_, liste_, ui_->CmdExcel, ui_->CmdAnnExp,
+                                                  [this] { CliquerRacine(); });
   BrancherMenus();
   Charger();
 }
@@ -303,6 +305,10 @@ void FrmVelmira::CommandeBarre(int index) {
       break;
     case kAgrandir:
       Agrandir();
+      break;
+    case kImprimer:
+      EnregistrerNotes();
+      impression_.Imprimer();
       break;
     case kCalendrier:
       FrmCalendrier(session_.plateforme.horloge.Maintenant().date(), session_.plateforme.langue,

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "directory/CommandesFiche.h"
+#include "directory/CommandesImpression.h"
 #include "directory/ListeVelmiras.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
@@ -73,11 +74,12 @@ class FrmVelmira : public QMainWindow {
   std::unique_ptr<Ui::FrmVelmira> ui_;
   ListeVelmiras liste_;
   CommandesFiche commandes_;
+  CommandesImpression impression_;
   std::unique_ptr<CommandesRecherche> recherche_;
   std::unique_ptr<FrmLoupe> loupe_;
   std::unique_ptr<SelectionClasseur> classeur_;
-  QMenu *mnuInv_;               ///< pop-up of the exchange file
-  QMenu *mnuInv2_;              ///< pop-up of the list
+  QMenu *mnuInv_;   ///< pop-up of the exchange file
+  QMenu *mnuInv2_;  ///< pop-up of the list
   MenuMemora *mnuInv3_;
   Cle IndexCourant = 0;         ///< record on display, 0 for none
   QString adresseAffichee_;     ///< address string of the record on display

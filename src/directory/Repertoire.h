@@ -34,8 +34,8 @@ class Repertoire {
   /// row as it was written, or nothing for a cancel.
   virtual std::optional<Correspondant> Ajouter(QWidget *parent, const Ajout &ajout) = 0;
 
-  /// Opens the editor on a correspondent and writes it. False for a cancel, and for one whom another
-  /// user has deleted meanwhile, which is told.
+  /// Opens the editor on a correspondent and writes it. False for a cancel, and for one whom
+  /// another user has deleted meanwhile, which is told.
   virtual bool Modifier(QWidget *parent, Cle index) = 0;
 
   /// Deletes a correspondent, without a question, and takes it off the list.

@@ -30,8 +30,7 @@ void ChampsAdresse::Relier(Session &session, int gris, const QString &imageFranc
   for (QLineEdit *champ : txt_) new FondAuFocus(champ, gris);
   ui_->Image3->setObjectName(imageFrancaise);
 
-  connect(ui_->CmdCP, &QPushButton::clicked, this,
-          Garde(boites, [this](bool) { ChercherCode(); }));
+  connect(ui_->CmdCP, &QPushButton::clicked, this, Garde(boites, [this](bool) { ChercherCode(); }));
   connect(ui_->CmdPurge, &QToolButton::clicked, this, [&boites] {
     boites.Information(
         u"Chaque nouvelle entrée, écrite dans le zone de saisie de la liste,\n"

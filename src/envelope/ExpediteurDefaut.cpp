@@ -24,9 +24,9 @@ bool ALeChiffre(const QString &texte) {
 }  // namespace
 
 void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur) {
-  RemplacerFichier(Fichier(appPath), VersPageDeCode(expediteur.chaine + u"\r\n"_s +
-                                                    QString::number(expediteur.optionCP) +
-                                                    u"\r\n"_s));
+  RemplacerFichier(Fichier(appPath),
+                   VersPageDeCode(expediteur.chaine + u"\r\n"_s +
+                                  QString::number(expediteur.optionCP) + u"\r\n"_s));
 }
 
 void OublierExpediteurDefaut(const QString &appPath) {
@@ -49,5 +49,5 @@ std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base
     return LireExpediteurDefaut(appPath, base);
   }
   return AdresseComposee{texte.chopped(kFin),
-                          static_cast<quint8>(texte.right(kChiffre).trimmed().toUShort())};
+                         static_cast<quint8>(texte.right(kChiffre).trimmed().toUShort())};
 }

@@ -145,8 +145,8 @@ void FrmCarnet::RemplirNoms() {
 void FrmCarnet::MontrerAdresse() {
   adresse_ = {};
   const auto choisis = Noms()->selectedItems();
-  const bool montree = !choisis.isEmpty() && (mode_ == Mode::Un ||
-                                              choisis.first()->checkState() == Qt::Checked);
+  const bool montree =
+      !choisis.isEmpty() && (mode_ == Mode::Un || choisis.first()->checkState() == Qt::Checked);
   if (montree)
     if (const auto fiche = TableAdresse(session_.base).Lire(Index(choisis.first())))
       adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
@@ -201,8 +201,7 @@ void FrmCarnet::Supprimer() {
     boites.Information(u"Sélectionnez l'adresse à supprimer !"_s);
     return;
   }
-  if (boites.Question(Boites::Titre(),
-                      u"Supprimer "_s + Noms()->selectedItems().first()->text(),
+  if (boites.Question(Boites::Titre(), u"Supprimer "_s + Noms()->selectedItems().first()->text(),
                       Boites::Reponse::Non) == Boites::Reponse::Oui) {
     repertoire_.Supprimer(choisi);
     delete Noms()->selectedItems().first();

@@ -200,9 +200,10 @@ void FrmNouveau::SupprimerExpediteur() {
     session_.plateforme.boites.Information(u"Sélectionnez l'adresse à supprimer !"_s);
     return;
   }
-  if (*choisi == 0 || session_.plateforme.boites.Question(
-                          Boites::Titre(), u"Supprimer "_s + ui_->LstExp->selectedItems().first()->text(),
-                          Boites::Reponse::Non) != Boites::Reponse::Oui)
+  if (*choisi == 0 ||
+      session_.plateforme.boites.Question(
+          Boites::Titre(), u"Supprimer "_s + ui_->LstExp->selectedItems().first()->text(),
+          Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
   const bool defaut = ui_->LstExp->Defaut() == *choisi;
   ui_->LstExp->SupprimerChoisi();
@@ -238,8 +239,7 @@ void FrmNouveau::Saisir(const QString &titre, Cle modifie) {
   setWindowTitle(titre);
   ui_->Champs->MontrerTitres(true);
   ui_->Champs->Verrouiller(false);
-  for (QPushButton *bouton :
-       {ui_->CmdEcrire, ui_->CmdNouveau, ui_->CmdModifie, ui_->CmdSupprime})
+  for (QPushButton *bouton : {ui_->CmdEcrire, ui_->CmdNouveau, ui_->CmdModifie, ui_->CmdSupprime})
     bouton->setEnabled(false);
   ui_->CmdEnregistre->setEnabled(true);
 }

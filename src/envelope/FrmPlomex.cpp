@@ -12,6 +12,7 @@
 #include "envelope/ImpressionMultiple.h"
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
+#include "envelope/Tirage.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Debrancher.h"
@@ -23,8 +24,6 @@
 #include "ui_FrmPlomex.h"
 
 #include <QCloseEvent>
-#include <QDir>
-#include <QFileInfo>
 #include <QScopeGuard>
 
 #include <optional>
@@ -34,7 +33,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kNouvelleAdresse = 0, kCarnet = 1, kQuitter = 2, kImprimer = 3, kExpediteur = 5,
-              kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9, kAlertes = 10, kMemora = 11;
+              kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9, kAlertes = 10,
+              kMemora = 11;
 constexpr int kToucheEntree = 13;
 
 const QList<DescriptionBouton> kCommandes{
@@ -111,6 +111,7 @@ void FrmPlomex::BrancherMenus() {
       session_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
                                     ui_->mnuAnnCom, ui_->mnuIntComMult});
+  tirage_ = std::make_unique<Tirage>(session_, zones_, *commentaire_, ui_->LblDocument);
   brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
   ui_->Enveloppe->addAction(ui_->mnuInsCom);
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -280,45 +281,20 @@ void FrmPlomex::ImprimerPlusieurs() {
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
   if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
   const auto vide = qScopeGuard([this] { zones_.ViderAdresse(); });
-  ImpressionMultiple run(session_, zones_, [this] { return ImprimerDocument(); }, this);
+  ImpressionMultiple run(
+      session_, zones_, [this] { return tirage_->Imprimer(); }, this);
   if (run.Imprimer(carnet.Adresses()) && session_.reglages.plomex.Minimise == 1) showMinimized();
 }
 
 void FrmPlomex::NouveauVelmira() {
   repertoire_.Ajouter(this, {.imprimer = [this](const Correspondant &fiche) {
                         zones_.EcrireAdresse(ComposerAdresse(AdresseSaisie::De(fiche)));
-                        ImprimerDocument();
+                        tirage_->Imprimer();
                       }});
 }
 
-bool FrmPlomex::ImprimerEnveloppe() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  EtatEnveloppe &etat = session_.enveloppe;
-  if (!ImpressionConfiguree(plomex)) {
-    session_.plateforme.boites.Information(
-        u"Vous devez d'abord utiliser le menu 'Configurer l'impression' !"_s);
-    return false;
-  }
-  const Sablier sablier;
-  ImprimerPage(session_.plateforme.imprimante, plomex, etat, zones_.Contenu());
-  if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
-    etat.Commentaire.clear();
-    commentaire_->MajEtiquette();
-  }
-  return true;
-}
-
-bool FrmPlomex::ImprimerDocument() {
-  if (!ImprimerEnveloppe()) return false;
-  Imprimante &imprimante = session_.plateforme.imprimante;
-  const Sablier sablier;  // a print server may be slow to answer
-  const QString document = imprimante.TerminerDocument();
-  if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
-  return true;
-}
-
 void FrmPlomex::Imprimer() {
-  if (ImprimerDocument() && session_.reglages.plomex.Minimise == 1) showMinimized();
+  if (tirage_->Imprimer() && session_.reglages.plomex.Minimise == 1) showMinimized();
 }
 
 void FrmPlomex::Apercu() {
@@ -376,18 +352,6 @@ void FrmPlomex::RelierVilles() {
   }
   villes.Relier();
   boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
-}
-
-void FrmPlomex::MontrerDocument(const QString &chemin) {
-  if (chemin.isEmpty()) {
-    ui_->LblDocument->setText(u"L'enveloppe n'a pas pu être enregistrée."_s);
-  } else {
-    const QFileInfo fichier(chemin);
-    ui_->LblDocument->setText(u"Enveloppe enregistrée dans %1 :<br/><a href=\"%2\">%3</a>"_s.arg(
-        QDir::toNativeSeparators(fichier.path()).toHtmlEscaped(), chemin.toHtmlEscaped(),
-        fichier.fileName().toHtmlEscaped()));
-  }
-  ui_->LblDocument->show();
 }
 
 void FrmPlomex::closeEvent(QCloseEvent *evenement) {

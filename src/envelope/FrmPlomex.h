@@ -12,6 +12,7 @@
 class CommandesCommentaire;
 class MenuMemora;
 class Repertoire;
+class Tirage;
 
 namespace Ui {
 class FrmPlomex;
@@ -53,22 +54,18 @@ class FrmPlomex : public QMainWindow {
   void ImprimerPlusieurs();
   void NouveauVelmira();
 
-  /// Draws the envelope and leaves the document open; false when printing is refused.
-  bool ImprimerEnveloppe();
-  /// The same to the end of the document.
-  bool ImprimerDocument();
   void Imprimer();
   void Apercu();
   void Configurer();
   void ChoisirOptions();
   void RelierVilles();
-  void MontrerDocument(const QString &chemin);
 
   Session &session_;
   Repertoire &repertoire_;
   std::unique_ptr<Ui::FrmPlomex> ui_;
   ZonesEnveloppe zones_;
   std::unique_ptr<CommandesCommentaire> commentaire_;
+  std::unique_ptr<Tirage> tirage_;
   MenuMemora *mnuInv3_ = nullptr;
   QList<QShortcut *> raccourcis_;
   int format_ = 0;           ///< index of the format in force

@@ -14,10 +14,7 @@ class ImpressionMultiple {
   /// refused, which ends the run.
   ImpressionMultiple(Session &session, ZonesEnveloppe &zones, std::function<bool()> imprimer,
                      QWidget *fenetre)
-      : session_(session),
-        zones_(zones),
-        imprimer_(std::move(imprimer)),
-        fenetre_(fenetre) {}
+      : session_(session), zones_(zones), imprimer_(std::move(imprimer)), fenetre_(fenetre) {}
 
   /// False when printing has been refused.
   bool Imprimer(const QList<AdresseComposee> &adresses);

@@ -39,10 +39,10 @@ void ListeExpediteurs::Remplir(Cle choisi) {
     element->setCheckState(coche ? Qt::Checked : Qt::Unchecked);
     return element;
   };
-  QListWidgetItem *personne = ajouter(session_->reglages.plomex.NePas == 1
-                                          ? u"Ne jamais imprimer l'expéditeur"_s
-                                          : u"Ne pas imprimer l'expéditeur "_s,
-                                      0, false);
+  QListWidgetItem *personne =
+      ajouter(session_->reglages.plomex.NePas == 1 ? u"Ne jamais imprimer l'expéditeur"_s
+                                                   : u"Ne pas imprimer l'expéditeur "_s,
+              0, false);
   QListWidgetItem *defaut = nullptr, *aChoisir = nullptr;
   for (const Expediteur &e : TableExpediteur(session_->base).Tous()) {
     QListWidgetItem *element = ajouter(e.Ligne1, e.Index, e.ParDefaut && defaut == nullptr);

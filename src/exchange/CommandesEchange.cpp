@@ -6,10 +6,10 @@
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
-#include <QWidget>
 #include <QAction>
 #include <QDir>
 #include <QFileInfo>
+#include <QWidget>
 
 using namespace Qt::StringLiterals;
 

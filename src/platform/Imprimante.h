@@ -1,5 +1,5 @@
 #pragma once
-// The printing interface: a device chosen by name, one A4 page, text placed in millimetres.
+// The printing interface: a device chosen by name, A4 pages, text placed in millimetres.
 
 #include "platform/Millimetres.h"
 
@@ -46,13 +46,29 @@ class Imprimante : public Feuille {
   /// The printer chosen last; before any choice the system's default one, else `NomPdf()`.
   virtual QString Courante() const = 0;
 
+  /// The system's default printer, else `NomPdf()`.
+  virtual QString ParDefaut() const = 0;
+
   /// Makes one of `Noms()` the current printer.
   virtual void Choisir(const QString &nom) = 0;
 
   /// Begins a document of one A4 page on the current printer.
   virtual void OuvrirPage(Orientation orientation) = 0;
 
-  /// Sends the page. Gives the path of the file that was written, or an empty text where the
+  /// Begins a document of upright A4 pages of text on the current printer; the name of its file
+  /// begins with `nom`. False when the printer is not there.
+  virtual bool OuvrirTexte(const QString &nom) = 0;
+
+  /// Height of the printable area of a page of the open document.
+  virtual Millimetres HauteurPage() const = 0;
+
+  /// Adds a page to the open document; what is written from now on goes there.
+  virtual void NouvellePage() = 0;
+
+  /// Sends the document. Gives the path of the file that was written, or an empty text where the
   /// document went to a device or could not be written.
   virtual QString TerminerDocument() = 0;
+
+  /// Drops the open document: nothing of it is printed.
+  virtual void AbandonnerDocument() = 0;
 };

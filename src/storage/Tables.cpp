@@ -106,9 +106,10 @@ bool TableAdresse::EstVide() const {
 }
 
 QStringList TableAdresse::Categories() const {
-  // Few distinct values stand in many rows: the engine gathers them in the order of its walk, without
-  // the sorting of all rows that a grouping would cost.
-  Requete requete(base_, uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
+  // Few distinct values stand in many rows: the engine gathers them in the order of its walk,
+  // without the sorting of all rows that a grouping would cost.
+  Requete requete(base_,
+                  uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
   QStringList toutes;
   while (requete.Suivante()) toutes.append(requete.Texte(0));
   return toutes;

@@ -11,10 +11,10 @@ bool FondAuFocus::eventFilter(QObject *objet, QEvent *evenement) {
     QPalette palette;
     const QColor fond = palette.color(QPalette::Base);
     const int ecart = 255 - gris_;
-    palette.setColor(QPalette::Base, fond.lightness() < 128
-                                         ? QColor(fond.red() + ecart, fond.green() + ecart,
-                                                  fond.blue() + ecart)
-                                         : QColor(gris_, gris_, gris_));
+    palette.setColor(QPalette::Base,
+                     fond.lightness() < 128
+                         ? QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart)
+                         : QColor(gris_, gris_, gris_));
     champ_->setPalette(palette);
   } else if (evenement->type() == QEvent::FocusOut) {
     champ_->setPalette(QPalette());

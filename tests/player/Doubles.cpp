@@ -206,24 +206,47 @@ void ImprimanteScenario::Choisir(const QString &nom) {
 }
 
 void ImprimanteScenario::OuvrirPage(Orientation orientation) {
-  if (ouverte_) fautes_.append(u"a page is opened before the last one is ended"_s);
-  ouverte_ = PageImprimee{Courante(), orientation, {}};
+  Ouvrir(u"Enveloppe"_s, orientation);
+}
+
+bool ImprimanteScenario::OuvrirTexte(const QString &nom) {
+  Ouvrir(nom, Orientation::Portrait);
+  return true;
+}
+
+void ImprimanteScenario::Ouvrir(const QString &nom, Orientation orientation) {
+  if (!ouvertes_.isEmpty()) fautes_.append(u"a page is opened before the last one is ended"_s);
+  document_ = nom;
+  ouvertes_ = {PageImprimee{Courante(), orientation, {}}};
+}
+
+Millimetres ImprimanteScenario::HauteurPage() const {
+  if (ouvertes_.isEmpty()) return {};
+  return Millimetres(ouvertes_.first().orientation == Orientation::Portrait ? 297 : 210);
+}
+
+void ImprimanteScenario::NouvellePage() {
+  if (ouvertes_.isEmpty())
+    fautes_.append(u"a page is added to no document"_s);
+  else
+    ouvertes_.append(PageImprimee{Courante(), ouvertes_.last().orientation, {}});
 }
 
 void ImprimanteScenario::Ecrire(Millimetres x, Millimetres y, const Police &police,
                                 const QString &texte) {
-  if (ouverte_)
-    ouverte_->lignes.append({texte, x, y, police});
-  else
+  if (ouvertes_.isEmpty())
     fautes_.append(u"\"%1\" is printed without a page"_s.arg(texte));
+  else
+    ouvertes_.last().lignes.append({texte, x, y, police});
 }
 
 QString ImprimanteScenario::TerminerDocument() {
-  if (!ouverte_) {
+  if (ouvertes_.isEmpty()) {
     fautes_.append(u"a document is ended that was not begun"_s);
     return {};
   }
-  pages_.append(*std::exchange(ouverte_, std::nullopt));
-  return pages_.last().imprimante == NomPdf() ? monde_.Home() + u"/Documents/Enveloppe.pdf"_s
-                                              : QString();
+  pages_.append(std::exchange(ouvertes_, {}));
+  return pages_.last().imprimante == NomPdf()
+             ? monde_.Home() + u"/Documents/"_s + document_ + u".pdf"_s
+             : QString();
 }

@@ -198,17 +198,22 @@ struct PageImprimee {
   QList<LigneImprimee> lignes;
 };
 
-/// Records pages; text is measured as on the screen.
+/// Records the pages of the documents that are ended; text is measured as on the screen.
 class ImprimanteScenario : public Imprimante {
  public:
   explicit ImprimanteScenario(const Monde &monde) : monde_(monde) {}
 
   QStringList Noms() const override { return systeme_ + QStringList{NomPdf()}; }
-  QString Courante() const override { return choisie_.isEmpty() ? Noms().constFirst() : choisie_; }
+  QString Courante() const override { return choisie_.isEmpty() ? ParDefaut() : choisie_; }
+  QString ParDefaut() const override { return Noms().constFirst(); }
   void Choisir(const QString &nom) override;
   void OuvrirPage(Orientation orientation) override;
+  bool OuvrirTexte(const QString &nom) override;
+  Millimetres HauteurPage() const override;
+  void NouvellePage() override;
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override;
   QString TerminerDocument() override;
+  void AbandonnerDocument() override { ouvertes_.clear(); }
   Millimetres Largeur(const QString &texte, const Police &police) const override {
     return mesure_.Largeur(texte, police);
   }
@@ -226,11 +231,14 @@ class ImprimanteScenario : public Imprimante {
   const QStringList &Fautes() const { return fautes_; }
 
  private:
+  void Ouvrir(const QString &nom, Orientation orientation);
+
   const Monde &monde_;
   MesurePolices mesure_;
   QStringList systeme_{QStringLiteral("HP Test")};
   QString choisie_;
-  std::optional<PageImprimee> ouverte_;
+  QString document_;              ///< name of the open one
+  QList<PageImprimee> ouvertes_;  ///< its pages; none while none is open
   QList<PageImprimee> pages_;
   QStringList fautes_;
 };

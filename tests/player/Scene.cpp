@@ -27,8 +27,7 @@ void Scene::Demarrer() {
   imprimante.OublierChoix();
   port.Fermer();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
-                                 classeur, utilisateur,
-                                 QLocale(QLocale::French, QLocale::France)});
+                                 classeur, utilisateur, QLocale(QLocale::French, QLocale::France)});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   termine_ = false;
   QObject::connect(programme_.get(), &Programme::Termine, &ecran, [this] { termine_ = true; });

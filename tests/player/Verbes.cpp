@@ -7,8 +7,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const Verbe &Trouver(const QString &nom) {
-  static const QList<Verbe> kVerbes =
-      VerbesDuMonde() + VerbesDesGestes() + VerbesDesControles() + VerbesDesTraces() + VerbesDuClasseur();
+  static const QList<Verbe> kVerbes = VerbesDuMonde() + VerbesDesGestes() + VerbesDesControles() +
+                                      VerbesDesTraces() + VerbesDuClasseur();
   for (const Verbe &verbe : kVerbes)
     if (verbe.nom == nom) return verbe;
   throw Echec{u"unknown verb \"%1\""_s.arg(nom)};

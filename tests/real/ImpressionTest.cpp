@@ -1,8 +1,9 @@
-// What the printer "PDF" really puts on paper: pages are printed as the envelope window prints
-// them, and measured by another program.
+// What the printer "PDF" really puts on paper: pages are printed as the envelope window and the
+// directory print them, and measured by another program.
 
 #include "commun/DisquePlein.h"
 #include "commun/HorlogeFixe.h"
+#include "directory/ImpressionListe.h"
 #include "envelope/MiseEnPage.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
@@ -12,10 +13,12 @@
 #include <QGuiApplication>
 #include <QImage>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cmath>
 #include <gtest/gtest.h>
 #include <limits>
 #include <optional>
@@ -56,26 +59,28 @@ QByteArray Executer(const QString &programme, const QStringList &arguments) {
   return processus.readAllStandardOutput();
 }
 
-PageLue LirePage(const QString &pdf) {
-  PageLue lue;
-  int pages = 0;
+std::vector<PageLue> LirePages(const QString &pdf) {
+  std::vector<PageLue> pages;
   QXmlStreamReader xml(Executer(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s}));
   while (!xml.atEnd()) {
     if (xml.readNext() != QXmlStreamReader::StartElement) continue;
     const QXmlStreamAttributes attributs = xml.attributes();
     const auto nombre = [&](const QString &nom) { return attributs.value(nom).toDouble(); };
     if (xml.name() == u"page"_s) {
-      ++pages;
-      lue.largeur = nombre(u"width"_s);
-      lue.hauteur = nombre(u"height"_s);
+      pages.push_back({nombre(u"width"_s), nombre(u"height"_s), {}});
     } else if (xml.name() == u"word"_s) {
       const Cadre cadre{nombre(u"xMin"_s) * kPoint, nombre(u"yMin"_s) * kPoint,
                         nombre(u"xMax"_s) * kPoint, nombre(u"yMax"_s) * kPoint};
-      lue.mots.emplace_back(xml.readElementText(), cadre);
+      pages.back().mots.emplace_back(xml.readElementText(), cadre);
     }
   }
-  EXPECT_EQ(pages, 1) << qPrintable(pdf);
-  return lue;
+  return pages;
+}
+
+PageLue LirePage(const QString &pdf) {
+  const auto pages = LirePages(pdf);
+  EXPECT_EQ(pages.size(), 1u) << qPrintable(pdf);
+  return pages.empty() ? PageLue() : pages.front();
 }
 
 /// What is inked of the whole page, by its picture.
@@ -376,10 +381,130 @@ TEST_F(Impression, DisquePlein) {
   EXPECT_NEAR(ImprimerEtLire({{}, u"Ensuite"_s}).Mot(u"Ensuite"_s).gauche, 80, kTolerance);
 }
 
+class ImpressionDeListe : public Impression {
+ protected:
+  static constexpr double kMarge = 15, kHauteur = 297;
+  static constexpr double kInterligne = 1.1499 * kPoint;  // for each point of the font's size
+
+  /// Prints a list whose names are HHHH0, HHHH1...; each has an address and two lines more.
+  std::optional<QString> Imprimer(qsizetype nombre) {
+    const CadreListe cadre{u"HHHH"_s, nombre, horloge_.Maintenant()};
+    return ImprimerListe(imprimante_, cadre, {}, [](qsizetype n) -> std::optional<Correspondant> {
+      Correspondant fiche;
+      fiche.NomVelmira = u"HHHH%1"_s.arg(n);
+      fiche.Ligne2 = u"rue%1"_s.arg(n);
+      fiche.Tel = u"tel%1"_s.arg(n);
+      fiche.Web = u"web%1"_s.arg(n);
+      return fiche;
+    });
+  }
+};
+
+TEST_F(ImpressionDeListe, UnEtDeuxCorrespondants) {
+  const auto un = Imprimer(1);
+  ASSERT_TRUE(un);
+  EXPECT_EQ(QFileInfo(*un).fileName(), u"Liste 2026-06-05 09h08m07 n1.pdf"_s);
+  EXPECT_EQ(LirePage(*un).Mot(u"1"_s).haut, LirePage(*un).Mot(u"enregistrements"_s).haut);
+  EXPECT_TRUE(std::isnan(LirePage(*un).Mot(u"HHHH0"_s).haut));
+
+  const auto deux = Imprimer(2);
+  ASSERT_TRUE(deux);
+  const PageLue page = LirePage(*deux);
+  EXPECT_EQ(page.largeur, 595);
+  EXPECT_EQ(page.hauteur, 842);
+  const Cadre titre = page.Mot(u"Velmiras"_s), proprietaire = page.Mot(u"HHHH"_s);
+  EXPECT_NEAR(titre.gauche, kMarge, kTolerance);
+  EXPECT_NEAR(titre.haut, kMarge + 10 * kInterligne, kTolerance);
+  EXPECT_NEAR(proprietaire.droite - proprietaire.gauche, 2.8887 * 14 * kPoint, kTolerance);
+
+  // The name, its address, a blank line, two lines more and a blank line.
+  double y = kMarge + (10 + 5 * 14) * kInterligne;
+  for (int n = 0; n < 2; ++n) {
+    const struct {
+      QString mot;
+      int lignes;
+    } attendus[] = {{u"HHHH%1"_s.arg(n), 0},
+                    {u"rue%1"_s.arg(n), 1},
+                    {u"tel%1"_s.arg(n), 3},
+                    {u"web%1"_s.arg(n), 4}};
+    for (const auto &a : attendus)
+      EXPECT_NEAR(page.Mot(a.mot).haut, y + a.lignes * 10 * kInterligne, kTolerance)
+          << qPrintable(a.mot);
+    y += 6 * 10 * kInterligne;
+  }
+  const Cadre nom = page.Mot(u"HHHH0"_s);
+  EXPECT_NEAR(nom.droite - nom.gauche, (2.8887 + 0.5562) * 10 * kPoint, kTolerance);
+  const Cadre pied = page.Mot(u"Imprimé"_s);
+  EXPECT_NEAR(pied.haut, y + 3 * 10 * kInterligne, kTolerance);
+  EXPECT_NEAR(page.Mot(u"Velmira"_s).haut, pied.haut + 8 * kInterligne, kTolerance);
+
+  const QString polices = QString::fromUtf8(Executer(u"pdffonts"_s, {*deux}));
+  EXPECT_TRUE(polices.contains(u"LiberationSans-Bold "_s)) << qPrintable(polices);
+  EXPECT_TRUE(polices.contains(u"LiberationSans "_s)) << qPrintable(polices);
+}
+
+TEST_F(ImpressionDeListe, CinqCentsCorrespondants) {
+  constexpr int kNombre = 500;
+  const auto pdf = Imprimer(kNombre);
+  ASSERT_TRUE(pdf);
+  const auto pages = LirePages(*pdf);
+
+  // The head is as high as 8 lines of 10 points; three blank lines and the foot come last.
+  const double ligne = 10 * kInterligne;
+  const int parPage = static_cast<int>((kHauteur - 2 * kMarge) / ligne);
+  ASSERT_EQ(pages.size(), static_cast<std::size_t>((8 + 6 * kNombre + 3 + 2) / parPage + 1));
+  EXPECT_FALSE(std::isnan(pages.front().Mot(u"HHHH0"_s).haut));
+  EXPECT_FALSE(std::isnan(pages.back().Mot(u"HHHH499"_s).haut));
+  EXPECT_FALSE(std::isnan(pages.back().Mot(u"Imprimé"_s).haut));
+
+  // Every line once, in its order, none of them in the margins, and the pages filled.
+  QStringList trouves, attendus;
+  for (int n = 0; n < kNombre; ++n)
+    attendus << u"HHHH%1"_s.arg(n) << u"rue%1"_s.arg(n) << u"tel%1"_s.arg(n) << u"web%1"_s.arg(n);
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    double bas = 0;
+    for (const auto &[mot, cadre] : pages[i].mots) {
+      static const QRegularExpression ligneDeFiche(u"^(HHHH|rue|tel|web)\\d+$"_s);
+      if (ligneDeFiche.match(mot).hasMatch()) trouves << mot;
+      EXPECT_GE(cadre.haut, kMarge - kTolerance) << qPrintable(mot);
+      EXPECT_LE(cadre.bas, kHauteur - kMarge + kTolerance) << qPrintable(mot);
+      bas = std::max(bas, cadre.bas);
+    }
+    if (i + 1 < pages.size()) {
+      EXPECT_GE(bas, kHauteur - kMarge - 3 * ligne);
+    }
+  }
+  EXPECT_EQ(trouves, attendus);
+}
+
+TEST_F(ImpressionDeListe, Abandon) {
+  imprimante_.OuvrirTexte(u"Liste"_s);
+  EXPECT_NEAR(imprimante_.HauteurPage().valeur, kHauteur - 2 * kMarge, kTolerance);
+  imprimante_.Ecrire({}, {}, {u"Liberation Sans"_s, 10, false, false}, u"Perdu"_s);
+  imprimante_.AbandonnerDocument();
+  EXPECT_EQ(imprimante_.HauteurPage(), Millimetres());
+  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  EXPECT_EQ(Fichiers(), QStringList());
+  {
+    const DisquePlein plein(4096);
+    EXPECT_EQ(Imprimer(2), std::nullopt);
+  }
+  EXPECT_EQ(Fichiers(), QStringList());
+
+  // An envelope keeps the whole sheet.
+  for (const auto &[orientation, hauteur] :
+       {std::pair{Orientation::Portrait, 297.0}, {Orientation::Paysage, 210.0}}) {
+    imprimante_.OuvrirPage(orientation);
+    EXPECT_NEAR(imprimante_.HauteurPage().valeur, hauteur, kTolerance);
+  }
+  imprimante_.AbandonnerDocument();
+}
+
 }  // namespace
 
 int main(int argc, char *argv[]) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("CUPS_SERVER", "127.0.0.1:1");  // nothing must reach the printer of this machine
   testing::InitGoogleTest(&argc, argv);
   const QGuiApplication application(argc, argv);
   return RUN_ALL_TESTS();

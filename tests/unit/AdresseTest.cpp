@@ -26,7 +26,8 @@ TEST(ChaineAdresseTest, Blocs) {
   durand.Ligne5 = u"Bât. B"_s;
   durand.CodePostal = u"44000"_s;
   durand.Ville = u"Nantes"_s;
-  EXPECT_EQ(chaine(AdresseSaisie::De(durand)), u"M. Paul Durand*12 rue des Lilas*Bât. B$44000*Nantes$ "_s);
+  EXPECT_EQ(chaine(AdresseSaisie::De(durand)),
+            u"M. Paul Durand*12 rue des Lilas*Bât. B$44000*Nantes$ "_s);
 
   for (const QString &vide : {QString(), u""_s, u" $ $ "_s}) EXPECT_TRUE(AdresseVide(vide));
   for (const QString &pleine : {u"A$ $ "_s, u" $1$ "_s, u" $ $B"_s})

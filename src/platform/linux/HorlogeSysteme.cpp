@@ -16,8 +16,7 @@ void HorlogeSysteme::Pause(std::chrono::milliseconds duree) {
   boucle.exec(QEventLoop::ExcludeUserInputEvents);
 }
 
-void HorlogeSysteme::Attendre(std::chrono::milliseconds duree,
-                              const std::function<bool()> &arret) {
+void HorlogeSysteme::Attendre(std::chrono::milliseconds duree, const std::function<bool()> &arret) {
   const QDeadlineTimer fin(duree);
   AttendreQue([&] { return fin.hasExpired() || arret(); });
 }

@@ -14,6 +14,7 @@
 #include <QStandardPaths>
 
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +22,9 @@ namespace {
 
 constexpr int kPointsParPoucePdf = 1200;
 constexpr double kMillimetresParPouce = 25.4;
+
+// Around the text of a PDF, which may go on to a printer that needs margins.
+constexpr Millimetres kMargeTexte(15);
 
 QFont Caracteres(const Police &police) {
   QFont font(police.nom);
@@ -30,9 +34,10 @@ QFont Caracteres(const Police &police) {
   return font;
 }
 
-std::unique_ptr<QPagedPaintDevice> SupportPdf(QIODevice &sortie, Orientation orientation) {
+std::unique_ptr<QPagedPaintDevice> SupportPdf(QIODevice &sortie, const QString &nom,
+                                              Orientation orientation) {
   auto pdf = std::make_unique<QPdfWriter>(&sortie);
-  pdf->setTitle(u"Enveloppe"_s);
+  pdf->setTitle(nom);
   pdf->setCreator(u"Velmira"_s);
   pdf->setResolution(kPointsParPoucePdf);
   const auto sens =
@@ -43,11 +48,11 @@ std::unique_ptr<QPagedPaintDevice> SupportPdf(QIODevice &sortie, Orientation ori
 
 /// The whole sheet, upright. None when the system no longer has this printer: the toolkit would
 /// silently take another.
-std::unique_ptr<QPagedPaintDevice> SupportSysteme(const QString &nom) {
+std::unique_ptr<QPagedPaintDevice> SupportSysteme(const QString &appareil, const QString &nom) {
   auto imprimante = std::make_unique<QPrinter>(QPrinter::HighResolution);
-  imprimante->setPrinterName(nom);
-  if (imprimante->printerName() != nom) return nullptr;
-  imprimante->setDocName(u"Enveloppe"_s);
+  imprimante->setPrinterName(appareil);
+  if (imprimante->printerName() != appareil) return nullptr;
+  imprimante->setDocName(nom);
   imprimante->setCreator(u"Velmira"_s);
   imprimante->setPageSize(QPageSize(QPageSize::A4));
   imprimante->setPageOrientation(QPageLayout::Portrait);
@@ -55,13 +60,18 @@ std::unique_ptr<QPagedPaintDevice> SupportSysteme(const QString &nom) {
   return imprimante;
 }
 
+QPageLayout EnMillimetres(const QPagedPaintDevice &support) {
+  QPageLayout feuille = support.pageLayout();
+  feuille.setUnits(QPageLayout::Millimeter);
+  return feuille;
+}
+
 /// Counts places on an upright sheet from the corner of the page's printable area. A landscape page
 /// lies on the sheet with its top at the right edge. It is turned here: turned by the toolkit it
 /// would keep the margins of the upright page, and each filter and printer picks its own side.
 void PlacerPage(QPainter &peintre, const QPagedPaintDevice &support, Orientation orientation) {
   const double unites = support.logicalDpiX() / kMillimetresParPouce;
-  QPageLayout feuille = support.pageLayout();
-  feuille.setUnits(QPageLayout::Millimeter);
+  const QPageLayout feuille = EnMillimetres(support);
   const QMarginsF marges = feuille.minimumMargins();
   if (orientation == Orientation::Portrait) {
     peintre.translate(marges.left() * unites, marges.top() * unites);
@@ -85,11 +95,22 @@ QString ReserverNom(const QString &dossier, const QString &debut) {
 
 }  // namespace
 
+/// Its lines are kept until it is ended: the toolkit sends whatever it has begun to draw for a
+/// printer.
 struct ImprimanteSysteme::Document {
+  struct Ligne {
+    Millimetres x, y;
+    Police police;
+    QString texte;
+  };
+
+  QString nom;
   bool pdf = false;
+  Orientation orientation = Orientation::Portrait;
+  Millimetres margePdf;
   QBuffer contenu;  ///< of a PDF: kept in memory, so that the file is written whole or not at all
   std::unique_ptr<QPagedPaintDevice> support;
-  QPainter peintre;
+  std::vector<std::vector<Ligne>> pages{1};
 
   double Unites(Millimetres longueur) const {
     return longueur.valeur * support->logicalDpiX() / kMillimetresParPouce;
@@ -98,6 +119,35 @@ struct ImprimanteSysteme::Document {
     return Millimetres(unites * kMillimetresParPouce / support->logicalDpiX());
   }
   QFontMetricsF Mesures(const QFont &font) const { return QFontMetricsF(font, support.get()); }
+
+  Millimetres Hauteur() const {
+    const QPageLayout feuille = EnMillimetres(*support);
+    const QSizeF taille = feuille.fullRect().size();
+    if (pdf) return Millimetres(taille.height()) - margePdf * 2;
+    const QMarginsF marges = feuille.minimumMargins();
+    return orientation == Orientation::Portrait
+               ? Millimetres(taille.height() - marges.top() - marges.bottom())
+               : Millimetres(taille.width() - marges.left() - marges.right());
+  }
+
+  bool Dessiner() {
+    QPainter peintre;
+    if (!peintre.begin(support.get())) return false;
+    if (pdf)
+      peintre.translate(Unites(margePdf), Unites(margePdf));
+    else
+      PlacerPage(peintre, *support, orientation);
+    for (std::size_t i = 0; i < pages.size(); ++i) {
+      if (i > 0 && !support->newPage()) return false;
+      for (const Ligne &ligne : pages[i]) {
+        const QFont font = Caracteres(ligne.police);
+        peintre.setFont(font);
+        const double base = Unites(ligne.y) + Mesures(font).ascent();
+        peintre.drawText(QPointF(Unites(ligne.x), base), ligne.texte);
+      }
+    }
+    return peintre.end();
+  }
 };
 
 ImprimanteSysteme::ImprimanteSysteme(const Horloge &horloge, QString dossierPdf)
@@ -117,7 +167,10 @@ QStringList ImprimanteSysteme::Noms() const {
 }
 
 QString ImprimanteSysteme::Courante() const {
-  if (!choisie_.isEmpty()) return choisie_;
+  return choisie_.isEmpty() ? ParDefaut() : choisie_;
+}
+
+QString ImprimanteSysteme::ParDefaut() const {
   const QString defaut = QPrinterInfo::defaultPrinterName();
   return defaut.isEmpty() ? NomPdf() : defaut;
 }
@@ -127,32 +180,51 @@ void ImprimanteSysteme::Choisir(const QString &nom) {
 }
 
 void ImprimanteSysteme::OuvrirPage(Orientation orientation) {
+  Ouvrir(u"Enveloppe"_s, orientation, {});
+}
+
+bool ImprimanteSysteme::OuvrirTexte(const QString &nom) {
+  return Ouvrir(nom, Orientation::Portrait, kMargeTexte);
+}
+
+bool ImprimanteSysteme::Ouvrir(const QString &nom, Orientation orientation, Millimetres margePdf) {
   Terminer();
   auto document = std::make_unique<Document>();
-  const QString nom = Courante();
-  document->pdf = nom == NomPdf();
+  const QString appareil = Courante();
+  document->nom = nom;
+  document->pdf = appareil == NomPdf();
+  document->orientation = orientation;
+  document->margePdf = margePdf;
   if (document->pdf) {
     document->contenu.open(QIODevice::WriteOnly);
-    document->support = SupportPdf(document->contenu, orientation);
+    document->support = SupportPdf(document->contenu, nom, orientation);
   } else {
-    document->support = SupportSysteme(nom);
+    document->support = SupportSysteme(appareil, nom);
   }
-  if (document->support == nullptr || !document->peintre.begin(document->support.get())) return;
-  if (!document->pdf) PlacerPage(document->peintre, *document->support, orientation);
+  if (document->support == nullptr) return false;
   document_ = std::move(document);
+  return true;
+}
+
+Millimetres ImprimanteSysteme::HauteurPage() const {
+  return document_ == nullptr ? Millimetres() : document_->Hauteur();
+}
+
+void ImprimanteSysteme::NouvellePage() {
+  if (document_ != nullptr) document_->pages.emplace_back();
 }
 
 void ImprimanteSysteme::Ecrire(Millimetres x, Millimetres y, const Police &police,
                                const QString &texte) {
-  if (document_ == nullptr) return;
-  const QFont font = Caracteres(police);
-  document_->peintre.setFont(font);
-  const double base = document_->Unites(y) + document_->Mesures(font).ascent();
-  document_->peintre.drawText(QPointF(document_->Unites(x), base), texte);
+  if (document_ != nullptr) document_->pages.back().push_back({x, y, police, texte});
 }
 
 QString ImprimanteSysteme::TerminerDocument() {
   return Terminer();
+}
+
+void ImprimanteSysteme::AbandonnerDocument() {
+  document_.reset();
 }
 
 Millimetres ImprimanteSysteme::Largeur(const QString &texte, const Police &police) const {
@@ -168,15 +240,15 @@ Millimetres ImprimanteSysteme::HauteurLigne(const Police &police) const {
 QString ImprimanteSysteme::Terminer() {
   if (document_ == nullptr) return {};
   const auto document = std::move(document_);
-  const bool dessine = document->peintre.end();
-  return document->pdf && dessine ? EcrirePdf(document->contenu.data()) : QString();
+  const bool dessine = document->Dessiner();
+  return document->pdf && dessine ? EcrirePdf(document->nom, document->contenu.data()) : QString();
 }
 
-QString ImprimanteSysteme::EcrirePdf(const QByteArray &contenu) const {
+QString ImprimanteSysteme::EcrirePdf(const QString &nom, const QByteArray &contenu) const {
   QString chemin;
   try {
     CreerDossier(dossierPdf_);
-    const QString debut = horloge_.Maintenant().toString(u"'Enveloppe' yyyy-MM-dd HH'h'mm'm'ss"_s);
+    const QString debut = nom + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
     chemin = ReserverNom(dossierPdf_, debut);
     if (!chemin.isEmpty()) RemplacerFichier(chemin, contenu);
     return chemin;

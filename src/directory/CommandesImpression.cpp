@@ -1,0 +1,70 @@
+#include "directory/CommandesImpression.h"
+
+#include "directory/Categories.h"
+#include "directory/FrmImprime.h"
+#include "platform/Erreurs.h"
+#include "ui/Avancement.h"
+#include "ui/Sablier.h"
+
+#include <QDir>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The records of the list, in its order.
+std::vector<Cle> Cles(const ModeleListe &modele) {
+  const QModelIndex racine = modele.Racine();
+  std::vector<Cle> cles;
+  for (int i = 0; i < modele.rowCount(racine); ++i)
+    cles.push_back(modele.index(i, 0, racine).data(Qt::UserRole).toLongLong());
+  return cles;
+}
+
+}  // namespace
+
+void CommandesImpression::Imprimer() {
+  Boites &boites = session_.plateforme.boites;
+  if (liste_.Arbre().Modele().NombreEnfants() == 0) {
+    boites.Information(u"Aucune entrée à imprimer ."_s);
+    return;
+  }
+  if (liste_.Categorie() != ToutesCategories() &&
+      boites.Question(Boites::Titre(),
+                      u" Voulez-vous imprimer uniquement la catégorie affichée (répondre OUI)\n"
+                      "ou la liste de tous vos velmiras (répondre NON) ?"_s) ==
+          Boites::Reponse::Non)
+    liste_.AfficherCategorie(ToutesCategories());
+
+  FrmImprime dialogue(&liste_.Arbre());
+  if (dialogue.exec() != QDialog::Accepted) return;
+  if (boites.Question(Boites::Titre(), u"Voulez-vous lancer l'impression ?"_s) ==
+      Boites::Reponse::Oui)
+    Imprimer(dialogue.Choix());
+}
+
+void CommandesImpression::Imprimer(const ChoixListe &choix) {
+  std::optional<QString> fichier;
+  try {
+    const Sablier sablier;
+    const std::vector<Cle> cles = Cles(liste_.Arbre().Modele());
+    const TableAdresse table(session_.base);
+    Avancement avancement(fenetre_, u"Impression de la liste"_s,
+                          static_cast<qsizetype>(cles.size()));
+    fichier = ImprimerListe(session_.plateforme.imprimante,
+                            {.NomPerso = session_.reglages.rtcolor.NomPerso,
+                             .nombre = static_cast<qsizetype>(cles.size()),
+                             .instant = session_.plateforme.horloge.Maintenant()},
+                            choix, [&](qsizetype rang) -> std::optional<Correspondant> {
+                              if (!avancement.Montrer(rang)) return std::nullopt;
+                              return table.Lire(cles[static_cast<std::size_t>(rang)]);
+                            });
+  } catch (const Erreur &) {
+    fichier.reset();  // told like every other end of the printing
+  }
+  Boites &boites = session_.plateforme.boites;
+  if (!fichier)
+    boites.Information(u"Impression annulée"_s);
+  else if (!fichier->isEmpty())
+    boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(*fichier));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "directory/ImpressionListe.h"
+
+#include <QDialog>
+
+#include <array>
+
+class QCheckBox;
+
+/// Asks which lines of the records the printed list takes; all are ticked at first.
+class FrmImprime : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// Stands over the upper part of the list, as wide as it.
+  explicit FrmImprime(QWidget *liste);
+
+  ChoixListe Choix() const;
+
+ private:
+  std::array<QCheckBox *, 7> ChkImp{};
+};

@@ -1,0 +1,49 @@
+#pragma once
+// The list of correspondents on paper: plain lines, one under the other, page after page.
+
+#include "platform/Imprimante.h"
+#include "storage/Lignes.h"
+
+#include <QDateTime>
+#include <QString>
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+/// Which lines of a record are printed beside its name.
+struct ChoixListe {
+  bool domicile = true, travail = true, portable = true, fax = true;
+  bool mail = true, web = true, adresse = true;
+
+  friend bool operator==(const ChoixListe &, const ChoixListe &) = default;
+};
+
+/// What stands around the records.
+struct CadreListe {
+  QString NomPerso;
+  qsizetype nombre = 0;  ///< of the correspondents in the list
+  QDateTime instant;     ///< of the printing
+};
+
+/// A line of the list; one without text only takes its height.
+struct LigneListe {
+  QString texte;
+  Police police;
+
+  friend bool operator==(const LigneListe &, const LigneListe &) = default;
+};
+
+std::vector<LigneListe> LignesTete(const CadreListe &cadre);
+std::vector<LigneListe> LignesFiche(const Correspondant &fiche, const ChoixListe &choix);
+std::vector<LigneListe> LignesPied(const CadreListe &cadre);
+
+/// Gives the correspondent of a place in the list, from 0; nothing ends the printing.
+using LectureListe = std::function<std::optional<Correspondant>(qsizetype rang)>;
+
+/// Prints the list on the system's default printer; each correspondent is read when its turn has
+/// come. Gives the path of the file that was written, an empty text where the document went to a
+/// device, and nothing where it was given up: then, and when `lire` throws, nothing of it is
+/// printed.
+std::optional<QString> ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
+                                     const ChoixListe &choix, const LectureListe &lire);

@@ -1,0 +1,248 @@
+// The printed list: what its lines say, where they stand, and how it ends.
+
+#include "Outils.h"
+#include "directory/ImpressionListe.h"
+#include "platform/Erreurs.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr double kHauteurFeinte = 100;
+
+/// Pages 100 mm high, and lines as high as their font in points, times 0.4.
+class ImprimanteFeinte : public Imprimante {
+ public:
+  struct Ecrite {
+    qsizetype page;
+    double y;
+    QString texte;
+    Police police;
+  };
+
+  QStringList Noms() const override { return {u"HP"_s, u"Canon"_s, NomPdf()}; }
+  QString Courante() const override { return courante; }
+  QString ParDefaut() const override { return defaut; }
+  void Choisir(const QString &nom) override { courante = nom; }
+  void OuvrirPage(Orientation) override { FAIL() << "a page of an envelope"; }
+  bool OuvrirTexte(const QString &) override {
+    if (absente) return false;
+    pages = 1;
+    return true;
+  }
+  Millimetres HauteurPage() const override { return Millimetres(kHauteurFeinte); }
+  void NouvellePage() override { ++pages; }
+  void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
+    EXPECT_EQ(x, Millimetres());
+    lignes.push_back({pages, y.valeur, texte, police});
+  }
+  QString TerminerDocument() override {
+    terminee = true;
+    return fichier;
+  }
+  void AbandonnerDocument() override { abandonnee = true; }
+  Millimetres Largeur(const QString &, const Police &) const override { return {}; }
+  Millimetres HauteurLigne(const Police &police) const override {
+    return Millimetres(police.points * 0.4);
+  }
+
+  QString courante = u"Canon"_s, defaut = u"HP"_s, fichier;
+  bool absente = false, terminee = false, abandonnee = false;
+  qsizetype pages = 0;
+  std::vector<Ecrite> lignes;
+};
+
+/// Each line behind a letter for its font: T of the title, N of a name, t of a text, p of the small
+/// print; a line without text is "-".
+QString Textes(const std::vector<LigneListe> &lignes) {
+  QStringList textes;
+  for (const auto &[texte, police] : lignes) {
+    EXPECT_EQ(police.nom, u"Arial"_s);
+    const QString marque = police == Police{u"Arial"_s, 14, true, true}     ? u"T "_s
+                           : police == Police{u"Arial"_s, 10, true, true}   ? u"N "_s
+                           : police == Police{u"Arial"_s, 10, false, false} ? u"t "_s
+                           : police == Police{u"Arial"_s, 8, false, false}  ? u"p "_s
+                                                                            : u"? "_s;
+    textes.append(texte.isEmpty() ? u"-"_s : marque + texte);
+  }
+  return textes.join(u'|');
+}
+
+CadreListe Cadre(qsizetype nombre) {
+  return {u"Paul"_s, nombre, QDateTime(QDate(2026, 6, 5), QTime(9, 8, 7))};
+}
+
+/// Record n of a list; its name is n, and it has nothing else.
+std::optional<Correspondant> Numero(qsizetype n) {
+  Correspondant fiche;
+  fiche.NomVelmira = QString::number(n);
+  return fiche;
+}
+
+}  // namespace
+
+TEST(ImpressionListe, TeteEtPied) {
+  for (const auto &[nombre, texte] :
+       {std::pair{0, u"0 enregistrements"}, {1, u"1 enregistrements"}, {12, u"12 enregistrements"}})
+    EXPECT_EQ(Textes(LignesTete(Cadre(nombre))),
+              u"-|T Velmiras de Paul : "_s + QString::fromUtf16(texte) + u"|-|-|-|-"_s);
+  EXPECT_EQ(Textes(LignesPied(Cadre(2))),
+            u"-|-|-|p Imprimé le  05/06/2026  à  09:08:07|p Velmira"_s);
+}
+
+TEST(ImpressionListe, LignesDUneFiche) {
+  Correspondant pleine;
+  pleine.NomVelmira = u"Durand"_s;
+  pleine.Ligne1 = u"M. Durand"_s;
+  pleine.Ligne2 = u"a"_s;
+  pleine.Ligne3 = u"b"_s;
+  pleine.Ligne4 = u"c"_s;
+  pleine.Ligne5 = u"d"_s;
+  pleine.CodePostal = u"44000"_s;
+  pleine.Ville = u"Nantes"_s;
+  pleine.Pays = u"Belgique"_s;
+  pleine.Tel = u"01"_s;
+  pleine.TelTravail = u"02"_s;
+  pleine.Portable = u"03"_s;
+  pleine.Fax = u"04"_s;
+  pleine.Mail = u"d@x.fr"_s;
+  pleine.Web = u"x.fr"_s;
+  pleine.ListeRougeTel = pleine.ListeRougeTravail = true;
+  pleine.Commentaires = u"rien"_s;
+  const ChoixListe tout;
+  EXPECT_EQ(Textes(LignesFiche(pleine, tout)),
+            u"N Durand|t a - b - c - d - 44000 - Nantes|-|t Tél. domicile : 01 - Tél. travail : 02"
+            " - Portable : 03 - Fax : 04|t Email : d@x.fr - Site Web : x.fr|-"_s);
+
+  // One box unticked takes one part away. A, T and M stand for the whole lines above.
+  const struct {
+    bool ChoixListe::*boite;
+    const char16_t *reste;
+  } cas[] = {
+      {&ChoixListe::domicile, u"A|-|t Tél. travail : 02 - Portable : 03 - Fax : 04|M|-"},
+      {&ChoixListe::travail, u"A|-|t Tél. domicile : 01 - Portable : 03 - Fax : 04|M|-"},
+      {&ChoixListe::portable, u"A|-|t Tél. domicile : 01 - Tél. travail : 02 - Fax : 04|M|-"},
+      {&ChoixListe::fax, u"A|-|t Tél. domicile : 01 - Tél. travail : 02 - Portable : 03|M|-"},
+      {&ChoixListe::mail, u"A|-|T|t Site Web : x.fr|-"},
+      {&ChoixListe::web, u"A|-|T|t Email : d@x.fr|-"},
+      {&ChoixListe::adresse, u"-|T|M|-"},
+  };
+  for (const auto &c : cas) {
+    ChoixListe choix;
+    choix.*c.boite = false;
+    QString attendue = QString::fromUtf16(c.reste);
+    attendue.replace(u"|T|"_s,
+                     u"|t Tél. domicile : 01 - Tél. travail : 02 - Portable : 03"
+                     " - Fax : 04|"_s);
+    attendue.replace(u"A|"_s, u"t a - b - c - d - 44000 - Nantes|"_s);
+    attendue.replace(u"|M|"_s, u"|t Email : d@x.fr - Site Web : x.fr|"_s);
+    EXPECT_EQ(Textes(LignesFiche(pleine, choix)), u"N Durand|"_s + attendue);
+  }
+
+  const ChoixListe rien{false, false, false, false, false, false, false};
+  EXPECT_EQ(Textes(LignesFiche(pleine, rien)), u"N Durand|-|-"_s);
+
+  // Null and empty fields leave no trace, and no separator.
+  Correspondant vide;
+  vide.NomVelmira = u"Zoé"_s;
+  EXPECT_EQ(Textes(LignesFiche(vide, tout)), u"N Zoé|-|-"_s);
+  vide.Ligne2 = vide.Tel = vide.Fax = vide.Mail = u""_s;
+  vide.Ligne3 = u"b"_s;
+  vide.Ville = u"Nantes"_s;
+  vide.Portable = u"03"_s;
+  vide.Web = u"x.fr"_s;
+  EXPECT_EQ(Textes(LignesFiche(vide, tout)),
+            u"N Zoé|t b - Nantes|-|t Portable : 03|t Site Web : x.fr|-"_s);
+}
+
+TEST(ImpressionListe, PlacesDesLignes) {
+  ImprimanteFeinte imprimante;
+  EXPECT_EQ(ImprimerListe(imprimante, Cadre(2), {}, Numero), QString());
+  EXPECT_TRUE(imprimante.terminee);
+  EXPECT_FALSE(imprimante.abandonnee);
+  EXPECT_EQ(imprimante.courante, u"HP"_s);
+  const struct {
+    const char16_t *texte;
+    double y;
+  } attendues[] = {
+      {u"Velmiras de Paul : 2 enregistrements", 4},  // below the empty line
+      {u"0", 4 + 5 * 5.6},
+      {u"1", 32 + 3 * 4},
+      {u"Imprimé le  05/06/2026  à  09:08:07", 44 + 6 * 4},
+      {u"Velmira", 68 + 3.2},
+  };
+  ASSERT_EQ(imprimante.lignes.size(), std::size(attendues));
+  for (std::size_t i = 0; i < imprimante.lignes.size(); ++i) {
+    EXPECT_EQ(imprimante.lignes[i].texte, QString::fromUtf16(attendues[i].texte));
+    EXPECT_NEAR(imprimante.lignes[i].y, attendues[i].y, 1e-6);
+    EXPECT_EQ(imprimante.lignes[i].page, 1);
+  }
+}
+
+// No line is lost or cut at the end of a page, and a page is left only when it is full.
+TEST(ImpressionListe, Pages) {
+  for (const qsizetype nombre : {2, 3, 5, 6, 7, 8, 40, 500}) {
+    SCOPED_TRACE(nombre);
+    ImprimanteFeinte imprimante;
+    ASSERT_TRUE(ImprimerListe(imprimante, Cadre(nombre), {}, Numero));
+    const auto &lignes = imprimante.lignes;
+    ASSERT_EQ(lignes.size(), static_cast<std::size_t>(nombre) + 3);
+    for (qsizetype n = 0; n < nombre; ++n)
+      EXPECT_EQ(lignes[static_cast<std::size_t>(n) + 1].texte, QString::number(n));
+
+    // 25 lines of 4 mm fill a page; what stands above the first name is as high as 8.
+    for (qsizetype n = 0; n < nombre; ++n) {
+      const qsizetype ligne = 8 + 3 * n;
+      const auto &ecrite = lignes[static_cast<std::size_t>(n) + 1];
+      EXPECT_EQ(ecrite.page, 1 + ligne / 25);
+      EXPECT_NEAR(ecrite.y, static_cast<double>(ligne % 25) * 4, 1e-6);
+    }
+    for (const auto &ligne : lignes) EXPECT_LE(ligne.y + ligne.police.points * 0.4, kHauteurFeinte);
+    EXPECT_EQ(imprimante.pages, lignes.back().page);
+  }
+}
+
+// One correspondent alone is counted and not printed; its record is not even read.
+TEST(ImpressionListe, UnSeulCorrespondant) {
+  for (const qsizetype nombre : {0, 1}) {
+    ImprimanteFeinte imprimante;
+    const auto lire = [](qsizetype) -> std::optional<Correspondant> {
+      ADD_FAILURE() << "a record is read";
+      return std::nullopt;
+    };
+    EXPECT_EQ(ImprimerListe(imprimante, Cadre(nombre), {}, lire), QString());
+    ASSERT_EQ(imprimante.lignes.size(), 3u);
+    EXPECT_EQ(imprimante.lignes[0].texte, u"Velmiras de Paul : %1 enregistrements"_s.arg(nombre));
+    EXPECT_NEAR(imprimante.lignes[1].y, 32 + 12, 1e-6);
+  }
+}
+
+TEST(ImpressionListe, Fins) {
+  // The built-in printer gives a file, or has failed.
+  ImprimanteFeinte pdf;
+  pdf.defaut = Imprimante::NomPdf();
+  EXPECT_EQ(ImprimerListe(pdf, Cadre(2), {}, Numero), std::nullopt);
+  pdf.fichier = u"/tmp/Liste.pdf"_s;
+  EXPECT_EQ(ImprimerListe(pdf, Cadre(2), {}, Numero), u"/tmp/Liste.pdf"_s);
+
+  ImprimanteFeinte absente;
+  absente.absente = true;
+  EXPECT_EQ(ImprimerListe(absente, Cadre(2), {}, Numero), std::nullopt);
+  EXPECT_FALSE(absente.terminee);
+
+  // Stopped, or failing, at the last record: nothing of what was written goes out.
+  for (const bool panne : {false, true}) {
+    ImprimanteFeinte imprimante;
+    const auto lire = [panne](qsizetype rang) -> std::optional<Correspondant> {
+      if (rang < 2) return Numero(rang);
+      if (panne) throw ErreurFichier(u"panne"_s);
+      return std::nullopt;
+    };
+    if (panne)
+      EXPECT_THROW(ImprimerListe(imprimante, Cadre(3), {}, lire), ErreurFichier);
+    else
+      EXPECT_EQ(ImprimerListe(imprimante, Cadre(3), {}, lire), std::nullopt);
+    EXPECT_TRUE(imprimante.abandonnee);
+    EXPECT_FALSE(imprimante.terminee);
+  }
+}
