@@ -4,9 +4,11 @@
 #include "directory/FrmDepart.h"
 #include "directory/FrmVelmira.h"
 #include "envelope/FrmPlomex.h"
+#include "help/ToucheAide.h"
 #include "platform/Erreurs.h"
 #include "storage/Demarrage.h"
 #include "ui/Garde.h"
+#include "ui/Sablier.h"
 
 #include <QCoreApplication>
 #include <QScreen>
@@ -47,7 +49,16 @@ bool Programme::Demarrer() {
   depart_ = std::make_unique<FrmDepart>();
   depart_->show();
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // so that it is painted
-  if (!Demarrage(session_.plateforme, session_.dossiers).Executer()) {
+  std::optional<Sablier> sablier;
+  const auto annoncer = [&](const QString &texte) {
+    if (texte.isEmpty())
+      sablier.reset();
+    else if (!sablier)
+      sablier.emplace();
+    depart_->Annoncer(texte);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  };
+  if (!Demarrage(session_.plateforme.boites, session_.dossiers, annoncer).Executer()) {
     depart_->hide();
     return false;
   }
@@ -68,9 +79,11 @@ void Programme::Charger() {
   OuvrirBase();
 
   velmira_ = std::make_unique<FrmVelmira>(session_);
+  new ToucheAide(session_, this);
   plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
+  connect(velmira_.get(), &FrmVelmira::FinDemandee, this, &Programme::Terminer);
   const auto alertes = [this](QWidget *fenetre) {
     return Garde(session_.plateforme.boites, [this, fenetre] {
       FrmOptionsAnn(session_, velmira_->LeRepertoire(), fenetre).exec();
@@ -123,6 +136,14 @@ void Programme::VersRepertoire() {
   MettreDevant(*velmira_);
   PasserLentement();
   plomex_->hide();
+}
+
+void Programme::Terminer() {
+  fermeture_ = true;
+  session_.base.Fermer();
+  velmira_->hide();
+  plomex_->hide();
+  emit Termine();
 }
 
 void Programme::Fermer() {

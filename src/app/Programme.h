@@ -35,6 +35,8 @@ class Programme : public QObject {
   /// The pause between the two windows, where the user has asked for it.
   void PasserLentement();
   void Fermer();
+  /// Ends the program at once, without its closing.
+  void Terminer();
 
   Session session_;
   std::unique_ptr<FrmDepart> depart_;

@@ -5,6 +5,7 @@
 #include "calendar/Saints.h"
 #include "directory/Age.h"
 #include "directory/Categories.h"
+#include "directory/CommandesAppel.h"
 #include "directory/CommandesRecherche.h"
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
@@ -12,6 +13,8 @@
 #include "envelope/MiseEnLignes.h"
 #include "exchange/CommandesEchange.h"
 #include "exchange/SelectionClasseur.h"
+#include "help/CommandesAide.h"
+#include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
@@ -44,7 +47,7 @@ const QList<DescriptionBouton> kCommandes{
     {u"color-picker", u"  Change la couleur du fond", false, true},
     {u"mail-message-new", u"  Imprimer une enveloppe", true},
     {u"application-exit", u"  Quitter Velmira ?", true, true},
-    {u"call-start", u"  Appeler...?", false},
+    {u"call-start", u"  Appeler...?", true},
     {u"document-swap", u"  Importer ou exporter les données de Velmira", true},
     {u"x-office-spreadsheet", u"  Exporter les données dans Excel", true, true},
     {u"appointment-reminder", u"  Module des alertes", true},
@@ -174,12 +177,28 @@ void FrmVelmira::BrancherMenus() {
   brancher(ui_->mnuSupprimer, [this](bool) { CommandeBarre(kSupprimer); });
   brancher(ui_->mnuAgrandir, [this](bool) { CommandeBarre(kAgrandir); });
   brancher(ui_->mnuImpEnv, [this](bool) { CommandeBarre(kEnveloppe); });
+  appel_ = new CommandesAppel(
+      session_,
+      {ui_->mnuTel,
+       ui_->mnuMasquerTel,
+       ui_->mnuPort,
+       {ui_->mnuCom_0, ui_->mnuCom_1, ui_->mnuCom_2, ui_->mnuCom_3, ui_->mnuCom_4},
+       ui_->mnuVolume,
+       ui_->mnuADSL,
+       ui_->Barre->Bouton(kAppeler),
+       ui_->Fiche},
+      this);
+  new CommandesBase(
+      session_,
+      {ui_->mnuLiaison, ui_->mnuChemin, ui_->mnuTransfert, ui_->mnuRepComp, ui_->mnuRecup},
+      {[this] { CliquerRacine(); }, [this] { close(); }, [this] { emit FinDemandee(); }}, this);
   mnuInv_->setObjectName(u"mnuInv"_s);
   mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
   new CommandesEchange(session_, {ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer},
                        commandes_, this);
   new CommandesFetes(session_, ui_->mnuJF, ui_->mnuFete, ui_->mnuDate, this);
   menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
+  new CommandesAide(session_, ui_->mnuAide, this);
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
 }
@@ -199,8 +218,6 @@ void FrmVelmira::AppliquerReglages() {
 
   ui_->Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
   ui_->Fiche->MontrerAdresseImportee(plomex.Adresse);
-  ui_->Fiche->ActiverNumerotation(plomex.Telephone);
-  ui_->Barre->Bouton(kAppeler)->setVisible(!plomex.IcoMenu);
   const int points = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
   QFont font = this->font();
   font.setPointSize(points);
@@ -321,6 +338,9 @@ void FrmVelmira::CommandeBarre(int index) {
     case kQuitter:
       close();
       break;
+    case kAppeler:
+      appel_->Demander();
+      break;
     case kEchange:
       Derouler(mnuInv_, index);
       break;
@@ -375,6 +395,7 @@ void FrmVelmira::AllerAuxEnveloppes() {
 
 void FrmVelmira::PreparerFermeture() {
   EnregistrerNotes();
+  appel_->Raccrocher();
   if (!ui_->mnuMasquer->isChecked()) return;
   TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
   ui_->mnuMasquer->setChecked(false);

@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class CommandesAppel;
 class CommandesRecherche;
 class FrmLoupe;
 class MenuMemora;
@@ -39,6 +40,8 @@ class FrmVelmira : public QMainWindow {
   void EnveloppeDemandee();
   void AlertesDemandees();
   void FermetureDemandee();
+  /// The program is to end at once: it starts anew.
+  void FinDemandee();
 
  protected:
   void closeEvent(QCloseEvent *evenement) override;
@@ -76,6 +79,7 @@ class FrmVelmira : public QMainWindow {
   CommandesFiche commandes_;
   CommandesImpression impression_;
   std::unique_ptr<CommandesRecherche> recherche_;
+  CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
   std::unique_ptr<SelectionClasseur> classeur_;
   QMenu *mnuInv_;   ///< pop-up of the exchange file

@@ -38,6 +38,12 @@ PanneauFiche::PanneauFiche(QWidget *parent)
     Colorer(etiquette, CouleurNumero(false, palette()));
   for (QWidget *lien : {static_cast<QWidget *>(ui_->LblMail), static_cast<QWidget *>(ui_->LblWeb)})
     Colorer(lien, palette().color(QPalette::Link));
+  const std::array<QLabel *, 3> numeros{ui_->Lblphone, ui_->LblPhoneT, ui_->LblPort};
+  for (std::size_t i = 0; i < cmdTel_.size(); ++i)
+    connect(cmdTel_[i], &QToolButton::clicked, this,
+            [this, numero = numeros[i]] { emit AppelDemande(numero->text()); });
+  connect(ui_->LblMail, &QLabel::linkActivated, this, &PanneauFiche::CourrielDemande);
+  connect(ui_->LblWeb, &QLabel::linkActivated, this, &PanneauFiche::SiteDemande);
   ui_->TxtComments->installEventFilter(this);
   Vider();
 }

@@ -48,6 +48,10 @@ class PanneauFiche : public QWidget {
 
  signals:
   void NotesQuittees();
+  /// A dial button beside a number.
+  void AppelDemande(const QString &numero);
+  void CourrielDemande(const QString &adresse);
+  void SiteDemande(const QString &adresse);
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;

@@ -13,6 +13,8 @@
 #include "envelope/MiseEnPage.h"
 #include "envelope/Raccourci.h"
 #include "envelope/Tirage.h"
+#include "help/Aide.h"
+#include "help/CommandesAide.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Debrancher.h"
@@ -32,9 +34,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNouvelleAdresse = 0, kCarnet = 1, kQuitter = 2, kImprimer = 3, kExpediteur = 5,
-              kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9, kAlertes = 10,
-              kMemora = 11;
+constexpr int kNouvelleAdresse = 0, kCarnet = 1, kQuitter = 2, kImprimer = 3, kAide = 4,
+              kExpediteur = 5, kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9,
+              kAlertes = 10, kMemora = 11;
 constexpr int kToucheEntree = 13;
 
 const QList<DescriptionBouton> kCommandes{
@@ -42,7 +44,7 @@ const QList<DescriptionBouton> kCommandes{
     {u"view-pim-contacts", u"Carnet d'adresses", true, true},
     {u"application-exit", u"Quitter ?", true},
     {u"document-print", u"Imprimer", true},
-    {u"help-contents", u"Aide", false, true},
+    {u"help-contents", u"Aide", true, true},
     {u"user-identity", u"Expéditeur", true},
     {u"go-home", u"Accueil Velmira", true},
     {u"edit-comment", u"Ajouter un commentaire", true},
@@ -117,6 +119,7 @@ void FrmPlomex::BrancherMenus() {
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
   mnuInv3_ = new MenuMemora(session_, this);
   menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
+  new CommandesAide(session_, ui_->mnuAide, this);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 }
 
@@ -191,6 +194,9 @@ void FrmPlomex::CommandeBarre(int index) {
       break;
     case kNouveauVelmira:
       NouveauVelmira();
+      break;
+    case kAide:
+      OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath, SommaireAide());
       break;
     case kAlertes:
       emit AlertesDemandees();

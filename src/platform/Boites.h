@@ -26,6 +26,9 @@ class Boites {
   virtual Reponse Question(const QString &titre, const QString &texte,
                            Reponse defaut = Reponse::Oui) = 0;
 
+  /// OK or Annuler; false for Annuler and for closing the box.
+  virtual bool Confirmation(const QString &titre, const QString &texte) = 0;
+
   /// A line of text; `defaut` is proposed. Empty when the user cancels.
   virtual QString Saisie(const QString &titre, const QString &invite, const QString &defaut) = 0;
 

@@ -15,6 +15,16 @@ class Coquille {
   /// started.
   virtual bool Lancer(const QString &programme) = 0;
 
+  /// Whether a program is there to be started, by its path without the platform's suffix.
+  virtual bool PeutLancer(const QString &programme) const = 0;
+
+  /// Starts this program once more, with the arguments that it was given itself. A failure is
+  /// silent.
+  virtual void RelancerProgramme() = 0;
+
+  /// Shows the desktop's control of the sound. A failure is silent.
+  virtual void ReglerSon() = 0;
+
   /// Whether the user's desktop has a link of this name.
   virtual bool LienExiste(const QString &nom) const = 0;
 

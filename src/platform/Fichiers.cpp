@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -20,6 +21,11 @@ void SynchroniserDossier(const QString &dossier) {
   if (fd < 0) return;
   ::fsync(fd);
   ::close(fd);
+}
+
+ErreurFichier NonDeplace(const QString &ancien, const QString &nouveau, const QString &raison) {
+  return ErreurFichier(u"Le fichier « %1 » n'a pas pu être déplacé vers « %2 » :\n%3"_s.arg(
+      QDir::toNativeSeparators(ancien), QDir::toNativeSeparators(nouveau), raison));
 }
 
 }  // namespace
@@ -51,10 +57,13 @@ void EffacerFichier(const QString &chemin) {
 
 void RenommerFichier(const QString &ancien, const QString &nouveau) {
   QFile fichier(ancien);
-  if (!fichier.rename(nouveau))
-    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être déplacé vers « %2 » :\n%3"_s.arg(
-        QDir::toNativeSeparators(ancien), QDir::toNativeSeparators(nouveau),
-        fichier.errorString()));
+  if (!fichier.rename(nouveau)) throw NonDeplace(ancien, nouveau, fichier.errorString());
+  SynchroniserDossier(QFileInfo(nouveau).absolutePath());
+}
+
+void RemplacerParRenommage(const QString &ancien, const QString &nouveau) {
+  if (::rename(QFile::encodeName(ancien).constData(), QFile::encodeName(nouveau).constData()) != 0)
+    throw NonDeplace(ancien, nouveau, qt_error_string());
   SynchroniserDossier(QFileInfo(nouveau).absolutePath());
 }
 

@@ -17,4 +17,7 @@ void RemplacerFichier(const QString &chemin, const QByteArray &contenu);
 /// never replaces a file.
 void EffacerFichier(const QString &chemin);
 void RenommerFichier(const QString &ancien, const QString &nouveau);
+/// Renames within a folder and replaces what bears the new name, in one step. Throws
+/// `ErreurFichier`; both files are then as they were.
+void RemplacerParRenommage(const QString &ancien, const QString &nouveau);
 void CreerDossier(const QString &chemin);

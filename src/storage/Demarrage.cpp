@@ -1,9 +1,9 @@
 #include "storage/Demarrage.h"
 
+#include "platform/Enregistrable.h"
 #include "platform/Enregistrement.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
-#include "platform/PageDeCode.h"
 #include "storage/Base.h"
 #include "storage/MiseAJour.h"
 #include "storage/Reglages.h"
@@ -31,11 +31,6 @@ std::optional<QString> LireChemin(const QString &fichier) {
   return chemin;
 }
 
-/// A record holds neither a double quote nor a character outside the code page.
-bool EstEnregistrable(const QString &chemin) {
-  return !chemin.contains(u'"') && DepuisPageDeCode(VersPageDeCode(chemin)) == chemin;
-}
-
 }  // namespace
 
 QString SelRepertoire(Boites &boites, const QString &invite) {
@@ -51,9 +46,9 @@ bool DossierRefuse(const QString &chemin) {
   return !profil && haut.contains(u"PUBLIC"_s) && haut.contains(u"DEFAULT"_s);
 }
 
-Demarrage::Demarrage(Plateforme &plateforme, Dossiers &dossiers,
+Demarrage::Demarrage(Boites &boites, Dossiers &dossiers,
                      std::function<void(const QString &)> annoncer)
-    : plateforme_(plateforme), dossiers_(dossiers), annoncer_(std::move(annoncer)) {}
+    : boites_(boites), dossiers_(dossiers), annoncer_(std::move(annoncer)) {}
 
 bool Demarrage::Executer() {
   if (!LireCheminData() && !DemanderCheminData()) return false;
@@ -72,12 +67,11 @@ bool Demarrage::LireCheminData() {
 }
 
 bool Demarrage::DemanderCheminData() {
-  Boites &boites = plateforme_.boites;
-  boites.Information(
+  boites_.Information(
       u"Pour fonctionner avec les dernières versions de Windows,\n"
       "les données doivent être placées dans un répertoire spécifique, différent du répertoire de "
       "l'application."_s);
-  boites.Information(
+  boites_.Information(
       u"Sélectionnez uniquement le répertoire où seront enregistrées les données du programme sur "
       "le disque dur de votre ordinateur.\n\n"
       "Ce répertoire DOIT ETRE celui qui porte  \"VOTRE NOM D' UTILISATEUR\",   et dont "
@@ -91,12 +85,11 @@ bool Demarrage::DemanderCheminData() {
 }
 
 QString Demarrage::DemanderDossier() {
-  Boites &boites = plateforme_.boites;
   for (;;) {
-    const QString dossier =
-        SelRepertoire(boites, u"Sélectionnez uniquement le répertoire à votre NOM D'UTILISATEUR"_s);
+    const QString dossier = SelRepertoire(
+        boites_, u"Sélectionnez uniquement le répertoire à votre NOM D'UTILISATEUR"_s);
     if (!dossier.isEmpty() && !EstEnregistrable(dossier)) {
-      boites.Attention(
+      boites_.Attention(
           u"Le nom de ce répertoire contient un caractère qui ne peut pas être "
           "enregistré : \"%1\".\nChoisissez-en un autre."_s.arg(dossier));
       continue;
@@ -107,20 +100,19 @@ QString Demarrage::DemanderDossier() {
     const QString question = manque
                                  ? u"Ce renseignement est obligatoire ; voulez-vous continuer ?"_s
                                  : u"Ce répertoire n'est pas le bon ; voulez-vous continuer ?"_s;
-    if (boites.Question(Boites::Titre(), question) == Boites::Reponse::Oui) continue;
-    boites.Critique(manque ? u"Lancement du programme interrompu par défaut de renseignement !"_s
-                           : u"Lancement du programme interrompu par erreur de renseignement !"_s);
+    if (boites_.Question(Boites::Titre(), question) == Boites::Reponse::Oui) continue;
+    boites_.Critique(manque ? u"Lancement du programme interrompu par défaut de renseignement !"_s
+                            : u"Lancement du programme interrompu par erreur de renseignement !"_s);
     return {};
   }
 }
 
 void Demarrage::CreerCheminData(const QString &dossier) {
   dossiers_.CheminData = dossier + u"DataTrevona/DataVelmira"_s;
-  Boites &boites = plateforme_.boites;
-  Signaler(boites, [&] { CreerDossier(dossiers_.CheminData); });
+  Signaler(boites_, [&] { CreerDossier(dossiers_.CheminData); });
   const QString ancienne = dossiers_.AppPath + u"/Velmira.mdb"_s;
   if (EstFichier(ancienne))
-    Signaler(boites, [&] { RenommerFichier(ancienne, dossiers_.CheminData + u"/Velmira.mdb"_s); });
+    Signaler(boites_, [&] { RenommerFichier(ancienne, dossiers_.CheminData + u"/Velmira.mdb"_s); });
   EcrireChemin(dossiers_.AppPath + u"/CheminData.cfg"_s, dossiers_.CheminData);
 }
 
@@ -130,7 +122,6 @@ QString Demarrage::FichierCheminBase() const {
 }
 
 void Demarrage::ResoudreCheminBase() {
-  Boites &boites = plateforme_.boites;
   const QString fichier = FichierCheminBase();
   const auto enregistre = LireChemin(fichier);
   dossiers_.CheminBase = dossiers_.CheminData;
@@ -146,14 +137,14 @@ void Demarrage::ResoudreCheminBase() {
       (EstFichier(config + u"/Velmira.mdb"_s) || EchangeInterrompu(config))) {
     dossiers_.CheminBase = config;
   } else if (!config.contains(u"DataVelmira"_s) || !EstDossier(config)) {
-    boites.Information(
+    boites_.Information(
         u"Le chemin de la base de données enregistré n'est pas valide.\n"
         "Vous allez travailler avec la base située sur votre disque."_s);
     dossiers_.CheminBaseConfig = dossiers_.CheminData;
-    Signaler(boites, [&] { EffacerFichier(fichier); });
+    Signaler(boites_, [&] { EffacerFichier(fichier); });
     EcrireChemin(dossiers_.AppPath + u"/Cheminbase.cfg"_s, config);
   } else {
-    boites.Information(
+    boites_.Information(
         u"La base de données n'a pas encore été transférée dans le répertoire \"%1\" choisi pour "
         "travailler.\nVous allez donc, dans l'attente de ce transfert, travailler avec la base "
         "située sur votre disque."_s.arg(config));
@@ -163,8 +154,7 @@ void Demarrage::ResoudreCheminBase() {
 void Demarrage::DeplacerBaseLivree() {
   const QString livree = dossiers_.AppPath + u"/Velmira_base.mdb"_s;
   if (EstFichier(livree))
-    Signaler(plateforme_.boites,
-             [&] { RenommerFichier(livree, CheminBaseLivree(dossiers_.CheminBase)); });
+    Signaler(boites_, [&] { RenommerFichier(livree, CheminBaseLivree(dossiers_.CheminBase)); });
 }
 
 void Demarrage::PreparerBase() {
@@ -174,24 +164,22 @@ void Demarrage::PreparerBase() {
     MAJ_BDD();
     return;
   }
-  Boites &boites = plateforme_.boites;
   if (EchangeInterrompu(dossiers_.CheminBase))
-    Signaler(boites, [&] { ConvertirAlarme(dossiers_.AppPath); });
+    Signaler(boites_, [&] { ConvertirAlarme(dossiers_.AppPath); });
   // What a killed upgrade left half written is taken back under the name that its journal knows.
   Ignorer([&] { Base().Ouvrir(livree); });
-  Signaler(boites, [&] { RenommerFichier(livree, dossiers_.Base()); });
+  Signaler(boites_, [&] { RenommerFichier(livree, dossiers_.Base()); });
 }
 
 void Demarrage::MAJ_BDD() {
-  Boites &boites = plateforme_.boites;
   QString separateurTel, liaisonCP;
   LireLiaison(dossiers_.AppPath, separateurTel, liaisonCP);
-  const bool faite = Signaler(boites, [&] {
+  const bool faite = Signaler(boites_, [&] {
     try {
       SourceSqlite source(dossiers_.Base());
-      boites.Information(
+      boites_.Information(
           u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
-      boites.Information(
+      boites_.Information(
           u"NB :\n\n________________________\n\nLe caractère de liaison formatant les numéros "
           "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
           "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
@@ -204,7 +192,7 @@ void Demarrage::MAJ_BDD() {
           "démarrage."_s.arg(QDir::toNativeSeparators(dossiers_.Base()), erreur.Texte()));
     }
   });
-  if (faite) boites.Information(u"Mise à jour de la base terminée."_s);
+  if (faite) boites_.Information(u"Mise à jour de la base terminée."_s);
 }
 
 void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateurTel) {
@@ -235,5 +223,5 @@ void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateur
 void Demarrage::EcrireChemin(const QString &fichier, const QString &chemin) {
   RedacteurEnregistrement redacteur;
   redacteur.Ecrire(chemin);
-  Signaler(plateforme_.boites, [&] { RemplacerFichier(fichier, redacteur.Octets()); });
+  Signaler(boites_, [&] { RemplacerFichier(fichier, redacteur.Octets()); });
 }

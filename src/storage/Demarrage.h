@@ -1,7 +1,7 @@
 #pragma once
 // Where the data lives: what is settled before any window may touch a file or the database.
 
-#include "platform/Plateforme.h"
+#include "platform/Boites.h"
 #include "storage/Dossiers.h"
 
 #include <QString>
@@ -14,8 +14,7 @@ class Demarrage {
  public:
   /// `dossiers.AppPath` is known; the other folders are found here. `annoncer` gets a line on what
   /// takes its time, again and again as it goes on, and an empty one when that is over.
-  Demarrage(Plateforme &plateforme, Dossiers &dossiers,
-            std::function<void(const QString &)> annoncer);
+  Demarrage(Boites &boites, Dossiers &dossiers, std::function<void(const QString &)> annoncer);
 
   /// Finds the folders, asking the user where that is needed, and puts delivered and moved files
   /// into their places. A file or folder that cannot be written is told in the default error box,
@@ -39,7 +38,7 @@ class Demarrage {
   void EcrireChemin(const QString &fichier, const QString &chemin);
   QString FichierCheminBase() const;
 
-  Plateforme &plateforme_;
+  Boites &boites_;
   Dossiers &dossiers_;
   std::function<void(const QString &)> annoncer_;
 };

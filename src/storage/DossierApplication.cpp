@@ -5,6 +5,7 @@
 #include "platform/Fichiers.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QtEndian>
 
@@ -13,7 +14,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kBaseVide = u"Velmira_base.mdb"_s;
-const QString kInstallation = u"Installation.cfg"_s;  // schema version of the last base laid
+const QString kInstallation = u"Installation.cfg"_s;   // schema version of the last base laid
+const QString kEditionGuide = u"guide/edition.txt"_s;  // differs wherever the guide does
 
 /// Schema version that a database file bears: bytes 60 to 63 of its header, big-endian (the file
 /// format of SQLite, "user version"); -1 for no such file.
@@ -29,6 +31,23 @@ void Copier(const QString &source, const QString &cible) {
   const auto contenu = LireFichier(source);
   if (!contenu) throw ErreurFichier(u"Le fichier « %1 » ne peut pas être lu."_s.arg(source));
   RemplacerFichier(cible, *contenu);
+}
+
+/// The guide is the program's own: another edition replaces it. The mark comes last, so that a copy
+/// that was cut short is made again.
+void CopierGuide(const QDir &installe, const QDir &utilisateur) {
+  const QString source = installe.filePath(kEditionGuide);
+  const auto edition = LireFichier(source);
+  if (!edition || edition == LireFichier(utilisateur.filePath(kEditionGuide))) return;
+  QDirIterator fichiers(installe.filePath(u"guide"_s), QDir::Files, QDirIterator::Subdirectories);
+  while (fichiers.hasNext()) {
+    const QString fichier = fichiers.next();
+    if (fichier == source) continue;
+    const QString cible = utilisateur.filePath(installe.relativeFilePath(fichier));
+    CreerDossier(QFileInfo(cible).path());
+    Copier(fichier, cible);
+  }
+  Copier(source, utilisateur.filePath(kEditionGuide));
 }
 
 }  // namespace
@@ -55,5 +74,6 @@ QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierI
     redacteur.Ecrire(std::max(version, posee));
     RemplacerFichier(utilisateur.filePath(kInstallation), redacteur.Octets());
   }
+  Ignorer([&] { CopierGuide(installe, utilisateur); });  // the program does without
   return utilisateur.path();
 }

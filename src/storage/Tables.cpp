@@ -4,6 +4,8 @@
 
 #include <QMap>
 
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -156,6 +158,40 @@ void TableAdresse::ChangerCategories(const QString &nom,
   Requete ecriture(base_, uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s);
   for (const auto &[index, categories] : touchees)
     ecriture.Lier(regle(categories)).Lier(index).Executer();
+  transaction.Valider();
+}
+
+void TableAdresse::ReformaterTelephones(
+    const std::function<QString(const QString &)> &regle,
+    const std::function<void(qsizetype, qsizetype)> &avancement) {
+  using Numeros = std::array<QString, 4>;
+  constexpr qsizetype kPas = 200;  // records between two calls of `avancement`
+  Transaction transaction(base_);
+  QList<std::pair<Cle, Numeros>> changees;
+  Requete lecture(base_,
+                  uR"(SELECT "Index", "Tel", "Fax", "Portable", "TelTravail" FROM "Adresse")"
+                  uR"( ORDER BY "Index")"_s);
+  while (lecture.Suivante()) {
+    Numeros numeros;
+    bool change = false;
+    for (std::size_t i = 0; i < numeros.size(); ++i) {
+      const QString ancien = lecture.Texte(static_cast<int>(i) + 1);
+      numeros[i] = ancien.isEmpty() ? ancien : regle(ancien);
+      if (numeros[i].isNull() && !ancien.isNull()) numeros[i] = u""_s;
+      change |= numeros[i] != ancien;
+    }
+    if (change) changees.append({lecture.Entier(0), numeros});
+  }
+  Requete ecriture(base_,
+                   uR"(UPDATE "Adresse" SET "Tel"=?, "Fax"=?, "Portable"=?, "TelTravail"=?)"
+                   uR"( WHERE "Index"=?)"_s);
+  qsizetype faites = 0;
+  for (const auto &[index, numeros] : changees) {
+    for (const QString &numero : numeros) ecriture.Lier(numero);
+    ecriture.Lier(index);
+    Ignorer([&] { ecriture.Executer(); });
+    if (++faites % kPas == 0 || faites == changees.size()) avancement(faites, changees.size());
+  }
   transaction.Valider();
 }
 

@@ -59,6 +59,12 @@ class TableAdresse {
   /// them. No other mark is touched.
   void MasquerProteges(const QString &utilisateur, bool masquer);
 
+  /// Gives the four telephone numbers of every record the form that `regle` makes of them; null and
+  /// empty ones stay. A record that cannot be written is passed over. `avancement` is told from
+  /// time to time how many of how many records are done.
+  void ReformaterTelephones(const std::function<QString(const QString &)> &regle,
+                            const std::function<void(qsizetype, qsizetype)> &avancement);
+
   /// A record that another user has deleted meanwhile throws.
   void EcrireCommentaires(Cle index, const QString &texte);
   void EcrireCategories(Cle index, const QString &categories);

@@ -81,6 +81,11 @@ QString BoitesScenario::Saisie(const QString &titre, const QString &invite, cons
   return reponse.texte == u"ok"_s ? defaut : QString();
 }
 
+bool BoitesScenario::Confirmation(const QString &titre, const QString &texte) {
+  vues_.push_back({u"question"_s, titre, texte, {}});
+  return Repondre(vues_.back(), {u"ok"_s, u"annuler"_s}, false).texte == u"ok"_s;
+}
+
 Boites::Choix BoitesScenario::QuestionAnnulable(const QString &titre, const QString &texte) {
   vues_.push_back({u"question"_s, titre, texte, {}});
   const auto reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
@@ -139,7 +144,7 @@ void CoquilleScenario::Ouvrir(const QString &document) {
 }
 
 bool CoquilleScenario::Lancer(const QString &programme) {
-  if (absents_.contains(programme)) return false;
+  if (!PeutLancer(programme)) return false;
   lances_.push_back(programme);
   return true;
 }

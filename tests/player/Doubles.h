@@ -76,6 +76,7 @@ class BoitesScenario : public Boites {
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
   QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  bool Confirmation(const QString &titre, const QString &texte) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   /// Recorded with the filter as its text and the folder as what is proposed.
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
@@ -110,13 +111,18 @@ class BoitesScenario : public Boites {
   QStringList fautes_;
 };
 
-/// Every program can be started. A link is an empty file in the desktop folder `home/Bureau`.
+/// Every program can be started but those that were taken away. The program's own restart is
+/// recorded as the start of "Velmira", the sound control as that of "Volume". A link is an empty
+/// file in the desktop folder `home/Bureau`.
 class CoquilleScenario : public Coquille {
  public:
   explicit CoquilleScenario(const Monde &monde) : monde_(monde) {}
 
   void Ouvrir(const QString &document) override;
   bool Lancer(const QString &programme) override;
+  bool PeutLancer(const QString &programme) const override { return !absents_.contains(programme); }
+  void RelancerProgramme() override { lances_.push_back(monde_.Chemin(QStringLiteral("Velmira"))); }
+  void ReglerSon() override { lances_.push_back(monde_.Chemin(QStringLiteral("Volume"))); }
   bool LienExiste(const QString &nom) const override;
   void CreerLien(const QString &nom, const QString &programme) override;
 

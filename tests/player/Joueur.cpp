@@ -2,6 +2,7 @@
 
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "player/Accessibilite.h"
 #include "player/Echec.h"
 #include "player/Verbes.h"
 
@@ -112,6 +113,7 @@ void Joueur::ExecuterSuivante() {
     LaisserPasser();
     scene_->ecran.DonnerFocus();
     scene_->VerifierFautes();
+    if (const QWidget *fenetre = scene_->ecran.FenetreActive()) VerifierAccessibilite(*fenetre);
   } catch (const Reessayer &) {
     suivante_ = celleCi;
   } catch (const Echec &echec) {

@@ -101,6 +101,7 @@ QString Texte(const Controle &controle) {
 bool EstVisible(const Controle &controle) {
   if (controle.action != nullptr) return controle.action->isVisible();
   if (controle.widget == controle.fenetre) return controle.fenetre->isVisible();
+  if (const auto *menu = controle.En<QMenu>()) return menu->menuAction()->isVisible();
   return controle.widget->isVisibleTo(controle.fenetre);
 }
 

@@ -84,6 +84,42 @@ TEST_F(DossierApplicationTest, VersionDuSchema) {
   }
 }
 
+TEST_F(DossierApplicationTest, GuideDeChaqueEdition) {
+  ASSERT_TRUE(QDir().mkpath(Chemin(u"installe/guide/images"_s)));
+  const auto livrer = [this](const QByteArray &edition) {
+    Poser(u"installe/guide/edition.txt"_s, edition);
+    Poser(u"installe/guide/index.html"_s, "page " + edition);
+    Poser(u"installe/guide/images/options.png"_s, "image " + edition);
+  };
+  const auto aJour = [this](const QByteArray &edition) {
+    return Octets(u"home/Velmira/guide/edition.txt"_s) == edition &&
+           Octets(u"home/Velmira/guide/index.html"_s) == "page " + edition &&
+           Octets(u"home/Velmira/guide/images/options.png"_s) == "image " + edition;
+  };
+  livrer("1");
+  Trouver();
+  EXPECT_TRUE(aJour("1"));
+  Poser(u"home/Velmira/guide/index.html"_s, "");
+  Trouver();
+  EXPECT_EQ(Octets(u"home/Velmira/guide/index.html"_s), QByteArray()) << "copied at each start";
+  livrer("2");
+  Trouver();
+  EXPECT_TRUE(aJour("2"));
+}
+
+TEST_F(DossierApplicationTest, GuideQuiNeSeCopiePas) {
+  ASSERT_TRUE(QDir().mkpath(Chemin(u"installe/guide"_s)));
+  Poser(u"installe/guide/edition.txt"_s, "1");
+  Poser(u"installe/guide/index.html"_s, "page");
+  ASSERT_TRUE(QDir().mkpath(Chemin(u"home/Velmira"_s)));
+  Poser(u"home/Velmira/guide"_s, "in the way");
+  EXPECT_EQ(Trouver(), Chemin(u"home/Velmira"_s));
+  EXPECT_TRUE(BasePosee());
+  QFile::remove(Chemin(u"home/Velmira/guide"_s));
+  Trouver();
+  EXPECT_EQ(Octets(u"home/Velmira/guide/index.html"_s), QByteArray("page"));
+}
+
 TEST_F(DossierApplicationTest, SansFichiersInstalles) {
   QDir(Chemin(u"installe"_s)).removeRecursively();
   EXPECT_EQ(Trouver(), Chemin(u"home/Velmira"_s));

@@ -67,6 +67,13 @@ Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QStri
   }
 }
 
+bool BoitesSysteme::Confirmation(const QString &titre, const QString &texte) {
+  QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Ok | QMessageBox::Cancel,
+                    QApplication::activeWindow());
+  boite.setTextFormat(Qt::PlainText);
+  return boite.exec() == QMessageBox::Ok;
+}
+
 QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
                                const QString &filtre) {
   return QFileDialog::getOpenFileName(QApplication::activeWindow(), invite, dossier, filtre);

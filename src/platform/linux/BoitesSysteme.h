@@ -8,6 +8,7 @@ class BoitesSysteme : public Boites {
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
   QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  bool Confirmation(const QString &titre, const QString &texte) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
   std::optional<Couleur> ChoixCouleur(const Couleur &depart) override;

@@ -4,6 +4,7 @@
 #include "platform/Fichiers.h"
 #include "platform/linux/EntreeBureau.h"
 
+#include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
 #include <QFile>
@@ -41,6 +42,22 @@ bool CoquilleSysteme::Lancer(const QString &programme) {
   processus.setProgram(programme);
   processus.setWorkingDirectory(QFileInfo(programme).path());
   return processus.startDetached();
+}
+
+bool CoquilleSysteme::PeutLancer(const QString &programme) const {
+  const QFileInfo fichier(programme);
+  return fichier.isFile() && fichier.isExecutable();
+}
+
+void CoquilleSysteme::RelancerProgramme() {
+  QProcess::startDetached(QCoreApplication::applicationFilePath(),
+                          QCoreApplication::arguments().sliced(1));
+}
+
+void CoquilleSysteme::ReglerSon() {
+  // A mixer of its own first, then the page of the desktop's settings.
+  if (!QProcess::startDetached(u"pavucontrol"_s, {}))
+    QProcess::startDetached(u"gnome-control-center"_s, {u"sound"_s});
 }
 
 bool CoquilleSysteme::LienExiste(const QString &nom) const {

@@ -8,6 +8,9 @@ class CoquilleSysteme : public Coquille {
  public:
   void Ouvrir(const QString &document) override;
   bool Lancer(const QString &programme) override;
+  bool PeutLancer(const QString &programme) const override;
+  void RelancerProgramme() override;
+  void ReglerSon() override;
   bool LienExiste(const QString &nom) const override;
   void CreerLien(const QString &nom, const QString &programme) override;
 };

@@ -1,0 +1,196 @@
+#include "directory/CommandesAppel.h"
+
+#include "directory/PanneauFiche.h"
+#include "ui/Garde.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QScopeGuard>
+
+#include <limits>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A number as a whole: digits, with blanks, points and hyphens between, and a plus in front.
+bool EstNumero(const QString &texte) {
+  static const QRegularExpression kNumero(u"^ *\\+?[0-9 .-]*[0-9][0-9 .-]*$"_s);
+  return kNumero.match(texte).hasMatch();
+}
+
+/// A line end in a number would be a command of its own.
+QByteArray CommandeModem(QString numero) {
+  numero.removeIf([](QChar signe) { return signe < u' '; });
+  return "ATDT " + numero.toLatin1() + ";\r";
+}
+
+}  // namespace
+
+CommandesAppel::CommandesAppel(Session &session, const Controles &controles, QObject *parent)
+    : QObject(parent), session_(session), controles_(controles) {
+  Boites &boites = session_.plateforme.boites;
+  const auto brancher = [&](QAction *action, auto commande) {
+    connect(action, &QAction::triggered, this, Garde(boites, commande));
+  };
+  brancher(controles_.mnuTel, [this](bool active) { BasculerNumerotation(active); });
+  brancher(controles_.mnuMasquerTel, [this](bool masque) { Masquer(masque); });
+  for (std::size_t i = 0; i < controles_.mnuCom.size(); ++i)
+    brancher(controles_.mnuCom[i], [this, i](bool) { ChoisirPort(i); });
+  brancher(controles_.mnuVolume, [this](bool) { session_.plateforme.coquille.ReglerSon(); });
+  brancher(controles_.mnuADSL, [this](bool) {
+    session_.plateforme.coquille.Ouvrir(session_.dossiers.AppPath + u"/VelmiraADSL.pdf"_s);
+  });
+  connect(controles_.fiche, &PanneauFiche::AppelDemande, this,
+          Garde(boites, [this](const QString &numero) { AppelerFiche(numero); }));
+  connect(controles_.fiche, &PanneauFiche::CourrielDemande, this,
+          Garde(boites, [this](const QString &adresse) { Ecrire(adresse); }));
+  connect(controles_.fiche, &PanneauFiche::SiteDemande, this,
+          Garde(boites,
+                [this](const QString &adresse) { session_.plateforme.coquille.Ouvrir(adresse); }));
+
+  ReglagesPlomex &plomex = session_.reglages.plomex;
+  if (plomex.Telephone) plomex.IcoMenu = false;  // what is in use is not hidden
+  MajPort();
+  MajVisibles();
+}
+
+void CommandesAppel::Demander() {
+  Boites &boites = session_.plateforme.boites;
+  if (!session_.reglages.plomex.Telephone) {
+    boites.Information(
+        u"Cette fonction de numérotation doit être activée dans le menu 'Options'.\n"
+        "_____________________________\n"
+        "Si vous ne désirez pas l'activer, il vous est possible de masquer les icônes et menus en "
+        "rapport avec elle."_s);
+    return;
+  }
+  const QString reponse = boites.Saisie(Boites::Titre(),
+                                        u"Inscrire le numéro de téléphone à appeler,\n"
+                                        "ou l'adresse émail à velmiraer :"_s,
+                                        u""_s);
+  if (reponse.isEmpty()) return;
+  if (EstNumero(reponse))
+    Composer(reponse);
+  else if (reponse.contains(u'@'))
+    Ecrire(reponse);
+  else
+    boites.Information(u"Mauvaise adresse émail !"_s);
+}
+
+void CommandesAppel::AppelerFiche(const QString &numero) {
+  if (numero.trimmed().isEmpty())
+    session_.plateforme.boites.Critique(u"Pas de numéro valide"_s);
+  else
+    Composer(numero);
+}
+
+void CommandesAppel::Ecrire(const QString &adresse) {
+  session_.plateforme.coquille.Ouvrir(u"mailto:"_s + adresse);
+}
+
+void CommandesAppel::Composer(const QString &numero) {
+  Boites &boites = session_.plateforme.boites;
+  if (enCours_) {
+    boites.Information(u"Un appel est déjà en cours."_s);
+    return;
+  }
+  if (!boites.Confirmation(Boites::Titre(), u"Composition du numéro "_s + numero)) return;
+  PortSerie &port = session_.plateforme.port;
+  const quint8 numeroPort = session_.reglages.rtcolor.PortCom;
+  if (!port.Ouvrir(numeroPort)) {
+    boites.Information(u"COM"_s + QString::number(numeroPort) +
+                       u" n'est pas disponible. Utilisez le menu Port communication pour "
+                       "sélectionner un autre port de communication."_s);
+    return;
+  }
+  enCours_ = true;
+  const auto fin = qScopeGuard([&] {
+    port.Fermer();
+    enCours_ = false;
+  });
+  port.Ecrire(CommandeModem(numero));
+  AttendreModem();
+  port.Ecrire("ATH\r");
+}
+
+void CommandesAppel::AttendreModem() {
+  PortSerie &port = session_.plateforme.port;
+  QByteArray ReponseModem;
+  const auto repondu = [&] { return ReponseModem.contains("OK"); };
+  FinAppel = false;
+  session_.plateforme.horloge.AttendreQue([&] {
+    ReponseModem += port.Lire();
+    return FinAppel || repondu() || !port.Vivant();
+  });
+  if (FinAppel) return;
+  Boites &boites = session_.plateforme.boites;
+  if (repondu())
+    boites.Information(u"Appuyez sur le bouton OK pour raccrocher."_s);
+  else if (!port.Vivant())
+    boites.Information(u"La liaison avec le modem a été interrompue : l'appel est terminé."_s);
+}
+
+void CommandesAppel::ChoisirPort(std::size_t choix) {
+  if (choix + 1 < controles_.mnuCom.size())
+    ChangerPort(static_cast<quint8>(choix + 1));
+  else
+    DemanderPort();
+}
+
+void CommandesAppel::DemanderPort() {
+  MajPort();  // until another port is told, the mark stays with the old one
+  Boites &boites = session_.plateforme.boites;
+  const QString reponse = boites.Saisie(Boites::Titre(), u"Indiquez le numéro du port :"_s, u""_s);
+  if (reponse.isEmpty()) return;
+  bool nombre = false;
+  const int port = reponse.toInt(&nombre);
+  if (!nombre || port < 1 || port > std::numeric_limits<quint8>::max())
+    boites.Information(u"Valeur non conforme !"_s);
+  else
+    ChangerPort(static_cast<quint8>(port));
+}
+
+void CommandesAppel::ChangerPort(quint8 port) {
+  session_.reglages.rtcolor.PortCom = port;
+  MajPort();
+  EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+}
+
+void CommandesAppel::MajPort() {
+  const std::size_t autre = controles_.mnuCom.size() - 1;
+  const std::size_t port = session_.reglages.rtcolor.PortCom;
+  const std::size_t choix = port >= 1 && port <= autre ? port - 1 : autre;
+  for (std::size_t i = 0; i < controles_.mnuCom.size(); ++i)
+    controles_.mnuCom[i]->setChecked(i == choix);
+}
+
+void CommandesAppel::BasculerNumerotation(bool active) {
+  ReglagesPlomex &plomex = session_.reglages.plomex;
+  plomex.Telephone = active;
+  if (active) plomex.IcoMenu = false;
+  MajVisibles();
+  if (!active &&
+      session_.plateforme.boites.Question(
+          Boites::Titre(),
+          u"Voulez-vous masquer les icônes et menus en rapport avec la numérotation ?"_s) ==
+          Boites::Reponse::Oui)
+    Masquer(true);
+}
+
+void CommandesAppel::Masquer(bool masque) {
+  session_.reglages.plomex.IcoMenu = masque;
+  MajVisibles();
+}
+
+void CommandesAppel::MajVisibles() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  controles_.mnuTel->setChecked(plomex.Telephone);
+  controles_.mnuMasquerTel->setChecked(plomex.IcoMenu);
+  controles_.mnuMasquerTel->setEnabled(!plomex.Telephone);
+  controles_.mnuPort->menuAction()->setVisible(!plomex.IcoMenu);
+  controles_.mnuVolume->setVisible(!plomex.IcoMenu);
+  controles_.bouton->setVisible(!plomex.IcoMenu);
+  controles_.fiche->ActiverNumerotation(plomex.Telephone);
+}

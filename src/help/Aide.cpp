@@ -1,0 +1,52 @@
+#include "help/Aide.h"
+
+#include "platform/Coquille.h"
+#include "platform/Erreurs.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QUrl>
+
+using namespace Qt::StringLiterals;
+
+QString SommaireAide() {
+  return u"index.html"_s;
+}
+
+QString PageAide(const QString &fenetre) {
+  static const QHash<QString, QString> kPages{
+      {u"FrmDepart"_s, u"index.html#demarrage"_s},
+      {u"FrmAPROPOS"_s, u"index.html"_s},
+      {u"FrmVelmira"_s, u"repertoire.html"_s},
+      {u"FrmNewMod"_s, u"repertoire.html#fiche"_s},
+      {u"FrmClavier"_s, u"repertoire.html#recherche"_s},
+      {u"FrmLoupe"_s, u"repertoire.html#loupe"_s},
+      {u"FrmTaillepg"_s, u"repertoire.html#apparence"_s},
+      {u"FrmCalendrier"_s, u"calendrier.html#mois"_s},
+      {u"FrmImprime"_s, u"echanges.html#imprimer"_s},
+      {u"FrmLiaison"_s, u"maintenance.html#separateur"_s},
+      {u"FrmOptionsAnn"_s, u"alertes.html"_s},
+      {u"FrmPlomex"_s, u"enveloppes.html"_s},
+      {u"FrmTaille"_s, u"enveloppes.html#format"_s},
+      {u"FrmConfigure"_s, u"enveloppes.html#configurer"_s},
+      {u"FrmOptions"_s, u"enveloppes.html#options"_s},
+      {u"FrmVueAV"_s, u"enveloppes.html#apercu"_s},
+      {u"FrmNouveau"_s, u"enveloppes.html#adresses"_s},
+      {u"FrmCP"_s, u"enveloppes.html#codes-postaux"_s},
+      {u"FrmCode"_s, u"enveloppes.html#codes-postaux"_s},
+      {u"FrmCarnet"_s, u"enveloppes.html#carnet"_s},
+      {u"FrmEnCours"_s, u"enveloppes.html#multiples"_s},
+  };
+  return kPages.value(fenetre);
+}
+
+void OuvrirAide(Coquille &coquille, const QString &appPath, const QString &page) {
+  const QString fichier = appPath + u"/guide/"_s + page.section(u'#', 0, 0);
+  if (!QFileInfo(fichier).isFile())
+    throw ErreurFichier(
+        u"La page « %1 » de l'aide est introuvable."_s.arg(QDir::toNativeSeparators(fichier)));
+  QUrl adresse = QUrl::fromLocalFile(fichier);
+  if (const QString ancre = page.section(u'#', 1); !ancre.isEmpty()) adresse.setFragment(ancre);
+  coquille.Ouvrir(adresse.toString(QUrl::FullyEncoded));
+}

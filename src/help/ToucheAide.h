@@ -1,0 +1,21 @@
+#pragma once
+
+#include "session/Session.h"
+
+#include <QObject>
+
+/// F1 opens the guide at the page of the window that has the focus, for as long as this object
+/// lives. A window without a page of its own, as a message box, has that of the window that it
+/// belongs to.
+class ToucheAide : public QObject {
+  Q_OBJECT
+
+ public:
+  ToucheAide(Session &session, QObject *parent);
+
+ protected:
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+ private:
+  Session &session_;
+};

@@ -1,0 +1,301 @@
+#include "maintenance/CommandesBase.h"
+
+#include "directory/Telephone.h"
+#include "maintenance/FrmLiaison.h"
+#include "maintenance/TransfertBase.h"
+#include "platform/Enregistrable.h"
+#include "platform/Enregistrement.h"
+#include "platform/Fichiers.h"
+#include "storage/Demarrage.h"
+#include "storage/Tables.h"
+#include "ui/Garde.h"
+#include "ui/Sablier.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// The word that the path of every data folder contains.
+QString NomDossier() {
+  return u"DataVelmira"_s;
+}
+
+QString BaseDe(const QString &dossier) {
+  return dossier + u"/Velmira.mdb"_s;
+}
+
+bool EstDossierDeDonnees(const QString &chemin) {
+  return chemin.contains(NomDossier()) && QFileInfo(chemin).isDir();
+}
+
+QString Important(const QString &texte) {
+  return u"IMPORTANT !\n\n"_s + QString(60, u'_') + u"\n\n"_s + texte;
+}
+
+/// Refuses a path that its file could not give back.
+void Verifier(const QString &chemin) {
+  if (!EstEnregistrable(chemin))
+    throw ErreurFichier(
+        u"Le répertoire « %1 » ne peut pas être enregistré : son nom contient un caractère que le "
+        "fichier des réglages n'admet pas."_s.arg(QDir::toNativeSeparators(chemin)));
+}
+
+/// A separator of several signs is taken out as a whole: sign by sign, the rule of the numbers
+/// would leave some of them. One with digits cannot be told from the number.
+QString SansLiaison(QString numero, const QString &separateur) {
+  const bool chiffre =
+      std::ranges::any_of(separateur, [](QChar c) { return c >= u'0' && c <= u'9'; });
+  if (!separateur.isEmpty() && !chiffre) numero.remove(separateur);
+  return numero;
+}
+
+ErreurFichier Introuvable(const QString &programme) {
+  return ErreurFichier(
+      u"Le programme « %1 » ne peut pas être lancé."_s.arg(QDir::toNativeSeparators(programme)));
+}
+
+}  // namespace
+
+CommandesBase::CommandesBase(Session &session, const Actions &actions, Programme programme,
+                             QWidget *fenetre)
+    : QObject(fenetre), session_(session), programme_(std::move(programme)), fenetre_(fenetre) {
+  const auto brancher = [this](QAction *action, void (CommandesBase::*commande)()) {
+    connect(action, &QAction::triggered, this,
+            Garde(session_.plateforme.boites, [this, commande](bool) { (this->*commande)(); }));
+  };
+  brancher(actions.mnuLiaison, &CommandesBase::ChangerLiaison);
+  brancher(actions.mnuChemin, &CommandesBase::ChangerChemin);
+  brancher(actions.mnuTransfert, &CommandesBase::Transferer);
+  brancher(actions.mnuRepComp, &CommandesBase::Reparer);
+  brancher(actions.mnuRecup, &CommandesBase::Recuperer);
+}
+
+void CommandesBase::ChangerLiaison() {
+  Boites &boites = session_.plateforme.boites;
+  boites.Information(
+      u"Le caractère de liaison formatant les numéros téléphoniques est actuellement : \""_s +
+      session_.reglages.SeparateurTel +
+      u"\"\nEn cas de fonctionnement réseau, son changement affectera tous les utilisateurs."_s);
+  const QString ancien = session_.reglages.SeparateurTel;
+  FrmLiaison dialogue(boites, ancien, fenetre_);
+  if (dialogue.exec() != QDialog::Accepted) return;
+  const QString separateur = dialogue.Separateur();
+  EcrireLiaison(session_.dossiers.AppPath, separateur, session_.enveloppe.LiaisonCP);
+  session_.reglages.SeparateurTel = separateur;
+
+  boites.Information(u"Votre base de données doit être mise à jour."_s);
+  programme_.afficherRacine();
+  {
+    const Sablier sablier;
+    TableAdresse(session_.base)
+        .ReformaterTelephones(
+            [&](const QString &numero) {
+              return FormatTelephone(SansLiaison(numero, ancien), separateur);
+            },
+            [](qsizetype, qsizetype) {  // the windows go on being painted
+              QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            });
+  }
+  boites.Information(u"La base a été mise à jour avec succès."_s);
+}
+
+QString CommandesBase::ChoisirDossier(const QString &invite) {
+  QString dossier = SelRepertoire(session_.plateforme.boites, invite);
+  if (dossier.size() > 1 && dossier.endsWith(u'/')) dossier.chop(1);
+  return dossier;
+}
+
+void CommandesBase::EnregistrerChemin(const QString &chemin) {
+  Verifier(chemin);
+  RedacteurEnregistrement redacteur;
+  redacteur.Ecrire(chemin);
+  // The other spelling of the name would be read first. It goes first: the two may be one file.
+  if (const QString autre = session_.dossiers.AppPath + u"/CheminBase.cfg"_s;
+      QFileInfo(autre).isFile())
+    EffacerFichier(autre);
+  RemplacerFichier(session_.dossiers.AppPath + u"/Cheminbase.cfg"_s, redacteur.Octets());
+  session_.dossiers.CheminBaseConfig = chemin;
+}
+
+void CommandesBase::ChangerChemin() {
+  Boites &boites = session_.plateforme.boites;
+  const Dossiers &dossiers = session_.dossiers;
+  const auto absent = [&](const QString &nom) {
+    return !QFileInfo(dossiers.AppPath + u'/' + nom).isFile();
+  };
+  if (absent(u"CheminBase.cfg"_s) && absent(u"Cheminbase.cfg"_s))
+    EnregistrerChemin(dossiers.CheminBase);
+
+  const QString actuel = dossiers.CheminBaseConfig;
+  boites.Information(u"Le chemin actuel de la base de données, choisi pour travailler, est \n\n"_s +
+                     QDir::toNativeSeparators(actuel));
+  boites.Information(
+      u"Mais vous pouvez aussi utiliser une base de données située sur le serveur en cas "
+      "d'utilisation réseau.\n\n"
+      "Sélectionnez le répertoire (...\\...\\DataVelmira) sur votre disque ou sur le serveur pour "
+      "faire votre choix."_s);
+  if (!actuel.isEmpty() && !EstDossierDeDonnees(actuel))
+    boites.Information(u"Le répertoire enregistré \""_s + QDir::toNativeSeparators(actuel) +
+                       u"\" est invalide. \nIl faut le définir à nouveau."_s);
+  boites.Information(
+      u"Si vous désirez choisir un répertoire sur le serveur (utilisation réseau), et qu'il "
+      "n'existe pas, il vous faudra, en premier lieu, le créer.\n\n"
+      "Cliquez alors sur \"Annuler\" dans ce qui va suivre."_s);
+  while (!ChoisirChemin()) {
+  }
+}
+
+bool CommandesBase::ChoisirChemin() {
+  Boites &boites = session_.plateforme.boites;
+  const QString dossier = ChoisirDossier(
+      u"Sélectionnez le répertoire (...\\...\\DataVelmira), sur votre disque ou sur le serveur."_s);
+  if (dossier.isEmpty()) return CreerDossierBase() || Renoncer();
+  if (!EstDossierDeDonnees(dossier)) {
+    boites.Information(
+        u"Le répertoire choisi n'est pas DataVelmira.\n\n"
+        "Dans l'attente de refaire votre choix, vous allez travailler avec les données "
+        "enregistrées sur votre disque."_s);
+    EnregistrerChemin(session_.dossiers.CheminData);
+    return true;
+  }
+  const bool vide = QDir(dossier).isEmpty(QDir::Files);
+  if (vide &&
+      Accepte(u"Vous n'avez pas encore transféré la base de données située dans le répertoire "
+              "...\\NOM_UTILISATEUR\\DataTrevona\\DataVelmira de votre disque.\n"
+              "Dans cette attente, vous allez travailler avec les données enregistrées sur votre "
+              "disque.\n\n"
+              "Voulez-vous changer de répertoire ?"_s))
+    return false;
+  EnregistrerChemin(dossier);
+  boites.Information(
+      u"Il vous faudra fermer et relancer le programme pour prendre en compte le nouveau "
+      "chemin."_s);
+  boites.Information(Important(
+      u"En cas de changement de chemin, pensez à transfèrer la base de données dans laquelle vous "
+      "avez travaillé, dans le répertoire du nouveau chemin (notamment lors de la création d'un "
+      "nouveau répertoire)."_s));
+  return true;
+}
+
+bool CommandesBase::CreerDossierBase() {
+  if (!Accepte(u"Si le répertoire (...\\...\\DataVelmira) n'existe pas sur le serveur,\n"
+               "Voulez-vous le créer maintenant ?"_s))
+    return false;
+  const QString lieu = ChoisirDossier(
+      u"Sélectionnez le répertoire du serveur où vous voulez créer le répertoire "
+      "(...\\...\\DataVelmira)."_s);
+  if (lieu.isEmpty()) return false;
+  const QString dossier = lieu + u'/' + NomDossier();
+  Verifier(dossier);
+  CreerDossier(dossier);
+  EnregistrerChemin(dossier);
+  session_.plateforme.boites.Information(Important(
+      u"Vous devrez tranfèrer le contenu du répertoire NOM_UTILISATEUR\\DataTrevona\\DataVelmira "
+      "de votre disque, dans ce répertoire nouvellement créé, puis relancer le programme pour "
+      "utiliser ce support.\n\n"
+      "Vous pouvez le faire manuellement ou à l'aide de la commande Options \\ Transfert des "
+      "données.\n\n"
+      "Dans cette attente, vous allez travailler avec les données enregistrées sur votre disque."_s));
+  return true;
+}
+
+bool CommandesBase::Renoncer() {
+  if (Accepte(u"Vous devez faire le choix du répertoire, ou bien vous allez travailler avec les "
+              "données enregistrées sur votre disque.\n\n"
+              "Voulez-vous refaire le choix du répertoire ?"_s))
+    return false;
+  session_.plateforme.boites.Information(
+      u"Vous allez travailler avec les données enregistrées sur votre disque."_s);
+  EnregistrerChemin(session_.dossiers.CheminData);
+  return true;
+}
+
+bool CommandesBase::Accepte(const QString &question, Boites::Reponse defaut) {
+  return session_.plateforme.boites.Question(Boites::Titre(), question, defaut) ==
+         Boites::Reponse::Oui;
+}
+
+QString CommandesBase::DossierATransferer(const QString &invite) {
+  Boites &boites = session_.plateforme.boites;
+  const QString dossier = ChoisirDossier(invite);
+  if (dossier.isEmpty())
+    boites.Critique(u"Procédure annulée !"_s);
+  else if (!dossier.contains(NomDossier()))
+    boites.Critique(u"Vous avez choisi un mauvais répertoire ; procédure annulée !"_s);
+  else
+    return dossier;
+  return {};
+}
+
+void CommandesBase::Transferer() {
+  Boites &boites = session_.plateforme.boites;
+  if (!Accepte(u"ATTENTION !\n\n"
+               "Vous avez bien conscience que les données transférées vont écraser\n"
+               "(c'est à dire remplacer) celles du répertoire de destination.\n\n"
+               "Continuer ?"_s,
+               Boites::Reponse::Non))
+    return;
+  boites.Information(
+      u"Les répertoires \"Source\" et \"Destination\" sont toujours, sur les supports choisis, "
+      "\"\\...\\...\\DataVelmira\"."_s);
+  boites.Information(u"Indiquez le répertoire source où se trouvent les données à tranfèrer."_s);
+  const QString source = DossierATransferer(
+      u"Sélectionnez le répertoire source où se trouvent les données à copier."_s);
+  if (source.isEmpty()) return;
+  if (!QFileInfo(BaseDe(source)).isFile()) {
+    boites.Critique(
+        u"La base de données n'est pas présente dans ce répertoire ; procédure annulée !"_s);
+    return;
+  }
+  boites.Information(
+      u"Puis indiquez le répertoire de destination où seront tranfèrées les données."_s);
+  const QString destination = DossierATransferer(
+      u"Désignez le répertoire de destination dans lequel seront transférées les données."_s);
+  if (destination.isEmpty()) return;
+  if (!Accepte(u"Lancer le transfert ?"_s, Boites::Reponse::Non)) return;
+  {
+    const Sablier sablier;
+    session_.base.Fermer();
+    Ignorer([&] { TransfererBase(BaseDe(source), BaseDe(destination)); });
+    Ignorer([&] { session_.base.Ouvrir(session_.dossiers.Base()); });
+  }
+  boites.Information(
+      u"Les données ont été transférées avec succès.\n"
+      "Le programme doit être fermé et relancé."_s);
+  session_.plateforme.coquille.RelancerProgramme();
+  programme_.terminer();
+}
+
+void CommandesBase::Reparer() {
+  if (!Accepte(u"Réparer et compacter la base de données ?"_s)) return;
+  const QString brikel = session_.dossiers.AppPath + u"/Brikel"_s;
+  Coquille &coquille = session_.plateforme.coquille;
+  if (!coquille.PeutLancer(brikel)) throw Introuvable(brikel);  // before the window has gone
+  programme_.fermer();
+  QCoreApplication::processEvents();
+  if (session_.base.Ouverte()) return;  // the closing has failed, and was told
+  if (!coquille.Lancer(brikel)) throw Introuvable(brikel);
+}
+
+void CommandesBase::Recuperer() {
+  if (session_.reglages.sauvan.RecuperationFaite != 0) {
+    session_.plateforme.boites.Information(
+        u"Les données de Plomex'Print et Ondalis on déjà été récupèrées."_s);
+    return;
+  }
+  if (!Accepte(u"Un utilitaire (Sauvan.exe)\n"
+               "permet de récupèrer les données de Plomex'Print et Ondalis,\n"
+               "pour ceux qui les utilisaient.\n\n"
+               "Voulez-vous le lancer ?"_s))
+    return;
+  const QString sauvan = session_.dossiers.AppPath + u"/Sauvan"_s;
+  if (!session_.plateforme.coquille.Lancer(sauvan)) throw Introuvable(sauvan);
+  programme_.fermer();
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "session/Session.h"
+
+#include <QObject>
+
+#include <functional>
+
+class QAction;
+class QWidget;
+
+/// The commands of the menu "Options" that concern the database as a whole: the form of the
+/// telephone numbers, the folder, the copy to another folder, repair and recovery by companions.
+class CommandesBase : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Actions {
+    QAction *mnuLiaison, *mnuChemin, *mnuTransfert, *mnuRepComp, *mnuRecup;
+  };
+
+  /// What the directory window and the program give to the commands.
+  struct Programme {
+    std::function<void()> afficherRacine;  ///< selects the first node of the tree and clicks it
+    std::function<void()> fermer;          ///< closes the program as its close box does
+    std::function<void()> terminer;        ///< ends the program at once; nothing more is written
+  };
+
+  CommandesBase(Session &session, const Actions &actions, Programme programme, QWidget *fenetre);
+
+ private:
+  void ChangerLiaison();
+  void ChangerChemin();
+  void Transferer();
+  void Reparer();
+  void Recuperer();
+
+  /// One choice of the folder; false when it has to be made again.
+  bool ChoisirChemin();
+  /// Makes a data folder where the user wants it, and records it. False when none is wanted.
+  bool CreerDossierBase();
+  /// Records the local folder for want of a choice. False when the choice is to be made again.
+  bool Renoncer();
+  /// Throws `ErreurFichier` for a path that cannot be stored too.
+  void EnregistrerChemin(const QString &chemin);
+  /// The folder that the user picks, without a trailing separator; empty for a cancel.
+  QString ChoisirDossier(const QString &invite);
+  /// A data folder for the copy; empty, with the message that says so, when the procedure ends.
+  QString DossierATransferer(const QString &invite);
+  bool Accepte(const QString &question, Boites::Reponse defaut = Boites::Reponse::Oui);
+
+  Session &session_;
+  Programme programme_;
+  QWidget *fenetre_;
+};

@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+/// Puts the database of one file into the place of another, whole, whoever works on either at this
+/// time. A destination that others may have open takes the rows of the source in one transaction,
+/// and they see them; one that is missing or is no database of ours is replaced by a new file. A
+/// source of another kind is copied as it is. A file onto itself changes nothing.
+///
+/// Throws `ErreurBase` or `ErreurFichier`; the destination is then as it was.
+void TransfererBase(const QString &source, const QString &destination);

@@ -1,0 +1,77 @@
+#include "player/Accessibilite.h"
+
+#include "player/Echec.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMainWindow>
+#include <QMap>
+#include <QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Parts of a control of the toolkit, which is what the user meets.
+bool EstInterne(const QWidget *widget) {
+  return widget->focusProxy() != nullptr || widget->objectName().startsWith(u"qt_"_s);
+}
+
+QChar Mnemonique(const QString &texte) {
+  for (qsizetype i = texte.indexOf(u'&'); i >= 0 && i + 1 < texte.size();
+       i = texte.indexOf(u'&', i + 2))
+    if (texte[i + 1] != u'&') return texte[i + 1].toUpper();
+  return {};
+}
+
+class Mnemoniques {
+ public:
+  void Prendre(const QString &texte) {
+    const QChar touche = Mnemonique(texte);
+    if (touche.isNull()) return;
+    Exiger(!prises_.contains(touche), u"Alt+%1 stands for \"%2\" and for \"%3\""_s.arg(touche).arg(
+                                          prises_.value(touche), texte));
+    prises_[touche] = texte;
+  }
+
+ private:
+  QMap<QChar, QString> prises_;
+};
+
+void VerifierMenu(const QMenu &menu) {
+  Mnemoniques mnemoniques;
+  for (const QAction *action : menu.actions()) {
+    if (!action->isVisible()) continue;
+    mnemoniques.Prendre(action->text());
+    if (action->menu() != nullptr) VerifierMenu(*action->menu());
+  }
+}
+
+}  // namespace
+
+void VerifierAccessibilite(const QWidget &fenetre) {
+  Mnemoniques mnemoniques;
+  for (const auto *barre : fenetre.findChildren<QMenuBar *>()) {
+    if (barre->window() != &fenetre) continue;
+    for (const QAction *action : barre->actions()) {
+      mnemoniques.Prendre(action->text());
+      if (action->menu() != nullptr) VerifierMenu(*action->menu());
+    }
+  }
+  for (QWidget *widget : fenetre.findChildren<QWidget *>()) {
+    if (widget->window() != &fenetre || !widget->isVisible() || !widget->isEnabled()) continue;
+    if (const auto *bouton = qobject_cast<QAbstractButton *>(widget))
+      mnemoniques.Prendre(bouton->text());
+    else if (const auto *groupe = qobject_cast<QGroupBox *>(widget))
+      mnemoniques.Prendre(groupe->title());
+    else if (const auto *etiquette = qobject_cast<QLabel *>(widget);
+             etiquette != nullptr && etiquette->buddy() != nullptr)
+      mnemoniques.Prendre(etiquette->text());
+    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || EstInterne(widget)) continue;
+    const auto *acces = QAccessible::queryAccessibleInterface(widget);
+    Exiger(acces != nullptr && !acces->text(QAccessible::Name).trimmed().isEmpty(),
+           u"%1 has no accessible name"_s.arg(widget->objectName()));
+  }
+}
