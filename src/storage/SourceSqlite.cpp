@@ -83,35 +83,55 @@ bool SourceSqlite::Ouvrir(const QString &table) {
   lecture_.emplace(connexion_);
   lecture_->table = table;
   lecture_->colonnes = colonnes;
-  Preparer(lecture_->cles, u"SELECT rowid FROM "_s + Cite(table) + u" ORDER BY rowid"_s);
-  Preparer(lecture_->ligne, u"SELECT * FROM "_s + Cite(table) + u" WHERE rowid=?"_s);
-  Lancer(lecture_->cles);
+  const QString lignes = u"SELECT rowid, * FROM "_s + Cite(table);
+  Preparer(lecture_->toutes, lignes + u" ORDER BY rowid"_s);
+  Preparer(lecture_->seule, lignes + u" WHERE rowid=?"_s);
+  Preparer(lecture_->cles,
+           u"SELECT rowid FROM "_s + Cite(table) + u" WHERE rowid>? ORDER BY rowid"_s);
+  lecture_->toutes.exec();  // a failure is the first row's
   return true;
 }
 
 bool SourceSqlite::Suivante() {
-  QSqlQuery &cles = lecture_->cles, &ligne = lecture_->ligne;
-  if (!cles.next()) {
+  Lecture &l = *lecture_;
+  if (l.uneAUne) return SuivanteUneAUne();
+  if (l.toutes.next()) {
+    l.cle = l.toutes.value(0).toLongLong();
+    l.ligne = &l.toutes;
+    return true;
+  }
+  if (!l.toutes.lastError().isValid()) return false;
+  l.uneAUne = true;
+  l.toutes.finish();
+  l.cles.addBindValue(l.cle);
+  Lancer(l.cles);
+  return SuivanteUneAUne();
+}
+
+bool SourceSqlite::SuivanteUneAUne() {
+  Lecture &l = *lecture_;
+  if (!l.cles.next()) {
     // The end of the rows and a page that cannot be read both end here; only the error tells.
-    if (cles.lastError().isValid()) throw ErreurBase(cles.lastError().text());
+    if (l.cles.lastError().isValid()) throw ErreurBase(l.cles.lastError().text());
     return false;
   }
-  lecture_->cle = cles.value(0).toLongLong();
-  ligne.addBindValue(lecture_->cle);
-  lecture_->entiere = ligne.exec() && ligne.next();
+  l.cle = l.cles.value(0).toLongLong();
+  l.seule.addBindValue(l.cle);
+  l.ligne = l.seule.exec() && l.seule.next() ? &l.seule : nullptr;
   return true;
 }
 
 std::optional<QVariant> SourceSqlite::Champ(int ordinal) {
-  if (ordinal >= lecture_->colonnes.size()) return std::nullopt;
-  if (lecture_->entiere) return lecture_->ligne.value(ordinal);
+  const Lecture &l = *lecture_;
+  if (ordinal >= l.colonnes.size()) return std::nullopt;
+  if (l.ligne != nullptr) return l.ligne->value(ordinal + 1);
   // The row is damaged: whatever of it can still be read is.
-  QSqlQuery seul(connexion_);
-  seul.setForwardOnly(true);
-  if (!seul.prepare(u"SELECT %1 FROM %2 WHERE rowid=?"_s.arg(Cite(lecture_->colonnes[ordinal]),
-                                                             Cite(lecture_->table))))
+  QSqlQuery champ(connexion_);
+  champ.setForwardOnly(true);
+  if (!champ.prepare(
+          u"SELECT %1 FROM %2 WHERE rowid=?"_s.arg(Cite(l.colonnes[ordinal]), Cite(l.table))))
     return std::nullopt;
-  seul.addBindValue(lecture_->cle);
-  if (!seul.exec() || !seul.next()) return std::nullopt;
-  return seul.value(0);
+  champ.addBindValue(l.cle);
+  if (!champ.exec() || !champ.next()) return std::nullopt;
+  return champ.value(0);
 }

@@ -7,6 +7,8 @@
 #include <QSqlQuery>
 #include <QStringList>
 
+#include <limits>
+
 /// Only read, never changed; but what a killed program left half written is taken back first, as
 /// every opening does. Neither mark nor version is asked for: the first ones had none.
 class SourceSqlite : public SourceAncienne {
@@ -27,14 +29,18 @@ class SourceSqlite : public SourceAncienne {
 
  private:
   struct Lecture {
-    explicit Lecture(const QSqlDatabase &connexion) : cles(connexion), ligne(connexion) {}
+    explicit Lecture(const QSqlDatabase &connexion)
+        : toutes(connexion), cles(connexion), seule(connexion) {}
     QString table;
     QStringList colonnes;
-    QSqlQuery cles, ligne;
-    qint64 cle = 0;
-    bool entiere = false;  ///< the current row could be read as a whole
+    QSqlQuery toutes;       ///< all rows, up to the first damaged one
+    QSqlQuery cles, seule;  ///< from there on the keys, and each row on its own
+    qint64 cle = std::numeric_limits<qint64>::min();
+    QSqlQuery *ligne = nullptr;  ///< where the current row stands; none when it is damaged
+    bool uneAUne = false;
   };
 
+  bool SuivanteUneAUne();
   QStringList Colonnes(const QString &table) const;
   void Fermer();
 

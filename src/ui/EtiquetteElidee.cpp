@@ -22,7 +22,8 @@ QString EtiquetteElidee::Ligne() const {
 }
 
 QSize EtiquetteElidee::sizeHint() const {
-  return {fontMetrics().horizontalAdvance(Ligne()), fontMetrics().height() + 2 * margin()};
+  // One more: the advance is rounded, and what is wider by a fraction would be cut.
+  return {fontMetrics().horizontalAdvance(Ligne()) + 1, fontMetrics().height() + 2 * margin()};
 }
 
 QSize EtiquetteElidee::minimumSizeHint() const {
