@@ -7,6 +7,7 @@
 #include "help/ToucheAide.h"
 #include "platform/Erreurs.h"
 #include "storage/Demarrage.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
@@ -78,9 +79,12 @@ void Programme::Charger() {
   LireReglages(appPath, reglages);
   OuvrirBase();
 
+  echelle_ = std::make_unique<EchelleProgramme>(reglages.rtcolor.TailleFenetre);
   velmira_ = std::make_unique<FrmVelmira>(session_);
   new ToucheAide(session_, this);
   plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
+  echelle_->Appliquer(velmira_.get());
+  echelle_->Appliquer(plomex_.get());
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
   connect(velmira_.get(), &FrmVelmira::FinDemandee, this, &Programme::Terminer);
@@ -95,6 +99,8 @@ void Programme::Charger() {
   const auto fermer = Garde(session_.plateforme.boites, [this] { Fermer(); });
   connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer, Qt::QueuedConnection);
   connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer, Qt::QueuedConnection);
+  const auto relancer = Garde(session_.plateforme.boites, [this] { Relancer(); });
+  connect(velmira_.get(), &FrmVelmira::RelanceDemandee, this, relancer, Qt::QueuedConnection);
 }
 
 void Programme::OuvrirBase() {
@@ -161,4 +167,11 @@ void Programme::Fermer() {
   velmira_->hide();
   plomex_->hide();
   emit Termine();
+}
+
+void Programme::Relancer() {
+  if (fermeture_) return;
+  Fermer();
+  // Only now that everything is written: the next run reads it.
+  session_.plateforme.coquille.RelancerProgramme();
 }

@@ -7,6 +7,7 @@
 
 #include <memory>
 
+class EchelleProgramme;
 class FrmDepart;
 class FrmPlomex;
 class FrmVelmira;
@@ -37,8 +38,11 @@ class Programme : public QObject {
   void Fermer();
   /// Ends the program at once, without its closing.
   void Terminer();
+  /// Closes the program and starts it anew. When the closing fails it goes on.
+  void Relancer();
 
   Session session_;
+  std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmDepart> depart_;
   std::unique_ptr<FrmVelmira> velmira_;
   std::unique_ptr<FrmPlomex> plomex_;

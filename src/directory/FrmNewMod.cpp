@@ -1,9 +1,10 @@
 #include "directory/FrmNewMod.h"
 
 #include "directory/GestionCategories.h"
-#include "directory/Telephone.h"
 #include "platform/Saisie.h"
 #include "storage/Tables.h"
+#include "storage/Telephone.h"
+#include "ui/Bulle.h"
 #include "ui/Debrancher.h"
 #include "ui/Garde.h"
 #include "ui/SelectionAuFocus.h"
@@ -59,6 +60,11 @@ void FrmNewMod::Brancher() {
         u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler »."_s);
   });
   brancher(ui_->CmdEnregistre, [this] { ImprimerPuisValider(); });
+  const QColor jaune(255, 255, 150);
+  PoserBulle(ui_->CmdEnrCat, session_.plateforme.horloge,
+             {u"Enregistrer\nla nouvelle catégorie"_s, jaune, Qt::black});
+  PoserBulle(ui_->CmdModSup, session_.plateforme.horloge,
+             {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, jaune, Qt::black});
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
   const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };

@@ -4,6 +4,7 @@
 #include "calendar/CommandesFetes.h"
 #include "calendar/Saints.h"
 #include "directory/Age.h"
+#include "directory/Apparence.h"
 #include "directory/Categories.h"
 #include "directory/CommandesAppel.h"
 #include "directory/CommandesRecherche.h"
@@ -20,12 +21,12 @@
 #include "storage/Tables.h"
 #include "ui/Alignement.h"
 #include "ui/Debrancher.h"
+#include "ui/Echelle.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
 #include "ui_FrmVelmira.h"
 
-#include <QActionGroup>
 #include <QCloseEvent>
 #include <QMenu>
 
@@ -34,8 +35,8 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kImprimer = 4,
-              kCalendrier = 5, kEnveloppe = 7, kQuitter = 8, kAppeler = 9, kEchange = 10,
-              kClasseur = 11, kAlertes = 12, kMemora = 13;
+              kCalendrier = 5, kCouleur = 6, kEnveloppe = 7, kQuitter = 8, kAppeler = 9,
+              kEchange = 10, kClasseur = 11, kAlertes = 12, kMemora = 13;
 
 const QList<DescriptionBouton> kCommandes{
     {u"contact-new", u"  Nouveau velmira", true},
@@ -44,7 +45,7 @@ const QList<DescriptionBouton> kCommandes{
     {u"zoom-in", u"  Agrandit les données", true},
     {u"document-print", u"  Imprime la liste", true, true},
     {u"view-calendar", u"  Calendrier", true},
-    {u"color-picker", u"  Change la couleur du fond", false, true},
+    {u"color-picker", u"  Change la couleur du fond", true, true},
     {u"mail-message-new", u"  Imprimer une enveloppe", true},
     {u"application-exit", u"  Quitter Velmira ?", true, true},
     {u"call-start", u"  Appeler...?", true},
@@ -75,10 +76,13 @@ FrmVelmira::FrmVelmira(Session &session)
       mnuInv3_(new MenuMemora(session, this)) {
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
+  // Raised: an icon is drawn for the theme's buttons, and the panel below has any colour.
+  for (int i = 0; i < kCommandes.size(); ++i) ui_->Barre->Bouton(i)->setAutoRaise(false);
   ui_->Barre->Bouton(kEnveloppe)->setShortcut(QKeySequence(u"Ctrl+E"_s));
   ui_->Barre->Bouton(kQuitter)->setShortcut(QKeySequence(u"Ctrl+Q"_s));
   ui_->CmdFavoris->setIcon(Icone(u"bookmark-new"));
-  ui_->Partage->setSizes({280, 620});
+  const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
+  ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
   ui_->Partage->setStretchFactor(1, 1);
 
   Boites &boites = session_.plateforme.boites;
@@ -100,6 +104,8 @@ FrmVelmira::FrmVelmira(Session &session)
   recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
   classeur_ = std::make_unique<SelectionClasseur>(session_, liste_, ui_->CmdExcel, ui_->CmdAnnExp,
                                                   [this] { CliquerRacine(); });
+  apparence_ =
+      std::make_unique<Apparence>(session_, *ui_, *this, [this] { emit RelanceDemandee(); });
   BrancherMenus();
   Charger();
 }
@@ -114,8 +120,6 @@ void FrmVelmira::Charger() {
   Ignorer([&] { CreerDossier(appPath + u"/Photos"_s); });
   for (const QString &reste : {u"Anniversare.ini"_s, u"Dorvel.exe"_s})  // of older versions
     Ignorer([&] { EffacerFichier(appPath + u'/' + reste); });
-  AppliquerReglages();
-  setWindowTitle(u"   Velmiras de "_s + session_.reglages.rtcolor.NomPerso);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 
   const bool lue = Signaler(session_.plateforme.boites, [&] {
@@ -141,30 +145,6 @@ void FrmVelmira::BrancherMenus() {
   const auto brancher = [this](QAction *action, auto commande) {
     connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
   };
-  auto *naissance = new QActionGroup(this);
-  quint8 affichage = 0;
-  for (QAction *choix : {ui_->mnuDDN, ui_->mnuAge, ui_->mnuRien}) {
-    naissance->addAction(choix);
-    brancher(choix, [this, affichage](bool) { ChoisirNaissance(affichage); });
-    ++affichage;
-  }
-  brancher(ui_->mnuGras, [this](bool gras) {
-    session_.reglages.plomex.AdresseEnGras = gras;
-    ui_->Fiche->MettreAdresseEnGras(gras);
-  });
-  brancher(ui_->mnuClickDroit, [this](bool actif) {
-    session_.reglages.rtcolor.MenuClicDroit = actif ? 1 : 0;
-    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
-  });
-  brancher(ui_->mnuListe, [this](bool favoris) {
-    session_.reglages.rtcolor.OuvrirSurFavoris = favoris ? 1 : 0;
-    EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
-  });
-  brancher(ui_->mnuPlomex, [this](bool enveloppes) {
-    session_.reglages.plomex.Enveloppe = enveloppes;
-    EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
-  });
-  brancher(ui_->mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
   brancher(ui_->mnuMasquer, [this](bool masquer) {
     const Sablier sablier;
     TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
@@ -201,29 +181,6 @@ void FrmVelmira::BrancherMenus() {
   new CommandesAide(session_, ui_->mnuAide, this);
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
-}
-
-void FrmVelmira::AppliquerReglages() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
-  ui_->mnuPlomex->setChecked(plomex.Enveloppe);
-  ui_->mnuListe->setChecked(rtcolor.OuvrirSurFavoris == 1);
-  ui_->mnuAdress->setChecked(plomex.Adresse);
-  ui_->mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes == 1);
-  ui_->mnuGras->setChecked(plomex.AdresseEnGras);
-  ui_->mnuClickDroit->setChecked(rtcolor.MenuClicDroit == 1);
-  const std::array choix{ui_->mnuDDN, ui_->mnuAge, ui_->mnuRien};
-  if (rtcolor.AffichageNaissance < choix.size())
-    choix[rtcolor.AffichageNaissance]->setChecked(true);
-
-  ui_->Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
-  ui_->Fiche->MontrerAdresseImportee(plomex.Adresse);
-  const int points = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
-  QFont font = this->font();
-  font.setPointSize(points);
-  ui_->TV->setFont(font);
-  ui_->CboCat->setFont(font);
-  ui_->Fiche->ChangerTaillePolice(points);
 }
 
 void FrmVelmira::QuitterFiche() {
@@ -292,21 +249,6 @@ QString FrmVelmira::LigneAge(const QString &ddn) const {
   }
 }
 
-void FrmVelmira::ChoisirNaissance(quint8 affichage) {
-  session_.reglages.rtcolor.AffichageNaissance = affichage;
-  EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
-  ui_->TV->CliquerSelection();
-}
-
-void FrmVelmira::BasculerAdresseImportee(bool importee) {
-  session_.reglages.plomex.Adresse = importee;
-  ui_->Fiche->MontrerAdresseImportee(importee);
-  if (importee)
-    session_.plateforme.boites.Information(
-        u"Les adresses importées de Ondalis ne permettent pas l'impression d'une enveloppe."_s);
-  EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
-}
-
 void FrmVelmira::CommandeBarre(int index) {
   switch (index) {
     case kNouveau:
@@ -331,6 +273,9 @@ void FrmVelmira::CommandeBarre(int index) {
       FrmCalendrier(session_.plateforme.horloge.Maintenant().date(), session_.plateforme.langue,
                     this)
           .exec();
+      break;
+    case kCouleur:
+      apparence_->ChoisirCouleur();
       break;
     case kEnveloppe:
       AllerAuxEnveloppes();

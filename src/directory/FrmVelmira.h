@@ -10,6 +10,7 @@
 
 #include <memory>
 
+class Apparence;
 class CommandesAppel;
 class CommandesRecherche;
 class FrmLoupe;
@@ -42,6 +43,8 @@ class FrmVelmira : public QMainWindow {
   void FermetureDemandee();
   /// The program is to end at once: it starts anew.
   void FinDemandee();
+  /// The program is to be closed, as its close box does, and started anew.
+  void RelanceDemandee();
 
  protected:
   void closeEvent(QCloseEvent *evenement) override;
@@ -51,7 +54,6 @@ class FrmVelmira : public QMainWindow {
   void Charger();
   void ChargerJour();
   void BrancherMenus();
-  void AppliquerReglages();
   void CommandeBarre(int index);
   void VenirDevant();
   void EnregistrerNotes();
@@ -69,8 +71,6 @@ class FrmVelmira : public QMainWindow {
   /// Leaves the record: the root of the list is selected.
   void CliquerRacine();
 
-  void ChoisirNaissance(quint8 affichage);
-  void BasculerAdresseImportee(bool importee);
   QString LigneAge(const QString &ddn) const;
 
   Session &session_;
@@ -78,6 +78,7 @@ class FrmVelmira : public QMainWindow {
   ListeVelmiras liste_;
   CommandesFiche commandes_;
   CommandesImpression impression_;
+  std::unique_ptr<Apparence> apparence_;
   std::unique_ptr<CommandesRecherche> recherche_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;

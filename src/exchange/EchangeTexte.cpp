@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Records between two tellings of the progress; also what one transaction writes.
-constexpr qsizetype kBloc = 500;
+constexpr qsizetype kBloc = 1000;
 
 using L = Correspondant;
 
@@ -49,10 +49,19 @@ const char16_t *NomColonne(Champ L::*cherche) {
 }
 
 /// The columns in the order of the fields.
-QString Selection() {
+QString Colonnes() {
   QStringList noms;
   PourChaqueChamp([&](int, auto champ) { noms.append(Entre(NomColonne(champ))); });
-  return u"SELECT "_s + noms.join(u", ") + u" FROM "_s + Nom(Table<L>{});
+  return noms.join(u", ");
+}
+
+QString Selection() {
+  return u"SELECT "_s + Colonnes() + u" FROM "_s + Nom(Table<L>{});
+}
+
+QString Insertion() {
+  return u"INSERT INTO "_s + Nom(Table<L>{}) + u" ("_s + Colonnes() + u") VALUES (?"_s +
+         u", ?"_s.repeated(kNombreChamps - 1) + u')';
 }
 
 // What a column is as a line, and a line as a field. A line that does not suit gives false.
@@ -112,27 +121,28 @@ QString SansBlancs(QStringView texte) {
 /// The lines of a file, ended by CR LF, LF or CR.
 class LecteurLignes {
  public:
-  explicit LecteurLignes(const QByteArray &octets) : octets_(octets) {}
+  explicit LecteurLignes(const QByteArray &octets) : texte_(DepuisPageDeCode(octets)) {}
 
   std::optional<QString> Suivante() {
-    if (position_ == octets_.size()) return std::nullopt;
+    if (position_ == texte_.size()) return std::nullopt;
     const qsizetype debut = position_;
-    while (position_ < octets_.size() && octets_[position_] != '\r' && octets_[position_] != '\n')
+    while (position_ < texte_.size() && texte_[position_] != u'\r' && texte_[position_] != u'\n')
       ++position_;
-    const QByteArray ligne = octets_.mid(debut, position_ - debut);
-    const bool deuxSignes = octets_.mid(position_, 2) == "\r\n";
-    position_ = std::min(position_ + (deuxSignes ? 2 : 1), octets_.size());
+    const QString ligne = texte_.mid(debut, position_ - debut);
+    const bool deuxSignes = QStringView(texte_).mid(position_, 2) == u"\r\n";
+    position_ = std::min(position_ + (deuxSignes ? 2 : 1), texte_.size());
     ++numero_;
-    return DepuisPageDeCode(ligne);
+    return ligne;
   }
 
   /// Of the line given last, from 1.
   qsizetype Numero() const { return numero_; }
-  /// Bytes read.
+  /// What has been read, of `Taille`.
   qsizetype Position() const { return position_; }
+  qsizetype Taille() const { return texte_.size(); }
 
  private:
-  const QByteArray &octets_;
+  const QString texte_;
   qsizetype position_ = 0, numero_ = 0;
 };
 
@@ -160,7 +170,8 @@ QString Debut(const QString &texte) {
 
 class Fusion {
  public:
-  explicit Fusion(Base &base) : base_(base), selection_(Selection() + u" WHERE [Index]=?"_s) {
+  explicit Fusion(Base &base)
+      : base_(base), selection_(Selection() + u" WHERE [Index]=?"_s), ajout_(base, Insertion()) {
     TableAdresse(base_).PourChaque([&](EntreeListe &&entree) {
       if (entree.NomVelmira.isNull()) return;
       const QString nom = Majuscules(std::move(entree.NomVelmira));
@@ -191,7 +202,9 @@ class Fusion {
     PourChaqueChamp([&](int place, auto champ) {
       if (place < fiche.lignes.size()) Lire(fiche, place, champ, correspondant);
     });
-    return AjouterLigne(base_, correspondant);
+    PourChaqueChamp([&](int, auto champ) { ajout_.Lier(correspondant.*champ); });
+    ajout_.Executer();
+    return ajout_.CleAjoutee();
   }
 
   /// False when another user has deleted the row meanwhile.
@@ -223,6 +236,7 @@ class Fusion {
 
   Base &base_;
   QString selection_;
+  Requete ajout_;
   QHash<QString, Cle> premiers_;  ///< key of the first row of each name
 };
 
@@ -238,8 +252,10 @@ std::optional<QByteArray> ExporterVelmiras(Base &base, const Avance &avance) {
   Requete lecture(base, Selection() + u" ORDER BY [Index]"_s);
   while (lecture.Suivante()) {
     QString texte = u"*"_s;
-    PourChaqueChamp(
-        [&](int place, auto champ) { texte += Ligne(lecture, place, champ) + u"\r\n"_s; });
+    PourChaqueChamp([&](int place, auto champ) {
+      texte += Ligne(lecture, place, champ);
+      texte += u"\r\n"_s;
+    });
     // Everywhere, not in the booleans only: this is what readers of the file know.
     texte.replace(u"Faux"_s, u"False"_s).replace(u"Vrai"_s, u"True"_s);
     octets += VersPageDeCode(texte);
@@ -268,7 +284,7 @@ BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance 
     }
     transaction.Valider();
     // Outside of the transaction: events may be let through.
-    const bool continuer = avance(lecteur.Position(), octets.size());
+    const bool continuer = avance(lecteur.Position(), lecteur.Taille());
     bilan.arrete = fiche.has_value() && !continuer;
   }
   return bilan;

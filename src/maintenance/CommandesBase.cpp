@@ -1,6 +1,5 @@
 #include "maintenance/CommandesBase.h"
 
-#include "directory/Telephone.h"
 #include "maintenance/FrmLiaison.h"
 #include "maintenance/TransfertBase.h"
 #include "platform/Enregistrable.h"
@@ -8,6 +7,7 @@
 #include "platform/Fichiers.h"
 #include "storage/Demarrage.h"
 #include "storage/Tables.h"
+#include "storage/Telephone.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 

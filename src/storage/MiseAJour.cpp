@@ -1,10 +1,9 @@
 #include "storage/MiseAJour.h"
 
-#include "directory/Telephone.h"
-#include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "storage/Lignes.h"
 #include "storage/Schema.h"
+#include "storage/Telephone.h"
 
 #include <QFileInfo>
 #include <QSet>
@@ -174,25 +173,6 @@ class Copie {
 
 QString CheminBaseLivree(const QString &cheminBase) {
   return cheminBase + u"/Velmira_base.mdb"_s;
-}
-
-std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
-  constexpr qsizetype kPlusLongue = 6;  // line of the present form
-  const auto octets = LireFichier(appPath + u"/Alarme.ini"_s);
-  if (!octets) return std::nullopt;
-  QByteArray ligne = octets->split('\n').constFirst();
-  if (ligne.endsWith('\r')) ligne.chop(1);
-  if (ligne.size() <= kPlusLongue) return std::nullopt;
-
-  AncienneAlarme lue;
-  quint8 abandonnee = 0;
-  LecteurEnregistrement lecteur(*octets);
-  lecteur.Lire(lue.JoursAvance);
-  lecteur.Lire(lue.alarme.AlerteAvecWindows);
-  lecteur.Lire(lue.alarme.AlerteAvecProgramme);
-  lecteur.Lire(abandonnee);
-  lecteur.Lire(lue.alarme.AlerteDivers);
-  return lue;
 }
 
 void ConvertirAlarme(const QString &appPath) {

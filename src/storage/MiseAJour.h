@@ -8,19 +8,9 @@
 #include "storage/SourceAncienne.h"
 
 #include <functional>
-#include <optional>
 
 /// The delivered database, beside the user's own.
 QString CheminBaseLivree(const QString &cheminBase);
-
-/// `Alarme.ini` of an older version: five values.
-struct AncienneAlarme {
-  quint8 JoursAvance = 0;  ///< days of notice, one number for all events
-  ReglagesAlarme alarme;
-};
-
-/// Nothing when the file is missing or has the present form. A value that cannot be read is 0.
-std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath);
 
 struct ReglesCopie {
   QString SeparateurTel;

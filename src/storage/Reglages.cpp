@@ -203,8 +203,33 @@ void EcrireMemora(const QString &appPath, const ReglagesMemora &memora) {
   EcrireEnregistrement(Fichier(appPath, u"Memora.ini"), memora, kValeursMemora);
 }
 
+std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
+  constexpr qsizetype kPlusLongue = 6;  // line of the present form
+  const auto octets = LireFichier(Fichier(appPath, u"Alarme.ini"));
+  if (!octets) return std::nullopt;
+  QByteArray ligne = octets->split('\n').constFirst();
+  if (ligne.endsWith('\r')) ligne.chop(1);
+  if (ligne.size() <= kPlusLongue) return std::nullopt;
+
+  AncienneAlarme lue;
+  quint8 abandonnee = 0;
+  LecteurEnregistrement lecteur(*octets);
+  lecteur.Lire(lue.JoursAvance);
+  lecteur.Lire(lue.alarme.AlerteAvecWindows);
+  lecteur.Lire(lue.alarme.AlerteAvecProgramme);
+  lecteur.Lire(abandonnee);
+  lecteur.Lire(lue.alarme.AlerteDivers);
+  return lue;
+}
+
 void LireAlarme(const QString &appPath, ReglagesAlarme &alarme) {
-  LireEnregistrement(Fichier(appPath, u"Alarme.ini"), alarme, kValeursAlarme);
+  const QString fichier = Fichier(appPath, u"Alarme.ini");
+  const auto ancienne = LireAncienneAlarme(appPath);
+  // Five values are what an upgrade that failed has left; any other long line is a damaged file.
+  if (ancienne && LireFichier(fichier)->count(',') == 4)
+    alarme = ancienne->alarme;
+  else
+    LireEnregistrement(fichier, alarme, kValeursAlarme);
 }
 
 void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme) {

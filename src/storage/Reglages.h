@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 /// `Plomex.ini`. Lengths in millimetres, sizes in points.
 struct ReglagesPlomex {
   QString Imprimante;            ///< device name
@@ -64,6 +66,15 @@ struct ReglagesAlarme {
   quint8 AlerteAvecProgramme = 0;
   quint8 AlerteDivers = 0;
 };
+
+/// `Alarme.ini` of an older version: five values.
+struct AncienneAlarme {
+  quint8 JoursAvance = 0;  ///< days of notice, one number for all events
+  ReglagesAlarme alarme;
+};
+
+/// Nothing when the file is missing or has the present form. A value that cannot be read is 0.
+std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath);
 
 /// `Sauvan.cfg`, written by the recovery of older products' data.
 struct ReglagesSauvan {

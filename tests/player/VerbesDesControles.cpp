@@ -2,6 +2,7 @@
 #include "player/Elements.h"
 #include "player/Lecture.h"
 #include "player/Verbes.h"
+#include "ui/Bulle.h"
 
 #include <QApplication>
 
@@ -47,7 +48,7 @@ void VerifierCouleur(Scene &scene, const Mots &mots) {
 void VerifierPolice(Scene &scene, const Mots &mots) {
   const QFont police = PoliceDe(Trouver(scene, mots));
   const double points = mots[2].texte.toDouble();
-  ExigerEgal(mots[0].texte, mots[1].texte, police.family());
+  if (!mots[1].Joker()) ExigerEgal(mots[0].texte, mots[1].texte, police.family());
   Exiger(std::abs(police.pointSizeF() - points) < 0.05,
          u"%1: %2 points expected, %3 found"_s.arg(mots[0].texte, mots[2].texte)
              .arg(police.pointSizeF()));
@@ -77,6 +78,28 @@ void VerifierSelection(Scene &scene, const Mots &mots) {
 void VerifierTag(Scene &scene, const Mots &mots) {
   const QModelIndex noeud = Element(Trouver(scene, mots), mots[1]);
   ExigerEgal(mots[1].texte, mots[2].texte, noeud.data(Qt::UserRole).toString());
+}
+
+const Bulle &BulleDe(const Scene &scene, const Mots &mots) {
+  const Controle controle = Trouver(scene, mots);
+  const auto *bulle = controle.widget == nullptr ? nullptr
+                                                 : controle.widget->findChild<const Bulle *>(
+                                                       QString(), Qt::FindDirectChildrenOnly);
+  Exiger(bulle != nullptr, u"%1 has no tip"_s.arg(controle.nom));
+  return *bulle;
+}
+
+void VerifierBulle(Scene &scene, const Mots &mots) {
+  const AspectBulle &aspect = BulleDe(scene, mots).Aspect();
+  ExigerEgal(u"text"_s, mots[1].texte, aspect.texte);
+  ExigerEgal(u"ground"_s, mots[2].texte.toLower(), aspect.fond.name());
+  ExigerEgal(u"colour"_s, mots[3].texte.toLower(), aspect.encre.name());
+}
+
+template <bool montree>
+void VerifierBulleMontree(Scene &scene, const Mots &mots) {
+  Exiger(BulleDe(scene, mots).EstMontree() == montree,
+         u"the tip of %1 is not in the state expected"_s.arg(mots[0].texte));
 }
 
 void VerifierFenetre(Scene &scene, const Mots &mots) {
@@ -131,6 +154,9 @@ QList<Verbe> VerbesDesControles() {
       {u"index"_s, 2, 2, VerifierIndex},
       {u"selection"_s, 2, kSansLimite, VerifierSelection},
       {u"tag"_s, 3, 3, VerifierTag},
+      {u"bulle"_s, 4, 4, VerifierBulle},
+      {u"bulle-montree"_s, 1, 1, VerifierBulleMontree<true>},
+      {u"bulle-cachee"_s, 1, 1, VerifierBulleMontree<false>},
       {u"fenetre"_s, 1, 2, VerifierFenetre},
       {u"montree"_s, 1, 1, VerifierMontree<true>},
       {u"cachee"_s, 1, 1, VerifierMontree<false>},

@@ -1,10 +1,12 @@
 #include "envelope/FrmVueAV.h"
+#include "platform/Fichiers.h"
 #include "player/Echec.h"
 #include "player/Lignes.h"
 #include "player/Verbes.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -78,6 +80,20 @@ void VerifierNul(Scene &scene, const Mots &mots) {
   Exiger(valeur.isNull(), u"%1: null expected, \"%2\" found"_s.arg(mots[2].texte, valeur));
 }
 
+void VerifierMemesOctets(const Scene &scene, const QString &nom, const QString &autre) {
+  const auto octets = LireFichier(scene.monde.Chemin(nom));
+  const auto attendus = LireFichier(scene.monde.Chemin(autre));
+  Exiger(octets && attendus, u"the file %1 is not there"_s.arg(octets ? autre : nom));
+  const auto [ici, la] =
+      std::mismatch(octets->begin(), octets->end(), attendus->begin(), attendus->end());
+  Exiger(ici == octets->end() && la == attendus->end(),
+         u"%1 of %2 bytes and %3 of %4 differ from byte %5 on"_s.arg(nom)
+             .arg(octets->size())
+             .arg(autre)
+             .arg(attendus->size())
+             .arg(ici - octets->begin()));
+}
+
 void VerifierFichier(Scene &scene, const Mots &mots) {
   const QString &nom = mots[0].texte;
   const auto lignes = scene.monde.Lire(nom);
@@ -85,10 +101,12 @@ void VerifierFichier(Scene &scene, const Mots &mots) {
     return Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)), u"the file %1 is there"_s.arg(nom));
   Exiger(lignes.has_value(), u"the file %1 is not there"_s.arg(nom));
   if (mots[1].Est(u"present") && mots.size() == 2) return;
+  if (mots[1].Est(u"egal") && mots.size() == 3)
+    return VerifierMemesOctets(scene, nom, mots[2].texte);
   if (mots[1].Est(u"lignes"))
     return ExigerEgal(nom, Textes(mots, 2).join(u"\r\n"_s), lignes->join(u"\r\n"_s));
   Exiger(mots[1].Est(u"ligne") && mots.size() == 4,
-         u"fichier: present, absent, lignes ... or ligne i \"a\" expected"_s);
+         u"fichier: present, absent, egal FILE, lignes ... or ligne i \"a\" expected"_s);
   const int i = Nombre(mots[2]);
   Exiger(i >= 1 && i <= lignes->size(), u"%1 has %2 lines"_s.arg(nom).arg(lignes->size()));
   ExigerEgal(u"line %1 of %2"_s.arg(i).arg(nom), mots[3].texte, lignes->at(i - 1));

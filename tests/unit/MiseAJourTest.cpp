@@ -320,7 +320,7 @@ TEST_F(MiseAJourTest, BasesDeChaqueAge) {
 TEST_F(MiseAJourTest, NotesEndommagees) {
   CreerAncienne(u"ancien.mdb"_s, 3);
   FichierNu(Chemin(u"ancien.mdb"_s))
-      .Executer(u"UPDATE Adresse SET Commentaires=?, Web='ex.fr' WHERE \"Index\"=2"_s,
+      .Executer(u"UPDATE Adresse SET Commentaires=?, Web='ex.fr' WHERE \"Index\"<3"_s,
                 {QString(40'000, u'n')});
   QByteArray octets = Octets(u"ancien.mdb"_s);
   constexpr qsizetype kPage = 4096,
@@ -331,7 +331,7 @@ TEST_F(MiseAJourTest, NotesEndommagees) {
       octets.replace(page, kRenvoi, QByteArray(kRenvoi, '\xff'));
       ++abimees;
     }
-  ASSERT_GT(abimees, 0);
+  ASSERT_GT(abimees, 1);
   Poser(u"ancien.mdb"_s, octets);
 
   SourceSqlite source(Chemin(u"ancien.mdb"_s));

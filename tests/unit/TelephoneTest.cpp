@@ -1,7 +1,7 @@
 // The stored form of telephone numbers.
 
 #include "Outils.h"
-#include "directory/Telephone.h"
+#include "storage/Telephone.h"
 
 using namespace Qt::StringLiterals;
 

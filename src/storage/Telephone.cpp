@@ -1,4 +1,4 @@
-#include "directory/Telephone.h"
+#include "storage/Telephone.h"
 
 QString FormatTelephone(QString texte, const QString &separateur) {
   if (texte.isEmpty()) return texte;

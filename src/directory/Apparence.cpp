@@ -1,0 +1,296 @@
+#include "directory/Apparence.h"
+
+#include "directory/FrmTaillepg.h"
+#include "directory/FrmVelmira.h"
+#include "platform/Saisie.h"
+#include "ui/Bulle.h"
+#include "ui/Echelle.h"
+#include "ui/FondDegrade.h"
+#include "ui/Garde.h"
+#include "ui_FrmVelmira.h"
+
+#include <QActionGroup>
+
+#include <array>
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct BulleBouton {
+  const char16_t *texte;
+  QRgb fond;
+};
+
+constexpr QRgb kBleu = qRgb(0, 100, 200), kRouge = qRgb(160, 20, 20), kNoir = qRgb(0, 0, 0),
+               kBrun = qRgb(160, 120, 40), kJaune = qRgb(255, 255, 150);
+
+constexpr std::array<BulleBouton, 14> kBulles{{
+    {u"Nouveau\nvelmira", kBleu},
+    {u"Modifier\nles données", kBleu},
+    {u"Supprime\nle velmira", kRouge},
+    {u"Agrandit\nles données", kNoir},
+    {u"Imprime\nla liste", kJaune},
+    {u"Calendrier", kBleu},
+    {u"Couleur\ndu fond", kNoir},
+    {u"Imprimer\nune\nenveloppe", kJaune},
+    {u"Quitter ?", kNoir},
+    {u"Appeler ...?", kJaune},
+    {u"Exporter\nou\nimporter \nles données", kRouge},
+    {u"Exporter les données dans un fichier Excel", kBrun},
+    {u"Module Alertes", kBrun},
+    {u"Memora", kRouge},
+}};
+
+/// Black or white, whichever is read better on a ground.
+QColor EncreSur(const QColor &fond) {
+  const auto lumiere = [](double canal) { return std::pow(canal, 2.2); };
+  const double luminance = 0.2126 * lumiere(fond.redF()) + 0.7152 * lumiere(fond.greenF()) +
+                           0.0722 * lumiere(fond.blueF());
+  return luminance > 0.18 ? Qt::black : Qt::white;
+}
+
+}  // namespace
+
+Apparence::Apparence(Session &session, Ui::FrmVelmira &ui, FrmVelmira &fenetre,
+                     std::function<void()> relancer)
+    : session_(session),
+      ui_(ui),
+      fenetre_(fenetre),
+      relancer_(std::move(relancer)),
+      tailleEnForce_(session.reglages.rtcolor.TailleFenetre),
+      hauteurDessin_(fenetre.height()),
+      hauteurMinDessin_(fenetre.minimumHeight()) {
+  ui_.Fond->PoserPanneaux({ui_.PanneauCommandes, ui_.Gauche, ui_.Fiche, ui_.PanneauJour});
+  Brancher();
+  Appliquer();
+  PoserBulles();
+}
+
+void Apparence::Brancher() {
+  const auto brancher = [this](QAction *action, auto commande) {
+    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
+  };
+  const auto grouper = [this](const QList<QAction *> &choix,
+                              QActionGroup::ExclusionPolicy politique) {
+    auto *groupe = new QActionGroup(this);
+    groupe->setExclusionPolicy(politique);
+    for (QAction *action : choix) groupe->addAction(action);
+  };
+  ReglagesPlomex &plomex = session_.reglages.plomex;
+  ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+
+  grouper({ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien}, QActionGroup::ExclusionPolicy::Exclusive);
+  brancher(ui_.mnuDDN, [this](bool) { ChoisirNaissance(0); });
+  brancher(ui_.mnuAge, [this](bool) { ChoisirNaissance(1); });
+  brancher(ui_.mnuRien, [this](bool) { ChoisirNaissance(2); });
+
+  grouper({ui_.mnudegrade, ui_.mnuUni}, QActionGroup::ExclusionPolicy::Exclusive);
+  for (QAction *fond : {ui_.mnudegrade, ui_.mnuUni})
+    brancher(fond, [this, &rtcolor](bool) {
+      rtcolor.FondUni = ui_.mnuUni->isChecked() ? 1 : 0;
+      MontrerFond();
+      EcrireRTColor();
+    });
+
+  grouper({ui_.mnuAgPolListe1, ui_.mnuAgPolListe2},
+          QActionGroup::ExclusionPolicy::ExclusiveOptional);
+  for (QAction *taille : {ui_.mnuAgPolListe1, ui_.mnuAgPolListe2})
+    brancher(taille, [this, &plomex](bool) {
+      plomex.TaillePoliceTV1 = ui_.mnuAgPolListe1->isChecked();
+      plomex.TaillePoliceTV2 = ui_.mnuAgPolListe2->isChecked();
+      MontrerPoliceListe();
+    });
+
+  const auto basculer = [this, brancher](QAction *action, quint8 &reglage) {
+    brancher(action, [this, &reglage](bool actif) {
+      reglage = actif ? 1 : 0;
+      EcrireRTColor();
+    });
+  };
+  basculer(ui_.mnuListe, rtcolor.OuvrirSurFavoris);
+  basculer(ui_.mnuClickDroit, rtcolor.MenuClicDroit);
+  basculer(ui_.mnuEffet, rtcolor.EffetVisuel);
+
+  brancher(ui_.mnuPlomex, [this, &plomex](bool enveloppes) {
+    plomex.Enveloppe = enveloppes;
+    EcrireReglages(session_.dossiers.AppPath, plomex);
+  });
+  brancher(ui_.mnuGras, [this, &plomex](bool gras) {
+    plomex.AdresseEnGras = gras;
+    ui_.Fiche->MettreAdresseEnGras(gras);
+  });
+  brancher(ui_.mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
+  brancher(ui_.mnuPerso, [this](bool) { DemanderNom(); });
+  brancher(ui_.mnuvit, [this](bool) { DemanderVitesse(); });
+  brancher(ui_.mnuPG, [this](bool) { ChoisirTaille(); });
+}
+
+void Apparence::Appliquer() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  ui_.mnuPlomex->setChecked(plomex.Enveloppe);
+  ui_.mnuListe->setChecked(rtcolor.OuvrirSurFavoris == 1);
+  ui_.mnuAdress->setChecked(plomex.Adresse);
+  ui_.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes == 1);
+  ui_.mnuGras->setChecked(plomex.AdresseEnGras);
+  ui_.mnuClickDroit->setChecked(rtcolor.MenuClicDroit == 1);
+  ui_.mnuEffet->setChecked(rtcolor.EffetVisuel == 1);
+  const std::array naissance{ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien};
+  if (rtcolor.AffichageNaissance < naissance.size())
+    naissance[rtcolor.AffichageNaissance]->setChecked(true);
+  ui_.mnuAgPolListe2->setChecked(plomex.TaillePoliceTV2);
+  if (plomex.TaillePoliceTV1) ui_.mnuAgPolListe1->setChecked(true);
+  (rtcolor.FondUni == 0 ? ui_.mnudegrade : ui_.mnuUni)->setChecked(true);
+
+  ui_.Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
+  ui_.Fiche->MontrerAdresseImportee(plomex.Adresse);
+  MontrerTitre();
+  MontrerCouleur();
+  MontrerFond();
+  MontrerPoliceListe();
+}
+
+void Apparence::PoserBulles() {
+  constexpr int kLargeurListe = 80;
+  Horloge &horloge = session_.plateforme.horloge;
+  int index = 0;
+  for (const auto &[texte, fond] : kBulles)
+    PoserBulle(ui_.Barre->Bouton(index++), horloge,
+               {.texte = QString::fromUtf16(texte),
+                .fond = fond,
+                .encre = fond == kJaune ? Qt::black : Qt::white});
+  PoserBulle(ui_.CmdCherche, horloge,
+             {.texte = u"Recherche rapide"_s, .fond = kBrun, .largeur = kLargeurListe});
+  PoserBulle(ui_.CmdFavoris, horloge,
+             {.texte = u"Ajouter aux favoris"_s, .fond = kBrun, .largeur = kLargeurListe});
+}
+
+void Apparence::EcrireRTColor() {
+  ::EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
+}
+
+void Apparence::MontrerTitre() {
+  fenetre_.setWindowTitle(u"   Velmiras de "_s + session_.reglages.rtcolor.NomPerso);
+}
+
+void Apparence::MontrerCouleur() {
+  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  const auto canal = [](qint16 valeur) { return std::clamp<int>(valeur, 0, 255); };
+  const QColor couleur(canal(rtcolor.CouleurR), canal(rtcolor.CouleurV), canal(rtcolor.CouleurB));
+  QPalette palette;
+  palette.setColor(QPalette::Window, couleur);
+  palette.setColor(QPalette::WindowText, EncreSur(couleur));
+  ui_.PanneauCommandes->setPalette(palette);
+  ui_.Fond->update();
+}
+
+void Apparence::MontrerFond() {
+  if (session_.reglages.rtcolor.FondUni == 0)
+    ui_.Fond->Degrader();
+  else
+    ui_.Fond->Unir();
+}
+
+void Apparence::MontrerPoliceListe() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const int dessin = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
+  const int points = qRound(PointsAEchelle(dessin, Echelle(tailleEnForce_)));
+  QFont font = fenetre_.font();
+  font.setPointSize(points);
+  ui_.TV->setFont(font);
+  ui_.CboCat->setFont(font);
+  ui_.Fiche->ChangerTaillePolice(points);
+}
+
+void Apparence::ChoisirCouleur() {
+  ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  const auto choix = session_.plateforme.boites.ChoixCouleur(
+      {rtcolor.CouleurR, rtcolor.CouleurV, rtcolor.CouleurB});
+  if (!choix) return;
+  rtcolor.CouleurR = static_cast<qint16>(choix->rouge);
+  rtcolor.CouleurV = static_cast<qint16>(choix->vert);
+  rtcolor.CouleurB = static_cast<qint16>(choix->bleu);
+  MontrerCouleur();
+  EcrireRTColor();
+}
+
+void Apparence::DemanderNom() {
+  Boites &boites = session_.plateforme.boites;
+  QString &nom = session_.reglages.rtcolor.NomPerso;
+  const QString reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
+  if (reponse.isEmpty()) return;
+  if (reponse.contains(u'"')) {
+    boites.Information(u" Le caractère \" est interdit !"_s);
+    return;
+  }
+  nom = reponse;
+  MontrerTitre();
+  EcrireRTColor();
+}
+
+void Apparence::DemanderVitesse() {
+  Boites &boites = session_.plateforme.boites;
+  qint16 &vitesse = session_.reglages.rtcolor.VitesseTransition;
+  const QString reponse =
+      boites.Saisie(u"Vitesse de transition"_s,
+                    u"Vitesse de transition de passage\n"
+                    "entre module Répertoire et module Impression d'enveloppes\n\n"
+                    " (0 à100 en moyenne)"_s,
+                    QString::number(vitesse));
+  if (reponse.isEmpty()) return;
+  const double valeur = std::nearbyint(NombreSaisi(reponse));
+  if (valeur < 0 || valeur > std::numeric_limits<qint16>::max()) {
+    boites.Information(u"Valeur non conforme !"_s);
+    return;
+  }
+  vitesse = static_cast<qint16>(valeur);
+  EcrireRTColor();
+}
+
+void Apparence::ChoisirTaille() {
+  Boites &boites = session_.plateforme.boites;
+  qint32 &taille = session_.reglages.rtcolor.TailleFenetre;
+  const int hauteur = fenetre_.height(), hauteurMin = fenetre_.minimumHeight();
+  const bool libre = !fenetre_.isMaximized() && !fenetre_.isFullScreen();
+  const auto montrer = [&](int minimum, int actuelle) {
+    if (!libre) return;
+    fenetre_.setMinimumHeight(minimum);
+    fenetre_.resize(fenetre_.width(), actuelle);
+  };
+  FrmTaillepg dialogue(
+      boites, taille,
+      [&](qint32 choisie) {
+        montrer(qRound(hauteurMinDessin_ * Echelle(choisie)),
+                qRound(hauteurDessin_ * Echelle(choisie)));
+      },
+      &fenetre_);
+  const bool accepte = dialogue.exec() == QDialog::Accepted;
+  montrer(hauteurMin, hauteur);
+  if (!accepte) return;
+  taille = dialogue.Taille();
+  EcrireRTColor();
+  if (boites.Question(Boites::Titre(),
+                      u"Appliquer les modifications maintenant (recommandé) ?"_s) ==
+      Boites::Reponse::Oui)
+    relancer_();
+  else
+    boites.Information(
+        u"Ce paramètre sera pris en compte lors du prochain lancement du programme."_s);
+}
+
+void Apparence::ChoisirNaissance(quint8 affichage) {
+  session_.reglages.rtcolor.AffichageNaissance = affichage;
+  EcrireRTColor();
+  ui_.TV->CliquerSelection();
+}
+
+void Apparence::BasculerAdresseImportee(bool importee) {
+  session_.reglages.plomex.Adresse = importee;
+  ui_.Fiche->MontrerAdresseImportee(importee);
+  if (importee)
+    session_.plateforme.boites.Information(
+        u"Les adresses importées de Ondalis ne permettent pas l'impression d'une enveloppe."_s);
+  EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex);
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/Boites.h"
+
+#include <QDialog>
+
+#include <functional>
+
+class QLineEdit;
+class QSlider;
+
+/// The size of the program on the screen. While it is chosen the caller shows it, by `apercu`.
+class FrmTaillepg : public QDialog {
+  Q_OBJECT
+
+ public:
+  /// `taille` is the one in force, in twips.
+  FrmTaillepg(Boites &boites, qint32 taille, std::function<void(qint32)> apercu, QWidget *parent);
+
+  /// The size that was chosen; the one in force when nothing was.
+  qint32 Taille() const { return taille_; }
+
+ private:
+  void Glisser(int valeur);
+  void Taper(const QString &texte);
+  void Valider();
+
+  Boites &boites_;
+  qint32 taille_;
+  std::function<void(qint32)> apercu_;
+  QSlider *SLD;
+  QLineEdit *LBLValeur;
+};

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "ui/Degrade.h"
+
+#include <QList>
+#include <QWidget>
+
+/// The ground of a window: a gradient from black or a plain colour, and on it the grounds of the
+/// window's panels, each in its own `QPalette::Window`. Texts stand on a panel, so that they are
+/// read whatever lies behind. A dark theme has darker colours.
+class FondDegrade : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FondDegrade(QWidget *parent = nullptr);
+
+  /// The panels, which lie anywhere within this widget.
+  void PoserPanneaux(const QList<QWidget *> &panneaux) { panneaux_ = panneaux; }
+
+  void Degrader() { Choisir(false); }
+  void Unir() { Choisir(true); }
+  bool EstUni() const { return uni_; }
+
+ protected:
+  void paintEvent(QPaintEvent *evenement) override;
+  void changeEvent(QEvent *evenement) override;
+
+ private:
+  void Choisir(bool uni);
+  Boites::Couleur Couleur() const;
+
+  QList<QWidget *> panneaux_;
+  bool uni_ = false;
+};
