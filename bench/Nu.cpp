@@ -8,9 +8,7 @@
 #include <QFormLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QSaveFile>
 #include <QSqlError>
-#include <QSqlQuery>
 
 #include <algorithm>
 #include <fcntl.h>
@@ -36,11 +34,11 @@ class ModeleNu : public QAbstractListModel {
   std::vector<LigneNue> lignes_;
 };
 
+}  // namespace
+
 void Lancer(QSqlQuery &requete) {
   if (!requete.exec()) qFatal("%s", qPrintable(requete.lastError().text()));
 }
-
-}  // namespace
 
 BaseNue::BaseNue(const QString &chemin)
     : connexion_(QSqlDatabase::addDatabase(u"QSQLITE"_s, u"nue"_s)) {
@@ -62,9 +60,7 @@ std::vector<LigneNue> BaseNue::Lister(const QString &categorie) const {
     LigneNue ligne;
   };
   std::vector<Triable> triables;
-  QSqlQuery requete(connexion_);
-  requete.setForwardOnly(true);
-  requete.prepare(
+  QSqlQuery requete = Preparer(
       uR"(SELECT "Index", "NomVelmira", "Categories", "DataProt" FROM "Adresse" ORDER BY "Index")"_s);
   Lancer(requete);
   while (requete.next()) {
@@ -84,9 +80,8 @@ std::vector<LigneNue> BaseNue::Lister(const QString &categorie) const {
 }
 
 QStringList BaseNue::Categories() const {
-  QSqlQuery requete(connexion_);
-  requete.setForwardOnly(true);
-  requete.prepare(uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
+  QSqlQuery requete =
+      Preparer(uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
   Lancer(requete);
   QStringList categories;
   while (requete.next())
@@ -98,16 +93,13 @@ QStringList BaseNue::Categories() const {
 void BaseNue::Renommer(const QString &ancienne, const QString &nouvelle) {
   Executer(u"BEGIN IMMEDIATE"_s);
   std::vector<std::pair<qint64, QString>> touchees;
-  QSqlQuery lecture(connexion_);
-  lecture.setForwardOnly(true);
-  lecture.prepare(
+  QSqlQuery lecture = Preparer(
       uR"(SELECT "Index", "Categories" FROM "Adresse" WHERE instr("Categories", ?) > 0)"_s);
   lecture.addBindValue(ancienne);
   Lancer(lecture);
   while (lecture.next())
     touchees.emplace_back(lecture.value(0).toLongLong(), lecture.value(1).toString());
-  QSqlQuery ecriture(connexion_);
-  ecriture.prepare(uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s);
+  QSqlQuery ecriture = Preparer(uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s);
   for (auto &[index, categories] : touchees) {
     ecriture.addBindValue(categories.replace(ancienne, nouvelle));
     ecriture.addBindValue(index);
@@ -118,17 +110,22 @@ void BaseNue::Renommer(const QString &ancienne, const QString &nouvelle) {
 
 void BaseNue::EcrireNom(qint64 index, const QString &nom) {
   Executer(u"BEGIN IMMEDIATE"_s);
-  QSqlQuery ecriture(connexion_);
-  ecriture.prepare(uR"(UPDATE "Adresse" SET "NomVelmira"=? WHERE "Index"=?)"_s);
+  QSqlQuery ecriture = Preparer(uR"(UPDATE "Adresse" SET "NomVelmira"=? WHERE "Index"=?)"_s);
   ecriture.addBindValue(nom);
   ecriture.addBindValue(index);
   Lancer(ecriture);
   Executer(u"COMMIT"_s);
 }
 
-void BaseNue::Executer(const QString &texte) {
+QSqlQuery BaseNue::Preparer(const QString &texte) const {
   QSqlQuery requete(connexion_);
-  requete.prepare(texte);
+  requete.setForwardOnly(true);
+  if (!requete.prepare(texte)) qFatal("%s", qPrintable(requete.lastError().text()));
+  return requete;
+}
+
+void BaseNue::Executer(const QString &texte) {
+  QSqlQuery requete = Preparer(texte);
   Lancer(requete);
 }
 
@@ -154,9 +151,7 @@ FicheNue::FicheNue(const BaseNue &base)
 }
 
 void FicheNue::Montrer(qint64 index) {
-  QSqlQuery requete(base_.connexion_);
-  requete.setForwardOnly(true);
-  requete.prepare(
+  QSqlQuery requete = base_.Preparer(
       uR"(SELECT "NomVelmira", "DDN", "Tel", "TelTravail", "Portable", "Fax", "Mail", "Web",)"
       uR"( "Ligne1", "Ligne2", "Ligne3", "CodePostal" || ' - ' || "Ville", "Commentaires")"
       uR"( FROM "Adresse" WHERE "Index"=?)"_s);
@@ -235,14 +230,16 @@ bool EcrirePdfNu(const QString &chemin, const QStringList &expediteur, const QSt
     ecrire(expediteur, 8, 100, 400);
     ecrire(adresse, 10, 4000, 2600);
   }
-  // The same steps to the disk as the program's: a file beside, its content, its name, its folder.
   QSaveFile fichier(chemin);
-  if (!fichier.open(QIODevice::WriteOnly) ||
-      fichier.write(contenu.data()) != contenu.data().size() || !fichier.flush() ||
-      ::fsync(fichier.handle()) != 0 || !fichier.commit())
-    return false;
-  const int dossier = ::open(QFile::encodeName(QFileInfo(chemin).absolutePath()).constData(),
-                             O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  return fichier.open(QIODevice::WriteOnly) &&
+         fichier.write(contenu.data()) == contenu.data().size() && Terminer(fichier);
+}
+
+bool Terminer(QSaveFile &fichier) {
+  if (!fichier.flush() || ::fsync(fichier.handle()) != 0 || !fichier.commit()) return false;
+  const int dossier =
+      ::open(QFile::encodeName(QFileInfo(fichier.fileName()).absolutePath()).constData(),
+             O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   const bool synchronise = dossier >= 0 && ::fsync(dossier) == 0;
   if (dossier >= 0) ::close(dossier);
   return synchronise;

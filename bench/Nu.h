@@ -5,8 +5,10 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPlainTextEdit>
+#include <QSaveFile>
 #include <QSplitter>
 #include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QStringList>
 #include <QTreeView>
 
@@ -35,12 +37,16 @@ class BaseNue {
   void Renommer(const QString &ancienne, const QString &nouvelle);
   void EcrireNom(qint64 index, const QString &nom);
 
- private:
-  friend class FicheNue;
+  /// A statement to be run, forward only; one without values and without rows.
+  QSqlQuery Preparer(const QString &texte) const;
   void Executer(const QString &texte);
 
+ private:
   QSqlDatabase connexion_;
 };
+
+/// Runs a prepared statement; its failure ends the process.
+void Lancer(QSqlQuery &requete);
 
 /// A window with the sorted names in a tree.
 class FenetreNue : public QMainWindow {
@@ -88,6 +94,10 @@ class RechercheNue : public QSplitter {
 /// The lines that hold a text, in lower case, anywhere; upper and lower case alike. One byte is one
 /// character, and only the letters without accents have two cases.
 QStringList ChercherOctets(const QByteArray &fichier, const QByteArray &texte);
+
+/// Brings a written file to the disk, in the same steps as the program does: its content, its name,
+/// its folder. Gives false when it does not stand there.
+bool Terminer(QSaveFile &fichier);
 
 /// One A4 page of lines in a PDF, which stands on the disk with its folder when this returns. Gives
 /// false when it does not.

@@ -2,6 +2,7 @@
 // A start is measured in a process of its own, which is this program with --start.
 
 #include "Donnees.h"
+#include "Echanges.h"
 #include "Ecran.h"
 #include "GrandeListe.h"
 #include "Lancement.h"
@@ -335,6 +336,24 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
       [&](State &etat) { ChercherCodesNu(etat, codes); });
 }
 
+void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Donnees> &toutes) {
+  using benchmark::State;
+  for (const bool connus : {false, true})
+    for (const auto &[nombre, envoi] : envois)
+      Ligne(
+          connus ? u"Import %1 that are known, gaps in a tenth"_s.arg(nombre)
+                 : u"Import %1 into an empty table"_s.arg(nombre),
+          [&envoi, connus](State &etat) { ImporterVelmira(etat, envoi, connus); },
+          [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); }, 1, true);
+  const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
+  Ligne(
+      u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
+      [&](State &etat) { ExporterNu(etat, grande); }, 1, true);
+  Ligne(
+      u"Workbook of %1"_s.arg(kFiches), [&](State &etat) { ClasseurVelmira(etat, fiches); },
+      [&](State &etat) { ClasseurNu(etat, fiches); }, 1, true);
+}
+
 }  // namespace
 
 int main(int argc, char *argv[]) {
@@ -357,8 +376,12 @@ int main(int argc, char *argv[]) {
   if (!codes) qFatal("the postal codes are missing");
   const QStringList debuts = DebutsCherches(toutes.at(kGrande));
   VerifierGrandeListe(ecrites, debuts, *codes);
+  std::map<Cle, Envoi> envois;
+  for (const Cle nombre : {kFiches, kGrande}) envois.try_emplace(nombre, toutes.at(nombre));
+  VerifierEchanges(envois.at(kFiches), toutes.at(kFiches));
   Inscrire(toutes);
   InscrireGrandeListe(toutes.at(kGrande), ecrites, debuts, *codes);
+  InscrireEchanges(envois, toutes);
   benchmark::AddCustomContext("compiler", __VERSION__);
   benchmark::AddCustomContext("qt", qVersion());
   benchmark::RunSpecifiedBenchmarks();
