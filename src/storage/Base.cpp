@@ -13,6 +13,9 @@ namespace {
 
 constexpr auto kAttente = "QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=10000";  // milliseconds
 
+// Preparing costs several times what a row by its key does. No limit that the program reaches.
+constexpr std::size_t kPrepares = 100;
+
 }  // namespace
 
 void Base::Ouvrir(const QString &chemin) {
@@ -58,31 +61,48 @@ void Base::Verifier() {
 void Base::Fermer() {
   if (!connexion_.isValid()) return;
   const QString nom = connexion_.connectionName();
+  prepares_.clear();
   connexion_.close();
   connexion_ = QSqlDatabase();
   QSqlDatabase::removeDatabase(nom);
 }
 
-Requete::Requete(Base &base, const QString &texte) : requete_(base.connexion_) {
+Requete::Requete(Base &base, const QString &texte)
+    : base_(base), texte_(texte), requete_(base.connexion_) {
   if (!base.Ouverte()) throw ErreurBase(u"La base de données n'est pas ouverte."_s);
+  if (const auto prepare = base.prepares_.find(texte); prepare != base.prepares_.end()) {
+    requete_ = std::move(prepare->second);
+    base.prepares_.erase(prepare);
+    return;
+  }
   requete_.setForwardOnly(true);
   if (!requete_.prepare(texte)) throw ErreurBase(requete_.lastError().text());
+}
+
+Requete::~Requete() {
+  if (liee_ || requete_.lastError().isValid() || base_.prepares_.size() >= kPrepares) return;
+  // Reset: a statement that stands on a row would keep its lock.
+  requete_.finish();
+  base_.prepares_.emplace(texte_, std::move(requete_));
 }
 
 Requete &Requete::Lier(const QString &valeur) {
   requete_.addBindValue(valeur.isNull() ? QVariant(QMetaType(QMetaType::QString))
                                         : QVariant(valeur));
+  liee_ = true;
   return *this;
 }
 
 Requete &Requete::Lier(qint64 valeur) {
   requete_.addBindValue(valeur);
+  liee_ = true;
   return *this;
 }
 
 void Requete::Lancer() {
   if (!requete_.exec()) throw ErreurBase(requete_.lastError().text());
   lancee_ = true;
+  liee_ = false;
 }
 
 qint64 Requete::Executer() {

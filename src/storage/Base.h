@@ -8,6 +8,8 @@
 #include <QString>
 #include <QVariant>
 
+#include <unordered_map>
+
 /// A failure of the engine, in its words, or a file that is not ours.
 class ErreurBase : public Erreur {
  public:
@@ -37,13 +39,17 @@ class Base {
   void Verifier();
 
   QSqlDatabase connexion_;
+  std::unordered_map<QString, QSqlQuery> prepares_;  ///< statements that wait for their next use
 };
 
 /// One statement. Values are bound in the order of its question marks. Throws `ErreurBase`, also
-/// when the base is closed.
+/// when the base is closed. Must not outlive what it works on.
 class Requete {
  public:
   Requete(Base &base, const QString &texte);
+  ~Requete();
+  Requete(const Requete &) = delete;
+  Requete &operator=(const Requete &) = delete;
 
   /// A null QString is bound as null.
   Requete &Lier(const QString &valeur);
@@ -67,8 +73,11 @@ class Requete {
  private:
   void Lancer();
 
+  Base &base_;
+  QString texte_;
   QSqlQuery requete_;
   bool lancee_ = false;
+  bool liee_ = false;  ///< values are bound for a run that has not begun
 };
 
 /// What stands between its making and `Valider` is written whole or not at all. The write lock is

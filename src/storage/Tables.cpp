@@ -79,8 +79,9 @@ template Cle AjouterLigne(Base &, const PersonneAlerte &);
 template Cle AjouterLigne(Base &, const Evenement &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
-  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Correspondant>{}) +
-                             uR"( FROM "Adresse" WHERE "Index"=?)"_s);
+  static const QString kTexte = u"SELECT "_s + ListeColonnes(Table<Correspondant>{}) +
+                                uR"( FROM "Adresse" WHERE "Index"=?)"_s;
+  Requete requete(base_, kTexte);
   requete.Lier(index);
   if (!requete.Suivante()) return std::nullopt;
   return LigneCourante<Correspondant>(requete);
