@@ -34,6 +34,32 @@ L LigneCourante(const Requete &requete) {
   return ligne;
 }
 
+/// The statement that reads whole rows, without its condition.
+template <typename L>
+QString Selection() {
+  static const QString kTexte =
+      u"SELECT "_s + ListeColonnes(Table<L>{}) + u" FROM "_s + Nom(Table<L>{});
+  return kTexte;
+}
+
+/// The row of a key.
+template <typename L>
+std::optional<L> LireLigne(Base &base, Cle index) {
+  Requete requete(base, Selection<L>() + uR"( WHERE "Index"=?)"_s);
+  requete.Lier(index);
+  if (!requete.Suivante()) return std::nullopt;
+  return LigneCourante<L>(requete);
+}
+
+/// All rows in the order of the keys.
+template <typename L>
+QList<L> LireLignes(Base &base) {
+  Requete requete(base, Selection<L>() + uR"( ORDER BY "Index")"_s);
+  QList<L> lignes;
+  while (requete.Suivante()) lignes.append(LigneCourante<L>(requete));
+  return lignes;
+}
+
 /// What the editor gives; the others are written by commands of their own.
 template <typename Champ>
 bool EstSaisie(Champ Correspondant::*champ) {
@@ -79,12 +105,7 @@ template Cle AjouterLigne(Base &, const PersonneAlerte &);
 template Cle AjouterLigne(Base &, const Evenement &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
-  static const QString kTexte = u"SELECT "_s + ListeColonnes(Table<Correspondant>{}) +
-                                uR"( FROM "Adresse" WHERE "Index"=?)"_s;
-  Requete requete(base_, kTexte);
-  requete.Lier(index);
-  if (!requete.Suivante()) return std::nullopt;
-  return LigneCourante<Correspondant>(requete);
+  return LireLigne<Correspondant>(base_, index);
 }
 
 void TableAdresse::PourChaque(const std::function<void(EntreeListe &&)> &visiteur) const {
@@ -238,19 +259,11 @@ void TableAdresse::EffacerPhoto(Cle index) {
 }
 
 QList<Expediteur> TableExpediteur::Tous() const {
-  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Expediteur>{}) +
-                             uR"( FROM "Expediteur" ORDER BY "Index")"_s);
-  QList<Expediteur> lignes;
-  while (requete.Suivante()) lignes.append(LigneCourante<Expediteur>(requete));
-  return lignes;
+  return LireLignes<Expediteur>(base_);
 }
 
 std::optional<Expediteur> TableExpediteur::Lire(Cle index) const {
-  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<Expediteur>{}) +
-                             uR"( FROM "Expediteur" WHERE "Index"=?)"_s);
-  requete.Lier(index);
-  if (!requete.Suivante()) return std::nullopt;
-  return LigneCourante<Expediteur>(requete);
+  return LireLigne<Expediteur>(base_, index);
 }
 
 Cle TableExpediteur::Ajouter(const Expediteur &expediteur) {
@@ -302,19 +315,11 @@ void TableExpediteur::MettreDefaut(Cle index) {
 }
 
 QList<VilleCode> TableVille::Toutes() const {
-  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<VilleCode>{}) +
-                             uR"( FROM "Ville" ORDER BY "Index")"_s);
-  QList<VilleCode> lignes;
-  while (requete.Suivante()) lignes.append(LigneCourante<VilleCode>(requete));
-  return lignes;
+  return LireLignes<VilleCode>(base_);
 }
 
 std::optional<VilleCode> TableVille::Lire(Cle index) const {
-  Requete requete(base_, u"SELECT "_s + ListeColonnes(Table<VilleCode>{}) +
-                             uR"( FROM "Ville" WHERE "Index"=?)"_s);
-  requete.Lier(index);
-  if (!requete.Suivante()) return std::nullopt;
-  return LigneCourante<VilleCode>(requete);
+  return LireLigne<VilleCode>(base_, index);
 }
 
 void TableVille::Enregistrer(const QString &ville, const QString &code) {
