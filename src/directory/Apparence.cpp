@@ -1,7 +1,6 @@
 #include "directory/Apparence.h"
 
 #include "directory/FrmTaillepg.h"
-#include "directory/FrmVelmira.h"
 #include "platform/Saisie.h"
 #include "ui/Bulle.h"
 #include "ui/Echelle.h"
@@ -53,7 +52,7 @@ QColor EncreSur(const QColor &fond) {
 
 }  // namespace
 
-Apparence::Apparence(Session &session, Ui::FrmVelmira &ui, FrmVelmira &fenetre,
+Apparence::Apparence(Session &session, Ui::FrmVelmira &ui, QWidget &fenetre,
                      std::function<void()> relancer)
     : session_(session),
       ui_(ui),

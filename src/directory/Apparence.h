@@ -6,7 +6,7 @@
 
 #include <functional>
 
-class FrmVelmira;
+class QWidget;
 
 namespace Ui {
 class FrmVelmira;
@@ -20,8 +20,7 @@ class Apparence : public QObject {
 
  public:
   /// Shows the settings. `relancer` closes the program and starts it anew.
-  Apparence(Session &session, Ui::FrmVelmira &ui, FrmVelmira &fenetre,
-            std::function<void()> relancer);
+  Apparence(Session &session, Ui::FrmVelmira &ui, QWidget &fenetre, std::function<void()> relancer);
 
   /// The colour of the command bar's panel, chosen by the user.
   void ChoisirCouleur();
@@ -45,7 +44,7 @@ class Apparence : public QObject {
 
   Session &session_;
   Ui::FrmVelmira &ui_;
-  FrmVelmira &fenetre_;
+  QWidget &fenetre_;
   std::function<void()> relancer_;
   const qint32 tailleEnForce_;  ///< of this run; a new one counts from the next start on
   const int hauteurDessin_, hauteurMinDessin_;
