@@ -1,10 +1,11 @@
-// The real desktop services and the real serial port: entries of the desktop are started by the
-// desktop's own launcher, and a pseudo-terminal stands where the modem would.
+// The real desktop services, the waits and the real serial port: entries of the desktop are started
+// by the desktop's own launcher, and a pseudo-terminal stands where the modem would.
 
 #include "commun/DisquePlein.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/linux/CoquilleSysteme.h"
+#include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 
@@ -17,6 +18,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QTimer>
 #include <QUrl>
 
 #include <fcntl.h>
@@ -304,6 +306,21 @@ TEST_F(Port, RienDeTel) {
   const QTemporaryDir dossier;
   RemplacerFichier(dossier.filePath(u"tty0"_s), "un fichier");
   EXPECT_FALSE(PortSerieSysteme(dossier.filePath(u"tty"_s)).Ouvrir(1));
+}
+
+TEST(Attente, LaisseTravailler) {
+  using namespace std::chrono_literals;
+  HorlogeSysteme horloge;
+  bool clique = false;
+  QTimer::singleShot(0, [&] { clique = true; });
+  horloge.Attendre(24h, [&] { return clique; });  // ends by what happens meanwhile
+  EXPECT_TRUE(clique);
+
+  clique = false;
+  horloge.Attendre(1ms, [] { return false; });  // ends by its time
+  QTimer::singleShot(0, [&] { clique = true; });
+  horloge.AttendreQue([&] { return clique; });
+  EXPECT_TRUE(clique);
 }
 
 }  // namespace
