@@ -1,13 +1,13 @@
 #include "maintenance/CommandesBase.h"
 
 #include "maintenance/FrmLiaison.h"
-#include "maintenance/TransfertBase.h"
 #include "platform/Enregistrable.h"
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "storage/Demarrage.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
+#include "storage/TransfertBase.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 

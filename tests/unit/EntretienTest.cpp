@@ -2,10 +2,10 @@
 // folder.
 
 #include "Outils.h"
-#include "maintenance/TransfertBase.h"
 #include "storage/Base.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
+#include "storage/TransfertBase.h"
 
 #include <filesystem>
 

@@ -1,4 +1,4 @@
-#include "maintenance/TransfertBase.h"
+#include "storage/TransfertBase.h"
 
 #include "platform/Fichiers.h"
 #include "storage/Base.h"
