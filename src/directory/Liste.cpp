@@ -2,6 +2,7 @@
 
 #include "directory/Categories.h"
 #include "directory/Protection.h"
+#include "platform/Saisie.h"
 
 #include <QCollator>
 
@@ -22,14 +23,6 @@ QCollator OrdreDesNoms() {
   QCollator ordre(QLocale(QLocale::French, QLocale::France));
   ordre.setCaseSensitivity(Qt::CaseInsensitive);
   return ordre;
-}
-
-/// Only blanks are trimmed: a tab is a character of the name.
-QString SansBlancs(const QString &texte) {
-  qsizetype debut = 0, fin = texte.size();
-  while (debut < fin && texte[debut] == u' ') ++debut;
-  while (fin > debut && texte[fin - 1] == u' ') --fin;
-  return texte.mid(debut, fin - debut);
 }
 
 /// `parcours` walks the records, `nommer` makes a shown name of a record's name.

@@ -1,6 +1,7 @@
 #include "exchange/EchangeTexte.h"
 
 #include "platform/PageDeCode.h"
+#include "platform/Saisie.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 
@@ -109,13 +110,6 @@ bool EstACompleter(const Requete &requete, int colonne, Champ L::*, const QStrin
 QString Majuscules(QString nom) {
   for (QChar &c : nom) c = c.toUpper();
   return nom;
-}
-
-/// Only blanks are trimmed: a tab is a character of the name.
-QString SansBlancs(QStringView texte) {
-  while (texte.startsWith(u' ')) texte = texte.mid(1);
-  while (texte.endsWith(u' ')) texte.chop(1);
-  return texte.toString();
 }
 
 /// The lines of a file, ended by CR LF, LF or CR.

@@ -14,6 +14,12 @@ QDate DateSaisie(const QString &texte) {
   return {annee, trouve.captured(2).toInt(), trouve.captured(1).toInt()};
 }
 
+QString SansBlancs(QStringView texte) {
+  while (texte.startsWith(u' ')) texte = texte.mid(1);
+  while (texte.endsWith(u' ')) texte.chop(1);
+  return texte.toString();
+}
+
 double NombreSaisi(const QString &texte) {
   static const QRegularExpression forme(uR"(^\s*([+-]?(?:\d+[.,]?\d*|[.,]\d+)))"_s);
   const auto trouve = forme.match(texte);

@@ -1,5 +1,5 @@
 #pragma once
-// What a typed text means as a date or as a number.
+// What a typed text means as a date, as a number or as a name.
 
 #include <QDate>
 #include <QString>
@@ -7,6 +7,9 @@
 /// Day, month and year with "/", "-" or "." between; a year of two digits means 1930 to 2029.
 /// Anything else is no date and gives an invalid one.
 QDate DateSaisie(const QString &texte);
+
+/// The text without the blanks at its ends. Only blanks: a tab is a character of a name.
+QString SansBlancs(QStringView texte);
 
 /// The number that a text begins with, decimals behind "," or "."; 0 when it begins with none.
 double NombreSaisi(const QString &texte);

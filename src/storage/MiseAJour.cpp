@@ -3,6 +3,7 @@
 #include "platform/Fichiers.h"
 #include "storage/Lignes.h"
 #include "storage/Schema.h"
+#include "storage/Tables.h"
 #include "storage/Telephone.h"
 
 #include <QFileInfo>
@@ -128,16 +129,9 @@ class Copie {
 
   template <typename L>
   void CopierTable(Table<L> table) {
-    constexpr auto nombre = std::tuple_size_v<decltype(Table<L>::colonnes)>;
-    const QString marques = u"?, "_s.repeated(static_cast<qsizetype>(nombre) - 2) + u'?';
-    Requete ajout(cible_, u"INSERT INTO "_s + Nom(table) + u" ("_s + ListeColonnes(table, 1) +
-                              u") VALUES ("_s + marques + u')');
     PourChaqueLigne(table, [&](L &ligne) {
       MettreAJour(ligne);
-      std::apply(
-          [&](const auto &, const auto &...colonne) { (ajout.Lier(ligne.*colonne.champ), ...); },
-          Table<L>::colonnes);
-      ajout.Executer();
+      AjouterLigne(cible_, ligne);
       if (++copiees_ % kPas == 0) avancement_(copiees_);
     });
   }

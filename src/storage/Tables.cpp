@@ -85,11 +85,11 @@ QString TexteDisparu() {
 
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne) {
-  constexpr Table<L> table;
-  constexpr auto nombre = std::tuple_size_v<decltype(Table<L>::colonnes)>;
-  const QString marques = u"?, "_s.repeated(static_cast<qsizetype>(nombre) - 2) + u'?';
-  Requete requete(base, u"INSERT INTO "_s + Nom(table) + u" ("_s + ListeColonnes(table, 1) +
-                            u") VALUES ("_s + marques + u')');
+  constexpr auto nombre = static_cast<qsizetype>(std::tuple_size_v<decltype(Table<L>::colonnes)>);
+  static const QString kTexte = u"INSERT INTO "_s + Nom(Table<L>{}) + u" ("_s +
+                                ListeColonnes(Table<L>{}, 1) + u") VALUES ("_s +
+                                u"?, "_s.repeated(nombre - 2) + u"?)"_s;
+  Requete requete(base, kTexte);
   std::apply(
       [&](const auto &, const auto &...colonne) { (requete.Lier(ligne.*colonne.champ), ...); },
       Table<L>::colonnes);
