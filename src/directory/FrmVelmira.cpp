@@ -171,7 +171,12 @@ void FrmVelmira::BrancherMenus() {
   new CommandesBase(
       session_,
       {ui_->mnuLiaison, ui_->mnuChemin, ui_->mnuTransfert, ui_->mnuRepComp, ui_->mnuRecup},
-      {[this] { CliquerRacine(); }, [this] { close(); }, [this] { emit FinDemandee(); }}, this);
+      {[this] { CliquerRacine(); }, [this] { close(); },
+       [this] {
+         appel_->Raccrocher();  // nothing may keep the program from ending
+         emit FinDemandee();
+       }},
+      this);
   mnuInv_->setObjectName(u"mnuInv"_s);
   mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
   new CommandesEchange(session_, {ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer},

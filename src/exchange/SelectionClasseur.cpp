@@ -2,6 +2,7 @@
 
 #include "directory/Categories.h"
 #include "exchange/ClasseurVelmiras.h"
+#include "ui/Avancement.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
@@ -62,9 +63,13 @@ void SelectionClasseur::Exporter() {
   {
     const Sablier sablier;
     const TableAdresse table(session_.base);
+    const QList<Cle> choisis = liste_.Arbre().Coches();
+    Avancement avancement(CmdExcel->window(), u"Lecture des velmiras"_s, choisis.size());
     QList<Correspondant> velmiras;
-    for (const Cle index : liste_.Arbre().Coches())
-      if (auto velmira = table.Lire(index)) velmiras.append(std::move(*velmira));
+    for (qsizetype i = 0; i < choisis.size(); ++i) {
+      if (!avancement.Montrer(i)) return;  // the choice stands for another try
+      if (auto velmira = table.Lire(choisis[i])) velmiras.append(std::move(*velmira));
+    }
 
     // A folder of its own each time: a spreadsheet that shows the workbook before would show it
     // again.

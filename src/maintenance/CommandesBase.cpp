@@ -8,6 +8,7 @@
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "storage/TransfertBase.h"
+#include "ui/Avancement.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
@@ -87,23 +88,35 @@ void CommandesBase::ChangerLiaison() {
   FrmLiaison dialogue(boites, ancien, fenetre_);
   if (dialogue.exec() != QDialog::Accepted) return;
   const QString separateur = dialogue.Separateur();
-  EcrireLiaison(session_.dossiers.AppPath, separateur, session_.enveloppe.LiaisonCP);
-  session_.reglages.SeparateurTel = separateur;
+  EnregistrerLiaison(separateur);
 
   boites.Information(u"Votre base de données doit être mise à jour."_s);
   programme_.afficherRacine();
-  {
-    const Sablier sablier;
-    TableAdresse(session_.base)
-        .ReformaterTelephones(
-            [&](const QString &numero) {
-              return FormatTelephone(SansLiaison(numero, ancien), separateur);
-            },
-            [](qsizetype, qsizetype) {  // the windows go on being painted
-              QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-            });
+  if (Reformater(ancien, separateur)) {
+    boites.Information(u"La base a été mise à jour avec succès."_s);
+  } else {
+    EnregistrerLiaison(ancien);
+    boites.Information(u"Mise à jour arrêtée : rien n'a été changé."_s);
   }
-  boites.Information(u"La base a été mise à jour avec succès."_s);
+}
+
+void CommandesBase::EnregistrerLiaison(const QString &separateur) {
+  EcrireLiaison(session_.dossiers.AppPath, separateur, session_.enveloppe.LiaisonCP);
+  session_.reglages.SeparateurTel = separateur;
+}
+
+bool CommandesBase::Reformater(const QString &ancien, const QString &separateur) {
+  const Sablier sablier;
+  constexpr qsizetype kTotal = 1000;
+  Avancement avancement(fenetre_, u"Mise à jour des numéros"_s, kTotal);
+  return TableAdresse(session_.base)
+      .ReformaterTelephones(
+          [&](const QString &numero) {
+            return FormatTelephone(SansLiaison(numero, ancien), separateur);
+          },
+          [&](qsizetype fait, qsizetype total) {
+            return avancement.Montrer(fait * kTotal / total);
+          });
 }
 
 QString CommandesBase::ChoisirDossier(const QString &invite) {

@@ -35,6 +35,10 @@ class CommandesBase : public QObject {
   void Reparer();
   void Recuperer();
 
+  void EnregistrerLiaison(const QString &separateur);
+  /// Gives all numbers the new separator. False when the user has stopped it: none has changed.
+  bool Reformater(const QString &ancien, const QString &separateur);
+
   /// One choice of the folder; false when it has to be made again.
   bool ChoisirChemin();
   /// Makes a data folder where the user wants it, and records it. False when none is wanted.

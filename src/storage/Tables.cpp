@@ -183,9 +183,9 @@ void TableAdresse::ChangerCategories(const QString &nom,
   transaction.Valider();
 }
 
-void TableAdresse::ReformaterTelephones(
+bool TableAdresse::ReformaterTelephones(
     const std::function<QString(const QString &)> &regle,
-    const std::function<void(qsizetype, qsizetype)> &avancement) {
+    const std::function<bool(qsizetype, qsizetype)> &avancement) {
   using Numeros = std::array<QString, 4>;
   constexpr qsizetype kPas = 200;  // records between two calls of `avancement`
   Transaction transaction(base_);
@@ -212,9 +212,12 @@ void TableAdresse::ReformaterTelephones(
     for (const QString &numero : numeros) ecriture.Lier(numero);
     ecriture.Lier(index);
     Ignorer([&] { ecriture.Executer(); });
-    if (++faites % kPas == 0 || faites == changees.size()) avancement(faites, changees.size());
+    ++faites;
+    if ((faites % kPas == 0 || faites == changees.size()) && !avancement(faites, changees.size()))
+      return false;
   }
   transaction.Valider();
+  return true;
 }
 
 bool TableAdresse::Supprimer(Cle index) {

@@ -61,9 +61,10 @@ class TableAdresse {
 
   /// Gives the four telephone numbers of every record the form that `regle` makes of them; null and
   /// empty ones stay. A record that cannot be written is passed over. `avancement` is told from
-  /// time to time how many of how many records are done.
-  void ReformaterTelephones(const std::function<QString(const QString &)> &regle,
-                            const std::function<void(qsizetype, qsizetype)> &avancement);
+  /// time to time how many of how many records are done. When it gives false nothing at all is
+  /// changed, and false is given back.
+  bool ReformaterTelephones(const std::function<QString(const QString &)> &regle,
+                            const std::function<bool(qsizetype, qsizetype)> &avancement);
 
   /// A record that another user has deleted meanwhile throws.
   void EcrireCommentaires(Cle index, const QString &texte);

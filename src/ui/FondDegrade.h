@@ -19,7 +19,6 @@ class FondDegrade : public QWidget {
 
   void Degrader() { Choisir(false); }
   void Unir() { Choisir(true); }
-  bool EstUni() const { return uni_; }
 
  protected:
   void paintEvent(QPaintEvent *evenement) override;

@@ -70,12 +70,14 @@ TEST_F(Entretien, NumerosDeTous) {
       .Executer();
 
   QList<std::pair<qsizetype, qsizetype>> avance;
-  table.ReformaterTelephones(
+  const bool faite = table.ReformaterTelephones(
       [](const QString &texte) { return texte == u"vide"_s ? QString() : Doubler(texte); },
       [&](qsizetype fait, qsizetype total) {
         avance.append({fait, total});
+        return true;
       });
 
+  EXPECT_TRUE(faite);
   EXPECT_EQ(table.Lire(1)->Tel, u"11"_s);
   EXPECT_TRUE(table.Lire(1)->Fax.isNull());
   EXPECT_EQ(table.Lire(2)->Tel, u"2"_s) << "a record that cannot be written is passed over";
@@ -87,6 +89,10 @@ TEST_F(Entretien, NumerosDeTous) {
   Requete traces(base, u"SELECT count(*) FROM trace WHERE cle=4"_s);
   ASSERT_TRUE(traces.Suivante());
   EXPECT_EQ(traces.Entier(0), 0) << "a record without numbers is not written";
+
+  EXPECT_FALSE(table.ReformaterTelephones(Doubler, [](qsizetype, qsizetype) { return false; }));
+  EXPECT_EQ(table.Lire(1)->Tel, u"11"_s) << "a run that is stopped changes nothing";
+  EXPECT_EQ(table.Lire(3)->Tel, u"33"_s);
 }
 
 TEST_F(Entretien, TransfertVersUneBaseOuverte) {
