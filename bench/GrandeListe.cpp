@@ -3,9 +3,9 @@
 #include "Ecran.h"
 #include "Lancement.h"
 #include "Nu.h"
+#include "address/CodesPostaux.h"
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
-#include "envelope/CodesPostaux.h"
 #include "storage/Tables.h"
 
 #include <QAbstractButton>

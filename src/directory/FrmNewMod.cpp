@@ -31,7 +31,7 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
   setWindowTitle(titre);
   Boites &boites = session_.plateforme.boites;
   constexpr int kGris = 242;  // of the field that has the focus
-  ui_->Champs->Relier(session_, kGris, u"Image3"_s);
+  ui_->Champs->Relier(boites, session_.base, session_.dossiers.AppPath, kGris, u"Image3"_s);
   categories_ = std::make_unique<GestionCategories>(
       boites, session_.base,
       GestionCategories::Controles{ui_->CboCat, ui_->LstCat, ui_->CmdEnrCat, ui_->CmdModSup},

@@ -1,5 +1,7 @@
 #include "directory/FrmVelmira.h"
 
+#include "address/ChaineAdresse.h"
+#include "address/MiseEnLignes.h"
 #include "alerts/MenuMemora.h"
 #include "calendar/CommandesFetes.h"
 #include "calendar/Saints.h"
@@ -10,8 +12,6 @@
 #include "directory/CommandesRecherche.h"
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
-#include "envelope/ChaineAdresse.h"
-#include "envelope/MiseEnLignes.h"
 #include "exchange/CommandesEchange.h"
 #include "exchange/SelectionClasseur.h"
 #include "help/CommandesAide.h"

@@ -2,7 +2,7 @@
 
 // `Defaut.ini`, the default sender: a line with an address string, a line with a digit.
 
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
 #include "storage/Base.h"
 
 #include <QString>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 

@@ -28,7 +28,8 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
       ui_(std::make_unique<Ui::FrmNouveau>()) {
   ui_->setupUi(this);
   constexpr int kGris = 222;  // of the field that has the focus
-  ui_->Champs->Relier(session_, kGris, u"Image1"_s);
+  ui_->Champs->Relier(session_.plateforme.boites, session_.base, session_.dossiers.AppPath, kGris,
+                      u"Image1"_s);
   ui_->Img->setPixmap(Icone(u"mail-message-new").pixmap(48));
 
   const auto brancher = [this](QPushButton *bouton, auto commande) {

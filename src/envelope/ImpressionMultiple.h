@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 

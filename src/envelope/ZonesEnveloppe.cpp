@@ -1,7 +1,7 @@
 #include "envelope/ZonesEnveloppe.h"
 
+#include "address/MiseEnLignes.h"
 #include "envelope/ExpediteurDefaut.h"
-#include "envelope/MiseEnLignes.h"
 #include "envelope/VueEnveloppe.h"
 #include "ui/Alignement.h"
 #include "ui/EtiquetteZone.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
 #include "envelope/MiseEnPage.h"
 #include "session/Session.h"
 

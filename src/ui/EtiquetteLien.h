@@ -13,7 +13,8 @@
 class EtiquetteLien : public EtiquetteElidee {
  public:
   explicit EtiquetteLien(QWidget *parent = nullptr) : EtiquetteElidee(parent) {
-    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);  // as wide as its text, where it fits
+    setSizePolicy(QSizePolicy::Preferred,
+                  QSizePolicy::Fixed);  // as wide as its text, where it fits
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
   }

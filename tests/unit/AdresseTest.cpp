@@ -1,9 +1,9 @@
 // Address strings, their lines, the default sender, the printing key.
 
 #include "Outils.h"
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
+#include "address/MiseEnLignes.h"
 #include "envelope/ExpediteurDefaut.h"
-#include "envelope/MiseEnLignes.h"
 #include "envelope/Raccourci.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"

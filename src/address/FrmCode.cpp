@@ -1,4 +1,4 @@
-#include "envelope/FrmCode.h"
+#include "address/FrmCode.h"
 
 #include <QLabel>
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "envelope/CodesPostaux.h"
+#include "address/CodesPostaux.h"
 
 #include "platform/PageDeCode.h"
 

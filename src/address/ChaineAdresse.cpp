@@ -1,4 +1,4 @@
-#include "envelope/ChaineAdresse.h"
+#include "address/ChaineAdresse.h"
 
 #include <QStringList>
 

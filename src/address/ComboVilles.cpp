@@ -1,6 +1,6 @@
-#include "envelope/ComboVilles.h"
+#include "address/ComboVilles.h"
 
-#include "envelope/FrmCode.h"
+#include "address/FrmCode.h"
 #include "storage/Tables.h"
 #include "ui/Garde.h"
 

@@ -1,4 +1,4 @@
-#include "directory/Titres.h"
+#include "address/Titres.h"
 
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"

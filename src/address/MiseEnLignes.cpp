@@ -1,4 +1,4 @@
-#include "envelope/MiseEnLignes.h"
+#include "address/MiseEnLignes.h"
 
 #include <QStringList>
 

@@ -1,6 +1,6 @@
-#include "envelope/FrmCP.h"
+#include "address/FrmCP.h"
 
-#include "envelope/CodesPostaux.h"
+#include "address/CodesPostaux.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "ui/Garde.h"

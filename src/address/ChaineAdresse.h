@@ -3,7 +3,7 @@
 // (head lines, postal code and town, country), items separated by "*", a single blank for an empty
 // block. "M. Dupont*3 rue Haute$44000*Nantes$ " is an address without a country.
 
-#include "envelope/AdresseSaisie.h"
+#include "address/AdresseSaisie.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
-#include "directory/ComboTitres.h"
+#include "address/ComboTitres.h"
 
-#include "directory/Titres.h"
+#include "address/Titres.h"
 #include "ui/Garde.h"
 
 #include <QKeyEvent>

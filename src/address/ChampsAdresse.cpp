@@ -1,6 +1,6 @@
-#include "envelope/ChampsAdresse.h"
+#include "address/ChampsAdresse.h"
 
-#include "envelope/FrmCP.h"
+#include "address/FrmCP.h"
 #include "ui/FondAuFocus.h"
 #include "ui/Garde.h"
 #include "ui_ChampsAdresse.h"
@@ -22,11 +22,12 @@ ChampsAdresse::ChampsAdresse(QWidget *parent)
 
 ChampsAdresse::~ChampsAdresse() = default;
 
-void ChampsAdresse::Relier(Session &session, int gris, const QString &imageFrancaise) {
-  session_ = &session;
-  Boites &boites = session.plateforme.boites;
-  ui_->CboTitre->Relier(boites, session.dossiers.AppPath, ui_->Txt_0);
-  ui_->CboVille->Relier(boites, session.base, ui_->Txt_5);
+void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, int gris,
+                           const QString &imageFrancaise) {
+  boites_ = &boites;
+  appPath_ = appPath;
+  ui_->CboTitre->Relier(boites, appPath, ui_->Txt_0);
+  ui_->CboVille->Relier(boites, base, ui_->Txt_5);
   for (QLineEdit *champ : txt_) new FondAuFocus(champ, gris);
   ui_->Image3->setObjectName(imageFrancaise);
 
@@ -97,7 +98,7 @@ void ChampsAdresse::PrendreFocus() {
 void ChampsAdresse::ChercherCode() {
   ui_->Txt_5->clear();
   ui_->CboVille->setEditText(u""_s);
-  FrmCP dialogue(session_->plateforme.boites, session_->dossiers.AppPath, window());
+  FrmCP dialogue(*boites_, appPath_, window());
   if (dialogue.exec() != QDialog::Accepted || dialogue.Ligne().isEmpty()) return;
   ui_->Txt_5->setText(FrmCP::Code(dialogue.Ligne()));
   ui_->CboVille->setEditText(FrmCP::Ville(dialogue.Ligne()));

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "envelope/AdresseSaisie.h"
-#include "session/Session.h"
+#include "address/AdresseSaisie.h"
+#include "platform/Boites.h"
+#include "storage/Base.h"
 
 #include <QWidget>
 
@@ -27,7 +28,8 @@ class ChampsAdresse : public QWidget {
 
   /// Reads titles and towns. `gris` is the ground of the field that has the focus; `imageFrancaise`
   /// names the picture of the French order, which differs between the two windows.
-  void Relier(Session &session, int gris, const QString &imageFrancaise);
+  void Relier(Boites &boites, Base &base, const QString &appPath, int gris,
+              const QString &imageFrancaise);
 
   void Montrer(const AdresseSaisie &adresse);
   AdresseSaisie Adresse() const;
@@ -53,5 +55,6 @@ class ChampsAdresse : public QWidget {
 
   std::unique_ptr<Ui::ChampsAdresse> ui_;
   std::array<QLineEdit *, 7> txt_;
-  Session *session_ = nullptr;
+  Boites *boites_ = nullptr;
+  QString appPath_;
 };
