@@ -65,6 +65,7 @@ void MenuMemora::BasculerAssociation(bool coche) {
 
 void MenuMemora::Enregistrer() {
   MajCoches();
+  emit Change();
   EcrireMemora(session_.dossiers.AppPath, session_.reglages.memora);
 }
 

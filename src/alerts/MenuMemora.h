@@ -14,6 +14,10 @@ class MenuMemora : public QMenu {
   /// Sets the ticks anew: the other window's menu may have changed the settings.
   void MajCoches();
 
+ signals:
+  /// The settings have been changed here.
+  void Change();
+
  private:
   void BasculerDemarrage(bool coche);
   void BasculerAssociation(bool coche);

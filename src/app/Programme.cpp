@@ -1,10 +1,16 @@
 #include "app/Programme.h"
 
 #include "alerts/FrmOptionsAnn.h"
+#include "alerts/MenuMemora.h"
+#include "calendar/CommandesFetes.h"
 #include "directory/FrmDepart.h"
 #include "directory/FrmVelmira.h"
 #include "envelope/FrmPlomex.h"
+#include "exchange/CommandesEchange.h"
+#include "exchange/SelectionClasseur.h"
+#include "help/CommandesAide.h"
 #include "help/ToucheAide.h"
+#include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
 #include "storage/Demarrage.h"
 #include "ui/EchelleProgramme.h"
@@ -69,6 +75,19 @@ bool Programme::Demarrer() {
 }
 
 void Programme::Charger() {
+  LireTousReglages();
+  OuvrirBase();
+
+  echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
+  velmira_ = std::make_unique<FrmVelmira>(session_);
+  plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
+  BrancherFenetres();
+  PoserCommandes();
+  echelle_->Appliquer(velmira_.get());
+  echelle_->Appliquer(plomex_.get());
+}
+
+void Programme::LireTousReglages() {
   const QString &appPath = session_.dossiers.AppPath;
   Reglages &reglages = session_.reglages;
   LireLiaison(appPath, reglages.SeparateurTel, session_.enveloppe.LiaisonCP);
@@ -77,30 +96,58 @@ void Programme::Charger() {
   LireSauvan(appPath, reglages.sauvan);
   LireMemora(appPath, reglages.memora);
   LireReglages(appPath, reglages);
-  OuvrirBase();
+}
 
-  echelle_ = std::make_unique<EchelleProgramme>(reglages.rtcolor.TailleFenetre);
-  velmira_ = std::make_unique<FrmVelmira>(session_);
-  new ToucheAide(session_, this);
-  plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
-  echelle_->Appliquer(velmira_.get());
-  echelle_->Appliquer(plomex_.get());
+void Programme::BrancherFenetres() {
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
-  connect(velmira_.get(), &FrmVelmira::FinDemandee, this, &Programme::Terminer);
-  const auto alertes = [this](QWidget *fenetre) {
-    return Garde(session_.plateforme.boites, [this, fenetre] {
+  Boites &boites = session_.plateforme.boites;
+  const auto alertes = [this, &boites](QWidget *fenetre) {
+    return Garde(boites, [this, fenetre] {
       FrmOptionsAnn(session_, velmira_->LeRepertoire(), fenetre).exec();
     });
   };
   connect(velmira_.get(), &FrmVelmira::AlertesDemandees, this, alertes(velmira_.get()));
   connect(plomex_.get(), &FrmPlomex::AlertesDemandees, this, alertes(plomex_.get()));
   // Queued: the window that asks is still at work.
-  const auto fermer = Garde(session_.plateforme.boites, [this] { Fermer(); });
+  const auto fermer = Garde(boites, [this] { Fermer(); });
   connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer, Qt::QueuedConnection);
   connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer, Qt::QueuedConnection);
-  const auto relancer = Garde(session_.plateforme.boites, [this] { Relancer(); });
+  const auto relancer = Garde(boites, [this] { Relancer(); });
   connect(velmira_.get(), &FrmVelmira::RelanceDemandee, this, relancer, Qt::QueuedConnection);
+}
+
+void Programme::PoserCommandes() {
+  FrmVelmira *velmira = velmira_.get();
+  const FrmVelmira::Actions a = velmira->LesActions();
+  new CommandesEchange(session_, {a.mnuExport, a.mnuImport, a.mnuVelmira, a.mnuEnvoyer},
+                       velmira->LeRepertoire(), velmira);
+  new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
+  new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
+                    {[velmira] { velmira->CliquerRacine(); }, [velmira] { velmira->close(); },
+                     [this] {
+                       velmira_->Raccrocher();  // nothing may keep the program from ending
+                       Terminer();
+                     }},
+                    velmira);
+  classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->CmdExcel(),
+                                                  velmira->CmdAnnExp(),
+                                                  [velmira] { velmira->CliquerRacine(); });
+  connect(velmira, &FrmVelmira::ClasseurDemande, this,
+          Garde(session_.plateforme.boites, [this] { classeur_->Commencer(); }));
+  PoserMenusMemora();
+  new CommandesAide(session_, a.mnuAide, velmira);
+  new CommandesAide(session_, plomex_->mnuAide(), plomex_.get());
+  new ToucheAide(session_, this);
+}
+
+void Programme::PoserMenusMemora() {
+  auto *repertoire = new MenuMemora(session_, velmira_.get());
+  auto *enveloppes = new MenuMemora(session_, plomex_.get());
+  velmira_->PoserMenuMemora(repertoire);
+  plomex_->PoserMenuMemora(enveloppes);
+  connect(repertoire, &MenuMemora::Change, enveloppes, &MenuMemora::MajCoches);
+  connect(enveloppes, &MenuMemora::Change, repertoire, &MenuMemora::MajCoches);
 }
 
 void Programme::OuvrirBase() {

@@ -11,6 +11,7 @@ class EchelleProgramme;
 class FrmDepart;
 class FrmPlomex;
 class FrmVelmira;
+class SelectionClasseur;
 
 class Programme : public QObject {
   Q_OBJECT
@@ -29,6 +30,12 @@ class Programme : public QObject {
 
  private:
   void Charger();
+  void LireTousReglages();
+  /// What goes from one window to the other, and to the end.
+  void BrancherFenetres();
+  /// The commands that stand in the menus of the two windows and belong to neither.
+  void PoserCommandes();
+  void PoserMenusMemora();
   void MontrerPremiereFenetre();
   void OuvrirBase();
   void VersEnveloppes();
@@ -46,5 +53,6 @@ class Programme : public QObject {
   std::unique_ptr<FrmDepart> depart_;
   std::unique_ptr<FrmVelmira> velmira_;
   std::unique_ptr<FrmPlomex> plomex_;
+  std::unique_ptr<SelectionClasseur> classeur_;
   bool fermeture_ = false;
 };

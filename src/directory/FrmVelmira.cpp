@@ -2,8 +2,6 @@
 
 #include "address/ChaineAdresse.h"
 #include "address/MiseEnLignes.h"
-#include "alerts/MenuMemora.h"
-#include "calendar/CommandesFetes.h"
 #include "calendar/Saints.h"
 #include "directory/Age.h"
 #include "directory/Apparence.h"
@@ -12,10 +10,6 @@
 #include "directory/CommandesRecherche.h"
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
-#include "exchange/CommandesEchange.h"
-#include "exchange/SelectionClasseur.h"
-#include "help/CommandesAide.h"
-#include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
@@ -72,8 +66,7 @@ FrmVelmira::FrmVelmira(Session &session)
           {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { EffacerFiche(); }}),
       impression_(session, liste_, this),
       mnuInv_(new QMenu(this)),
-      mnuInv2_(new QMenu(this)),
-      mnuInv3_(new MenuMemora(session, this)) {
+      mnuInv2_(new QMenu(this)) {
   setWindowIcon(IconeProgramme());
   ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
   // Raised: an icon is drawn for the theme's buttons, and the panel below has any colour.
@@ -102,8 +95,6 @@ FrmVelmira::FrmVelmira(Session &session)
   connect(ui_->CmdFavoris, &QToolButton::clicked, this,
           Garde(boites, [this](bool) { commandes_.AjouterAuxFavoris(); }));
   recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
-  classeur_ = std::make_unique<SelectionClasseur>(session_, liste_, ui_->CmdExcel, ui_->CmdAnnExp,
-                                                  [this] { CliquerRacine(); });
   apparence_ =
       std::make_unique<Apparence>(session_, *ui_, *this, [this] { emit RelanceDemandee(); });
   BrancherMenus();
@@ -168,24 +159,33 @@ void FrmVelmira::BrancherMenus() {
        ui_->Barre->Bouton(kAppeler),
        ui_->Fiche},
       this);
-  new CommandesBase(
-      session_,
-      {ui_->mnuLiaison, ui_->mnuChemin, ui_->mnuTransfert, ui_->mnuRepComp, ui_->mnuRecup},
-      {[this] { CliquerRacine(); }, [this] { close(); },
-       [this] {
-         appel_->Raccrocher();  // nothing may keep the program from ending
-         emit FinDemandee();
-       }},
-      this);
   mnuInv_->setObjectName(u"mnuInv"_s);
   mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
-  new CommandesEchange(session_, {ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer},
-                       commandes_, this);
-  new CommandesFetes(session_, ui_->mnuJF, ui_->mnuFete, ui_->mnuDate, this);
-  menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
-  new CommandesAide(session_, ui_->mnuAide, this);
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
+}
+
+QPushButton *FrmVelmira::CmdExcel() const {
+  return ui_->CmdExcel;
+}
+
+QPushButton *FrmVelmira::CmdAnnExp() const {
+  return ui_->CmdAnnExp;
+}
+
+FrmVelmira::Actions FrmVelmira::LesActions() const {
+  return {ui_->mnuExport,  ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer, ui_->mnuJF,
+          ui_->mnuFete,    ui_->mnuDate,   ui_->mnuLiaison, ui_->mnuChemin,  ui_->mnuTransfert,
+          ui_->mnuRepComp, ui_->mnuRecup,  ui_->mnuAide};
+}
+
+void FrmVelmira::PoserMenuMemora(QMenu *menu) {
+  mnuInv3_ = menu;
+  menuBar()->insertMenu(ui_->mnuAide->menuAction(), menu);
+}
+
+void FrmVelmira::Raccrocher() {
+  appel_->Raccrocher();
 }
 
 void FrmVelmira::QuitterFiche() {
@@ -295,7 +295,7 @@ void FrmVelmira::CommandeBarre(int index) {
       Derouler(mnuInv_, index);
       break;
     case kClasseur:
-      classeur_->Commencer();
+      emit ClasseurDemande();
       break;
     case kAlertes:
       EnregistrerNotes();
@@ -352,7 +352,6 @@ void FrmVelmira::PreparerFermeture() {
 }
 
 void FrmVelmira::VenirDevant() {
-  mnuInv3_->MajCoches();
   if (premierPassage_) {
     premierPassage_ = false;
     const ModeleListe &modele = ui_->TV->Modele();

@@ -14,8 +14,7 @@ class Apparence;
 class CommandesAppel;
 class CommandesRecherche;
 class FrmLoupe;
-class MenuMemora;
-class SelectionClasseur;
+class QPushButton;
 
 namespace Ui {
 class FrmVelmira;
@@ -32,6 +31,29 @@ class FrmVelmira : public QMainWindow {
   /// What the other windows may ask of the directory.
   Repertoire &LeRepertoire() { return commandes_; }
 
+  /// The left side, and the two buttons of the choice for the workbook below it.
+  ListeVelmiras &Liste() { return liste_; }
+  QPushButton *CmdExcel() const;
+  QPushButton *CmdAnnExp() const;
+
+  /// The items of its menus whose commands the program brings.
+  struct Actions {
+    QAction *mnuExport, *mnuImport, *mnuVelmira, *mnuEnvoyer;                ///< exchange
+    QAction *mnuJF, *mnuFete, *mnuDate;                                      ///< calendar
+    QAction *mnuLiaison, *mnuChemin, *mnuTransfert, *mnuRepComp, *mnuRecup;  ///< the base
+    QMenu *mnuAide;
+  };
+  Actions LesActions() const;
+
+  /// Puts the menu of the sticky notes into the menu bar and under its button.
+  void PoserMenuMemora(QMenu *menu);
+
+  /// Leaves the record: the root of the list is selected.
+  void CliquerRacine();
+
+  /// Ends the call that is under way, if there is one.
+  void Raccrocher();
+
   /// Saves what has been typed into the notes, and shows the user's protected records to the others
   /// again. Throws `ErreurBase`; what was typed stays on the screen then, and is not saved again.
   void PreparerFermeture();
@@ -41,8 +63,8 @@ class FrmVelmira : public QMainWindow {
   void EnveloppeDemandee();
   void AlertesDemandees();
   void FermetureDemandee();
-  /// The program is to end at once: it starts anew.
-  void FinDemandee();
+  void ClasseurDemande();
+
   /// The program is to be closed, as its close box does, and started anew.
   void RelanceDemandee();
 
@@ -68,9 +90,6 @@ class FrmVelmira : public QMainWindow {
   void Agrandir();
   /// Shows a menu under a button of the bar.
   void Derouler(QMenu *menu, int bouton);
-  /// Leaves the record: the root of the list is selected.
-  void CliquerRacine();
-
   QString LigneAge(const QString &ddn) const;
 
   Session &session_;
@@ -82,10 +101,9 @@ class FrmVelmira : public QMainWindow {
   std::unique_ptr<CommandesRecherche> recherche_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
-  std::unique_ptr<SelectionClasseur> classeur_;
-  QMenu *mnuInv_;   ///< pop-up of the exchange file
-  QMenu *mnuInv2_;  ///< pop-up of the list
-  MenuMemora *mnuInv3_;
+  QMenu *mnuInv_;               ///< pop-up of the exchange file
+  QMenu *mnuInv2_;              ///< pop-up of the list
+  QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
   Cle IndexCourant = 0;         ///< record on display, 0 for none
   QString adresseAffichee_;     ///< address string of the record on display
   quint8 OptionCourante = 0;    ///< order of its postal line

@@ -1,6 +1,5 @@
 #include "envelope/FrmPlomex.h"
 
-#include "alerts/MenuMemora.h"
 #include "directory/Repertoire.h"
 #include "envelope/CommandesCommentaire.h"
 #include "envelope/FormatsEnveloppe.h"
@@ -14,7 +13,6 @@
 #include "envelope/Raccourci.h"
 #include "envelope/Tirage.h"
 #include "help/Aide.h"
-#include "help/CommandesAide.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Debrancher.h"
@@ -117,9 +115,6 @@ void FrmPlomex::BrancherMenus() {
   brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
   ui_->Enveloppe->addAction(ui_->mnuInsCom);
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
-  mnuInv3_ = new MenuMemora(session_, this);
-  menuBar()->insertMenu(ui_->mnuAide->menuAction(), mnuInv3_);
-  new CommandesAide(session_, ui_->mnuAide, this);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 }
 
@@ -137,8 +132,16 @@ void FrmPlomex::Charger() {
   MajEtiquettes();
 }
 
+QMenu *FrmPlomex::mnuAide() const {
+  return ui_->mnuAide;
+}
+
+void FrmPlomex::PoserMenuMemora(QMenu *menu) {
+  mnuInv3_ = menu;
+  menuBar()->insertMenu(ui_->mnuAide->menuAction(), menu);
+}
+
 void FrmPlomex::MontrerAdresse() {
-  mnuInv3_->MajCoches();
   zones_.MontrerAdresse();
   MajEtiquettes();
   RendreFocus();

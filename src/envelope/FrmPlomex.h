@@ -10,7 +10,6 @@
 #include <memory>
 
 class CommandesCommentaire;
-class MenuMemora;
 class Repertoire;
 class Tirage;
 
@@ -28,6 +27,12 @@ class FrmPlomex : public QMainWindow {
 
   /// Shows the current address, or the empty state when there is none.
   void MontrerAdresse();
+
+  /// The menu "?", whose commands the program brings.
+  QMenu *mnuAide() const;
+
+  /// Puts the menu of the sticky notes into the menu bar and under its button.
+  void PoserMenuMemora(QMenu *menu);
 
  signals:
   void RepertoireDemande();
@@ -66,7 +71,7 @@ class FrmPlomex : public QMainWindow {
   ZonesEnveloppe zones_;
   std::unique_ptr<CommandesCommentaire> commentaire_;
   std::unique_ptr<Tirage> tirage_;
-  MenuMemora *mnuInv3_ = nullptr;
+  QMenu *mnuInv3_ = nullptr;  ///< of the sticky notes
   QList<QShortcut *> raccourcis_;
   int format_ = 0;           ///< index of the format in force
   int categorieCarnet_ = 0;  ///< index of the category chosen last in the address book
