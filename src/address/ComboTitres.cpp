@@ -1,7 +1,7 @@
 #include "address/ComboTitres.h"
 
 #include "address/Titres.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
 #include <QKeyEvent>
 
@@ -24,7 +24,7 @@ void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *cham
   titres.sort(Qt::CaseInsensitive);
   addItem(u""_s);
   addItems(titres);
-  connect(this, &QComboBox::activated, this, Garde(boites, [this](int index) { Choisir(index); }));
+  Brancheur(boites, this)(this, &QComboBox::activated, &ComboTitres::Choisir);
 }
 
 QStringList ComboTitres::Titres() const {

@@ -2,7 +2,7 @@
 
 #include "address/FrmCode.h"
 #include "storage/Tables.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
 #include <QKeyEvent>
 #include <QSet>
@@ -39,7 +39,7 @@ void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
   for (const VilleCode &ligne : villes) addItem(ligne.Ville, ligne.Index);
   setCurrentIndex(-1);
   setEditText(u""_s);
-  connect(this, &QComboBox::activated, this, Garde(boites, [this](int index) { Choisir(index); }));
+  Brancheur(boites, this)(this, &QComboBox::activated, &ComboVilles::Choisir);
 }
 
 void ComboVilles::Verrouiller(bool verrouille) {

@@ -3,7 +3,7 @@
 #include "address/CodesPostaux.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -41,7 +41,7 @@ FrmCP::FrmCP(Boites &boites, const QString &appPath, QWidget *parent)
   });
   boutons->addStretch();
   auto *quitter = bouton(u"CmdQuitter"_s, u"&OK"_s);
-  connect(recherche, &QPushButton::clicked, this, Garde(boites_, [this](bool) { Chercher(); }));
+  Brancheur(boites_, this)(recherche, &FrmCP::Chercher);
   connect(quitter, &QPushButton::clicked, this, &FrmCP::Prendre);
   connect(LstCP, &QListWidget::itemDoubleClicked, this, &FrmCP::Prendre);
   connect(LstCP, &QListWidget::itemClicked, quitter, [quitter] { quitter->setFocus(); });

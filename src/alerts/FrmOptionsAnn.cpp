@@ -4,8 +4,8 @@
 #include "alerts/Echeance.h"
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
-#include "ui/Garde.h"
 #include "ui_FrmOptionsAnn.h"
 
 #include <QApplication>
@@ -68,12 +68,8 @@ void FrmOptionsAnn::LireOptions() {
 }
 
 void FrmOptionsAnn::Brancher() {
-  Boites &boites = session_.plateforme.boites;
-  const auto brancher = [this, &boites](QAbstractButton *bouton, auto commande) {
-    connect(bouton, &QAbstractButton::clicked, this,
-            Garde(boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->CmdVelmirra, [this] { AjouterVelmira(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->CmdVelmirra, &FrmOptionsAnn::AjouterVelmira);
   brancher(ui_->CmdVelmiraAlerte, [this] {
     if (personnes_.Ajouter()) liste_->RemplirTVA();
   });
@@ -81,18 +77,16 @@ void FrmOptionsAnn::Brancher() {
   brancher(ui_->CmdEnrAlerte, [this] {
     if (saisie_->Enregistrer()) liste_->RemplirTVA();
   });
-  brancher(ui_->CmdEnrTypeAlerte, [this] { ExpliquerListe(); });
-  brancher(ui_->CmdEnregistre, [this] { EnregistrerOptions(); });
-  brancher(ui_->CmdQuitte, [this] { close(); });
-  connect(ui_->CboE, &ComboEvenements::TypeSupprime, this,
-          Garde(boites, [this] { liste_->RemplirTVA(); }));
-  connect(ui_->ChkAlSeul, &QCheckBox::toggled, this, Garde(boites, [this](bool seul) {
-            ui_->LblCD->setText(seul ? u" Décoc&her pour voir tous les velmiras"_s
-                                     : u" Coc&her pour ne voir que les alertes"_s);
-            liste_->RemplirTVA();
-          }));
-  connect(ui_->TVA, &ArbreAlertes::NoeudClique, this,
-          Garde(boites, [this](const ArbreAlertes::Noeud &noeud) { NoeudClic(noeud); }));
+  brancher(ui_->CmdEnrTypeAlerte, &FrmOptionsAnn::ExpliquerListe);
+  brancher(ui_->CmdEnregistre, &FrmOptionsAnn::EnregistrerOptions);
+  brancher(ui_->CmdQuitte, &FrmOptionsAnn::close);
+  brancher(ui_->CboE, &ComboEvenements::TypeSupprime, [this] { liste_->RemplirTVA(); });
+  brancher(ui_->ChkAlSeul, &QCheckBox::toggled, [this](bool seul) {
+    ui_->LblCD->setText(seul ? u" Décoc&her pour voir tous les velmiras"_s
+                             : u" Coc&her pour ne voir que les alertes"_s);
+    liste_->RemplirTVA();
+  });
+  brancher(ui_->TVA, &ArbreAlertes::NoeudClique, &FrmOptionsAnn::NoeudClic);
   connect(ui_->TVA, &ArbreAlertes::MenuDemande, this, [this](QPoint place) {
     if (ui_->TVA->Selection()) mnuInvOp_->popup(place);
   });
@@ -100,18 +94,15 @@ void FrmOptionsAnn::Brancher() {
 }
 
 void FrmOptionsAnn::BrancherMenus() {
-  Boites &boites = session_.plateforme.boites;
-  const auto brancher = [this, &boites](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->mnuAlertes, [this] { Rechercher(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->mnuAlertes, &FrmOptionsAnn::Rechercher);
   brancher(ui_->mnuReinscrire, [this] { liste_->BasculerReinscription(); });
-  brancher(ui_->mnuExpl, [this] { Expliquer(); });
+  brancher(ui_->mnuExpl, &FrmOptionsAnn::Expliquer);
   brancher(ui_->mnuLisez, [this] {
     session_.plateforme.coquille.Ouvrir(session_.dossiers.AppPath + u"/Alerte.txt"_s);
   });
   brancher(ui_->mnuSupp, [this] { liste_->SupprimerSelection(); });
-  brancher(ui_->mnumodifier, [this] { ModifierVelmira(); });
+  brancher(ui_->mnumodifier, &FrmOptionsAnn::ModifierVelmira);
   mnuInvOp_->setObjectName(u"mnuInvOp"_s);
   mnuInvOp_->addActions({ui_->mnuSupp, ui_->mnumodifier});
 }

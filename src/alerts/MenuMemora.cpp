@@ -1,7 +1,7 @@
 #include "alerts/MenuMemora.h"
 
 #include "alerts/DemarrageSysteme.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,22 +14,21 @@ constexpr quint8 kMemora = 1;
 MenuMemora::MenuMemora(Session &session, QWidget *parent)
     : QMenu(u"&Memora"_s, parent), session_(session) {
   setObjectName(u"mnuInv3"_s);
-  Boites &boites = session_.plateforme.boites;
+  const Brancheur brancher(session_.plateforme.boites, this);
   const auto ajouter = [&](const QString &nom, const QString &texte, auto commande) {
     QAction *action = addAction(texte);
     action->setObjectName(nom);
-    connect(action, &QAction::triggered, this, Garde(boites, commande));
+    brancher(action, commande);
     return action;
   };
   ajouter(u"mnuLancerPI"_s, u"&Lancer Memora"_s,
-          [this](bool) { session_.plateforme.coquille.Lancer(Programme()); });
+          [this] { session_.plateforme.coquille.Lancer(Programme()); });
   mnuLancerPIDW = ajouter(u"mnuLancerPIDW"_s, u"Lancer Memora au &démarrage de Windows"_s,
-                          [this](bool coche) { BasculerDemarrage(coche); });
+                          &MenuMemora::BasculerDemarrage);
   mnuAssocier = ajouter(u"mnuAssocier"_s, u"&Associer Memora aux alertes d'évènements"_s,
-                        [this](bool coche) { BasculerAssociation(coche); });
-  ajouter(u"mnuRaccourci"_s, u"Créer un &raccourci sur le bureau"_s,
-          [this](bool) { CreerRaccourci(); });
-  ajouter(u"mnuExplique"_s, u"&Explications"_s, [this](bool) { Expliquer(); });
+                        &MenuMemora::BasculerAssociation);
+  ajouter(u"mnuRaccourci"_s, u"Créer un &raccourci sur le bureau"_s, &MenuMemora::CreerRaccourci);
+  ajouter(u"mnuExplique"_s, u"&Explications"_s, &MenuMemora::Expliquer);
   for (QAction *action : {mnuLancerPIDW, mnuAssocier}) action->setCheckable(true);
   connect(this, &QMenu::aboutToShow, this, &MenuMemora::MajCoches);
   MajCoches();

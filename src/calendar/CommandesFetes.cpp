@@ -4,21 +4,17 @@
 #include "calendar/JoursFeries.h"
 #include "platform/Fichiers.h"
 #include "platform/Saisie.h"
-#include "ui/Garde.h"
-
-#include <QAction>
+#include "ui/Brancheur.h"
 
 using namespace Qt::StringLiterals;
 
 CommandesFetes::CommandesFetes(Session &session, QAction *mnuJF, QAction *mnuFete, QAction *mnuDate,
                                QObject *parent)
     : QObject(parent), session_(session) {
-  const auto brancher = [this](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
-  };
-  brancher(mnuJF, [this](bool) { MontrerJoursFeries(); });
-  brancher(mnuFete, [this](bool) { ChercherUnJour(); });
-  brancher(mnuDate, [this](bool) { ChercherUnPrenom(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(mnuJF, &CommandesFetes::MontrerJoursFeries);
+  brancher(mnuFete, &CommandesFetes::ChercherUnJour);
+  brancher(mnuDate, &CommandesFetes::ChercherUnPrenom);
 }
 
 void CommandesFetes::MontrerJoursFeries() {
