@@ -6,6 +6,8 @@
 #include "ui/Echelle.h"
 #include "ui/FondDegrade.h"
 #include "ui/Garde.h"
+#include "ui/Guillemet.h"
+#include "ui/Theme.h"
 #include "ui_FrmVelmira.h"
 
 #include <QActionGroup>
@@ -14,43 +16,6 @@
 #include <cmath>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-struct BulleBouton {
-  const char16_t *texte;
-  QRgb fond;
-};
-
-constexpr QRgb kBleu = qRgb(0, 100, 200), kRouge = qRgb(160, 20, 20), kNoir = qRgb(0, 0, 0),
-               kBrun = qRgb(160, 120, 40), kJaune = qRgb(255, 255, 150);
-
-constexpr std::array<BulleBouton, 14> kBulles{{
-    {u"Nouveau\nvelmira", kBleu},
-    {u"Modifier\nles données", kBleu},
-    {u"Supprime\nle velmira", kRouge},
-    {u"Agrandit\nles données", kNoir},
-    {u"Imprime\nla liste", kJaune},
-    {u"Calendrier", kBleu},
-    {u"Couleur\ndu fond", kNoir},
-    {u"Imprimer\nune\nenveloppe", kJaune},
-    {u"Quitter ?", kNoir},
-    {u"Appeler ...?", kJaune},
-    {u"Exporter\nou\nimporter \nles données", kRouge},
-    {u"Exporter les données dans un fichier Excel", kBrun},
-    {u"Module Alertes", kBrun},
-    {u"Memora", kRouge},
-}};
-
-/// Black or white, whichever is read better on a ground.
-QColor EncreSur(const QColor &fond) {
-  const auto lumiere = [](double canal) { return std::pow(canal, 2.2); };
-  const double luminance = 0.2126 * lumiere(fond.redF()) + 0.7152 * lumiere(fond.greenF()) +
-                           0.0722 * lumiere(fond.blueF());
-  return luminance > 0.18 ? Qt::black : Qt::white;
-}
-
-}  // namespace
 
 Apparence::Apparence(Session &session, Ui::FrmVelmira &ui, QWidget &fenetre,
                      std::function<void()> relancer)
@@ -154,16 +119,8 @@ void Apparence::Appliquer() {
 void Apparence::PoserBulles() {
   constexpr int kLargeurListe = 80;
   Horloge &horloge = session_.plateforme.horloge;
-  int index = 0;
-  for (const auto &[texte, fond] : kBulles)
-    PoserBulle(ui_.Barre->Bouton(index++), horloge,
-               {.texte = QString::fromUtf16(texte),
-                .fond = fond,
-                .encre = fond == kJaune ? Qt::black : Qt::white});
-  PoserBulle(ui_.CmdCherche, horloge,
-             {.texte = u"Recherche rapide"_s, .fond = kBrun, .largeur = kLargeurListe});
-  PoserBulle(ui_.CmdFavoris, horloge,
-             {.texte = u"Ajouter aux favoris"_s, .fond = kBrun, .largeur = kLargeurListe});
+  PoserBulle(ui_.CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurListe});
+  PoserBulle(ui_.CmdFavoris, horloge, {u"Ajouter aux favoris"_s, kBulleBrune, kLargeurListe});
 }
 
 void Apparence::EcrireRTColor() {
@@ -186,10 +143,7 @@ void Apparence::MontrerCouleur() {
 }
 
 void Apparence::MontrerFond() {
-  if (session_.reglages.rtcolor.FondUni == 0)
-    ui_.Fond->Degrader();
-  else
-    ui_.Fond->Unir();
+  ui_.Fond->Choisir(session_.reglages.rtcolor.FondUni != 0);
 }
 
 void Apparence::MontrerPoliceListe() {
@@ -219,11 +173,7 @@ void Apparence::DemanderNom() {
   Boites &boites = session_.plateforme.boites;
   QString &nom = session_.reglages.rtcolor.NomPerso;
   const QString reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
-  if (reponse.isEmpty()) return;
-  if (reponse.contains(u'"')) {
-    boites.Information(u" Le caractère \" est interdit !"_s);
-    return;
-  }
+  if (reponse.isEmpty() || RefuserGuillemet(boites, reponse)) return;
   nom = reponse;
   MontrerTitre();
   EcrireRTColor();

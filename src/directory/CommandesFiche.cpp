@@ -18,13 +18,6 @@ Correspondant FicheVide() {
   return fiche;
 }
 
-QString Texte(const QModelIndex &noeud) {
-  return noeud.data().toString();
-}
-Cle Index(const QModelIndex &noeud) {
-  return noeud.data(Qt::UserRole).toLongLong();
-}
-
 }  // namespace
 
 QModelIndex CommandesFiche::NoeudChoisi() const {

@@ -17,7 +17,7 @@ std::vector<Cle> Cles(const ModeleListe &modele) {
   const QModelIndex racine = modele.Racine();
   std::vector<Cle> cles;
   for (int i = 0; i < modele.rowCount(racine); ++i)
-    cles.push_back(modele.index(i, 0, racine).data(Qt::UserRole).toLongLong());
+    cles.push_back(Index(modele.index(i, 0, racine)));
   return cles;
 }
 

@@ -7,6 +7,7 @@
 #include "ui/Bulle.h"
 #include "ui/Debrancher.h"
 #include "ui/Garde.h"
+#include "ui/Guillemet.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmNewMod.h"
 
@@ -60,11 +61,10 @@ void FrmNewMod::Brancher() {
         u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler »."_s);
   });
   brancher(ui_->CmdEnregistre, [this] { ImprimerPuisValider(); });
-  const QColor jaune(255, 255, 150);
   PoserBulle(ui_->CmdEnrCat, session_.plateforme.horloge,
-             {u"Enregistrer\nla nouvelle catégorie"_s, jaune, Qt::black});
+             {u"Enregistrer\nla nouvelle catégorie"_s, kBulleJaune});
   PoserBulle(ui_->CmdModSup, session_.plateforme.horloge,
-             {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, jaune, Qt::black});
+             {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, kBulleJaune});
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
   const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };
@@ -111,8 +111,7 @@ void FrmNewMod::ImprimerPuisValider() {
 void FrmNewMod::Valider() {
   Boites &boites = session_.plateforme.boites;
   const QString nom = ui_->txtName->text();
-  if (nom.contains(u'"')) {
-    boites.Information(u" Le caractère \" est interdit !"_s);
+  if (RefuserGuillemet(boites, nom)) {
     ui_->txtName->setText(QString(nom).remove(u'"'));
     ui_->txtName->setFocus();
     return;

@@ -28,27 +28,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNouveau = 0, kModifier = 1, kSupprimer = 2, kAgrandir = 3, kImprimer = 4,
-              kCalendrier = 5, kCouleur = 6, kEnveloppe = 7, kQuitter = 8, kAppeler = 9,
-              kEchange = 10, kClasseur = 11, kAlertes = 12, kMemora = 13;
-
-const QList<DescriptionBouton> kCommandes{
-    {u"contact-new", u"  Nouveau velmira", true},
-    {u"document-edit", u"  Modifie les données", true},
-    {u"edit-delete", u"  Supprime le velmira", true, true},
-    {u"zoom-in", u"  Agrandit les données", true},
-    {u"document-print", u"  Imprime la liste", true, true},
-    {u"view-calendar", u"  Calendrier", true},
-    {u"color-picker", u"  Change la couleur du fond", true, true},
-    {u"mail-message-new", u"  Imprimer une enveloppe", true},
-    {u"application-exit", u"  Quitter Velmira ?", true, true},
-    {u"call-start", u"  Appeler...?", true},
-    {u"document-swap", u"  Importer ou exporter les données de Velmira", true},
-    {u"x-office-spreadsheet", u"  Exporter les données dans Excel", true, true},
-    {u"appointment-reminder", u"  Module des alertes", true},
-    {u"note", u"  Memora", true},
-};
-
 std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
   auto ui = std::make_unique<Ui::FrmVelmira>();
   ui->setupUi(&fenetre);
@@ -68,22 +47,14 @@ FrmVelmira::FrmVelmira(Session &session)
       mnuInv_(new QMenu(this)),
       mnuInv2_(new QMenu(this)) {
   setWindowIcon(IconeProgramme());
-  ui_->Barre->Remplir(u"ImgBouton"_s, kCommandes, false);
-  // Raised: an icon is drawn for the theme's buttons, and the panel below has any colour.
-  for (int i = 0; i < kCommandes.size(); ++i) ui_->Barre->Bouton(i)->setAutoRaise(false);
-  ui_->Barre->Bouton(kEnveloppe)->setShortcut(QKeySequence(u"Ctrl+E"_s));
-  ui_->Barre->Bouton(kQuitter)->setShortcut(QKeySequence(u"Ctrl+Q"_s));
+  RemplirBarre();
   ui_->CmdFavoris->setIcon(Icone(u"bookmark-new"));
   const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
   ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
   ui_->Partage->setStretchFactor(1, 1);
 
   Boites &boites = session_.plateforme.boites;
-  connect(ui_->Barre, &BarreBoutons::Clique, this,
-          Garde(boites, [this](int index) { CommandeBarre(index); }));
-  connect(ui_->Barre, &BarreBoutons::Survole, this, [this](int index) {
-    ui_->LblBouton->setText(index < 0 ? u""_s : QString::fromUtf16(kCommandes[index].texte));
-  });
+  connect(ui_->Barre, &BarreBoutons::Survolee, ui_->LblBouton, &QLabel::setText);
   connect(ui_->CboCat, &QComboBox::activated, this,
           Garde(boites, [this](int) { liste_.Charger(); }));
   connect(ui_->TV, &ArbreVelmiras::NoeudClique, this,
@@ -103,6 +74,74 @@ FrmVelmira::FrmVelmira(Session &session)
 
 FrmVelmira::~FrmVelmira() {
   DebrancherEnfants(*this);
+}
+
+void FrmVelmira::RemplirBarre() {
+  BarreBoutons &barre = *ui_->Barre;
+  barre.Preparer(session_.plateforme, u"ImgBouton"_s, false);
+  barre.Ajouter({u"contact-new",
+                 u"  Nouveau velmira"_s,
+                 [this] { Nouveau(); },
+                 {u"Nouveau\nvelmira"_s, kBulleBleue}});
+  barre.Ajouter({u"document-edit",
+                 u"  Modifie les données"_s,
+                 [this] { Modifier(); },
+                 {u"Modifier\nles données"_s, kBulleBleue}});
+  barre.Ajouter({u"edit-delete",
+                 u"  Supprime le velmira"_s,
+                 [this] { commandes_.SupprimerSelection(); },
+                 {u"Supprime\nle velmira"_s, kBulleRouge}});
+  barre.Separer();
+  barre.Ajouter({u"zoom-in",
+                 u"  Agrandit les données"_s,
+                 [this] { Agrandir(); },
+                 {u"Agrandit\nles données"_s, kBulleNoire}});
+  barre.Ajouter({u"document-print",
+                 u"  Imprime la liste"_s,
+                 [this] { ImprimerListe(); },
+                 {u"Imprime\nla liste"_s, kBulleJaune}});
+  barre.Separer();
+  barre.Ajouter({u"view-calendar",
+                 u"  Calendrier"_s,
+                 [this] { MontrerCalendrier(); },
+                 {u"Calendrier"_s, kBulleBleue}});
+  barre.Ajouter({u"color-picker",
+                 u"  Change la couleur du fond"_s,
+                 [this] { apparence_->ChoisirCouleur(); },
+                 {u"Couleur\ndu fond"_s, kBulleNoire}});
+  barre.Separer();
+  barre.Ajouter({u"mail-message-new",
+                 u"  Imprimer une enveloppe"_s,
+                 [this] { AllerAuxEnveloppes(); },
+                 {u"Imprimer\nune\nenveloppe"_s, kBulleJaune},
+                 QKeySequence(u"Ctrl+E"_s)});
+  barre.Ajouter({u"application-exit",
+                 u"  Quitter Velmira ?"_s,
+                 [this] { close(); },
+                 {u"Quitter ?"_s, kBulleNoire},
+                 QKeySequence(u"Ctrl+Q"_s)});
+  barre.Separer();
+  boutonAppel_ = barre.Ajouter({u"call-start",
+                                u"  Appeler...?"_s,
+                                [this] { appel_->Demander(); },
+                                {u"Appeler ...?"_s, kBulleJaune}});
+  barre.Ajouter({u"document-swap",
+                 u"  Importer ou exporter les données de Velmira"_s,
+                 [this] { ui_->Barre->Derouler(mnuInv_); },
+                 {u"Exporter\nou\nimporter \nles données"_s, kBulleRouge}});
+  barre.Ajouter({u"x-office-spreadsheet",
+                 u"  Exporter les données dans Excel"_s,
+                 [this] { emit ClasseurDemande(); },
+                 {u"Exporter les données dans un fichier Excel"_s, kBulleBrune}});
+  barre.Separer();
+  barre.Ajouter({u"appointment-reminder",
+                 u"  Module des alertes"_s,
+                 [this] { AllerAuxAlertes(); },
+                 {u"Module Alertes"_s, kBulleBrune}});
+  barre.Ajouter({u"note",
+                 u"  Memora"_s,
+                 [this] { ui_->Barre->Derouler(mnuInv3_); },
+                 {u"Memora"_s, kBulleRouge}});
 }
 
 void FrmVelmira::Charger() {
@@ -140,14 +179,14 @@ void FrmVelmira::BrancherMenus() {
     const Sablier sablier;
     TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
   });
-  brancher(ui_->mnumodifier, [this](bool) { CommandeBarre(kModifier); });
+  brancher(ui_->mnumodifier, [this](bool) { Modifier(); });
   connect(ui_->TV, &QTreeView::doubleClicked, this,
           Garde(session_.plateforme.boites, [this](const QModelIndex &noeud) {
-            if (noeud != ui_->TV->Modele().Racine()) CommandeBarre(kModifier);
+            if (noeud != ui_->TV->Modele().Racine()) Modifier();
           }));
-  brancher(ui_->mnuSupprimer, [this](bool) { CommandeBarre(kSupprimer); });
-  brancher(ui_->mnuAgrandir, [this](bool) { CommandeBarre(kAgrandir); });
-  brancher(ui_->mnuImpEnv, [this](bool) { CommandeBarre(kEnveloppe); });
+  brancher(ui_->mnuSupprimer, [this](bool) { commandes_.SupprimerSelection(); });
+  brancher(ui_->mnuAgrandir, [this](bool) { Agrandir(); });
+  brancher(ui_->mnuImpEnv, [this](bool) { AllerAuxEnveloppes(); });
   appel_ = new CommandesAppel(
       session_,
       {ui_->mnuTel,
@@ -156,7 +195,7 @@ void FrmVelmira::BrancherMenus() {
        {ui_->mnuCom_0, ui_->mnuCom_1, ui_->mnuCom_2, ui_->mnuCom_3, ui_->mnuCom_4},
        ui_->mnuVolume,
        ui_->mnuADSL,
-       ui_->Barre->Bouton(kAppeler),
+       boutonAppel_,
        ui_->Fiche},
       this);
   mnuInv_->setObjectName(u"mnuInv"_s);
@@ -209,12 +248,12 @@ void FrmVelmira::EnregistrerNotes() {
 
 void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
   EnregistrerNotes();
-  const QString tag = noeud.data(Qt::UserRole).toString();
-  if (tag.isEmpty()) {
+  const Cle index = Index(noeud);
+  if (index == 0) {
     EffacerFiche();
     return;
   }
-  const auto fiche = TableAdresse(session_.base).Lire(tag.toLongLong());
+  const auto fiche = TableAdresse(session_.base).Lire(index);
   if (!fiche) {
     EffacerFiche();
     session_.plateforme.boites.Information(TexteDisparu());
@@ -254,65 +293,30 @@ QString FrmVelmira::LigneAge(const QString &ddn) const {
   }
 }
 
-void FrmVelmira::CommandeBarre(int index) {
-  switch (index) {
-    case kNouveau:
-      EnregistrerNotes();
-      commandes_.Nouveau();
-      break;
-    case kModifier:
-      EnregistrerNotes();
-      commandes_.ModifierSelection();
-      break;
-    case kSupprimer:
-      commandes_.SupprimerSelection();
-      break;
-    case kAgrandir:
-      Agrandir();
-      break;
-    case kImprimer:
-      EnregistrerNotes();
-      impression_.Imprimer();
-      break;
-    case kCalendrier:
-      FrmCalendrier(session_.plateforme.horloge.Maintenant().date(), session_.plateforme.langue,
-                    this)
-          .exec();
-      break;
-    case kCouleur:
-      apparence_->ChoisirCouleur();
-      break;
-    case kEnveloppe:
-      AllerAuxEnveloppes();
-      break;
-    case kQuitter:
-      close();
-      break;
-    case kAppeler:
-      appel_->Demander();
-      break;
-    case kEchange:
-      Derouler(mnuInv_, index);
-      break;
-    case kClasseur:
-      emit ClasseurDemande();
-      break;
-    case kAlertes:
-      EnregistrerNotes();
-      RetourDeModule = true;
-      emit AlertesDemandees();
-      break;
-    case kMemora:
-      Derouler(mnuInv3_, index);
-      break;
-    default:
-      break;
-  }
+void FrmVelmira::Nouveau() {
+  EnregistrerNotes();
+  commandes_.Nouveau();
 }
 
-void FrmVelmira::Derouler(QMenu *menu, int bouton) {
-  const QToolButton *sous = ui_->Barre->Bouton(bouton);
-  menu->popup(sous->mapToGlobal(QPoint(0, sous->height())));
+void FrmVelmira::Modifier() {
+  EnregistrerNotes();
+  commandes_.ModifierSelection();
+}
+
+void FrmVelmira::ImprimerListe() {
+  EnregistrerNotes();
+  impression_.Imprimer();
+}
+
+void FrmVelmira::MontrerCalendrier() {
+  FrmCalendrier(session_.plateforme.horloge.Maintenant().date(), session_.plateforme.langue, this)
+      .exec();
+}
+
+void FrmVelmira::AllerAuxAlertes() {
+  EnregistrerNotes();
+  RetourDeModule = true;
+  emit AlertesDemandees();
 }
 
 void FrmVelmira::CliquerRacine() {
@@ -324,7 +328,7 @@ void FrmVelmira::Agrandir() {
   const QModelIndex noeud = commandes_.NoeudChoisi();
   if (!noeud.isValid()) return;
   EnregistrerNotes();
-  const auto fiche = TableAdresse(session_.base).Lire(noeud.data(Qt::UserRole).toLongLong());
+  const auto fiche = TableAdresse(session_.base).Lire(Index(noeud));
   loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
   connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
     show();

@@ -15,6 +15,7 @@ class CommandesAppel;
 class CommandesRecherche;
 class FrmLoupe;
 class QPushButton;
+class QToolButton;
 
 namespace Ui {
 class FrmVelmira;
@@ -75,8 +76,8 @@ class FrmVelmira : public QMainWindow {
  private:
   void Charger();
   void ChargerJour();
+  void RemplirBarre();
   void BrancherMenus();
-  void CommandeBarre(int index);
   void VenirDevant();
   void EnregistrerNotes();
 
@@ -86,10 +87,13 @@ class FrmVelmira : public QMainWindow {
 
   void NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton);
   void MontrerFiche(const Correspondant &fiche);
+  void Nouveau();
+  void Modifier();
+  void ImprimerListe();
+  void MontrerCalendrier();
   void AllerAuxEnveloppes();
+  void AllerAuxAlertes();
   void Agrandir();
-  /// Shows a menu under a button of the bar.
-  void Derouler(QMenu *menu, int bouton);
   QString LigneAge(const QString &ddn) const;
 
   Session &session_;
@@ -101,6 +105,7 @@ class FrmVelmira : public QMainWindow {
   std::unique_ptr<CommandesRecherche> recherche_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
+  QToolButton *boutonAppel_ = nullptr;
   QMenu *mnuInv_;               ///< pop-up of the exchange file
   QMenu *mnuInv2_;              ///< pop-up of the list
   QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes

@@ -143,7 +143,7 @@ QVariant ModeleListe::data(const QModelIndex &index, int role) const {
     case Qt::DecorationRole:
       return iconeNoeud_;
     case Qt::UserRole:
-      return QString::number(noeud.index);
+      return noeud.index;
     case Qt::CheckStateRole:
       return EtatCoche(coches_.contains(noeud.index));
     default:
@@ -157,8 +157,6 @@ QVariant ModeleListe::DonneeRacine(int role) const {
       return *titre_;
     case Qt::DecorationRole:
       return iconeRacine_;
-    case Qt::UserRole:
-      return QString();
     case Qt::CheckStateRole:
       return EtatCoche(racineCochee_);
     case Qt::ForegroundRole:

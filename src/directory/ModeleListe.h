@@ -10,7 +10,7 @@
 #include <vector>
 
 /// The tree of the list: a root that bears the category, and one child a correspondent.
-/// `Qt::UserRole` is a node's tag: the key of its record as text, empty for the root.
+/// `Qt::UserRole` is the key of a node's record; the root has none.
 class ModeleListe : public QAbstractItemModel {
   Q_OBJECT
 
@@ -65,3 +65,13 @@ class ModeleListe : public QAbstractItemModel {
   bool cochesMontrees_ = false, racineCochee_ = false;
   QSet<Cle> coches_;
 };
+
+/// What a node shows.
+inline QString Texte(const QModelIndex &noeud) {
+  return noeud.data().toString();
+}
+
+/// The key of a node's record; 0 for the root, and for no node.
+inline Cle Index(const QModelIndex &noeud) {
+  return noeud.data(Qt::UserRole).toLongLong();
+}

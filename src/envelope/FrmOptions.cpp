@@ -2,6 +2,7 @@
 
 #include "envelope/Raccourci.h"
 #include "ui/CochesLiees.h"
+#include "ui/Guillemet.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmOptions.h"
 
@@ -94,8 +95,7 @@ void FrmOptions::Montrer(const QStringList &polices) {
 }
 
 void FrmOptions::Confirmer() {
-  if (ui_->TxtLiaison->text().contains(u'"')) {
-    boites_.Information(u" Le caractère \" est interdit !"_s);
+  if (RefuserGuillemet(boites_, ui_->TxtLiaison->text())) {
     ui_->TxtLiaison->setFocus();
     return;
   }

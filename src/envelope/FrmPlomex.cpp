@@ -32,25 +32,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kNouvelleAdresse = 0, kCarnet = 1, kQuitter = 2, kImprimer = 3, kAide = 4,
-              kExpediteur = 5, kAccueil = 6, kCommentaire = 7, kApercu = 8, kNouveauVelmira = 9,
-              kAlertes = 10, kMemora = 11;
 constexpr int kToucheEntree = 13;
-
-const QList<DescriptionBouton> kCommandes{
-    {u"document-new", u"Nouvelle adresse", true},
-    {u"view-pim-contacts", u"Carnet d'adresses", true, true},
-    {u"application-exit", u"Quitter ?", true},
-    {u"document-print", u"Imprimer", true},
-    {u"help-contents", u"Aide", true, true},
-    {u"user-identity", u"Expéditeur", true},
-    {u"go-home", u"Accueil Velmira", true},
-    {u"edit-comment", u"Ajouter un commentaire", true},
-    {u"document-print-preview", u"Vue avant impression", true, true},
-    {u"contact-new", u"Nouveau velmira", true},
-    {u"appointment-reminder", u"Module Alertes", true},
-    {u"note", u"Memora", true},
-};
 
 /// The keys of the keyboard that stand for a virtual key code.
 QList<QKeySequence> Touches(int raccourci) {
@@ -75,10 +57,8 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
       ui_(Preparer(*this)),
       zones_(session, ui_->Enveloppe) {
   setWindowIcon(IconeProgramme());
-  ui_->Barre->Remplir(u"BTPH"_s, kCommandes, true);
+  RemplirBarre();
   Boites &boites = session_.plateforme.boites;
-  connect(ui_->Barre, &BarreBoutons::Clique, this,
-          Garde(boites, [this](int index) { CommandeBarre(index); }));
   connect(ui_->CboFormat, &QComboBox::activated, this,
           Garde(boites, [this](int index) { ChoisirFormat(index); }));
   connect(ui_->LblDocument, &QLabel::linkActivated, this,
@@ -178,55 +158,44 @@ void FrmPlomex::PreparerRaccourci() {
   }
 }
 
-void FrmPlomex::CommandeBarre(int index) {
-  switch (index) {
-    case kQuitter:
-      close();
-      return;
-    case kAccueil:
-      emit RepertoireDemande();
-      return;
-    case kNouvelleAdresse:
-      SaisirAdresse(FrmNouveau::Mode::Adresse);
-      break;
-    case kCarnet:
-      ChoisirDansCarnet();
-      break;
-    case kExpediteur:
-      SaisirAdresse(FrmNouveau::Mode::Expediteurs);
-      break;
-    case kNouveauVelmira:
-      NouveauVelmira();
-      break;
-    case kAide:
-      OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath, SommaireAide());
-      break;
-    case kAlertes:
-      emit AlertesDemandees();
-      break;
-    case kMemora: {
-      const QToolButton *bouton = ui_->Barre->Bouton(index);
-      mnuInv3_->popup(bouton->mapToGlobal(QPoint(0, bouton->height())));
-      return;
-    }
-    case kImprimer:
-      Imprimer();
-      break;
-    case kCommentaire:
-      commentaire_->Inserer();
-      break;
-    case kApercu:
-      Apercu();
-      break;
-    default:
-      break;
-  }
-  RendreFocus();
+void FrmPlomex::RemplirBarre() {
+  const auto puisFocus = [this](auto commande) {
+    return [this, commande] {
+      commande();
+      RendreFocus();
+    };
+  };
+  BarreBoutons &barre = *ui_->Barre;
+  barre.Preparer(session_.plateforme, u"BTPH"_s, true);
+  barre.Ajouter({u"document-new", u"Nouvelle adresse"_s,
+                 puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Adresse); })});
+  barre.Ajouter(
+      {u"view-pim-contacts", u"Carnet d'adresses"_s, puisFocus([this] { ChoisirDansCarnet(); })});
+  barre.Separer();
+  barre.Ajouter({u"application-exit", u"Quitter ?"_s, [this] { close(); }});
+  imprimer_ = barre.Ajouter({u"document-print", u"Imprimer"_s, puisFocus([this] { Imprimer(); })});
+  barre.Ajouter({u"help-contents", u"Aide"_s, puisFocus([this] {
+                   OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath,
+                              SommaireAide());
+                 })});
+  barre.Separer();
+  barre.Ajouter({u"user-identity", u"Expéditeur"_s,
+                 puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); })});
+  barre.Ajouter({u"go-home", u"Accueil Velmira"_s, [this] { emit RepertoireDemande(); }});
+  barre.Ajouter({u"edit-comment", u"Ajouter un commentaire"_s,
+                 puisFocus([this] { commentaire_->Inserer(); })});
+  barre.Ajouter(
+      {u"document-print-preview", u"Vue avant impression"_s, puisFocus([this] { Apercu(); })});
+  barre.Separer();
+  barre.Ajouter({u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); })});
+  barre.Ajouter({u"appointment-reminder", u"Module Alertes"_s,
+                 puisFocus([this] { emit AlertesDemandees(); })});
+  barre.Ajouter({u"note", u"Memora"_s, [this] { ui_->Barre->Derouler(mnuInv3_); }});
 }
 
 void FrmPlomex::RendreFocus() {
   if (session_.reglages.plomex.Raccourci == kToucheEntree)
-    ui_->Barre->Bouton(kImprimer)->setFocus();
+    imprimer_->setFocus();
   else
     ui_->Enveloppe->Adresse()->setFocus();
 }

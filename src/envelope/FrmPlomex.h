@@ -12,6 +12,7 @@
 class CommandesCommentaire;
 class Repertoire;
 class Tirage;
+class QToolButton;
 
 namespace Ui {
 class FrmPlomex;
@@ -48,7 +49,7 @@ class FrmPlomex : public QMainWindow {
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
   void PreparerRaccourci();
-  void CommandeBarre(int index);
+  void RemplirBarre();
   void RendreFocus();
 
   void ChoisirFormat(int index);
@@ -71,6 +72,7 @@ class FrmPlomex : public QMainWindow {
   ZonesEnveloppe zones_;
   std::unique_ptr<CommandesCommentaire> commentaire_;
   std::unique_ptr<Tirage> tirage_;
+  QToolButton *imprimer_ = nullptr;
   QMenu *mnuInv3_ = nullptr;  ///< of the sticky notes
   QList<QShortcut *> raccourcis_;
   int format_ = 0;           ///< index of the format in force

@@ -1,9 +1,11 @@
 #include "ui/BarreBoutons.h"
 
+#include "ui/Garde.h"
 #include "ui/Icones.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QStyleOptionToolButton>
 
 #include <algorithm>
@@ -48,47 +50,63 @@ class BoutonLegende : public QToolButton {
 
 }  // namespace
 
-BarreBoutons::BarreBoutons(QWidget *parent) : QWidget(parent) {
-  auto *rangee = new QHBoxLayout(this);
-  rangee->setContentsMargins(0, 0, 0, 0);
-  rangee->setSpacing(2);
+BarreBoutons::BarreBoutons(QWidget *parent) : QWidget(parent), rangee_(new QHBoxLayout(this)) {
+  rangee_->setContentsMargins(0, 0, 0, 0);
+  rangee_->setSpacing(2);
+  rangee_->addStretch();
 }
 
-void BarreBoutons::Remplir(const QString &nom, const QList<DescriptionBouton> &descriptions,
-                           bool legendes) {
-  constexpr int kIcone = 24, kIconeLegende = 22, kEcart = 12;
-  auto *rangee = static_cast<QHBoxLayout *>(layout());
-  for (const DescriptionBouton &description : descriptions) {
-    const int index = static_cast<int>(boutons_.size());
-    const QString texte = QString::fromUtf16(description.texte);
-    QToolButton *bouton = legendes ? new BoutonLegende(this) : new QToolButton(this);
-    bouton->setObjectName(nom + u'_' + QString::number(index));
-    bouton->setIcon(Icone(description.icone));
-    bouton->setIconSize(legendes ? QSize(kIconeLegende, kIconeLegende) : QSize(kIcone, kIcone));
-    bouton->setText(legendes ? texte : texte.trimmed());
-    bouton->setAccessibleName(texte.trimmed());
-    bouton->setToolButtonStyle(legendes ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
-    bouton->setAutoRaise(true);
-    bouton->setFocusPolicy(Qt::StrongFocus);
-    bouton->setEnabled(description.actif);
-    bouton->installEventFilter(this);
-    connect(bouton, &QToolButton::clicked, this, [this, index] { emit Clique(index); });
-    boutons_.append(bouton);
-    rangee->addWidget(bouton);
-    if (description.finDeGroupe) rangee->addSpacing(kEcart);
-  }
-  rangee->addStretch();
+void BarreBoutons::Preparer(const Plateforme &plateforme, const QString &nom, bool legendes) {
+  plateforme_ = &plateforme;
+  nom_ = nom;
+  legendes_ = legendes;
+}
+
+QToolButton *BarreBoutons::Ajouter(const CommandeBarre &commande) {
+  constexpr int kIcone = 24, kIconeLegende = 22;
+  const QString nom = commande.texte.trimmed();
+  QToolButton *bouton = legendes_ ? new BoutonLegende(this) : new QToolButton(this);
+  bouton->setObjectName(nom_ + u'_' + QString::number(textes_.size()));
+  bouton->setIcon(Icone(commande.icone));
+  bouton->setIconSize(legendes_ ? QSize(kIconeLegende, kIconeLegende) : QSize(kIcone, kIcone));
+  bouton->setText(nom);
+  bouton->setAccessibleName(nom);
+  bouton->setToolButtonStyle(legendes_ ? Qt::ToolButtonTextUnderIcon : Qt::ToolButtonIconOnly);
+  // A lone icon is drawn for the theme's buttons, and may stand on a panel of any colour.
+  bouton->setAutoRaise(legendes_);
+  bouton->setFocusPolicy(Qt::StrongFocus);
+  bouton->setShortcut(commande.raccourci);
+  bouton->installEventFilter(this);
+  if (!commande.bulle.texte.isEmpty()) PoserBulle(bouton, plateforme_->horloge, commande.bulle);
+  const auto executer = [this, bouton, faire = commande.executer] {
+    clique_ = bouton;
+    faire();
+  };
+  connect(bouton, &QToolButton::clicked, this,
+          Garde(plateforme_->boites, [executer](bool) { executer(); }));
+  textes_.insert(bouton, commande.texte);
+  rangee_->insertWidget(rangee_->count() - 1, bouton);
+  return bouton;
+}
+
+void BarreBoutons::Separer() {
+  constexpr int kEcart = 12;
+  rangee_->insertSpacing(rangee_->count() - 1, kEcart);
+}
+
+void BarreBoutons::Derouler(QMenu *menu) {
+  menu->popup(clique_->mapToGlobal(QPoint(0, clique_->height())));
 }
 
 bool BarreBoutons::eventFilter(QObject *objet, QEvent *evenement) {
   switch (evenement->type()) {
     case QEvent::Enter:
     case QEvent::FocusIn:
-      emit Survole(static_cast<int>(boutons_.indexOf(static_cast<QToolButton *>(objet))));
+      emit Survolee(textes_.value(objet));
       break;
     case QEvent::Leave:
     case QEvent::FocusOut:
-      emit Survole(-1);
+      emit Survolee({});
       break;
     default:
       break;

@@ -1,37 +1,58 @@
 #pragma once
 
-#include <QList>
+#include "platform/Plateforme.h"
+#include "ui/Bulle.h"
+
+#include <QHash>
+#include <QKeySequence>
 #include <QToolButton>
 #include <QWidget>
 
-/// One button of a bar.
-struct DescriptionBouton {
-  const char16_t *icone;     ///< freedesktop name
-  const char16_t *texte;     ///< what it does; its accessible name
-  bool actif;                ///< its command exists
-  bool finDeGroupe = false;  ///< a gap follows
+#include <functional>
+
+class QHBoxLayout;
+class QMenu;
+
+/// One command of a bar.
+struct CommandeBarre {
+  const char16_t *icone;           ///< freedesktop name
+  QString texte;                   ///< what it does; without its blanks its accessible name
+  std::function<void()> executer;  ///< its failure is told to the user
+  AspectBulle bulle = {};          ///< none without a text
+  QKeySequence raccourci = {};
 };
 
-/// A row of image buttons, addressed by index.
+/// A row of image buttons, a command each.
 class BarreBoutons : public QWidget {
   Q_OBJECT
 
  public:
   explicit BarreBoutons(QWidget *parent = nullptr);
 
-  /// Makes the buttons, named `nom` + "_" + index. With `legendes` each bears its text.
-  void Remplir(const QString &nom, const QList<DescriptionBouton> &descriptions, bool legendes);
+  /// Before the first button. `nom` begins the names of the buttons: "_" and their places follow.
+  /// With `legendes` each bears its text below its icon.
+  void Preparer(const Plateforme &plateforme, const QString &nom, bool legendes);
 
-  QToolButton *Bouton(int index) const { return boutons_.at(index); }
+  /// Makes the next button.
+  QToolButton *Ajouter(const CommandeBarre &commande);
+  /// Leaves a gap before the next button.
+  void Separer();
+
+  /// For a command: shows a menu under its button.
+  void Derouler(QMenu *menu);
 
  signals:
-  void Clique(int index);
-  /// The mouse or the focus is on a button; -1 when it has left them.
-  void Survole(int index);
+  /// The mouse or the focus is on the button of this text; empty when it has left the buttons.
+  void Survolee(const QString &texte);
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
-  QList<QToolButton *> boutons_;
+  QHBoxLayout *rangee_;
+  const Plateforme *plateforme_ = nullptr;
+  QString nom_;
+  bool legendes_ = false;
+  QHash<const QObject *, QString> textes_;
+  const QToolButton *clique_ = nullptr;  ///< the button that was clicked last
 };

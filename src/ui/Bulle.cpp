@@ -30,8 +30,8 @@ class Etiquette : public QLabel {
     setText(aspect.texte);
     setAutoFillBackground(true);
     QPalette palette;
-    palette.setColor(QPalette::Window, aspect.fond);
-    palette.setColor(QPalette::WindowText, aspect.encre);
+    palette.setColor(QPalette::Window, QColor(aspect.teinte.fond));
+    palette.setColor(QPalette::WindowText, QColor(aspect.teinte.encre));
     setPalette(palette);
     setFrameShape(QFrame::Box);
     setMargin(kMarge);

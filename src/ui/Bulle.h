@@ -10,11 +10,20 @@ class Horloge;
 class QLabel;
 class QWidget;
 
+/// The colours of a balloon tip.
+struct TeinteBulle {
+  QRgb fond = 0;
+  QRgb encre = qRgb(255, 255, 255);
+};
+
+inline constexpr TeinteBulle kBulleBleue{qRgb(0, 100, 200)}, kBulleRouge{qRgb(160, 20, 20)},
+    kBulleNoire{qRgb(0, 0, 0)}, kBulleBrune{qRgb(160, 120, 40)},
+    kBulleJaune{qRgb(255, 255, 150), qRgb(0, 0, 0)};
+
 /// What a balloon tip says, and how it looks.
 struct AspectBulle {
   QString texte;  ///< lines joined by line feeds
-  QColor fond;
-  QColor encre = Qt::white;
+  TeinteBulle teinte = kBulleNoire;
   int largeur = 100;  ///< at most, in pixels at the design size of the font; a word is never cut
 };
 

@@ -1,5 +1,7 @@
 #include "ui/FondAuFocus.h"
 
+#include "ui/Theme.h"
+
 #include <QEvent>
 
 FondAuFocus::FondAuFocus(QLineEdit *champ, int gris) : QObject(champ), champ_(champ), gris_(gris) {
@@ -12,7 +14,7 @@ bool FondAuFocus::eventFilter(QObject *objet, QEvent *evenement) {
     const QColor fond = palette.color(QPalette::Base);
     const int ecart = 255 - gris_;
     palette.setColor(QPalette::Base,
-                     fond.lightness() < 128
+                     EstSombre(fond)
                          ? QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart)
                          : QColor(gris_, gris_, gris_));
     champ_->setPalette(palette);

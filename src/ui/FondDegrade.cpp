@@ -1,5 +1,7 @@
 #include "ui/FondDegrade.h"
 
+#include "ui/Theme.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QPaintEvent>
@@ -26,8 +28,8 @@ void FondDegrade::Choisir(bool uni) {
 }
 
 Boites::Couleur FondDegrade::Couleur() const {
-  const bool sombre = QApplication::palette().color(QPalette::Window).lightness() < 128;
-  return sombre ? Boites::Couleur{56, 60, 74} : Boites::Couleur{238, 241, 253};
+  return EstSombre(QApplication::palette()) ? Boites::Couleur{56, 60, 74}
+                                            : Boites::Couleur{238, 241, 253};
 }
 
 void FondDegrade::changeEvent(QEvent *evenement) {

@@ -17,15 +17,14 @@ class FondDegrade : public QWidget {
   /// The panels, which lie anywhere within this widget.
   void PoserPanneaux(const QList<QWidget *> &panneaux) { panneaux_ = panneaux; }
 
-  void Degrader() { Choisir(false); }
-  void Unir() { Choisir(true); }
+  /// A plain colour, or the gradient.
+  void Choisir(bool uni);
 
  protected:
   void paintEvent(QPaintEvent *evenement) override;
   void changeEvent(QEvent *evenement) override;
 
  private:
-  void Choisir(bool uni);
   Boites::Couleur Couleur() const;
 
   QList<QWidget *> panneaux_;

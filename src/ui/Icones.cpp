@@ -1,7 +1,8 @@
 #include "ui/Icones.h"
 
+#include "ui/Theme.h"
+
 #include <QApplication>
-#include <QPalette>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
@@ -14,8 +15,7 @@ void PreparerIcones() {
     if (!dossiers.contains(dossier)) dossiers.append(dossier);
   QIcon::setThemeSearchPaths(dossiers);
 
-  const bool sombre = QApplication::palette().color(QPalette::Window).lightness() < 128;
-  const QString breeze = sombre ? u"breeze-dark"_s : u"breeze"_s;
+  const QString breeze = EstSombre(QApplication::palette()) ? u"breeze-dark"_s : u"breeze"_s;
   QIcon::setFallbackThemeName(breeze);
   if (QIcon::themeName().isEmpty() || QIcon::themeName() == u"hicolor"_s)
     QIcon::setThemeName(breeze);

@@ -92,8 +92,8 @@ const Bulle &BulleDe(const Scene &scene, const Mots &mots) {
 void VerifierBulle(Scene &scene, const Mots &mots) {
   const AspectBulle &aspect = BulleDe(scene, mots).Aspect();
   ExigerEgal(u"text"_s, mots[1].texte, aspect.texte);
-  ExigerEgal(u"ground"_s, mots[2].texte.toLower(), aspect.fond.name());
-  ExigerEgal(u"colour"_s, mots[3].texte.toLower(), aspect.encre.name());
+  ExigerEgal(u"ground"_s, mots[2].texte.toLower(), QColor(aspect.teinte.fond).name());
+  ExigerEgal(u"colour"_s, mots[3].texte.toLower(), QColor(aspect.teinte.encre).name());
 }
 
 template <bool montree>
