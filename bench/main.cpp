@@ -184,7 +184,6 @@ class DossierPdf {
 
 ReglagesPlomex ReglagesTirage() {
   ReglagesPlomex plomex;
-  plomex.Imprimante = Imprimante::NomPdf();
   plomex.Orientation = 2;
   plomex.BordImprime = 1;
   plomex.PositionEnveloppe = 2;
@@ -196,8 +195,7 @@ ReglagesPlomex ReglagesTirage() {
 
 void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
   const ContenuEnveloppe contenu{kExpediteur.join(u'\n'), Destinataire(numero).join(u'\n'), false};
-  ImprimerPage(imprimante, ReglagesTirage(), EtatEnveloppe(), contenu);
-  imprimante.TerminerDocument();
+  ImprimerPage(imprimante, Imprimante::NomPdf(), ReglagesTirage(), EtatEnveloppe(), contenu);
 }
 
 template <typename Imprimer>
@@ -265,8 +263,8 @@ int MemoireEnveloppes() {
     adresses.append(ComposerAdresse(adresse));
   }
   const auto imprimer = [&] {
-    ImprimerPage(imprimante, session.reglages.plomex, session.enveloppe, zones.Contenu());
-    imprimante.TerminerDocument();
+    ImprimerPage(imprimante, Imprimante::NomPdf(), session.reglages.plomex, session.enveloppe,
+                 zones.Contenu());
     return true;
   };
   ImpressionMultiple(session, zones, imprimer, &vue).Imprimer(adresses);

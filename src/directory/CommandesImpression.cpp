@@ -44,27 +44,33 @@ void CommandesImpression::Imprimer() {
 }
 
 void CommandesImpression::Imprimer(const ChoixListe &choix) {
-  std::optional<QString> fichier;
+  FinImpression fin;
   try {
     const Sablier sablier;
     const std::vector<Cle> cles = Cles(liste_.Arbre().Modele());
     const TableAdresse table(session_.base);
     Avancement avancement(fenetre_, u"Impression de la liste"_s,
                           static_cast<qsizetype>(cles.size()));
-    fichier = ImprimerListe(session_.plateforme.imprimante,
-                            {.NomPerso = session_.reglages.rtcolor.NomPerso,
-                             .nombre = static_cast<qsizetype>(cles.size()),
-                             .instant = session_.plateforme.horloge.Maintenant()},
-                            choix, [&](qsizetype rang) -> std::optional<Correspondant> {
-                              if (!avancement.Montrer(rang)) return std::nullopt;
-                              return table.Lire(cles[static_cast<std::size_t>(rang)]);
-                            });
+    fin = ImprimerListe(session_.plateforme.imprimante,
+                        {.NomPerso = session_.reglages.rtcolor.NomPerso,
+                         .nombre = static_cast<qsizetype>(cles.size()),
+                         .instant = session_.plateforme.horloge.Maintenant()},
+                        choix, [&](qsizetype rang) -> std::optional<Correspondant> {
+                          if (!avancement.Montrer(rang)) return std::nullopt;
+                          return table.Lire(cles[static_cast<std::size_t>(rang)]);
+                        });
   } catch (const Erreur &) {
-    fichier.reset();  // told like every other end of the printing
+    fin = {};  // told like every other end of the printing
   }
   Boites &boites = session_.plateforme.boites;
-  if (!fichier)
-    boites.Information(u"Impression annulée"_s);
-  else if (!fichier->isEmpty())
-    boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(*fichier));
+  switch (fin.issue) {
+    case FinImpression::Issue::Imprimee:
+      break;
+    case FinImpression::Issue::Enregistree:
+      boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(fin.fichier));
+      break;
+    case FinImpression::Issue::Echouee:
+      boites.Information(u"Impression annulée"_s);
+      break;
+  }
 }

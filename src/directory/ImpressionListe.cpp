@@ -1,6 +1,5 @@
 #include "directory/ImpressionListe.h"
 
-#include <QScopeGuard>
 #include <QStringList>
 
 #include <algorithm>
@@ -10,7 +9,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr Millimetres kTwip(25.4 / 1440);
+// A file may go on to a printer that needs margins.
+constexpr Millimetres kMargeFichier(15);
 
 // A text position above the top edge counts as the edge: the empty line that comes first begins
 // there, and the heading stands one line below it.
@@ -33,8 +33,7 @@ Police Petite() {
 /// fits.
 class Redaction {
  public:
-  explicit Redaction(Imprimante &imprimante)
-      : imprimante_(imprimante), hauteur_(imprimante.HauteurPage()) {}
+  explicit Redaction(Document &document) : document_(document), hauteur_(document.HauteurPage()) {}
 
   void Ecrire(const std::vector<LigneListe> &lignes) {
     for (const LigneListe &ligne : lignes) Ecrire(ligne);
@@ -42,17 +41,17 @@ class Redaction {
 
  private:
   void Ecrire(const LigneListe &ligne) {
-    const Millimetres hauteur = imprimante_.HauteurLigne(ligne.police);
+    const Millimetres hauteur = document_.HauteurLigne(ligne.police);
     y_ = std::max(y_, Millimetres());
     if (y_ + hauteur > hauteur_) {
-      imprimante_.NouvellePage();
+      document_.NouvellePage();
       y_ = {};
     }
-    if (!ligne.texte.isEmpty()) imprimante_.Ecrire({}, y_, ligne.police, ligne.texte);
+    if (!ligne.texte.isEmpty()) document_.Ecrire({}, y_, ligne.police, ligne.texte);
     y_ += hauteur;
   }
 
-  Imprimante &imprimante_;
+  Document &document_;
   Millimetres hauteur_;
   Millimetres y_ = kDepart;
 };
@@ -119,26 +118,20 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre) {
   return lignes;
 }
 
-std::optional<QString> ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                                     const ChoixListe &choix, const LectureListe &lire) {
-  imprimante.Choisir(imprimante.ParDefaut());
-  const bool fichier = imprimante.Courante() == Imprimante::NomPdf();
-  if (!imprimante.OuvrirTexte(u"Liste"_s)) return std::nullopt;
-  auto abandon = qScopeGuard([&imprimante] { imprimante.AbandonnerDocument(); });
-
-  Redaction redaction(imprimante);
+FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
+                            const ChoixListe &choix, const LectureListe &lire) {
+  const auto document =
+      imprimante.Ouvrir(imprimante.ParDefaut(), {.nom = u"Liste"_s, .margeFichier = kMargeFichier});
+  if (document == nullptr) return {};
+  Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
   // The walk sets out only where the first is not the last: one correspondent alone is not printed.
   const qsizetype imprimes = cadre.nombre == 1 ? 0 : cadre.nombre;
   for (qsizetype rang = 0; rang < imprimes; ++rang) {
     const auto fiche = lire(rang);
-    if (!fiche) return std::nullopt;
+    if (!fiche) return {};
     redaction.Ecrire(LignesFiche(*fiche, choix));
   }
   redaction.Ecrire(LignesPied(cadre));
-
-  abandon.dismiss();
-  QString chemin = imprimante.TerminerDocument();
-  if (fichier && chemin.isEmpty()) return std::nullopt;
-  return chemin;
+  return document->Terminer();
 }

@@ -42,8 +42,7 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre);
 using LectureListe = std::function<std::optional<Correspondant>(qsizetype rang)>;
 
 /// Prints the list on the system's default printer; each correspondent is read when its turn has
-/// come. Gives the path of the file that was written, an empty text where the document went to a
-/// device, and nothing where it was given up: then, and when `lire` throws, nothing of it is
-/// printed.
-std::optional<QString> ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                                     const ChoixListe &choix, const LectureListe &lire);
+/// come. `Echouee` also where it was given up: then, and when `lire` throws, nothing of it is
+/// printed. Needs no window and no event loop, so that any thread may run it.
+FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
+                            const ChoixListe &choix, const LectureListe &lire);

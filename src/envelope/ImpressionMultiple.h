@@ -10,8 +10,7 @@
 /// small window tells how far it is and stops it; nothing else can be started meanwhile.
 class ImpressionMultiple {
  public:
-  /// `imprimer` prints what the zones hold, to the end of its document; false when printing is
-  /// refused, which ends the run.
+  /// `imprimer` prints what the zones hold; false when printing is refused, which ends the run.
   ImpressionMultiple(Session &session, ZonesEnveloppe &zones, std::function<bool()> imprimer,
                      QWidget *fenetre)
       : session_(session), zones_(zones), imprimer_(std::move(imprimer)), fenetre_(fenetre) {}

@@ -169,19 +169,21 @@ bool ImpressionConfiguree(const ReglagesPlomex &p) {
   return p.Orientation > 0 && p.BordImprime > 0 && p.PositionEnveloppe > 0;
 }
 
-QString TrouverImprimante(const QStringList &noms, const QString &nom, const QString &courante) {
+std::optional<QString> TrouverImprimante(const QStringList &noms, const QString &nom) {
   if (noms.contains(nom)) return nom;
   if (nom.size() == kNomCoupe)
     for (const QString &candidat : noms)
       if (candidat.startsWith(nom)) return candidat;
-  return courante;
+  return std::nullopt;
 }
 
-void ImprimerPage(Imprimante &imprimante, const ReglagesPlomex &p, const EtatEnveloppe &e,
-                  const ContenuEnveloppe &contenu) {
-  imprimante.Choisir(TrouverImprimante(imprimante.Noms(), p.Imprimante, imprimante.Courante()));
-  imprimante.OuvrirPage(p.Orientation == 1 ? Orientation::Portrait : Orientation::Paysage);
-  EcrireLignes(MettreEnPage(p, e, contenu, imprimante), imprimante);
+FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &p,
+                           const EtatEnveloppe &e, const ContenuEnveloppe &contenu) {
+  const auto sens = p.Orientation == 1 ? Orientation::Portrait : Orientation::Paysage;
+  const auto document = imprimante.Ouvrir(appareil, {.nom = u"Enveloppe"_s, .orientation = sens});
+  if (document == nullptr) return {};
+  EcrireLignes(MettreEnPage(p, e, contenu, *document), *document);
+  return document->Terminer();
 }
 
 void EcrireLignes(const std::vector<LignePlacee> &lignes, Feuille &feuille) {

@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
 #include <vector>
 
 struct Point {
@@ -67,9 +68,10 @@ bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &eta
 bool ImpressionConfiguree(const ReglagesPlomex &plomex);
 
 /// The printer of this name; else, where the name is as long as its settings file holds, the first
-/// that begins with it; else `courante`.
-QString TrouverImprimante(const QStringList &noms, const QString &nom, const QString &courante);
+/// that begins with it; else none.
+std::optional<QString> TrouverImprimante(const QStringList &noms, const QString &nom);
 
-/// Prints one page on the printer of the settings, and leaves the document open.
-void ImprimerPage(Imprimante &imprimante, const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
-                  const ContenuEnveloppe &contenu);
+/// Prints one page on the device of this name.
+FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil,
+                           const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
+                           const ContenuEnveloppe &contenu);

@@ -8,6 +8,28 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// What is told of an envelope that was written to a file, or could not be printed.
+QString TexteFin(const FinImpression &fin, bool fichier) {
+  switch (fin.issue) {
+    case FinImpression::Issue::Imprimee:
+      break;
+    case FinImpression::Issue::Enregistree: {
+      const QFileInfo document(fin.fichier);
+      return u"Enveloppe enregistrée dans %1 :<br/><a href=\"%2\">%3</a>"_s.arg(
+          QDir::toNativeSeparators(document.path()).toHtmlEscaped(), fin.fichier.toHtmlEscaped(),
+          document.fileName().toHtmlEscaped());
+    }
+    case FinImpression::Issue::Echouee:
+      return fichier ? u"L'enveloppe n'a pas pu être enregistrée."_s
+                     : u"L'enveloppe n'a pas pu être imprimée."_s;
+  }
+  return {};
+}
+
+}  // namespace
+
 bool Tirage::Imprimer() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   if (!ImpressionConfiguree(plomex)) {
@@ -17,24 +39,19 @@ bool Tirage::Imprimer() {
   }
   const Sablier sablier;  // a print server may be slow to answer
   Imprimante &imprimante = session_.plateforme.imprimante;
-  ImprimerPage(imprimante, plomex, session_.enveloppe, zones_.Contenu());
+  const auto trouvee = TrouverImprimante(imprimante.Noms(), plomex.Imprimante);
+  const QString appareil = trouvee ? *trouvee : imprimante.ParDefaut();
+  const FinImpression fin =
+      ImprimerPage(imprimante, appareil, plomex, session_.enveloppe, zones_.Contenu());
   if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
     session_.enveloppe.Commentaire.clear();
     commentaire_.MajEtiquette();
   }
-  const QString document = imprimante.TerminerDocument();
-  if (imprimante.Courante() == Imprimante::NomPdf()) MontrerDocument(document);
+  MontrerFin(fin, appareil == Imprimante::NomPdf());
   return true;
 }
 
-void Tirage::MontrerDocument(const QString &chemin) {
-  if (chemin.isEmpty()) {
-    document_->setText(u"L'enveloppe n'a pas pu être enregistrée."_s);
-  } else {
-    const QFileInfo fichier(chemin);
-    document_->setText(u"Enveloppe enregistrée dans %1 :<br/><a href=\"%2\">%3</a>"_s.arg(
-        QDir::toNativeSeparators(fichier.path()).toHtmlEscaped(), chemin.toHtmlEscaped(),
-        fichier.fileName().toHtmlEscaped()));
-  }
-  document_->show();
+void Tirage::MontrerFin(const FinImpression &fin, bool fichier) {
+  document_->setText(TexteFin(fin, fichier));
+  document_->setVisible(!document_->text().isEmpty());
 }

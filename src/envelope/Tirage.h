@@ -10,17 +10,17 @@ class CommandesCommentaire;
 /// Prints the envelope that the zones hold.
 class Tirage {
  public:
-  /// `document` tells where a printing to a file has gone.
+  /// `document` tells where the last printing has gone, if it went to a file, or that it failed.
   Tirage(Session &session, ZonesEnveloppe &zones, CommandesCommentaire &commentaire,
          QLabel *document)
       : session_(session), zones_(zones), commentaire_(commentaire), document_(document) {}
 
-  /// Prints, to the end of the document. False, with a message, while the printer has not been told
-  /// how it takes an envelope.
+  /// Prints on the printer of the settings, or where that one is gone on the default one. False,
+  /// with a message, while the printer has not been told how it takes an envelope.
   bool Imprimer();
 
  private:
-  void MontrerDocument(const QString &chemin);
+  void MontrerFin(const FinImpression &fin, bool fichier);
 
   Session &session_;
   ZonesEnveloppe &zones_;

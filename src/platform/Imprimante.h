@@ -1,10 +1,13 @@
 #pragma once
-// The printing interface: a device chosen by name, A4 pages, text placed in millimetres.
+// The printing interface: documents of A4 pages, opened on a device by its name, with text placed
+// in millimetres.
 
 #include "platform/Millimetres.h"
 
 #include <QString>
 #include <QStringList>
+
+#include <memory>
 
 /// A font as the user chooses it; the size in points.
 struct Police {
@@ -25,50 +28,63 @@ class MesureTexte {
   virtual Millimetres HauteurLigne(const Police &police) const = 0;
 };
 
-enum class Orientation { Portrait = 1, Paysage = 2 };
-
 /// A sheet on which lines of text are written.
 class Feuille : public MesureTexte {
  public:
   /// Writes one line: its left end and its top are counted from the corner of the printable area.
-  /// A failure of the device is silent.
   virtual void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) = 0;
 };
 
-class Imprimante : public Feuille {
+enum class Orientation { Portrait = 1, Paysage = 2 };
+
+/// How a printing has ended.
+struct FinImpression {
+  enum class Issue { Imprimee, Enregistree, Echouee };
+
+  Issue issue = Issue::Echouee;
+  QString fichier = {};  ///< path of what was written, where it is `Enregistree`
+
+  friend bool operator==(const FinImpression &, const FinImpression &) = default;
+};
+
+/// Pages to be printed together. It begins with one page; nothing is printed before it is ended,
+/// and a document that goes without that is given up: nothing of it is printed.
+class Document : public Feuille {
  public:
+  /// Height of the printable area of a page.
+  virtual Millimetres HauteurPage() const = 0;
+
+  /// Adds a page; what is written from now on goes there.
+  virtual void NouvellePage() = 0;
+
+  /// Prints it, as its last call. `Echouee` where nothing was written or the device is gone; what
+  /// becomes of a document that a device has taken is not known here.
+  virtual FinImpression Terminer() = 0;
+};
+
+/// What a document is like.
+struct DescriptionDocument {
+  QString nom{};  ///< begins the name of its file
+  Orientation orientation = Orientation::Portrait;
+  /// Left around its pages in a file, whose sheets have no margins of their own.
+  Millimetres margeFichier{};
+};
+
+class Imprimante {
+ public:
+  virtual ~Imprimante() = default;
+
   /// Name of the built-in printer that writes one file a document into the user's documents.
   static QString NomPdf() { return QStringLiteral("PDF"); }
 
   /// Device names: the system's printers, then `NomPdf()`.
   virtual QStringList Noms() const = 0;
 
-  /// The printer chosen last; before any choice the system's default one, else `NomPdf()`.
-  virtual QString Courante() const = 0;
-
   /// The system's default printer, else `NomPdf()`.
   virtual QString ParDefaut() const = 0;
 
-  /// Makes one of `Noms()` the current printer.
-  virtual void Choisir(const QString &nom) = 0;
-
-  /// Begins a document of one A4 page on the current printer.
-  virtual void OuvrirPage(Orientation orientation) = 0;
-
-  /// Begins a document of upright A4 pages of text on the current printer; the name of its file
-  /// begins with `nom`. False when the printer is not there.
-  virtual bool OuvrirTexte(const QString &nom) = 0;
-
-  /// Height of the printable area of a page of the open document.
-  virtual Millimetres HauteurPage() const = 0;
-
-  /// Adds a page to the open document; what is written from now on goes there.
-  virtual void NouvellePage() = 0;
-
-  /// Sends the document. Gives the path of the file that was written, or an empty text where the
-  /// document went to a device or could not be written.
-  virtual QString TerminerDocument() = 0;
-
-  /// Drops the open document: nothing of it is printed.
-  virtual void AbandonnerDocument() = 0;
+  /// Begins a document on the device of this name; none where there is no such device. A document
+  /// goes before its printer.
+  virtual std::unique_ptr<Document> Ouvrir(const QString &appareil,
+                                           const DescriptionDocument &description) = 0;
 };

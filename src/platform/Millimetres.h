@@ -21,9 +21,15 @@ struct Millimetres {
   friend constexpr Millimetres operator/(Millimetres a, double f) {
     return Millimetres(a.valeur / f);
   }
+  /// How often the one goes into the other.
+  friend constexpr double operator/(Millimetres a, Millimetres b) { return a.valeur / b.valeur; }
   constexpr Millimetres &operator+=(Millimetres b) {
     valeur += b.valeur;
     return *this;
   }
   friend constexpr auto operator<=>(Millimetres, Millimetres) = default;
 };
+
+inline constexpr Millimetres kPouce(25.4);
+inline constexpr Millimetres kPoint = kPouce / 72;
+inline constexpr Millimetres kTwip = kPouce / 1440;

@@ -1,5 +1,6 @@
 #include "ui/EtiquetteZone.h"
 
+#include "platform/Caracteres.h"
 #include "ui/FeuilleEcran.h"
 
 #include <QPainter>
@@ -43,10 +44,7 @@ void EtiquetteZone::setAlignment(Qt::Alignment alignement) {
 
 void EtiquetteZone::ChangerPolice(const Police &police) {
   police_ = police;
-  QFont font(police.nom);
-  font.setPointSizeF(police.points);
-  font.setBold(police.gras);
-  setFont(font);
+  setFont(Caracteres(police));
   Mesurer();
 }
 

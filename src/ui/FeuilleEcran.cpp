@@ -5,18 +5,11 @@
 
 #include <cmath>
 
-namespace {
-
-constexpr double kMillimetresParPouce = 25.4;
-constexpr double kMillimetresParPoint = kMillimetresParPouce / 72;
-
-}  // namespace
-
 void FeuilleEcran::Ecrire(Millimetres x, Millimetres y, const Police &police,
                           const QString &texte) {
   constexpr int kFin = 100;  // steps of a point: font sizes in pixels are whole numbers
   const QFont font = PoliceEnPixels(police, static_cast<int>(std::lround(police.points * kFin)));
-  const double echelle = echelle_ * kMillimetresParPoint / kFin;
+  const double echelle = echelle_ * kPoint.valeur / kFin;
   peintre_.save();
   peintre_.translate(origine_ + QPointF(x.valeur, y.valeur) * echelle_);
   peintre_.scale(echelle, echelle);
@@ -27,5 +20,5 @@ void FeuilleEcran::Ecrire(Millimetres x, Millimetres y, const Police &police,
 }
 
 double PixelsParMillimetre(const QWidget &fenetre) {
-  return fenetre.logicalDpiX() / kMillimetresParPouce;
+  return fenetre.logicalDpiX() / kPouce.valeur;
 }

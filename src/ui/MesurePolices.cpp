@@ -1,24 +1,23 @@
 #include "ui/MesurePolices.h"
 
+#include "platform/Caracteres.h"
+
 #include <QFontMetricsF>
 
 namespace {
 
 // Large enough that hinting and rounding of the glyphs no longer count.
 constexpr int kCadratin = 2048;
-constexpr double kMillimetresParPoint = 25.4 / 72;
 
 Millimetres Reduire(double pixels, const Police &police) {
-  return Millimetres(pixels / kCadratin * police.points * kMillimetresParPoint);
+  return kPoint * (pixels / kCadratin * police.points);
 }
 
 }  // namespace
 
 QFont PoliceEnPixels(const Police &police, int pixels) {
-  QFont font(police.nom);
+  QFont font = Caracteres(police);
   font.setPixelSize(pixels);
-  font.setBold(police.gras);
-  font.setUnderline(police.souligne);
   font.setHintingPreference(QFont::PreferNoHinting);
   return font;
 }

@@ -3,6 +3,7 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
+#include "ui/MesurePolices.h"
 
 #include <QColor>
 #include <QCoreApplication>
@@ -205,53 +206,53 @@ QByteArray PortSerieScenario::Lire() {
   return std::exchange(recus_, {});
 }
 
-void ImprimanteScenario::Choisir(const QString &nom) {
-  if (!Noms().contains(nom)) fautes_.append(u"there is no printer \"%1\""_s.arg(nom));
-  choisie_ = nom;
-}
+class ImprimanteScenario::DocumentScenario : public Document {
+ public:
+  DocumentScenario(ImprimanteScenario &imprimante, const QString &appareil,
+                   const DescriptionDocument &description)
+      : imprimante_(imprimante),
+        nom_(description.nom),
+        pages_{PageImprimee{appareil, description.orientation, {}}} {}
 
-void ImprimanteScenario::OuvrirPage(Orientation orientation) {
-  Ouvrir(u"Enveloppe"_s, orientation);
-}
-
-bool ImprimanteScenario::OuvrirTexte(const QString &nom) {
-  Ouvrir(nom, Orientation::Portrait);
-  return true;
-}
-
-void ImprimanteScenario::Ouvrir(const QString &nom, Orientation orientation) {
-  if (!ouvertes_.isEmpty()) fautes_.append(u"a page is opened before the last one is ended"_s);
-  document_ = nom;
-  ouvertes_ = {PageImprimee{Courante(), orientation, {}}};
-}
-
-Millimetres ImprimanteScenario::HauteurPage() const {
-  if (ouvertes_.isEmpty()) return {};
-  return Millimetres(ouvertes_.first().orientation == Orientation::Portrait ? 297 : 210);
-}
-
-void ImprimanteScenario::NouvellePage() {
-  if (ouvertes_.isEmpty())
-    fautes_.append(u"a page is added to no document"_s);
-  else
-    ouvertes_.append(PageImprimee{Courante(), ouvertes_.last().orientation, {}});
-}
-
-void ImprimanteScenario::Ecrire(Millimetres x, Millimetres y, const Police &police,
-                                const QString &texte) {
-  if (ouvertes_.isEmpty())
-    fautes_.append(u"\"%1\" is printed without a page"_s.arg(texte));
-  else
-    ouvertes_.last().lignes.append({texte, x, y, police});
-}
-
-QString ImprimanteScenario::TerminerDocument() {
-  if (ouvertes_.isEmpty()) {
-    fautes_.append(u"a document is ended that was not begun"_s);
-    return {};
+  Millimetres HauteurPage() const override {
+    return Millimetres(pages_.first().orientation == Orientation::Portrait ? 297 : 210);
   }
-  pages_.append(std::exchange(ouvertes_, {}));
-  return pages_.last().imprimante == NomPdf()
-             ? monde_.Home() + u"/Documents/"_s + document_ + u".pdf"_s
-             : QString();
+  void NouvellePage() override {
+    pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().orientation, {}});
+  }
+  void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
+    if (termine_) imprimante_.fautes_.append(u"\"%1\" is printed behind the end"_s.arg(texte));
+    pages_.last().lignes.append({texte, x, y, police});
+  }
+  FinImpression Terminer() override {
+    if (std::exchange(termine_, true)) imprimante_.fautes_.append(u"a document is ended twice"_s);
+    const QString appareil = pages_.first().imprimante;
+    if (imprimante_.muettes_.contains(appareil)) return {FinImpression::Issue::Echouee};
+    imprimante_.pages_.append(pages_);
+    if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
+    return {FinImpression::Issue::Enregistree,
+            imprimante_.monde_.Home() + u"/Documents/"_s + nom_ + u".pdf"_s};
+  }
+  Millimetres Largeur(const QString &texte, const Police &police) const override {
+    return mesure_.Largeur(texte, police);
+  }
+  Millimetres HauteurLigne(const Police &police) const override {
+    return mesure_.HauteurLigne(police);
+  }
+
+ private:
+  ImprimanteScenario &imprimante_;
+  QString nom_;
+  QList<PageImprimee> pages_;
+  MesurePolices mesure_;
+  bool termine_ = false;
+};
+
+std::unique_ptr<Document> ImprimanteScenario::Ouvrir(const QString &appareil,
+                                                     const DescriptionDocument &description) {
+  if (!Noms().contains(appareil)) {
+    fautes_.append(u"there is no printer \"%1\""_s.arg(appareil));
+    return nullptr;
+  }
+  return std::make_unique<DocumentScenario>(*this, appareil, description);
 }

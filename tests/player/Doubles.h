@@ -10,12 +10,12 @@
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
 #include "player/Monde.h"
-#include "ui/MesurePolices.h"
 
 #include <QPointer>
 #include <QStringList>
 
 #include <deque>
+#include <memory>
 
 /// Time stands until the scenario moves it. What is planned runs when its time has come.
 class HorlogeScenario : public Horloge {
@@ -210,41 +210,25 @@ class ImprimanteScenario : public Imprimante {
   explicit ImprimanteScenario(const Monde &monde) : monde_(monde) {}
 
   QStringList Noms() const override { return systeme_ + QStringList{NomPdf()}; }
-  QString Courante() const override { return choisie_.isEmpty() ? ParDefaut() : choisie_; }
   QString ParDefaut() const override { return Noms().constFirst(); }
-  void Choisir(const QString &nom) override;
-  void OuvrirPage(Orientation orientation) override;
-  bool OuvrirTexte(const QString &nom) override;
-  Millimetres HauteurPage() const override;
-  void NouvellePage() override;
-  void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override;
-  QString TerminerDocument() override;
-  void AbandonnerDocument() override { ouvertes_.clear(); }
-  Millimetres Largeur(const QString &texte, const Police &police) const override {
-    return mesure_.Largeur(texte, police);
-  }
-  Millimetres HauteurLigne(const Police &police) const override {
-    return mesure_.HauteurLigne(police);
-  }
+  std::unique_ptr<Document> Ouvrir(const QString &appareil,
+                                   const DescriptionDocument &description) override;
 
   /// Printers of the system, the first being the default one.
   void Installer(const QStringList &noms) { systeme_ = noms; }
-  /// A new run of the program begins with the default printer.
-  void OublierChoix() { choisie_.clear(); }
+  /// These printers, which are there, print nothing from here on; the others do.
+  void Refuser(const QStringList &noms) { muettes_ = noms; }
 
   /// Takes the pages that have been printed since the last call.
   QList<PageImprimee> PrendrePages() { return std::exchange(pages_, {}); }
   const QStringList &Fautes() const { return fautes_; }
 
  private:
-  void Ouvrir(const QString &nom, Orientation orientation);
+  class DocumentScenario;
 
   const Monde &monde_;
-  MesurePolices mesure_;
   QStringList systeme_{QStringLiteral("HP Test")};
-  QString choisie_;
-  QString document_;              ///< name of the open one
-  QList<PageImprimee> ouvertes_;  ///< its pages; none while none is open
+  QStringList muettes_;
   QList<PageImprimee> pages_;
   QStringList fautes_;
 };

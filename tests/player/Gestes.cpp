@@ -2,6 +2,7 @@
 
 #include "player/Echec.h"
 #include "player/Elements.h"
+#include "ui/FeuilleEcran.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -299,11 +300,10 @@ void Toucher(const Controle &controle, const QString &touche) {
 }
 
 void Glisser(const Controle &controle, double dx, double dy) {
-  constexpr double kMillimetresParPouce = 25.4;
   constexpr int kEtapes = 4;
   QWidget *widget = Widget(controle);
   const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
-  const double parMillimetre = widget->logicalDpiX() / kMillimetresParPouce;
+  const double parMillimetre = PixelsParMillimetre(*widget);
   const QPoint chemin(qRound(dx * parMillimetre), qRound(dy * parMillimetre));
   const QPointer<QWidget> reste(widget);
   EnvoyerSouris(widget, QEvent::MouseButtonPress, prise);

@@ -24,7 +24,6 @@ Scene::~Scene() {
 
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"the program is running"_s);
-  imprimante.OublierChoix();
   port.Fermer();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France)});

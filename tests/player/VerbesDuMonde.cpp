@@ -66,6 +66,8 @@ QList<Verbe> VerbesDuMonde() {
          MondeAuRepos(s);
          s.imprimante.Installer(Textes(m, 0));
        }},
+      {u"monde imprimante-muette"_s, 0, kSansLimite,
+       [](S &s, const M &m) { s.imprimante.Refuser(Textes(m, 0)); }},
       {u"monde sans-programme"_s, 1, 1,
        [](S &s, const M &m) { s.coquille.Desinstaller(MondeAuRepos(s).Chemin(m[0].texte)); }},
       {u"ligne"_s, 1, kSansLimite,

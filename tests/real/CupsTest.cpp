@@ -25,7 +25,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kTolerance = 0.3;  // millimetres
-constexpr double kPoint = 25.4 / 72;
 constexpr double kNulle = std::numeric_limits<double>::quiet_NaN();
 
 // The sheet, and the margins of the printer that avec_cups.sh starts.
@@ -72,7 +71,7 @@ Feuilles LireFeuilles(const QString &pdf) {
     if (xml.readNext() != QXmlStreamReader::StartElement) continue;
     const QXmlStreamAttributes attributs = xml.attributes();
     const auto longueur = [&](const QString &nom) {
-      return attributs.value(nom).toDouble() * kPoint;
+      return attributs.value(nom).toDouble() * kPoint.valeur;
     };
     if (xml.name() == u"page"_s) {
       ++lues.nombre;
@@ -99,6 +98,7 @@ QStringList Arrives() {
   return chemins;
 }
 
+const FinImpression kImprimee{FinImpression::Issue::Imprimee}, kEchouee;
 const Police kPolice{u"Liberation Sans"_s, 10, false, false};
 
 class Cups : public testing::Test {
@@ -106,7 +106,6 @@ class Cups : public testing::Test {
   void SetUp() override {
     ASSERT_FALSE(nom_.isEmpty()) << "to be started by avec_cups.sh";
     ASSERT_TRUE(QFontDatabase::hasFamily(kPolice.nom));
-    plomex_.Imprimante = nom_;
     plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
     plomex_.PoliceA = plomex_.PoliceE = kPolice.nom;
     plomex_.TailleA = 10;
@@ -114,9 +113,13 @@ class Cups : public testing::Test {
     connus_ = Arrives();
   }
 
-  /// Ends the document and waits for its sheet: the one document that the printer gets.
-  Feuilles Sortir() {
-    EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  FinImpression Imprimer(const QString &appareil, const ContenuEnveloppe &contenu) {
+    return ImprimerPage(imprimante_, appareil, plomex_, etat_, contenu);
+  }
+
+  /// Prints and waits for the sheet: the one document that the printer gets.
+  Feuilles Sortir(const ContenuEnveloppe &contenu) {
+    EXPECT_EQ(Imprimer(nom_, contenu), kImprimee);
     QStringList nouveaux;
     const QDeadlineTimer fin(kPatience);
     for (;;) {
@@ -154,16 +157,20 @@ TEST_F(Cups, PlacesSurLaFeuille) {
   };
   etat_.Commentaire = u"Recommandé"_s;
   plomex_.AlignE = 1;
+  // Given up: nothing of it arrives.
+  auto mesure = imprimante_.Ouvrir(nom_, {.nom = u"Mesure"_s});
+  ASSERT_NE(mesure, nullptr);
+  mesure->Ecrire({}, {}, kPolice, u"Perdu"_s);
+  const Millimetres largeur = mesure->Largeur(u"Destinataire"_s, kPolice);
+  const Millimetres interligne = mesure->HauteurLigne(kPolice);
+  mesure.reset();
   for (const auto &c : cas) {
     SCOPED_TRACE(c.nom);
     plomex_.Orientation = c.orientation;
     plomex_.MargeMAX = c.margeX;
     plomex_.MargeMAY = c.margeY;
-    ImprimerPage(imprimante_, plomex_, etat_,
-                 {u"Expéditrice\nCourt"_s, u"Destinataire ici\nNANTES"_s, true});
-    const Millimetres largeur = imprimante_.Largeur(u"Destinataire"_s, kPolice);
-    const Millimetres interligne = imprimante_.HauteurLigne(kPolice);
-    const Feuilles feuilles = Sortir();
+    const Feuilles feuilles =
+        Sortir({u"Expéditrice\nCourt"_s, u"Destinataire ici\nNANTES"_s, true});
     EXPECT_EQ(feuilles.nombre, 1);
     EXPECT_NEAR(feuilles.largeur, kLargeurFeuille, kTolerance);
     EXPECT_NEAR(feuilles.hauteur, kHauteurFeuille, kTolerance);
@@ -193,7 +200,7 @@ TEST_F(Cups, PlacesSurLaFeuille) {
 
 TEST_F(Cups, ImprimantesDuServeur) {
   EXPECT_EQ(imprimante_.Noms(), QStringList({nom_, Imprimante::NomPdf()}));
-  EXPECT_EQ(imprimante_.Courante(), nom_);
+  EXPECT_EQ(imprimante_.ParDefaut(), nom_);
 }
 
 // A printer removed under an open page, or before one opens, costs that page alone, and at once.
@@ -202,20 +209,17 @@ TEST_F(Cups, ImprimanteRetiree) {
   Executer(u"lpadmin"_s, {u"-p"_s, retiree, u"-E"_s, u"-v"_s, qEnvironmentVariable("VELMIRA_URI"),
                           u"-m"_s, u"everywhere"_s});
   EXPECT_TRUE(imprimante_.Noms().contains(retiree));
-  plomex_.Imprimante = retiree;
-  ImprimerPage(imprimante_, plomex_, etat_, {{}, u"Perdu"_s});
-  EXPECT_GT(imprimante_.Largeur(u"Perdu"_s, kPolice), Millimetres());
+  const auto ouvert = imprimante_.Ouvrir(retiree, {.nom = u"Enveloppe"_s});
+  ASSERT_NE(ouvert, nullptr);
+  ouvert->Ecrire({}, {}, kPolice, u"Perdu"_s);
   Executer(u"lpadmin"_s, {u"-x"_s, retiree});
   QElapsedTimer duree;
   duree.start();
-  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
-  imprimante_.OuvrirPage(Orientation::Portrait);
-  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, kPolice), Millimetres());
+  EXPECT_EQ(ouvert->Terminer(), kEchouee);
+  EXPECT_EQ(Imprimer(retiree, {{}, u"Perdu"_s}), kEchouee);
   EXPECT_LT(duree.elapsed(), kImmediat);
 
-  plomex_.Imprimante = nom_;
-  ImprimerPage(imprimante_, plomex_, etat_, {{}, u"Ensuite"_s});
-  EXPECT_EQ(Sortir().mots.keys(), QStringList(u"Ensuite"_s));
+  EXPECT_EQ(Sortir({{}, u"Ensuite"_s}).mots.keys(), QStringList(u"Ensuite"_s));
 }
 
 // Started with CUPS_SERVER naming a port where nobody listens.
@@ -227,16 +231,12 @@ TEST(SansServeur, ResteLePdf) {
   QElapsedTimer duree;
   duree.start();
   EXPECT_EQ(imprimante.Noms(), QStringList(Imprimante::NomPdf()));
-  EXPECT_EQ(imprimante.Courante(), Imprimante::NomPdf());
-  imprimante.Choisir(u"Enveloppes"_s);
-  imprimante.OuvrirPage(Orientation::Portrait);
-  EXPECT_EQ(imprimante.Largeur(u"Perdu"_s, kPolice), Millimetres());
-  EXPECT_EQ(imprimante.TerminerDocument(), QString());
+  EXPECT_EQ(imprimante.ParDefaut(), Imprimante::NomPdf());
+  EXPECT_EQ(imprimante.Ouvrir(u"Enveloppes"_s, {.nom = u"Enveloppe"_s}), nullptr);
   EXPECT_LT(duree.elapsed(), kImmediat);
 
-  imprimante.Choisir(Imprimante::NomPdf());
-  imprimante.OuvrirPage(Orientation::Portrait);
-  EXPECT_TRUE(QFile::exists(imprimante.TerminerDocument()));
+  const auto pdf = imprimante.Ouvrir(Imprimante::NomPdf(), {.nom = u"Enveloppe"_s});
+  EXPECT_TRUE(QFile::exists(pdf->Terminer().fichier));
 }
 
 }  // namespace

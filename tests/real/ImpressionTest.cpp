@@ -30,7 +30,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double kTolerance = 0.2;  // millimetres
-constexpr double kPoint = 25.4 / 72;
+const FinImpression kEchouee;
 constexpr double kNulle = std::numeric_limits<double>::quiet_NaN();
 
 /// Millimetres from the top left corner of the page. What was not found holds no numbers, and is
@@ -69,8 +69,8 @@ std::vector<PageLue> LirePages(const QString &pdf) {
     if (xml.name() == u"page"_s) {
       pages.push_back({nombre(u"width"_s), nombre(u"height"_s), {}});
     } else if (xml.name() == u"word"_s) {
-      const Cadre cadre{nombre(u"xMin"_s) * kPoint, nombre(u"yMin"_s) * kPoint,
-                        nombre(u"xMax"_s) * kPoint, nombre(u"yMax"_s) * kPoint};
+      const Cadre cadre{nombre(u"xMin"_s) * kPoint.valeur, nombre(u"yMin"_s) * kPoint.valeur,
+                        nombre(u"xMax"_s) * kPoint.valeur, nombre(u"yMax"_s) * kPoint.valeur};
       pages.back().mots.emplace_back(xml.readElementText(), cadre);
     }
   }
@@ -100,7 +100,7 @@ Cadre Encre(const QString &pdf) {
     }
   }
   if (droite == 0) return {};
-  const double pas = 25.4 / kResolution;
+  const double pas = kPouce.valeur / kResolution;
   return {gauche * pas, haut * pas, droite * pas, bas * pas};
 }
 
@@ -111,7 +111,6 @@ class Impression : public testing::Test {
     for (const QString &famille :
          {u"Liberation Sans"_s, u"Liberation Serif"_s, u"Liberation Mono"_s})
       ASSERT_TRUE(QFontDatabase::hasFamily(famille)) << qPrintable(famille);
-    plomex_.Imprimante = Imprimante::NomPdf();
     plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
     plomex_.PoliceA = plomex_.PoliceE = u"Liberation Sans"_s;
     plomex_.TailleA = 10;
@@ -122,13 +121,16 @@ class Impression : public testing::Test {
   QStringList Fichiers() const {
     return QDir(Chemin({})).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
   }
-  QString Imprimer(ImprimanteSysteme &imprimante, const ContenuEnveloppe &contenu) const {
-    ImprimerPage(imprimante, plomex_, etat_, contenu);
-    return imprimante.TerminerDocument();
+  FinImpression Finir(ImprimanteSysteme &imprimante, const ContenuEnveloppe &contenu) const {
+    return ImprimerPage(imprimante, Imprimante::NomPdf(), plomex_, etat_, contenu);
   }
-  PageLue ImprimerEtLire(const ContenuEnveloppe &contenu) {
-    return LirePage(Imprimer(imprimante_, contenu));
+  /// The path of the page.
+  QString Imprimer(const ContenuEnveloppe &contenu) {
+    const FinImpression fin = Finir(imprimante_, contenu);
+    EXPECT_EQ(fin.issue, FinImpression::Issue::Enregistree);
+    return fin.fichier;
   }
+  PageLue ImprimerEtLire(const ContenuEnveloppe &contenu) { return LirePage(Imprimer(contenu)); }
 
   QTemporaryDir dossier_;
   HorlogeFixe horloge_;
@@ -236,7 +238,7 @@ TEST_F(Impression, TaillesEtInterlignes) {
     plomex_.PoliceA = c.police;
     plomex_.TailleA = c.points;
     const PageLue page = ImprimerEtLire({{}, u"HHHH\nDeux\n\nQuatre"_s});
-    const double taille = c.points * kPoint;
+    const double taille = c.points * kPoint.valeur;
     const Cadre premiere = page.Mot(u"HHHH"_s);
     EXPECT_NEAR(premiere.haut, 50, kTolerance);
     EXPECT_NEAR(premiere.droite - premiere.gauche, c.largeur * taille, kTolerance);
@@ -253,8 +255,8 @@ TEST_F(Impression, EncreDUneLettre) {
     SCOPED_TRACE(portrait ? "portrait" : "landscape");
     plomex_.Orientation = portrait ? 1 : 2;
     plomex_.TailleA = 36;
-    const double taille = 36 * kPoint, base = 50 + 0.9053 * taille;
-    const Cadre encre = Encre(Imprimer(imprimante_, {{}, u"H"_s}));
+    const double taille = 36 * kPoint.valeur, base = 50 + 0.9053 * taille;
+    const Cadre encre = Encre(Imprimer({{}, u"H"_s}));
     EXPECT_NEAR(encre.bas, base, kTolerance);
     EXPECT_NEAR(encre.haut, base - 0.688 * taille, kTolerance);
     EXPECT_NEAR(encre.gauche, 80 + 0.082 * taille, kTolerance);
@@ -265,22 +267,22 @@ TEST_F(Impression, EncreDUneLettre) {
 TEST_F(Impression, StylesDeLaLigne) {
   etat_.Commentaire = u"HHH"_s;
   plomex_.TailleE = 34;  // of the comment: 36
-  const double base = 5 + 0.9053 * 36 * kPoint;
+  const double base = 5 + 0.9053 * 36 * kPoint.valeur;
   const auto polices = [](const QString &pdf) {
     return QString::fromUtf8(Executer(u"pdffonts"_s, {pdf}));
   };
 
-  const QString simple = Imprimer(imprimante_, {{}, {}, true});
+  const QString simple = Imprimer({{}, {}, true});
   EXPECT_NEAR(Encre(simple).bas, base, kTolerance);
   EXPECT_TRUE(polices(simple).contains(u"LiberationSans "_s));
   EXPECT_FALSE(polices(simple).contains(u"Bold"_s));
 
   etat_.CommentaireSouligne = true;
-  EXPECT_GT(Encre(Imprimer(imprimante_, {{}, {}, true})).bas, base + 0.5);
+  EXPECT_GT(Encre(Imprimer({{}, {}, true})).bas, base + 0.5);
 
   etat_.CommentaireSouligne = false;
   etat_.CommentaireGras = true;
-  const QString gras = Imprimer(imprimante_, {{}, {}, true});
+  const QString gras = Imprimer({{}, {}, true});
   EXPECT_TRUE(polices(gras).contains(u"LiberationSans-Bold "_s));
   EXPECT_FALSE(polices(gras).contains(u"LiberationSans "_s));
   EXPECT_NEAR(LirePage(gras).Mot(u"HHH"_s).droite, 180, kTolerance);
@@ -314,36 +316,31 @@ TEST_F(Impression, ChoixDeLImprimante) {
   const QStringList noms = imprimante_.Noms();
   EXPECT_EQ(noms.last(), Imprimante::NomPdf());
   EXPECT_EQ(noms.count(Imprimante::NomPdf()), 1);
-  EXPECT_TRUE(noms.contains(imprimante_.Courante()));
+  EXPECT_TRUE(noms.contains(imprimante_.ParDefaut()));
 
   // No page opens on a printer that the system does not have, and none on another in its place.
-  imprimante_.Choisir(u"Imprimante disparue"_s);
-  EXPECT_EQ(imprimante_.Courante(), u"Imprimante disparue"_s);
-  const Police police{u"Liberation Sans"_s, 10, false, false};
-  imprimante_.OuvrirPage(Orientation::Portrait);
-  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, police), Millimetres());
-  imprimante_.Ecrire(Millimetres(10), Millimetres(10), police, u"Perdu"_s);
-  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  const QString disparue = u"Imprimante disparue"_s;
+  EXPECT_EQ(imprimante_.Ouvrir(disparue, {.nom = u"Enveloppe"_s}), nullptr);
+  EXPECT_EQ(ImprimerPage(imprimante_, disparue, plomex_, etat_, {{}, u"Perdu"_s}), kEchouee);
   EXPECT_EQ(Fichiers(), QStringList());
 }
 
-TEST_F(Impression, SansPageOuverte) {
+// Two documents at a time do not meet; one that nobody ends leaves nothing.
+TEST_F(Impression, DocumentAbandonne) {
   const Police police{u"Liberation Sans"_s, 10, false, false};
-  imprimante_.Ecrire(Millimetres(10), Millimetres(10), police, u"Perdu"_s);
-  EXPECT_EQ(imprimante_.Largeur(u"Perdu"_s, police), Millimetres());
-  EXPECT_EQ(imprimante_.HauteurLigne(police), Millimetres());
-  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
+  const auto ouvrir = [&](const QString &texte) {
+    auto document = imprimante_.Ouvrir(Imprimante::NomPdf(), {.nom = u"Enveloppe"_s});
+    document->Ecrire(Millimetres(80), Millimetres(10), police, texte);
+    return document;
+  };
+  auto perdu = ouvrir(u"Perdu"_s);
+  const auto garde = ouvrir(u"Gardé"_s);
+  perdu.reset();
   EXPECT_EQ(Fichiers(), QStringList());
-
-  // A page that nobody ended is written when the next one opens, and when the printer goes.
-  {
-    ImprimanteSysteme autre(horloge_, Chemin({}));
-    ImprimerPage(autre, plomex_, etat_, {{}, u"Première"_s});
-    ImprimerPage(autre, plomex_, etat_, {{}, u"Seconde"_s});
-  }
-  ASSERT_EQ(Fichiers().size(), 2);
-  EXPECT_NEAR(LirePage(Chemin(Fichiers()[0])).Mot(u"Première"_s).gauche, 80, kTolerance);
-  EXPECT_NEAR(LirePage(Chemin(Fichiers()[1])).Mot(u"Seconde"_s).gauche, 80, kTolerance);
+  const FinImpression fin = garde->Terminer();
+  EXPECT_EQ(Fichiers(), QStringList(QFileInfo(fin.fichier).fileName()));
+  EXPECT_EQ(LirePage(fin.fichier).mots.size(), 1u);
+  EXPECT_NEAR(LirePage(fin.fichier).Mot(u"Gardé"_s).gauche, 80, kTolerance);
 }
 
 TEST_F(Impression, AucunFichierNEstRemplace) {
@@ -354,8 +351,8 @@ TEST_F(Impression, AucunFichierNEstRemplace) {
   fichier.write("un autre");
   fichier.close();
 
-  const QString premier = Imprimer(imprimante_, {{}, u"Premier"_s});
-  const QString second = Imprimer(imprimante_, {{}, u"Second"_s});
+  const QString premier = Imprimer({{}, u"Premier"_s});
+  const QString second = Imprimer({{}, u"Second"_s});
   EXPECT_EQ(QFileInfo(premier).fileName(), u"Enveloppe 2026-06-05 09h08m07 n1.pdf"_s);
   EXPECT_EQ(QFileInfo(second).fileName(), u"Enveloppe 2026-06-05 09h08m07 n3.pdf"_s);
   EXPECT_NEAR(LirePage(premier).Mot(u"Premier"_s).gauche, 80, kTolerance);
@@ -368,14 +365,14 @@ TEST_F(Impression, DossierImpossible) {
   QFile obstacle(dossier_.filePath(u"obstacle"_s));
   ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
   ImprimanteSysteme imprimante(horloge_, obstacle.fileName() + u"/courrier"_s);
-  EXPECT_EQ(Imprimer(imprimante, {{}, u"Perdu"_s}), QString());
+  EXPECT_EQ(Finir(imprimante, {{}, u"Perdu"_s}), kEchouee);
   EXPECT_EQ(obstacle.size(), 0);
 }
 
 TEST_F(Impression, DisquePlein) {
   {
     const DisquePlein plein(4096);
-    EXPECT_EQ(Imprimer(imprimante_, {u"Perdu"_s, u"Perdu"_s}), QString());
+    EXPECT_EQ(Finir(imprimante_, {u"Perdu"_s, u"Perdu"_s}), kEchouee);
   }
   EXPECT_EQ(Fichiers(), QStringList());
   EXPECT_NEAR(ImprimerEtLire({{}, u"Ensuite"_s}).Mot(u"Ensuite"_s).gauche, 80, kTolerance);
@@ -384,10 +381,11 @@ TEST_F(Impression, DisquePlein) {
 class ImpressionDeListe : public Impression {
  protected:
   static constexpr double kMarge = 15, kHauteur = 297;
-  static constexpr double kInterligne = 1.1499 * kPoint;  // for each point of the font's size
+  static constexpr double kInterligne =
+      1.1499 * kPoint.valeur;  // for each point of the font's size
 
   /// Prints a list whose names are HHHH0, HHHH1...; each has an address and two lines more.
-  std::optional<QString> Imprimer(qsizetype nombre) {
+  FinImpression Imprimer(qsizetype nombre) {
     const CadreListe cadre{u"HHHH"_s, nombre, horloge_.Maintenant()};
     return ImprimerListe(imprimante_, cadre, {}, [](qsizetype n) -> std::optional<Correspondant> {
       Correspondant fiche;
@@ -401,21 +399,19 @@ class ImpressionDeListe : public Impression {
 };
 
 TEST_F(ImpressionDeListe, UnEtDeuxCorrespondants) {
-  const auto un = Imprimer(1);
-  ASSERT_TRUE(un);
-  EXPECT_EQ(QFileInfo(*un).fileName(), u"Liste 2026-06-05 09h08m07 n1.pdf"_s);
-  EXPECT_EQ(LirePage(*un).Mot(u"1"_s).haut, LirePage(*un).Mot(u"enregistrements"_s).haut);
-  EXPECT_TRUE(std::isnan(LirePage(*un).Mot(u"HHHH0"_s).haut));
+  const QString un = Imprimer(1).fichier;
+  EXPECT_EQ(QFileInfo(un).fileName(), u"Liste 2026-06-05 09h08m07 n1.pdf"_s);
+  EXPECT_EQ(LirePage(un).Mot(u"1"_s).haut, LirePage(un).Mot(u"enregistrements"_s).haut);
+  EXPECT_TRUE(std::isnan(LirePage(un).Mot(u"HHHH0"_s).haut));
 
-  const auto deux = Imprimer(2);
-  ASSERT_TRUE(deux);
-  const PageLue page = LirePage(*deux);
+  const QString deux = Imprimer(2).fichier;
+  const PageLue page = LirePage(deux);
   EXPECT_EQ(page.largeur, 595);
   EXPECT_EQ(page.hauteur, 842);
   const Cadre titre = page.Mot(u"Velmiras"_s), proprietaire = page.Mot(u"HHHH"_s);
   EXPECT_NEAR(titre.gauche, kMarge, kTolerance);
   EXPECT_NEAR(titre.haut, kMarge + 10 * kInterligne, kTolerance);
-  EXPECT_NEAR(proprietaire.droite - proprietaire.gauche, 2.8887 * 14 * kPoint, kTolerance);
+  EXPECT_NEAR(proprietaire.droite - proprietaire.gauche, 2.8887 * 14 * kPoint.valeur, kTolerance);
 
   // The name, its address, a blank line, two lines more and a blank line.
   double y = kMarge + (10 + 5 * 14) * kInterligne;
@@ -433,21 +429,19 @@ TEST_F(ImpressionDeListe, UnEtDeuxCorrespondants) {
     y += 6 * 10 * kInterligne;
   }
   const Cadre nom = page.Mot(u"HHHH0"_s);
-  EXPECT_NEAR(nom.droite - nom.gauche, (2.8887 + 0.5562) * 10 * kPoint, kTolerance);
+  EXPECT_NEAR(nom.droite - nom.gauche, (2.8887 + 0.5562) * 10 * kPoint.valeur, kTolerance);
   const Cadre pied = page.Mot(u"Imprimé"_s);
   EXPECT_NEAR(pied.haut, y + 3 * 10 * kInterligne, kTolerance);
   EXPECT_NEAR(page.Mot(u"Velmira"_s).haut, pied.haut + 8 * kInterligne, kTolerance);
 
-  const QString polices = QString::fromUtf8(Executer(u"pdffonts"_s, {*deux}));
+  const QString polices = QString::fromUtf8(Executer(u"pdffonts"_s, {deux}));
   EXPECT_TRUE(polices.contains(u"LiberationSans-Bold "_s)) << qPrintable(polices);
   EXPECT_TRUE(polices.contains(u"LiberationSans "_s)) << qPrintable(polices);
 }
 
 TEST_F(ImpressionDeListe, CinqCentsCorrespondants) {
   constexpr int kNombre = 500;
-  const auto pdf = Imprimer(kNombre);
-  ASSERT_TRUE(pdf);
-  const auto pages = LirePages(*pdf);
+  const auto pages = LirePages(Imprimer(kNombre).fichier);
 
   // The head is as high as 8 lines of 10 points; three blank lines and the foot come last.
   const double ligne = 10 * kInterligne;
@@ -477,27 +471,23 @@ TEST_F(ImpressionDeListe, CinqCentsCorrespondants) {
   EXPECT_EQ(trouves, attendus);
 }
 
-TEST_F(ImpressionDeListe, Abandon) {
-  imprimante_.OuvrirTexte(u"Liste"_s);
-  EXPECT_NEAR(imprimante_.HauteurPage().valeur, kHauteur - 2 * kMarge, kTolerance);
-  imprimante_.Ecrire({}, {}, {u"Liberation Sans"_s, 10, false, false}, u"Perdu"_s);
-  imprimante_.AbandonnerDocument();
-  EXPECT_EQ(imprimante_.HauteurPage(), Millimetres());
-  EXPECT_EQ(imprimante_.TerminerDocument(), QString());
-  EXPECT_EQ(Fichiers(), QStringList());
+TEST_F(ImpressionDeListe, HauteurDeLaPage) {
+  const auto hauteur = [this](const DescriptionDocument &description) {
+    return imprimante_.Ouvrir(Imprimante::NomPdf(), description)->HauteurPage().valeur;
+  };
+  EXPECT_NEAR(hauteur({.nom = u"Liste"_s, .margeFichier = Millimetres(kMarge)}),
+              kHauteur - 2 * kMarge, kTolerance);
+  // An envelope keeps the whole sheet.
+  EXPECT_NEAR(hauteur({.orientation = Orientation::Portrait}), 297, kTolerance);
+  EXPECT_NEAR(hauteur({.orientation = Orientation::Paysage}), 210, kTolerance);
+}
+
+TEST_F(ImpressionDeListe, DisquePlein) {
   {
     const DisquePlein plein(4096);
-    EXPECT_EQ(Imprimer(2), std::nullopt);
+    EXPECT_EQ(Imprimer(2), kEchouee);
   }
   EXPECT_EQ(Fichiers(), QStringList());
-
-  // An envelope keeps the whole sheet.
-  for (const auto &[orientation, hauteur] :
-       {std::pair{Orientation::Portrait, 297.0}, {Orientation::Paysage, 210.0}}) {
-    imprimante_.OuvrirPage(orientation);
-    EXPECT_NEAR(imprimante_.HauteurPage().valeur, hauteur, kTolerance);
-  }
-  imprimante_.AbandonnerDocument();
 }
 
 }  // namespace

@@ -10,7 +10,11 @@ namespace {
 
 constexpr double kHauteurFeinte = 100;
 
-/// Pages 100 mm high, and lines as high as their font in points, times 0.4.
+using Issue = FinImpression::Issue;
+const FinImpression kImprimee{Issue::Imprimee}, kEchouee{Issue::Echouee};
+
+/// What is written on its documents: pages 100 mm high, and lines as high as their font in points,
+/// times 0.4.
 class ImprimanteFeinte : public Imprimante {
  public:
   struct Ecrite {
@@ -21,36 +25,48 @@ class ImprimanteFeinte : public Imprimante {
   };
 
   QStringList Noms() const override { return {u"HP"_s, u"Canon"_s, NomPdf()}; }
-  QString Courante() const override { return courante; }
-  QString ParDefaut() const override { return defaut; }
-  void Choisir(const QString &nom) override { courante = nom; }
-  void OuvrirPage(Orientation) override { FAIL() << "a page of an envelope"; }
-  bool OuvrirTexte(const QString &) override {
-    if (absente) return false;
-    pages = 1;
-    return true;
-  }
+  QString ParDefaut() const override { return u"Canon"_s; }
+  std::unique_ptr<Document> Ouvrir(const QString &appareil,
+                                   const DescriptionDocument &description) override;
+
+  std::optional<FinImpression> fin{{FinImpression::Issue::Imprimee}};  ///< none: not there
+  bool terminee = false;
+  qsizetype pages = 0;
+  std::vector<Ecrite> lignes;
+};
+
+class DocumentFeint : public Document {
+ public:
+  explicit DocumentFeint(ImprimanteFeinte &imprimante) : imprimante_(imprimante) {}
+
   Millimetres HauteurPage() const override { return Millimetres(kHauteurFeinte); }
-  void NouvellePage() override { ++pages; }
+  void NouvellePage() override { ++imprimante_.pages; }
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
     EXPECT_EQ(x, Millimetres());
-    lignes.push_back({pages, y.valeur, texte, police});
+    imprimante_.lignes.push_back({imprimante_.pages, y.valeur, texte, police});
   }
-  QString TerminerDocument() override {
-    terminee = true;
-    return fichier;
+  FinImpression Terminer() override {
+    imprimante_.terminee = true;
+    return *imprimante_.fin;
   }
-  void AbandonnerDocument() override { abandonnee = true; }
   Millimetres Largeur(const QString &, const Police &) const override { return {}; }
   Millimetres HauteurLigne(const Police &police) const override {
     return Millimetres(police.points * 0.4);
   }
 
-  QString courante = u"Canon"_s, defaut = u"HP"_s, fichier;
-  bool absente = false, terminee = false, abandonnee = false;
-  qsizetype pages = 0;
-  std::vector<Ecrite> lignes;
+ private:
+  ImprimanteFeinte &imprimante_;
 };
+
+std::unique_ptr<Document> ImprimanteFeinte::Ouvrir(const QString &appareil,
+                                                   const DescriptionDocument &description) {
+  EXPECT_EQ(appareil, ParDefaut());
+  EXPECT_EQ(description.nom, u"Liste"_s);
+  EXPECT_EQ(description.orientation, Orientation::Portrait);
+  if (!fin) return nullptr;
+  pages = 1;
+  return std::make_unique<DocumentFeint>(*this);
+}
 
 /// Each line behind a letter for its font: T of the title, N of a name, t of a text, p of the small
 /// print; a line without text is "-".
@@ -157,10 +173,8 @@ TEST(ImpressionListe, LignesDUneFiche) {
 
 TEST(ImpressionListe, PlacesDesLignes) {
   ImprimanteFeinte imprimante;
-  EXPECT_EQ(ImprimerListe(imprimante, Cadre(2), {}, Numero), QString());
+  EXPECT_EQ(ImprimerListe(imprimante, Cadre(2), {}, Numero), kImprimee);
   EXPECT_TRUE(imprimante.terminee);
-  EXPECT_FALSE(imprimante.abandonnee);
-  EXPECT_EQ(imprimante.courante, u"HP"_s);
   const struct {
     const char16_t *texte;
     double y;
@@ -184,7 +198,7 @@ TEST(ImpressionListe, Pages) {
   for (const qsizetype nombre : {2, 3, 5, 6, 7, 8, 40, 500}) {
     SCOPED_TRACE(nombre);
     ImprimanteFeinte imprimante;
-    ASSERT_TRUE(ImprimerListe(imprimante, Cadre(nombre), {}, Numero));
+    ASSERT_EQ(ImprimerListe(imprimante, Cadre(nombre), {}, Numero), kImprimee);
     const auto &lignes = imprimante.lignes;
     ASSERT_EQ(lignes.size(), static_cast<std::size_t>(nombre) + 3);
     for (qsizetype n = 0; n < nombre; ++n)
@@ -210,7 +224,7 @@ TEST(ImpressionListe, UnSeulCorrespondant) {
       ADD_FAILURE() << "a record is read";
       return std::nullopt;
     };
-    EXPECT_EQ(ImprimerListe(imprimante, Cadre(nombre), {}, lire), QString());
+    EXPECT_EQ(ImprimerListe(imprimante, Cadre(nombre), {}, lire), kImprimee);
     ASSERT_EQ(imprimante.lignes.size(), 3u);
     EXPECT_EQ(imprimante.lignes[0].texte, u"Velmiras de Paul : %1 enregistrements"_s.arg(nombre));
     EXPECT_NEAR(imprimante.lignes[1].y, 32 + 12, 1e-6);
@@ -218,17 +232,15 @@ TEST(ImpressionListe, UnSeulCorrespondant) {
 }
 
 TEST(ImpressionListe, Fins) {
-  // The built-in printer gives a file, or has failed.
-  ImprimanteFeinte pdf;
-  pdf.defaut = Imprimante::NomPdf();
-  EXPECT_EQ(ImprimerListe(pdf, Cadre(2), {}, Numero), std::nullopt);
-  pdf.fichier = u"/tmp/Liste.pdf"_s;
-  EXPECT_EQ(ImprimerListe(pdf, Cadre(2), {}, Numero), u"/tmp/Liste.pdf"_s);
-
+  // How the document ended, told as it was; a printer that is not there has failed.
+  for (const auto &fin : {FinImpression{Issue::Enregistree, u"Liste.pdf"_s}, kEchouee}) {
+    ImprimanteFeinte imprimante;
+    imprimante.fin = fin;
+    EXPECT_EQ(ImprimerListe(imprimante, Cadre(2), {}, Numero), fin);
+  }
   ImprimanteFeinte absente;
-  absente.absente = true;
-  EXPECT_EQ(ImprimerListe(absente, Cadre(2), {}, Numero), std::nullopt);
-  EXPECT_FALSE(absente.terminee);
+  absente.fin.reset();
+  EXPECT_EQ(ImprimerListe(absente, Cadre(2), {}, Numero), kEchouee);
 
   // Stopped, or failing, at the last record: nothing of what was written goes out.
   for (const bool panne : {false, true}) {
@@ -241,8 +253,8 @@ TEST(ImpressionListe, Fins) {
     if (panne)
       EXPECT_THROW(ImprimerListe(imprimante, Cadre(3), {}, lire), ErreurFichier);
     else
-      EXPECT_EQ(ImprimerListe(imprimante, Cadre(3), {}, lire), std::nullopt);
-    EXPECT_TRUE(imprimante.abandonnee);
+      EXPECT_EQ(ImprimerListe(imprimante, Cadre(3), {}, lire), kEchouee);
+    EXPECT_FALSE(imprimante.lignes.empty());
     EXPECT_FALSE(imprimante.terminee);
   }
 }
