@@ -2,6 +2,7 @@
 
 #include "ui/CouleurNumero.h"
 #include "ui/Icones.h"
+#include "ui/Montrable.h"
 #include "ui_PanneauFiche.h"
 
 #include <QEvent>
@@ -13,13 +14,11 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kCotePhoto = 150;
-constexpr qsizetype kLignesAdresse = 12;  // more never fits the frame
 
-/// A label of several lines keeps the window's size whatever the record holds.
-QString LignesMontrables(const QString &texte) {
-  constexpr qsizetype kCaracteres = 120;
-  QStringList lignes = texte.left(kLignesAdresse * kCaracteres).split(u'\n').mid(0, kLignesAdresse);
-  return lignes.join(u'\n');
+/// What fits the frame of an address.
+QString AdresseMontrable(const QString &adresse) {
+  constexpr qsizetype kLignes = 12, kCaracteres = 120;
+  return LignesMontrables(adresse, kLignes, kCaracteres).join(u'\n');
 }
 
 }  // namespace
@@ -67,9 +66,9 @@ void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichag
   ui_->LblWeb->setText(fiche.Web);
   Colorer(ui_->Lblphone, CouleurNumero(fiche.ListeRougeTel, palette()));
   Colorer(ui_->LblPhoneT, CouleurNumero(fiche.ListeRougeTravail, palette()));
-  ui_->LblAdresse->setText(LignesMontrables(affichage.adresse));
+  ui_->LblAdresse->setText(AdresseMontrable(affichage.adresse));
   ui_->LblAdresse->setAlignment(affichage.alignementAdresse | Qt::AlignTop);
-  ui_->LblAdresseR->setText(LignesMontrables(fiche.AdresseImportee));
+  ui_->LblAdresseR->setText(AdresseMontrable(fiche.AdresseImportee));
   ui_->TxtComments->setPlainText(fiche.Commentaires);
   ui_->TxtComments->setReadOnly(false);
   MajAffichage();

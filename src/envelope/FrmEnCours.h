@@ -2,9 +2,11 @@
 
 #include <QDialog>
 
-class QLabel;
-class QProgressBar;
-class QPushButton;
+#include <memory>
+
+namespace Ui {
+class FrmEnCours;
+}
 
 /// Tells which envelope of a run is being printed, and takes the wish to stop behind it.
 class FrmEnCours : public QDialog {
@@ -12,6 +14,7 @@ class FrmEnCours : public QDialog {
 
  public:
   FrmEnCours(int nombre, QWidget *parent);
+  ~FrmEnCours() override;
 
   /// The envelope that is being printed, from 1.
   void Montrer(int rang);
@@ -23,8 +26,6 @@ class FrmEnCours : public QDialog {
 
  private:
   int nombre_;
-  QLabel *LblEnCours;
-  QProgressBar *avancement_;
-  QPushButton *CmdArreter;
+  std::unique_ptr<Ui::FrmEnCours> ui_;
   bool arrete_ = false;
 };

@@ -4,31 +4,30 @@
 
 #include <QDialog>
 
+#include <memory>
 #include <vector>
 
-class QLabel;
+namespace Ui {
+class FrmVueAV;
+}
 
-/// The preview: the envelope with the lines that are going to be printed. A click anywhere closes
-/// it.
+/// The preview: the envelope with the lines that are going to be printed, in true size where the
+/// screen holds it. A click anywhere closes it.
 class FrmVueAV : public QDialog {
   Q_OBJECT
 
  public:
-  /// Format of the envelope in millimetres; `lignes` comes from `MettreEnApercu`.
+  /// Format of the envelope; `lignes` comes from `MettreEnApercu`.
   FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePlacee> lignes);
+  ~FrmVueAV() override;
 
   /// In millimetres of the picture.
-  const std::vector<LignePlacee> &Lignes() const { return lignes_; }
+  const std::vector<LignePlacee> &Lignes() const;
 
  protected:
-  void resizeEvent(QResizeEvent *evenement) override;
   void mousePressEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
-  class Image;
-
-  std::vector<LignePlacee> lignes_;
-  Image *PctVA;
-  QLabel *Etiquette_KV1;  ///< the hint
+  std::unique_ptr<Ui::FrmVueAV> ui_;
 };

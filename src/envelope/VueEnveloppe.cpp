@@ -1,6 +1,7 @@
 #include "envelope/VueEnveloppe.h"
 
 #include "ui/EtiquetteZone.h"
+#include "ui/FeuilleEcran.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -11,15 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kOmbre = 6;           // pixels around the paper
-constexpr double kTimbre = 22;      // side of the stamp, millimetres
-constexpr double kMargeTimbre = 8;  // from the corner, millimetres
+constexpr int kOmbre = 6;  // pixels around the paper
+constexpr Millimetres kLargeurTimbre(18.7), kHauteurTimbre(22);
+constexpr Millimetres kMargeTimbre(8);  // from the corner
+constexpr Millimetres kRepere(4);       // arms of the mark where a zone begins
 // What can be drawn: a size typed by mistake must not run past what a picture can hold.
-constexpr double kMinimum = 1, kMaximum = 5000;  // millimetres
-
-Millimetres Dessinable(Millimetres longueur) {
-  return Millimetres(std::clamp(longueur.valeur, kMinimum, kMaximum));
-}
+constexpr Millimetres kMinimum(1), kMaximum(5000);
 
 }  // namespace
 
@@ -39,8 +37,8 @@ VueEnveloppe::VueEnveloppe(QWidget *parent)
 
 void VueEnveloppe::Disposer(Millimetres largeur, Millimetres hauteur, Point adresse,
                             Point expediteur) {
-  largeur_ = Dessinable(largeur);
-  hauteur_ = Dessinable(hauteur);
+  largeur_ = std::clamp(largeur, kMinimum, kMaximum);
+  hauteur_ = std::clamp(hauteur, kMinimum, kMaximum);
   origineAdresse_ = adresse;
   origineExpediteur_ = expediteur;
   Placer();
@@ -51,8 +49,8 @@ void VueEnveloppe::resizeEvent(QResizeEvent *) {
 }
 
 QPoint VueEnveloppe::Pixels(Point point) const {
-  return papier_.topLeft() + QPointF(std::clamp(point.x.valeur, -kMaximum, kMaximum) * echelle_,
-                                     std::clamp(point.y.valeur, -kMaximum, kMaximum) * echelle_)
+  return papier_.topLeft() + QPointF(Pixels(std::clamp(point.x, -kMaximum, kMaximum)),
+                                     Pixels(std::clamp(point.y, -kMaximum, kMaximum)))
                                  .toPoint();
 }
 
@@ -60,8 +58,8 @@ void VueEnveloppe::Placer() {
   const QSize place = size() - QSize(2 * kOmbre, 2 * kOmbre);
   echelle_ =
       std::max(0.01, std::min(place.width() / largeur_.valeur, place.height() / hauteur_.valeur));
-  papier_ = QRect(QPoint(kOmbre, kOmbre), QSize(static_cast<int>(largeur_.valeur * echelle_),
-                                                static_cast<int>(hauteur_.valeur * echelle_)));
+  papier_ = QRect(QPoint(kOmbre, kOmbre),
+                  QSize(static_cast<int>(Pixels(largeur_)), static_cast<int>(Pixels(hauteur_))));
   for (EtiquetteZone *zone : {expediteur_, adresse_}) zone->ChangerEchelle(echelle_);
   // The zone leaves a pixel around its text.
   expediteur_->move(Pixels(origineExpediteur_) - QPoint(1, 1));
@@ -80,18 +78,19 @@ void VueEnveloppe::paintEvent(QPaintEvent *) {
   for (int bord = kOmbre; bord > 0; --bord)
     dessin.drawRoundedRect(papier_.adjusted(-bord, -bord / 2, bord, bord), bord, bord);
   dessin.setPen(QPen(QColor(190, 186, 176), 1));
-  dessin.setBrush(QColor(255, 254, 250));
+  dessin.setBrush(kPapier);
   dessin.drawRect(papier_);
 
-  const double cote = kTimbre * echelle_, marge = kMargeTimbre * echelle_;
+  const QSizeF timbre(Pixels(kLargeurTimbre), Pixels(kHauteurTimbre));
+  const double marge = Pixels(kMargeTimbre);
   dessin.setPen(QPen(QColor(200, 196, 186), 1, Qt::DashLine));
   dessin.setBrush(Qt::NoBrush);
   dessin.drawRect(
-      QRectF(papier_.right() - marge - cote * 0.85, papier_.top() + marge, cote * 0.85, cote));
+      QRectF(QPointF(papier_.right() - marge - timbre.width(), papier_.top() + marge), timbre));
 
   // Where each zone begins.
   dessin.setPen(QPen(QColor(150, 180, 200), 1));
-  const int trait = std::max(4, static_cast<int>(4 * echelle_));
+  const int trait = std::max(4, static_cast<int>(Pixels(kRepere)));
   for (const Point origine : {origineAdresse_, origineExpediteur_}) {
     const QPoint coin = Pixels(origine) - QPoint(3, 3);
     dessin.drawLine(coin, coin + QPoint(trait, 0));

@@ -18,7 +18,7 @@ class VueEnveloppe : public QWidget {
   EtiquetteZone *Expediteur() const { return expediteur_; }
   QLabel *Commentaire() const { return commentaire_; }
 
-  /// Format in millimetres, and the top left corners of the zones on it.
+  /// The format, and the top left corners of the zones on it.
   void Disposer(Millimetres largeur, Millimetres hauteur, Point adresse, Point expediteur);
 
   QSize sizeHint() const override { return {640, 360}; }
@@ -30,6 +30,7 @@ class VueEnveloppe : public QWidget {
 
  private:
   void Placer();
+  double Pixels(Millimetres longueur) const { return longueur.valeur * echelle_; }
   QPoint Pixels(Point point) const;
 
   EtiquetteZone *expediteur_;

@@ -2,6 +2,7 @@
 
 #include "platform/Enregistrable.h"
 #include "ui/Garde.h"
+#include "ui/Montrable.h"
 #include "ui_FrmLiaison.h"
 
 #include <algorithm>
@@ -33,11 +34,11 @@ FrmLiaison::FrmLiaison(Boites &boites, const QString &separateur, QWidget *paren
 FrmLiaison::~FrmLiaison() = default;
 
 void FrmLiaison::Montrer() {
-  constexpr qsizetype kMontrable = 40;  // characters; more would not fit the dialog
+  constexpr qsizetype kCaracteres = 40;  // more would not fit the dialog
   const auto connu = std::ranges::find_if(
       kSeparateurs, [this](char16_t signe) { return separateur_ == QChar(signe); });
   options_[static_cast<std::size_t>(connu - kSeparateurs.begin())]->setChecked(true);
-  ui_->Lbl->setText(u"\n12"_s + separateur_.left(kMontrable) + u"34"_s);
+  ui_->Lbl->setText(u"\n12"_s + Montrable(separateur_, kCaracteres) + u"34"_s);
 }
 
 void FrmLiaison::Choisir(std::size_t option) {

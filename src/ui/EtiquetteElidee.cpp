@@ -1,5 +1,7 @@
 #include "ui/EtiquetteElidee.h"
 
+#include "ui/Montrable.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -8,7 +10,7 @@
 
 namespace {
 
-constexpr qsizetype kMontrable = 1000;  // characters; more never fits, and is costly to measure
+constexpr qsizetype kCaracteres = 1000;  // more never fits
 
 }  // namespace
 
@@ -18,7 +20,7 @@ EtiquetteElidee::EtiquetteElidee(QWidget *parent) : QLabel(parent) {
 }
 
 QString EtiquetteElidee::Ligne() const {
-  return text().left(kMontrable).simplified();
+  return Montrable(text(), kCaracteres).simplified();
 }
 
 QSize EtiquetteElidee::sizeHint() const {

@@ -2,6 +2,7 @@
 
 #include "platform/Caracteres.h"
 #include "ui/FeuilleEcran.h"
+#include "ui/Montrable.h"
 
 #include <QPainter>
 
@@ -13,13 +14,11 @@ namespace {
 
 constexpr int kBord = 1;  // pixels around the text, for the mark of the focus
 
-// More never fits on an envelope, and would be costly to measure.
-constexpr qsizetype kLignes = 60;
-constexpr qsizetype kCaracteres = 500;
+constexpr qsizetype kLignes = 60, kCaracteres = 500;  // more never fits on an envelope
 
 QStringList LignesMontrees(const QString &texte) {
-  QStringList lignes = texte.left(kLignes * kCaracteres).split(u'\n').mid(0, kLignes);
-  for (QString &ligne : lignes) ligne.truncate(kCaracteres);
+  QStringList lignes = LignesMontrables(texte, kLignes, kCaracteres);
+  for (QString &ligne : lignes) ligne = Montrable(ligne, kCaracteres);
   return lignes;
 }
 
@@ -33,7 +32,7 @@ EtiquetteZone::EtiquetteZone(QWidget *parent) : QWidget(parent) {
 void EtiquetteZone::setText(const QString &texte) {
   texte_ = texte;
   texte_.replace(u'*', u'\n');
-  setAccessibleDescription(texte_.left(kCaracteres).trimmed());
+  setAccessibleDescription(Montrable(texte_, kCaracteres).trimmed());
   Mesurer();
 }
 

@@ -2,7 +2,11 @@
 
 #include "ui/MesurePolices.h"
 
+#include <QColor>
 #include <QPainter>
+
+/// The ground of paper on the screen, in every theme.
+inline constexpr QColor kPapier(255, 254, 250);
 
 /// Lines of text drawn on a widget as they stand on paper: measured by the design metrics of their
 /// fonts, and scaled, so that lines keep their proportions at every size.
