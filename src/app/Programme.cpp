@@ -2,6 +2,7 @@
 
 #include "alerts/FrmOptionsAnn.h"
 #include "alerts/MenuMemora.h"
+#include "app/Demarrage.h"
 #include "calendar/CommandesFetes.h"
 #include "directory/FrmDepart.h"
 #include "directory/FrmVelmira.h"
@@ -12,7 +13,6 @@
 #include "help/ToucheAide.h"
 #include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
-#include "storage/Demarrage.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"

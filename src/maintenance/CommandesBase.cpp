@@ -1,60 +1,25 @@
 #include "maintenance/CommandesBase.h"
 
 #include "maintenance/FrmLiaison.h"
-#include "platform/Enregistrable.h"
-#include "platform/Enregistrement.h"
-#include "platform/Fichiers.h"
-#include "storage/Demarrage.h"
+#include "platform/Erreurs.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "storage/TransfertBase.h"
 #include "ui/Avancement.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 #include "ui/Sablier.h"
 
 #include <QAction>
 #include <QCoreApplication>
 #include <QDir>
-#include <QFileInfo>
-
-#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The word that the path of every data folder contains.
-QString NomDossier() {
-  return u"DataVelmira"_s;
-}
-
-QString BaseDe(const QString &dossier) {
-  return dossier + u"/Velmira.mdb"_s;
-}
-
-bool EstDossierDeDonnees(const QString &chemin) {
-  return chemin.contains(NomDossier()) && QFileInfo(chemin).isDir();
-}
-
 QString Important(const QString &texte) {
   return u"IMPORTANT !\n\n"_s + QString(60, u'_') + u"\n\n"_s + texte;
-}
-
-/// Refuses a path that its file could not give back.
-void Verifier(const QString &chemin) {
-  if (!EstEnregistrable(chemin))
-    throw ErreurFichier(
-        u"Le répertoire « %1 » ne peut pas être enregistré : son nom contient un caractère que le "
-        "fichier des réglages n'admet pas."_s.arg(QDir::toNativeSeparators(chemin)));
-}
-
-/// A separator of several signs is taken out as a whole: sign by sign, the rule of the numbers
-/// would leave some of them. One with digits cannot be told from the number.
-QString SansLiaison(QString numero, const QString &separateur) {
-  const bool chiffre =
-      std::ranges::any_of(separateur, [](QChar c) { return c >= u'0' && c <= u'9'; });
-  if (!separateur.isEmpty() && !chiffre) numero.remove(separateur);
-  return numero;
 }
 
 ErreurFichier Introuvable(const QString &programme) {
@@ -67,10 +32,7 @@ ErreurFichier Introuvable(const QString &programme) {
 CommandesBase::CommandesBase(Session &session, const Actions &actions, Programme programme,
                              QWidget *fenetre)
     : QObject(fenetre), session_(session), programme_(std::move(programme)), fenetre_(fenetre) {
-  const auto brancher = [this](QAction *action, void (CommandesBase::*commande)()) {
-    connect(action, &QAction::triggered, this,
-            Garde(session_.plateforme.boites, [this, commande](bool) { (this->*commande)(); }));
-  };
+  const Brancheur brancher(session_.plateforme.boites, this);
   brancher(actions.mnuLiaison, &CommandesBase::ChangerLiaison);
   brancher(actions.mnuChemin, &CommandesBase::ChangerChemin);
   brancher(actions.mnuTransfert, &CommandesBase::Transferer);
@@ -119,32 +81,15 @@ bool CommandesBase::Reformater(const QString &ancien, const QString &separateur)
           });
 }
 
-QString CommandesBase::ChoisirDossier(const QString &invite) {
-  QString dossier = SelRepertoire(session_.plateforme.boites, invite);
-  if (dossier.size() > 1 && dossier.endsWith(u'/')) dossier.chop(1);
-  return dossier;
-}
-
 void CommandesBase::EnregistrerChemin(const QString &chemin) {
-  Verifier(chemin);
-  RedacteurEnregistrement redacteur;
-  redacteur.Ecrire(chemin);
-  // The other spelling of the name would be read first. It goes first: the two may be one file.
-  if (const QString autre = session_.dossiers.AppPath + u"/CheminBase.cfg"_s;
-      QFileInfo(autre).isFile())
-    EffacerFichier(autre);
-  RemplacerFichier(session_.dossiers.AppPath + u"/Cheminbase.cfg"_s, redacteur.Octets());
+  EcrireCheminBase(session_.dossiers.AppPath, chemin);
   session_.dossiers.CheminBaseConfig = chemin;
 }
 
 void CommandesBase::ChangerChemin() {
   Boites &boites = session_.plateforme.boites;
   const Dossiers &dossiers = session_.dossiers;
-  const auto absent = [&](const QString &nom) {
-    return !QFileInfo(dossiers.AppPath + u'/' + nom).isFile();
-  };
-  if (absent(u"CheminBase.cfg"_s) && absent(u"Cheminbase.cfg"_s))
-    EnregistrerChemin(dossiers.CheminBase);
+  if (!LireCheminBase(dossiers.AppPath)) EnregistrerChemin(dossiers.CheminBase);
 
   const QString actuel = dossiers.CheminBaseConfig;
   boites.Information(u"Le chemin actuel de la base de données, choisi pour travailler, est \n\n"_s +
@@ -167,7 +112,7 @@ void CommandesBase::ChangerChemin() {
 
 bool CommandesBase::ChoisirChemin() {
   Boites &boites = session_.plateforme.boites;
-  const QString dossier = ChoisirDossier(
+  const QString dossier = boites.Dossier(
       u"Sélectionnez le répertoire (...\\...\\DataVelmira), sur votre disque ou sur le serveur."_s);
   if (dossier.isEmpty()) return CreerDossierBase() || Renoncer();
   if (!EstDossierDeDonnees(dossier)) {
@@ -178,8 +123,7 @@ bool CommandesBase::ChoisirChemin() {
     EnregistrerChemin(session_.dossiers.CheminData);
     return true;
   }
-  const bool vide = QDir(dossier).isEmpty(QDir::Files);
-  if (vide &&
+  if (EstVide(dossier) &&
       Accepte(u"Vous n'avez pas encore transféré la base de données située dans le répertoire "
               "...\\NOM_UTILISATEUR\\DataTrevona\\DataVelmira de votre disque.\n"
               "Dans cette attente, vous allez travailler avec les données enregistrées sur votre "
@@ -201,14 +145,11 @@ bool CommandesBase::CreerDossierBase() {
   if (!Accepte(u"Si le répertoire (...\\...\\DataVelmira) n'existe pas sur le serveur,\n"
                "Voulez-vous le créer maintenant ?"_s))
     return false;
-  const QString lieu = ChoisirDossier(
+  const QString lieu = session_.plateforme.boites.Dossier(
       u"Sélectionnez le répertoire du serveur où vous voulez créer le répertoire "
       "(...\\...\\DataVelmira)."_s);
   if (lieu.isEmpty()) return false;
-  const QString dossier = lieu + u'/' + NomDossier();
-  Verifier(dossier);
-  CreerDossier(dossier);
-  EnregistrerChemin(dossier);
+  EnregistrerChemin(CreerDossierDeDonnees(lieu));
   session_.plateforme.boites.Information(Important(
       u"Vous devrez tranfèrer le contenu du répertoire NOM_UTILISATEUR\\DataTrevona\\DataVelmira "
       "de votre disque, dans ce répertoire nouvellement créé, puis relancer le programme pour "
@@ -237,10 +178,10 @@ bool CommandesBase::Accepte(const QString &question, Boites::Reponse defaut) {
 
 QString CommandesBase::DossierATransferer(const QString &invite) {
   Boites &boites = session_.plateforme.boites;
-  const QString dossier = ChoisirDossier(invite);
+  const QString dossier = boites.Dossier(invite);
   if (dossier.isEmpty())
     boites.Critique(u"Procédure annulée !"_s);
-  else if (!dossier.contains(NomDossier()))
+  else if (!dossier.contains(NomDossierDonnees()))
     boites.Critique(u"Vous avez choisi un mauvais répertoire ; procédure annulée !"_s);
   else
     return dossier;
@@ -262,7 +203,7 @@ void CommandesBase::Transferer() {
   const QString source = DossierATransferer(
       u"Sélectionnez le répertoire source où se trouvent les données à copier."_s);
   if (source.isEmpty()) return;
-  if (!QFileInfo(BaseDe(source)).isFile()) {
+  if (!ContientBase(source)) {
     boites.Critique(
         u"La base de données n'est pas présente dans ce répertoire ; procédure annulée !"_s);
     return;
@@ -276,7 +217,7 @@ void CommandesBase::Transferer() {
   {
     const Sablier sablier;
     session_.base.Fermer();
-    Ignorer([&] { TransfererBase(BaseDe(source), BaseDe(destination)); });
+    Ignorer([&] { TransfererBase(FichierBase(source), FichierBase(destination)); });
     Ignorer([&] { session_.base.Ouvrir(session_.dossiers.Base()); });
   }
   boites.Information(

@@ -47,8 +47,6 @@ class CommandesBase : public QObject {
   bool Renoncer();
   /// Throws `ErreurFichier` for a path that cannot be stored too.
   void EnregistrerChemin(const QString &chemin);
-  /// The folder that the user picks, without a trailing separator; empty for a cancel.
-  QString ChoisirDossier(const QString &invite);
   /// A data folder for the copy; empty, with the message that says so, when the procedure ends.
   QString DossierATransferer(const QString &invite);
   bool Accepte(const QString &question, Boites::Reponse defaut = Boites::Reponse::Oui);

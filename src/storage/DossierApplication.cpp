@@ -3,6 +3,7 @@
 #include "platform/Enregistrement.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "storage/Dossiers.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -13,7 +14,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kBaseVide = u"Velmira_base.mdb"_s;
 const QString kInstallation = u"Installation.cfg"_s;   // schema version of the last base laid
 const QString kEditionGuide = u"guide/edition.txt"_s;  // differs wherever the guide does
 
@@ -57,6 +57,7 @@ QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierI
   if (QFile::exists(dossierExecutable + u"/Velmira.portable"_s)) return dossierExecutable;
 
   const QDir installe(dossierInstalle), utilisateur(dossierUtilisateur);
+  const QString baseVide = FichierBaseLivree(installe.path());
   CreerDossier(utilisateur.path());
   const auto marque = LireFichier(utilisateur.filePath(kInstallation));
   qint32 posee = -1;
@@ -64,11 +65,11 @@ QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierI
     LecteurEnregistrement(*marque).Lire(posee);
   else
     for (const QString &nom : installe.entryList(QDir::Files))
-      if (nom != kBaseVide && !utilisateur.exists(nom))
+      if (installe.filePath(nom) != baseVide && !utilisateur.exists(nom))
         Copier(installe.filePath(nom), utilisateur.filePath(nom));
 
-  const qint32 version = VersionBase(installe.filePath(kBaseVide));
-  if (version > posee) Copier(installe.filePath(kBaseVide), utilisateur.filePath(kBaseVide));
+  const qint32 version = VersionBase(baseVide);
+  if (version > posee) Copier(baseVide, FichierBaseLivree(utilisateur.path()));
   if (!marque || version > posee) {
     RedacteurEnregistrement redacteur;
     redacteur.Ecrire(std::max(version, posee));

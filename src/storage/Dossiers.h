@@ -2,6 +2,21 @@
 
 #include <QString>
 
+/// The word that the path of every data folder contains.
+inline QString NomDossierDonnees() {
+  return QStringLiteral("DataVelmira");
+}
+
+/// The user's database in a folder.
+inline QString FichierBase(const QString &dossier) {
+  return dossier + QStringLiteral("/Velmira.mdb");
+}
+
+/// The empty database that an installation delivers, in whichever folder it waits.
+inline QString FichierBaseLivree(const QString &dossier) {
+  return dossier + QStringLiteral("/Velmira_base.mdb");
+}
+
 /// The folders of a run, without trailing separators.
 struct Dossiers {
   QString AppPath;           ///< settings and delivered files
@@ -9,5 +24,5 @@ struct Dossiers {
   QString CheminBase;        ///< folder of the database of this run
   QString CheminBaseConfig;  ///< folder that is recorded for it; may be out of reach for now
 
-  QString Base() const { return CheminBase + QStringLiteral("/Velmira.mdb"); }
+  QString Base() const { return FichierBase(CheminBase); }
 };

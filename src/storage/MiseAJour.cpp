@@ -165,10 +165,6 @@ class Copie {
 
 }  // namespace
 
-QString CheminBaseLivree(const QString &cheminBase) {
-  return cheminBase + u"/Velmira_base.mdb"_s;
-}
-
 void ConvertirAlarme(const QString &appPath) {
   if (const auto ancienne = LireAncienneAlarme(appPath)) EcrireAlarme(appPath, ancienne->alarme);
 }
@@ -193,15 +189,38 @@ void EchangerBases(const Dossiers &dossiers) {
   RemplacerParRenommage(dossiers.Base(), ancien);
   try {
     ConvertirAlarme(dossiers.AppPath);
-    RenommerFichier(CheminBaseLivree(dossiers.CheminBase), dossiers.Base());
+    RenommerFichier(FichierBaseLivree(dossiers.CheminBase), dossiers.Base());
   } catch (const Erreur &) {
     Ignorer([&] { RenommerFichier(ancien, dossiers.Base()); });
     throw;
   }
 }
 
+void MettreBaseAJour(SourceSqlite &source, const Dossiers &dossiers, const QString &separateurTel,
+                     const std::function<void(qsizetype)> &avancement) {
+  // Held until the swap is over: nobody writes what would not be copied, and a second user's
+  // upgrade waits and then finds that there is nothing left to do.
+  source.Reserver();
+  const QString livree = FichierBaseLivree(dossiers.CheminBase);
+  if (!QFileInfo(livree).isFile()) return;
+
+  const auto alarme = LireAncienneAlarme(dossiers.AppPath);
+  Base cible;
+  cible.Ouvrir(livree);
+  CopierBase(source, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}}, avancement);
+  cible.Fermer();
+  EchangerBases(dossiers);
+}
+
+void PoserBaseLivree(const QString &cheminBase) {
+  const QString livree = FichierBaseLivree(cheminBase);
+  // What a killed upgrade left half written is taken back under the name that its journal knows.
+  Ignorer([&] { Base().Ouvrir(livree); });
+  RenommerFichier(livree, FichierBase(cheminBase));
+}
+
 bool EchangeInterrompu(const QString &cheminBase) {
-  return QFileInfo(CheminBaseLivree(cheminBase)).isFile() &&
+  return QFileInfo(FichierBaseLivree(cheminBase)).isFile() &&
          QFileInfo(CheminAncien(cheminBase)).isFile() &&
-         !QFileInfo::exists(cheminBase + u"/Velmira.mdb"_s);
+         !QFileInfo::exists(FichierBase(cheminBase));
 }

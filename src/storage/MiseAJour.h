@@ -6,11 +6,9 @@
 #include "storage/Dossiers.h"
 #include "storage/Reglages.h"
 #include "storage/SourceAncienne.h"
+#include "storage/SourceSqlite.h"
 
 #include <functional>
-
-/// The delivered database, beside the user's own.
-QString CheminBaseLivree(const QString &cheminBase);
 
 struct ReglesCopie {
   QString SeparateurTel;
@@ -27,6 +25,16 @@ void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
 /// `Ancien_Velmira.mdb`; an `Alarme.ini` of the older form is rewritten. Both are closed, or only
 /// held. Throws `ErreurFichier`; the two are then under their names.
 void EchangerBases(const Dossiers &dossiers);
+
+/// The whole of it: copies what `source`, the user's open database, holds into the delivered one
+/// and swaps the two. Nobody writes into `source` meanwhile; where another program's upgrade has
+/// ended before, nothing is left to do. Throws `ErreurBase` or `ErreurFichier`; the two are then as
+/// they were.
+void MettreBaseAJour(SourceSqlite &source, const Dossiers &dossiers, const QString &separateurTel,
+                     const std::function<void(qsizetype)> &avancement);
+
+/// Makes the delivered database the user's own, where he has none. Throws `ErreurFichier`.
+void PoserBaseLivree(const QString &cheminBase);
 
 /// Whether a kill has come between the two renames of `EchangerBases`.
 bool EchangeInterrompu(const QString &cheminBase);

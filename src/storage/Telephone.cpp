@@ -1,5 +1,7 @@
 #include "storage/Telephone.h"
 
+#include <algorithm>
+
 QString FormatTelephone(QString texte, const QString &separateur) {
   if (texte.isEmpty()) return texte;
   // The position goes on while the text shrinks: what stands behind a removed sign is passed over.
@@ -16,4 +18,11 @@ QString FormatTelephone(QString texte, const QString &separateur) {
   for (; i + 1 < texte.size(); i += 2) resultat += texte.mid(i, 2) + separateur;
   resultat.chop(separateur.size());
   return resultat;
+}
+
+QString SansLiaison(QString numero, const QString &separateur) {
+  const bool chiffre =
+      std::ranges::any_of(separateur, [](QChar c) { return c >= u'0' && c <= u'9'; });
+  if (!separateur.isEmpty() && !chiffre) numero.remove(separateur);
+  return numero;
 }

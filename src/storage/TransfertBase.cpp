@@ -61,7 +61,7 @@ bool PrendreLignes(Base &base, const QString &source) {
 /// The file as one that nobody is writing to.
 QByteArray Octets(const QString &chemin) {
   const QTemporaryDir dossier;
-  const QString copie = dossier.filePath(u"Velmira.mdb"_s);
+  const QString copie = dossier.filePath(u"copie.mdb"_s);
   Base base;
   const bool notre = Ouvrir(base, chemin);
   if (notre) Requete(base, u"VACUUM INTO ?"_s).Lier(copie).Executer();

@@ -3,10 +3,10 @@
 //
 // VELMIRA_ARRETS is the number of kills, 200 without it.
 
+#include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
 #include "commun/BoitesMuettes.h"
 #include "platform/Fichiers.h"
-#include "storage/Demarrage.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,8 +3,8 @@
 #include "Outils.h"
 #include "platform/Erreurs.h"
 #include "storage/Base.h"
-#include "storage/Demarrage.h"
 #include "storage/DossierApplication.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/Schema.h"
 
 using namespace Qt::StringLiterals;
@@ -129,7 +129,7 @@ TEST_F(DossierApplicationTest, SansFichiersInstalles) {
                ErreurFichier);
 }
 
-TEST(DemarrageTest, DossierRefuse) {
+TEST(EmplacementDonneesTest, DossierRefuse) {
   const struct {
     const char16_t *chemin;
     bool refuse;

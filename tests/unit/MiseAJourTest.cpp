@@ -1,10 +1,10 @@
 // The upgrade: what becomes of each value, databases of every age, and what a failure leaves.
 
 #include "Outils.h"
+#include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
 #include "commun/BoitesMuettes.h"
 #include "platform/Fichiers.h"
-#include "storage/Demarrage.h"
 #include "storage/MiseAJour.h"
 #include "storage/SourceSqlite.h"
 

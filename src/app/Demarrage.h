@@ -1,5 +1,6 @@
 #pragma once
-// Where the data lives: what is settled before any window may touch a file or the database.
+// The start as the user meets it: what is asked, told and put into its place before any window may
+// touch a file or the database.
 
 #include "platform/Boites.h"
 #include "storage/Dossiers.h"
@@ -23,29 +24,19 @@ class Demarrage {
   bool Executer();
 
  private:
-  bool LireCheminData();
-  bool DemanderCheminData();
+  bool TrouverCheminData();
   /// The user's own folder, ending in a separator; empty when the launch is stopped.
   QString DemanderDossier();
   void CreerCheminData(const QString &dossier);
-  void ResoudreCheminBase();
-  void DeplacerBaseLivree();
+  void TrouverCheminBase();
+  void EnregistrerCheminBase();
   void PreparerBase();
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();
   void CopierEtEchanger(SourceSqlite &source, const QString &separateurTel);
-  void EcrireChemin(const QString &fichier, const QString &chemin);
-  QString FichierCheminBase() const;
 
   Boites &boites_;
   Dossiers &dossiers_;
   std::function<void(const QString &)> annoncer_;
 };
-
-/// Shows the folder picker; the path ends in a separator, or is empty when the user cancels.
-QString SelRepertoire(Boites &boites, const QString &invite);
-
-/// Whether a folder is refused as the place of the data: it lies outside every profile folder and
-/// names both "PUBLIC" and "DEFAULT".
-bool DossierRefuse(const QString &chemin);

@@ -1,0 +1,169 @@
+#include "app/Demarrage.h"
+
+#include "platform/Enregistrable.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
+#include "storage/Base.h"
+#include "storage/EmplacementDonnees.h"
+#include "storage/MiseAJour.h"
+#include "storage/Reglages.h"
+#include "storage/SourceSqlite.h"
+
+#include <QDir>
+
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Shows the folder picker; the path ends in a separator, or is empty when the user cancels.
+QString SelRepertoire(Boites &boites, const QString &invite) {
+  QString dossier = boites.Dossier(invite);
+  if (!dossier.isEmpty() && !dossier.endsWith(u'/')) dossier += u'/';
+  return dossier;
+}
+
+}  // namespace
+
+Demarrage::Demarrage(Boites &boites, Dossiers &dossiers,
+                     std::function<void(const QString &)> annoncer)
+    : boites_(boites), dossiers_(dossiers), annoncer_(std::move(annoncer)) {}
+
+bool Demarrage::Executer() {
+  if (!TrouverCheminData()) return false;
+  TrouverCheminBase();
+  PreparerBase();
+  return true;
+}
+
+bool Demarrage::TrouverCheminData() {
+  if (const auto chemin = LireCheminData(dossiers_.AppPath)) {
+    dossiers_.CheminData = *chemin;
+    return true;
+  }
+  boites_.Information(
+      u"Pour fonctionner avec les dernières versions de Windows,\n"
+      "les données doivent être placées dans un répertoire spécifique, différent du répertoire de "
+      "l'application."_s);
+  boites_.Information(
+      u"Sélectionnez uniquement le répertoire où seront enregistrées les données du programme sur "
+      "le disque dur de votre ordinateur.\n\n"
+      "Ce répertoire DOIT ETRE celui qui porte  \"VOTRE NOM D' UTILISATEUR\",   et dont "
+      "l'emplacement diffère selon les versions de Windows :\n\n"
+      "- Dans \"Documents And settings\" sous XP\n"
+      "- Dans \"Utilisateurs ou Users\" pour les versions ultérieures (Seven, 8)"_s);
+  const QString dossier = DemanderDossier();
+  if (dossier.isEmpty()) return false;
+  CreerCheminData(dossier);
+  return true;
+}
+
+QString Demarrage::DemanderDossier() {
+  for (;;) {
+    const QString dossier = SelRepertoire(
+        boites_, u"Sélectionnez uniquement le répertoire à votre NOM D'UTILISATEUR"_s);
+    if (!dossier.isEmpty() && !EstEnregistrable(dossier)) {
+      boites_.Attention(
+          u"Le nom de ce répertoire contient un caractère qui ne peut pas être "
+          "enregistré : \"%1\".\nChoisissez-en un autre."_s.arg(dossier));
+      continue;
+    }
+    if (!dossier.isEmpty() && !DossierRefuse(dossier)) return dossier;
+
+    const bool manque = dossier.isEmpty();
+    const QString question = manque
+                                 ? u"Ce renseignement est obligatoire ; voulez-vous continuer ?"_s
+                                 : u"Ce répertoire n'est pas le bon ; voulez-vous continuer ?"_s;
+    if (boites_.Question(Boites::Titre(), question) == Boites::Reponse::Oui) continue;
+    boites_.Critique(manque ? u"Lancement du programme interrompu par défaut de renseignement !"_s
+                            : u"Lancement du programme interrompu par erreur de renseignement !"_s);
+    return {};
+  }
+}
+
+void Demarrage::CreerCheminData(const QString &dossier) {
+  dossiers_.CheminData = CheminDataDe(dossier);
+  Signaler(boites_, [&] { CreerDossier(dossiers_.CheminData); });
+  Signaler(boites_, [&] { DeplacerBaseProche(dossiers_); });
+  Signaler(boites_, [&] { EcrireCheminData(dossiers_.AppPath, dossiers_.CheminData); });
+}
+
+void Demarrage::TrouverCheminBase() {
+  const auto [etat, dossier, choisi] = TrouverBase(dossiers_.AppPath, dossiers_.CheminData);
+  dossiers_.CheminBase = dossier;
+  dossiers_.CheminBaseConfig = choisi;
+  switch (etat) {
+    case EtatChemin::Local:
+    case EtatChemin::Partage:
+      break;
+    case EtatChemin::Inconnu:
+      EnregistrerCheminBase();
+      break;
+    case EtatChemin::Invalide:
+      boites_.Information(
+          u"Le chemin de la base de données enregistré n'est pas valide.\n"
+          "Vous allez travailler avec la base située sur votre disque."_s);
+      EnregistrerCheminBase();
+      break;
+    case EtatChemin::NonTransfere:
+      boites_.Information(
+          u"La base de données n'a pas encore été transférée dans le répertoire \"%1\" choisi pour "
+          "travailler.\nVous allez donc, dans l'attente de ce transfert, travailler avec la base "
+          "située sur votre disque."_s.arg(choisi));
+      break;
+  }
+}
+
+void Demarrage::EnregistrerCheminBase() {
+  Signaler(boites_, [&] { EcrireCheminBase(dossiers_.AppPath, dossiers_.CheminBaseConfig); });
+}
+
+void Demarrage::PreparerBase() {
+  Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
+  const QString &dossier = dossiers_.CheminBase;
+  if (!ContientBaseLivree(dossier)) return;
+  if (ContientBase(dossier)) {
+    MAJ_BDD();
+    return;
+  }
+  if (EchangeInterrompu(dossier)) Signaler(boites_, [&] { ConvertirAlarme(dossiers_.AppPath); });
+  Signaler(boites_, [&] { PoserBaseLivree(dossier); });
+}
+
+void Demarrage::MAJ_BDD() {
+  QString separateurTel, liaisonCP;
+  LireLiaison(dossiers_.AppPath, separateurTel, liaisonCP);
+  const bool faite = Signaler(boites_, [&] {
+    try {
+      SourceSqlite source(dossiers_.Base());
+      boites_.Information(
+          u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
+      boites_.Information(
+          u"NB :\n\n________________________\n\nLe caractère de liaison formatant les numéros "
+          "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
+          "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
+          "utilisateurs."_s.arg(separateurTel));
+      CopierEtEchanger(source, separateurTel);
+    } catch (const Erreur &erreur) {
+      throw ErreurBase(
+          u"La mise à jour de la base de données « %1 » n'a pas pu être faite :\n%2\n\n"
+          "La base n'a pas été modifiée. La mise à jour sera tentée de nouveau au prochain "
+          "démarrage."_s.arg(QDir::toNativeSeparators(dossiers_.Base()), erreur.Texte()));
+    }
+  });
+  if (faite) boites_.Information(u"Mise à jour de la base terminée."_s);
+}
+
+void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateurTel) {
+  const struct Annonce {
+    explicit Annonce(const std::function<void(const QString &)> &a) : annoncer(a) {
+      annoncer(u"Mise à jour de la base..."_s);
+    }
+    ~Annonce() { annoncer({}); }
+    const std::function<void(const QString &)> &annoncer;
+  } annonce(annoncer_);
+  MettreBaseAJour(source, dossiers_, separateurTel, [this](qsizetype lignes) {
+    annoncer_(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
+  });
+}

@@ -1,0 +1,63 @@
+#pragma once
+// Where the data lie: the two files of the application folder that record it, and what is found
+// there. Nothing here asks or tells the user.
+
+#include "storage/Dossiers.h"
+
+#include <QString>
+
+#include <optional>
+
+/// The user's data folder; nothing when he is to be asked for it.
+std::optional<QString> LireCheminData(const QString &appPath);
+
+/// The folder that is recorded for the database; nothing when none is.
+std::optional<QString> LireCheminBase(const QString &appPath);
+
+/// Record a folder. They throw `ErreurFichier`, also for a path that the file could not give back;
+/// the record is then as it was.
+void EcrireCheminData(const QString &appPath, const QString &chemin);
+void EcrireCheminBase(const QString &appPath, const QString &chemin);
+
+/// What the recorded folder of the database has turned out to be.
+enum class EtatChemin {
+  Inconnu,       ///< none is recorded
+  Local,         ///< the user's data folder
+  Partage,       ///< another data folder, with its database
+  NonTransfere,  ///< a data folder to which no database has been transferred yet
+  Invalide,      ///< no data folder
+};
+
+struct EmplacementBase {
+  EtatChemin etat;
+  QString dossier;  ///< where the database of this run is: the user's data folder but on a share
+  QString choisi;   ///< what the user has chosen to work with; his data folder for no valid choice
+};
+
+/// Only looks: no file changes.
+EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData);
+
+/// Whether a folder is there and bears the name of one of data.
+bool EstDossierDeDonnees(const QString &chemin);
+/// Whether it holds no file.
+bool EstVide(const QString &dossier);
+/// Whether it holds a user's database, and a delivered one.
+bool ContientBase(const QString &dossier);
+bool ContientBaseLivree(const QString &dossier);
+
+/// Whether a folder is refused as the place of the data: it lies outside every profile folder and
+/// names both "PUBLIC" and "DEFAULT".
+bool DossierRefuse(const QString &chemin);
+
+/// The data folder of the user whose own folder this is; `dossier` ends in a separator.
+QString CheminDataDe(const QString &dossier);
+
+/// Makes a data folder below a folder of a server and gives its path. Throws `ErreurFichier`, also
+/// for a path that could not be recorded; no folder has been made then.
+QString CreerDossierDeDonnees(const QString &lieu);
+
+/// What older versions and installations leave in the application folder goes to its place: a
+/// user's database to his data folder, a delivered one to the folder of the database. Nothing
+/// happens where there is none. They throw `ErreurFichier`.
+void DeplacerBaseProche(const Dossiers &dossiers);
+void DeplacerBaseLivree(const Dossiers &dossiers);
