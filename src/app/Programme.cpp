@@ -17,8 +17,13 @@
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
 
-#include <QCoreApplication>
+#include <QEventLoop>
 #include <QScreen>
+#include <QTimer>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -43,6 +48,30 @@ void MettreDevant(QWidget &fenetre) {
   fenetre.activateWindow();
 }
 
+/// Waits for a window to be painted; the user's input waits meanwhile.
+class AttentePeinture : public QObject {
+ public:
+  explicit AttentePeinture(QWidget &fenetre) { fenetre.installEventFilter(this); }
+
+  void Attendre() {
+    if (peinte_) return;
+    QTimer::singleShot(500ms, &boucle_, &QEventLoop::quit);  // a desktop may keep it hidden
+    boucle_.exec(QEventLoop::ExcludeUserInputEvents);
+  }
+
+  bool eventFilter(QObject *, QEvent *evenement) override {
+    if (evenement->type() == QEvent::Paint) {
+      peinte_ = true;
+      boucle_.quit();
+    }
+    return false;
+  }
+
+ private:
+  QEventLoop boucle_;
+  bool peinte_ = false;
+};
+
 }  // namespace
 
 Programme::Programme(Plateforme &plateforme, const QString &appPath)
@@ -54,8 +83,9 @@ Programme::~Programme() = default;
 
 bool Programme::Demarrer() {
   depart_ = std::make_unique<FrmDepart>();
+  AttentePeinture attente(*depart_);
   depart_->show();
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);  // so that it is painted
+  attente.Attendre();
   std::optional<Sablier> sablier;
   const auto annoncer = [&](const QString &texte) {
     if (texte.isEmpty())
@@ -63,7 +93,6 @@ bool Programme::Demarrer() {
     else if (!sablier)
       sablier.emplace();
     depart_->Annoncer(texte);
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
   };
   if (!Demarrage(session_.plateforme.boites, session_.dossiers, annoncer).Executer()) {
     depart_->hide();
@@ -109,12 +138,12 @@ void Programme::BrancherFenetres() {
   };
   connect(velmira_.get(), &FrmVelmira::AlertesDemandees, this, alertes(velmira_.get()));
   connect(plomex_.get(), &FrmPlomex::AlertesDemandees, this, alertes(plomex_.get()));
-  // Queued: the window that asks is still at work.
-  const auto fermer = Garde(boites, [this] { Fermer(); });
-  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer, Qt::QueuedConnection);
-  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer, Qt::QueuedConnection);
-  const auto relancer = Garde(boites, [this] { Relancer(); });
-  connect(velmira_.get(), &FrmVelmira::RelanceDemandee, this, relancer, Qt::QueuedConnection);
+  const auto fermer = [this] { FermerPuis({}); };
+  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer);
+  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer);
+  // Only once everything is written: the next run reads it.
+  connect(velmira_.get(), &FrmVelmira::RelanceDemandee, this,
+          [this] { FermerPuis([this] { session_.plateforme.coquille.RelancerProgramme(); }); });
 }
 
 void Programme::PoserCommandes() {
@@ -124,11 +153,9 @@ void Programme::PoserCommandes() {
                        velmira->LeRepertoire(), velmira);
   new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
-                    {[velmira] { velmira->CliquerRacine(); }, [velmira] { velmira->close(); },
-                     [this] {
-                       velmira_->Raccrocher();  // nothing may keep the program from ending
-                       Terminer();
-                     }},
+                    {[velmira] { velmira->CliquerRacine(); },
+                     [this](std::function<void()> suite) { FermerPuis(std::move(suite)); },
+                     [this] { Terminer(); }},
                     velmira);
   classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->CmdExcel(),
                                                   velmira->CmdAnnExp(),
@@ -191,34 +218,33 @@ void Programme::VersRepertoire() {
   plomex_->hide();
 }
 
-void Programme::Terminer() {
-  fermeture_ = true;
-  session_.base.Fermer();
-  velmira_->hide();
-  plomex_->hide();
-  emit Termine();
+void Programme::FermerPuis(std::function<void()> suite) {
+  const auto fermer = [this, suite = std::move(suite)] {
+    if (fermeture_) return;
+    velmira_->PreparerFermeture();  // a failure keeps the window open for a second try
+    fermeture_ = true;
+    Signaler(session_.plateforme.boites,
+             [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });
+    depart_->AnnoncerFermeture();
+    depart_->show();
+    session_.plateforme.horloge.Pause(500ms);
+    Finir(suite);
+  };
+  // Later: the window that asks is still at work.
+  QMetaObject::invokeMethod(this, Garde(session_.plateforme.boites, fermer), Qt::QueuedConnection);
 }
 
-void Programme::Fermer() {
-  if (fermeture_) return;
-  velmira_->PreparerFermeture();  // a failure is told, and keeps the window open for a second try
+void Programme::Terminer() {
   fermeture_ = true;
-  Signaler(session_.plateforme.boites,
-           [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });
-  depart_->AnnoncerFermeture();
-  depart_->show();
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  velmira_->Raccrocher();  // nothing may keep the program from ending
+  Finir({});
+}
+
+void Programme::Finir(const std::function<void()> &suite) {
   session_.base.Fermer();
-  session_.plateforme.horloge.Pause(500ms);
   depart_->hide();
   velmira_->hide();
   plomex_->hide();
+  if (suite) Signaler(session_.plateforme.boites, suite);
   emit Termine();
-}
-
-void Programme::Relancer() {
-  if (fermeture_) return;
-  Fermer();
-  // Only now that everything is written: the next run reads it.
-  session_.plateforme.coquille.RelancerProgramme();
 }

@@ -5,6 +5,7 @@
 
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class EchelleProgramme;
@@ -42,11 +43,15 @@ class Programme : public QObject {
   void VersRepertoire();
   /// The pause between the two windows, where the user has asked for it.
   void PasserLentement();
-  void Fermer();
-  /// Ends the program at once, without its closing.
+
+  /// Closes the program, once the handler that asks for it has returned: what was typed and the
+  /// settings are written. When that fails it is told, and the program goes on without `suite`;
+  /// otherwise `suite` is its last act, its windows gone and the database closed.
+  void FermerPuis(std::function<void()> suite);
+  /// Ends the program at once; nothing more is written.
   void Terminer();
-  /// Closes the program and starts it anew. When the closing fails it goes on.
-  void Relancer();
+  /// The end of both.
+  void Finir(const std::function<void()> &suite);
 
   Session session_;
   std::unique_ptr<EchelleProgramme> echelle_;
@@ -54,5 +59,5 @@ class Programme : public QObject {
   std::unique_ptr<FrmVelmira> velmira_;
   std::unique_ptr<FrmPlomex> plomex_;
   std::unique_ptr<SelectionClasseur> classeur_;
-  bool fermeture_ = false;
+  bool fermeture_ = false;  ///< it has begun, and nothing stops it any more
 };

@@ -3,6 +3,7 @@
 #include "ui/Icones.h"
 #include "ui_FrmDepart.h"
 
+#include <QLayout>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QScreen>
@@ -33,6 +34,8 @@ void FrmDepart::AnnoncerFermeture() {
 
 void FrmDepart::Annoncer(const QString &texte) {
   ui_->LblName->setText(texte);
+  layout()->activate();
+  repaint();
 }
 
 void FrmDepart::paintEvent(QPaintEvent *) {

@@ -16,7 +16,8 @@ class FrmDepart : public QWidget {
   FrmDepart();
   ~FrmDepart() override;
 
-  /// Shows a line on what the start is at.
+  /// Shows a line on what the start is at: at once, and without letting events through, since the
+  /// database is being written.
   void Annoncer(const QString &texte);
   /// Says that the program is closing.
   void AnnoncerFermeture();

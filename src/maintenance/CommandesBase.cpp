@@ -11,7 +11,6 @@
 #include "ui/Sablier.h"
 
 #include <QAction>
-#include <QCoreApplication>
 #include <QDir>
 
 using namespace Qt::StringLiterals;
@@ -232,10 +231,9 @@ void CommandesBase::Reparer() {
   const QString brikel = session_.dossiers.AppPath + u"/Brikel"_s;
   Coquille &coquille = session_.plateforme.coquille;
   if (!coquille.PeutLancer(brikel)) throw Introuvable(brikel);  // before the window has gone
-  programme_.fermer();
-  QCoreApplication::processEvents();
-  if (session_.base.Ouverte()) return;  // the closing has failed, and was told
-  if (!coquille.Lancer(brikel)) throw Introuvable(brikel);
+  programme_.fermerPuis([&coquille, brikel] {
+    if (!coquille.Lancer(brikel)) throw Introuvable(brikel);
+  });
 }
 
 void CommandesBase::Recuperer() {
@@ -251,5 +249,5 @@ void CommandesBase::Recuperer() {
     return;
   const QString sauvan = session_.dossiers.AppPath + u"/Sauvan"_s;
   if (!session_.plateforme.coquille.Lancer(sauvan)) throw Introuvable(sauvan);
-  programme_.fermer();
+  programme_.fermerPuis({});
 }

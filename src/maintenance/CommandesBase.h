@@ -22,8 +22,10 @@ class CommandesBase : public QObject {
   /// What the directory window and the program give to the commands.
   struct Programme {
     std::function<void()> afficherRacine;  ///< selects the first node of the tree and clicks it
-    std::function<void()> fermer;          ///< closes the program as its close box does
-    std::function<void()> terminer;        ///< ends the program at once; nothing more is written
+    /// Closes the program as its close box does, and then does what it is given; when the closing
+    /// fails, that is told and nothing follows.
+    std::function<void(std::function<void()>)> fermerPuis;
+    std::function<void()> terminer;  ///< ends the program at once; nothing more is written
   };
 
   CommandesBase(Session &session, const Actions &actions, Programme programme, QWidget *fenetre);
