@@ -184,9 +184,9 @@ class DossierPdf {
 
 ReglagesPlomex ReglagesTirage() {
   ReglagesPlomex plomex;
-  plomex.Orientation = 2;
-  plomex.BordImprime = 1;
-  plomex.PositionEnveloppe = 2;
+  plomex.Orientation = OrientationFeuille::Paysage;
+  plomex.BordImprime = BordImprime::Gauche;
+  plomex.PositionEnveloppe = PositionEnveloppe::Milieu;
   plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
   plomex.TailleA = 10;
   plomex.TailleE = 8;

@@ -116,15 +116,15 @@ void EcrireDefaut(const QString &appPath) {
 void EcrireReglagesExemple(const QString &appPath) {
   ReglagesPlomex plomex;
   plomex.Imprimante = u"PDF"_s;
-  plomex.Orientation = 2;
-  plomex.BordImprime = 1;
-  plomex.PositionEnveloppe = 2;
+  plomex.Orientation = OrientationFeuille::Paysage;
+  plomex.BordImprime = BordImprime::Gauche;
+  plomex.PositionEnveloppe = PositionEnveloppe::Milieu;
   plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
   plomex.TailleA = 12;
   plomex.TailleE = 9;
-  plomex.MargeHaute = plomex.MargeDroite = 5;
+  plomex.MargeHaute = plomex.MargeDroite = Millimetres(5);
   plomex.Raccourci = 116;  // F5
-  plomex.GrasDLigne = 1;
+  plomex.GrasDLigne = true;
   EcrireReglages(appPath, plomex);
 
   ReglagesRTColor rtcolor;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "address/OptionCP.h"
+
 #include <QString>
 
 #include <array>
@@ -9,7 +11,7 @@
 struct AdresseSaisie {
   std::array<QString, 5> lignes = {};
   QString codePostal = {}, ville = {}, pays = {};
-  quint8 option = 0;  ///< 0 postal code before the town, 1 behind it
+  OptionCP optionCP = OptionCP::CodeDevant;
 
   /// The address of a row.
   template <typename Ligne>
@@ -19,10 +21,7 @@ struct AdresseSaisie {
     adresse.codePostal = l.CodePostal;
     adresse.ville = l.Ville;
     adresse.pays = l.Pays;
-    if constexpr (std::is_same_v<decltype(l.OptionAdresse), QString>)
-      adresse.option = l.OptionAdresse == u"1" ? 1 : 0;
-    else
-      adresse.option = l.OptionAdresse == 0 ? 0 : 1;
+    adresse.optionCP = OptionDe(l.OptionAdresse);
     return adresse;
   }
 
@@ -38,8 +37,8 @@ struct AdresseSaisie {
     l.Ville = ville;
     l.Pays = pays;
     if constexpr (std::is_same_v<decltype(l.OptionAdresse), QString>)
-      l.OptionAdresse = QString::number(option);
+      l.OptionAdresse = QString::number(Nombre(optionCP));
     else
-      l.OptionAdresse = option;
+      l.OptionAdresse = Nombre(optionCP);
   }
 };

@@ -16,7 +16,7 @@ QString Bloc(QStringList elements) {
 AdresseComposee ComposerAdresse(const AdresseSaisie &a) {
   return {Bloc({a.lignes.begin(), a.lignes.end()}) + u'$' + Bloc({a.codePostal, a.ville}) + u'$' +
               Bloc({a.pays}),
-          a.option};
+          a.optionCP};
 }
 
 bool AdresseVide(const QString &chaine) {

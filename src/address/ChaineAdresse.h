@@ -7,10 +7,10 @@
 
 #include <QString>
 
-/// An address string and the order of its postal line: 0 code first, 1 town first.
+/// An address as a window hands it to another.
 struct AdresseComposee {
   QString chaine;
-  quint8 optionCP = 0;
+  OptionCP optionCP = OptionCP::CodeDevant;
 };
 
 /// The one rule that builds an address string. Empty items are left out; an address with nothing in

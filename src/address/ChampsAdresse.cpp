@@ -43,11 +43,15 @@ void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, i
   const std::array<QAbstractButton *, 4> ordres{ui_->Opt_0, ui_->Opt_1, ui_->Image3, ui_->Image2};
   for (std::size_t i = 0; i < ordres.size(); ++i)
     connect(ordres[i], &QAbstractButton::clicked, this,
-            [this, option = static_cast<int>(i % 2)] { ChoisirOption(option); });
+            [this, option = OptionDe(static_cast<int>(i % 2))] { ChoisirOption(option); });
 }
 
-void ChampsAdresse::ChoisirOption(int option) {
-  (option == 0 ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+void ChampsAdresse::CocherOption(OptionCP option) {
+  (option == OptionCP::CodeDevant ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+}
+
+void ChampsAdresse::ChoisirOption(OptionCP option) {
+  CocherOption(option);
   emit OptionChoisie(option);
 }
 
@@ -58,7 +62,7 @@ void ChampsAdresse::Montrer(const AdresseSaisie &adresse) {
   ui_->CboVille->setCurrentIndex(-1);
   ui_->CboVille->setEditText(adresse.ville);
   ui_->CboTitre->setCurrentIndex(0);
-  (adresse.option == 0 ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
+  CocherOption(adresse.optionCP);
 }
 
 AdresseSaisie ChampsAdresse::Adresse() const {
@@ -67,7 +71,7 @@ AdresseSaisie ChampsAdresse::Adresse() const {
   adresse.codePostal = txt_[kCode]->text();
   adresse.ville = ui_->CboVille->currentText();
   adresse.pays = txt_[kPays]->text();
-  adresse.option = ui_->Opt_0->isChecked() ? 0 : 1;
+  adresse.optionCP = ui_->Opt_0->isChecked() ? OptionCP::CodeDevant : OptionCP::VilleDevant;
   return adresse;
 }
 

@@ -46,12 +46,13 @@ class ChampsAdresse : public QWidget {
   QWidget *PremierVide() const;
 
  signals:
-  /// The order of the postal line has been chosen: 0 code first, 1 town first.
-  void OptionChoisie(int option);
+  /// The order of the postal line has been chosen.
+  void OptionChoisie(OptionCP option);
 
  private:
   void ChercherCode();
-  void ChoisirOption(int option);
+  void ChoisirOption(OptionCP option);
+  void CocherOption(OptionCP option);
 
   std::unique_ptr<Ui::ChampsAdresse> ui_;
   std::array<QLineEdit *, 7> txt_;

@@ -25,21 +25,21 @@ QString LignesDeTete(const QString &bloc, const OptionsLignes &o) {
 QString LignePostale(const QString &bloc, const OptionsLignes &o) {
   const QStringList elements = bloc.split(u'*');
   if (elements.size() < 2) return elements[0];
-  return o.villeDevant ? elements[1] + o.liaison + elements[0]
-                       : elements[0] + o.liaison + elements[1];
+  return o.optionCP == OptionCP::CodeDevant ? elements[0] + o.liaison + elements[1]
+                                            : elements[1] + o.liaison + elements[0];
 }
 
 }  // namespace
 
-LignesAdresse MettreEnLignes(const QString &chaine, bool destinataire,
-                             const OptionsLignes &options) {
+LignesAdresse MettreEnLignes(const QString &chaine, Role role, const OptionsLignes &options) {
   if (chaine.isEmpty()) return {u""_s, false};
   QStringList blocs = chaine.split(u'$');
   while (blocs.size() < 3) blocs.append(u" "_s);
 
+  const bool destinataire = role == Role::Destinataire;
   const OptionsLignes o =
       destinataire ? options
-                   : OptionsLignes{.villeDevant = options.villeDevant, .liaison = options.liaison};
+                   : OptionsLignes{.optionCP = options.optionCP, .liaison = options.liaison};
   const QString fin = destinataire ? u"**"_s : u"*"_s;
   QString r = LignesDeTete(blocs[0], o);
   if (!EstVide(blocs[1]))
@@ -53,15 +53,12 @@ LignesAdresse MettreEnLignes(const QString &chaine, bool destinataire,
   return {r, pays};
 }
 
-QString MettreEnLignes(const QString &chaine, bool destinataire, const ReglagesPlomex &plomex,
-                       EtatEnveloppe &etat) {
-  const quint8 option = destinataire ? etat.OptionCPAdresse : etat.OptionCPExpediteur;
-  const LignesAdresse lignes = MettreEnLignes(chaine, destinataire,
-                                              {.sautLigne = plomex.SautLigne != 0,
-                                               .sautPLigne = plomex.SautPLigne != 0,
-                                               .sautDLigne = plomex.SautDLigne != 0,
-                                               .villeDevant = option != 0,
-                                               .liaison = etat.LiaisonCP});
-  etat.PaysPresent = lignes.paysPresent ? 1 : 0;
-  return lignes.texte;
+LignesAdresse MettreEnLignes(const AdresseComposee &adresse, Role role, const Reglages &reglages) {
+  const ReglagesPlomex &plomex = reglages.plomex;
+  return MettreEnLignes(adresse.chaine, role,
+                        {.sautLigne = !plomex.SautLigne.EstNul(),
+                         .sautPLigne = !plomex.SautPLigne.EstNul(),
+                         .sautDLigne = !plomex.SautDLigne.EstNul(),
+                         .optionCP = adresse.optionCP,
+                         .liaison = reglages.LiaisonCP});
 }

@@ -53,8 +53,8 @@ FrmOptionsAnn::~FrmOptionsAnn() {
 
 void FrmOptionsAnn::Charger() {
   LireOptions();
-  ui_->ChkDW->setChecked(session_.reglages.alarme.AlerteAvecWindows == 1);
-  ui_->ChkDP->setChecked(session_.reglages.alarme.AlerteAvecProgramme == 1);
+  ui_->ChkDW->setChecked(session_.reglages.alarme.AlerteAvecWindows);
+  ui_->ChkDP->setChecked(session_.reglages.alarme.AlerteAvecProgramme);
   if (!session_.base.Ouverte()) return;
   Signaler(session_.plateforme.boites, [this] {
     ui_->CboE->Charger();
@@ -194,8 +194,8 @@ void FrmOptionsAnn::EnregistrerOptions() {
   else
     RetirerDemarrage(session_.plateforme.demarrage, 0);
   ReglagesAlarme &alarme = session_.reglages.alarme;
-  alarme.AlerteAvecWindows = ui_->ChkDW->isChecked() ? 1 : 0;
-  alarme.AlerteAvecProgramme = ui_->ChkDP->isChecked() ? 1 : 0;
+  alarme.AlerteAvecWindows = ui_->ChkDW->isChecked();
+  alarme.AlerteAvecProgramme = ui_->ChkDP->isChecked();
   EcrireAlarme(appPath, alarme);
   close();
 }

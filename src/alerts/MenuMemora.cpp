@@ -35,16 +35,16 @@ MenuMemora::MenuMemora(Session &session, QWidget *parent)
 }
 
 void MenuMemora::MajCoches() {
-  mnuLancerPIDW->setChecked(session_.reglages.memora.LancerAuDemarrage == 1);
-  mnuAssocier->setChecked(session_.reglages.memora.AssocierAlertes == 1);
+  mnuLancerPIDW->setChecked(session_.reglages.memora.LancerAuDemarrage);
+  mnuAssocier->setChecked(session_.reglages.memora.AssocierAlertes);
 }
 
 void MenuMemora::BasculerDemarrage(bool coche) {
   ReglagesMemora &memora = session_.reglages.memora;
   ListeDemarrage &liste = session_.plateforme.demarrage;
-  memora.LancerAuDemarrage = coche ? 1 : 0;
+  memora.LancerAuDemarrage = coche;
   if (coche) {
-    memora.AssocierAlertes = 0;
+    memora.AssocierAlertes = false;
     InscrireDemarrage(liste, session_.dossiers.AppPath, kMemora);
   } else {
     RetirerDemarrage(liste, kMemora);
@@ -54,9 +54,9 @@ void MenuMemora::BasculerDemarrage(bool coche) {
 
 void MenuMemora::BasculerAssociation(bool coche) {
   ReglagesMemora &memora = session_.reglages.memora;
-  memora.AssocierAlertes = coche ? 1 : 0;
+  memora.AssocierAlertes = coche;
   if (coche) {
-    memora.LancerAuDemarrage = 0;
+    memora.LancerAuDemarrage = false;
     RetirerDemarrage(session_.plateforme.demarrage, kMemora);
   }
   Enregistrer();

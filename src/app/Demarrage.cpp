@@ -132,8 +132,7 @@ void Demarrage::PreparerBase() {
 }
 
 void Demarrage::MAJ_BDD() {
-  QString separateurTel, liaisonCP;
-  LireLiaison(dossiers_.AppPath, separateurTel, liaisonCP);
+  const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
   const bool faite = Signaler(boites_, [&] {
     try {
       SourceSqlite source(dossiers_.Base());

@@ -104,7 +104,7 @@ bool Programme::Demarrer() {
 }
 
 void Programme::Charger() {
-  LireTousReglages();
+  LireReglages(session_.dossiers.AppPath, session_.reglages);
   OuvrirBase();
 
   echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
@@ -114,17 +114,6 @@ void Programme::Charger() {
   PoserCommandes();
   echelle_->Appliquer(velmira_.get());
   echelle_->Appliquer(plomex_.get());
-}
-
-void Programme::LireTousReglages() {
-  const QString &appPath = session_.dossiers.AppPath;
-  Reglages &reglages = session_.reglages;
-  LireLiaison(appPath, reglages.SeparateurTel, session_.enveloppe.LiaisonCP);
-  LireAlarme(appPath, reglages.alarme);
-  LireRTColor(appPath, reglages.rtcolor);
-  LireSauvan(appPath, reglages.sauvan);
-  LireMemora(appPath, reglages.memora);
-  LireReglages(appPath, reglages);
 }
 
 void Programme::BrancherFenetres() {
@@ -191,7 +180,7 @@ void Programme::MontrerPremiereFenetre() {
   else
     MettreDevant(*velmira_);
   depart_->hide();
-  if (session_.reglages.alarme.AlerteAvecProgramme == 1)  // once the window has been painted
+  if (session_.reglages.alarme.AlerteAvecProgramme)  // once the window has been painted
     session_.plateforme.horloge.Apres(500ms, this, [this] {
       session_.plateforme.coquille.Lancer(session_.dossiers.AppPath + u"/Vigilo"_s);
     });
@@ -199,7 +188,7 @@ void Programme::MontrerPremiereFenetre() {
 
 void Programme::PasserLentement() {
   const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
-  if (rtcolor.EffetVisuel == 1)
+  if (rtcolor.EffetVisuel)
     session_.plateforme.horloge.Pause(
         std::chrono::milliseconds(std::max<qint16>(0, rtcolor.VitesseTransition)));
 }

@@ -31,7 +31,6 @@ class Programme : public QObject {
 
  private:
   void Charger();
-  void LireTousReglages();
   /// What goes from one window to the other, and to the end.
   void BrancherFenetres();
   /// The commands that stand in the menus of the two windows and belong to neither.

@@ -46,14 +46,14 @@ void Apparence::Brancher() {
   ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
 
   grouper({ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien}, QActionGroup::ExclusionPolicy::Exclusive);
-  brancher(ui_.mnuDDN, [this](bool) { ChoisirNaissance(0); });
-  brancher(ui_.mnuAge, [this](bool) { ChoisirNaissance(1); });
-  brancher(ui_.mnuRien, [this](bool) { ChoisirNaissance(2); });
+  brancher(ui_.mnuDDN, [this](bool) { ChoisirNaissance(AffichageNaissance::Date); });
+  brancher(ui_.mnuAge, [this](bool) { ChoisirNaissance(AffichageNaissance::Age); });
+  brancher(ui_.mnuRien, [this](bool) { ChoisirNaissance(AffichageNaissance::Rien); });
 
   grouper({ui_.mnudegrade, ui_.mnuUni}, QActionGroup::ExclusionPolicy::Exclusive);
   for (QAction *fond : {ui_.mnudegrade, ui_.mnuUni})
     brancher(fond, [this, &rtcolor](bool) {
-      rtcolor.FondUni = ui_.mnuUni->isChecked() ? 1 : 0;
+      rtcolor.FondUni = ui_.mnuUni->isChecked();
       MontrerFond();
       EcrireRTColor();
     });
@@ -67,9 +67,9 @@ void Apparence::Brancher() {
       MontrerPoliceListe();
     });
 
-  const auto basculer = [this, brancher](QAction *action, quint8 &reglage) {
+  const auto basculer = [this, brancher](QAction *action, Drapeau &reglage) {
     brancher(action, [this, &reglage](bool actif) {
-      reglage = actif ? 1 : 0;
+      reglage = actif;
       EcrireRTColor();
     });
   };
@@ -95,18 +95,19 @@ void Apparence::Appliquer() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
   ui_.mnuPlomex->setChecked(plomex.Enveloppe);
-  ui_.mnuListe->setChecked(rtcolor.OuvrirSurFavoris == 1);
+  ui_.mnuListe->setChecked(rtcolor.OuvrirSurFavoris);
   ui_.mnuAdress->setChecked(plomex.Adresse);
-  ui_.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes == 1);
+  ui_.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes);
   ui_.mnuGras->setChecked(plomex.AdresseEnGras);
-  ui_.mnuClickDroit->setChecked(rtcolor.MenuClicDroit == 1);
-  ui_.mnuEffet->setChecked(rtcolor.EffetVisuel == 1);
+  ui_.mnuClickDroit->setChecked(rtcolor.MenuClicDroit);
+  ui_.mnuEffet->setChecked(rtcolor.EffetVisuel);
   const std::array naissance{ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien};
-  if (rtcolor.AffichageNaissance < naissance.size())
-    naissance[rtcolor.AffichageNaissance]->setChecked(true);
+  if (const auto choix = static_cast<std::size_t>(rtcolor.AffichageNaissance);
+      choix < naissance.size())
+    naissance[choix]->setChecked(true);
   ui_.mnuAgPolListe2->setChecked(plomex.TaillePoliceTV2);
   if (plomex.TaillePoliceTV1) ui_.mnuAgPolListe1->setChecked(true);
-  (rtcolor.FondUni == 0 ? ui_.mnudegrade : ui_.mnuUni)->setChecked(true);
+  (rtcolor.FondUni.EstNul() ? ui_.mnudegrade : ui_.mnuUni)->setChecked(true);
 
   ui_.Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
   ui_.Fiche->MontrerAdresseImportee(plomex.Adresse);
@@ -143,7 +144,7 @@ void Apparence::MontrerCouleur() {
 }
 
 void Apparence::MontrerFond() {
-  ui_.Fond->Choisir(session_.reglages.rtcolor.FondUni != 0);
+  ui_.Fond->Choisir(!session_.reglages.rtcolor.FondUni.EstNul());
 }
 
 void Apparence::MontrerPoliceListe() {
@@ -229,7 +230,7 @@ void Apparence::ChoisirTaille() {
         u"Ce paramètre sera pris en compte lors du prochain lancement du programme."_s);
 }
 
-void Apparence::ChoisirNaissance(quint8 affichage) {
+void Apparence::ChoisirNaissance(AffichageNaissance affichage) {
   session_.reglages.rtcolor.AffichageNaissance = affichage;
   EcrireRTColor();
   ui_.TV->CliquerSelection();

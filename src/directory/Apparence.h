@@ -38,7 +38,7 @@ class Apparence : public QObject {
   void DemanderNom();
   void DemanderVitesse();
   void ChoisirTaille();
-  void ChoisirNaissance(quint8 affichage);
+  void ChoisirNaissance(AffichageNaissance affichage);
   void BasculerAdresseImportee(bool importee);
   void EcrireRTColor();
 

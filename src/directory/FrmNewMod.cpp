@@ -150,7 +150,7 @@ void FrmNewMod::Prendre() {
              .CodePostalSaisi = adresse.codePostal,
              .VilleSaisie = adresse.ville,
              .PaysSaisi = adresse.pays,
-             .OptionSaisie = adresse.option,
+             .OptionSaisie = static_cast<quint8>(adresse.optionCP),
              .RougeTelSaisi = ui_->ChkR_0->isChecked(),
              .RougeTravailSaisi = ui_->ChkR_1->isChecked(),
              .DataProtSaisie = MarqueDeProtection(),

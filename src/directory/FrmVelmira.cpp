@@ -154,7 +154,7 @@ void FrmVelmira::Charger() {
 
   const bool lue = Signaler(session_.plateforme.boites, [&] {
     liste_.RemplirCategories();
-    ui_->CboCat->setCurrentIndex(session_.reglages.rtcolor.OuvrirSurFavoris == 1 ? 1 : 0);
+    ui_->CboCat->setCurrentIndex(session_.reglages.rtcolor.OuvrirSurFavoris ? 1 : 0);
     liste_.Charger();
   });
   if (!lue) EffacerFiche();
@@ -235,8 +235,8 @@ void FrmVelmira::QuitterFiche() {
 
 void FrmVelmira::EffacerFiche() {
   IndexCourant = 0;
-  adresseAffichee_.clear();
-  session_.enveloppe.AdresseCourante.clear();
+  adresseAffichee_ = {};
+  session_.AdresseCourante.chaine.clear();
   ui_->Fiche->Vider();
 }
 
@@ -264,13 +264,10 @@ void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
 }
 
 void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
-  EtatEnveloppe &enveloppe = session_.enveloppe;
   IndexCourant = fiche.Index;
-  OptionCourante = fiche.OptionAdresse == 0 ? 0 : 1;
-  adresseAffichee_ = ComposerAdresse(AdresseSaisie::De(fiche)).chaine;
-  enveloppe.AdresseCourante = adresseAffichee_;
-  enveloppe.OptionCPAdresse = OptionCourante;
-  QString lignes = MettreEnLignes(adresseAffichee_, true, session_.reglages.plomex, enveloppe);
+  adresseAffichee_ = ComposerAdresse(AdresseSaisie::De(fiche));
+  session_.AdresseCourante = adresseAffichee_;
+  QString lignes = MettreEnLignes(adresseAffichee_, Role::Destinataire, session_.reglages).texte;
   ui_->Fiche->Montrer(fiche,
                       {.age = LigneAge(fiche.DDN),
                        .adresse = lignes.replace(u'*', u'\n'),
@@ -284,9 +281,9 @@ void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
 
 QString FrmVelmira::LigneAge(const QString &ddn) const {
   switch (session_.reglages.rtcolor.AffichageNaissance) {
-    case 0:
+    case AffichageNaissance::Date:
       return ddn;
-    case 1:
+    case AffichageNaissance::Age:
       return TexteAge(ddn, session_.plateforme.horloge.Maintenant().date());
     default:
       return u""_s;
@@ -342,8 +339,7 @@ void FrmVelmira::Agrandir() {
 void FrmVelmira::AllerAuxEnveloppes() {
   EnregistrerNotes();
   RetourDeModule = true;
-  session_.enveloppe.AdresseCourante = adresseAffichee_;
-  session_.enveloppe.OptionCPAdresse = OptionCourante;
+  session_.AdresseCourante = adresseAffichee_;
   emit EnveloppeDemandee();
 }
 

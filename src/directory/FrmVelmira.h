@@ -106,12 +106,11 @@ class FrmVelmira : public QMainWindow {
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
   QToolButton *boutonAppel_ = nullptr;
-  QMenu *mnuInv_;               ///< pop-up of the exchange file
-  QMenu *mnuInv2_;              ///< pop-up of the list
-  QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
-  Cle IndexCourant = 0;         ///< record on display, 0 for none
-  QString adresseAffichee_;     ///< address string of the record on display
-  quint8 OptionCourante = 0;    ///< order of its postal line
+  QMenu *mnuInv_;                    ///< pop-up of the exchange file
+  QMenu *mnuInv2_;                   ///< pop-up of the list
+  QMenu *mnuInv3_ = nullptr;         ///< of the sticky notes
+  Cle IndexCourant = 0;              ///< record on display, 0 for none
+  AdresseComposee adresseAffichee_;  ///< of the record on display
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
   bool premierPassage_ = true;
 };

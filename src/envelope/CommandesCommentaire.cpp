@@ -25,32 +25,31 @@ void PeindreAjoute(QLabel *etiquette) {
 
 }  // namespace
 
-CommandesCommentaire::CommandesCommentaire(Session &session, QLabel *etiquette,
+CommandesCommentaire::CommandesCommentaire(Session &session, EtatEnveloppe &etat, QLabel *etiquette,
                                            const Actions &actions)
-    : session_(session), etiquette_(etiquette) {
+    : session_(session), etat_(etat), etiquette_(etiquette) {
   PeindreAjoute(etiquette_);
-  actions.annuler->setChecked(session_.reglages.rtcolor.AnnulerCommentaire == 1);
-  actions.interdire->setChecked(session_.reglages.rtcolor.InterdireCommentaire == 1);
+  actions.annuler->setChecked(session_.reglages.rtcolor.AnnulerCommentaire);
+  actions.interdire->setChecked(session_.reglages.rtcolor.InterdireCommentaire);
   const auto brancher = [this](QAction *action, auto commande) {
     connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
   };
   brancher(actions.inserer, [this](bool) { Inserer(); });
   brancher(actions.effacer, [this](bool) { Effacer(); });
-  brancher(actions.gras, [this](bool coche) { session_.enveloppe.CommentaireGras = coche; });
-  brancher(actions.souligne,
-           [this](bool coche) { session_.enveloppe.CommentaireSouligne = coche; });
+  brancher(actions.gras, [this](bool coche) { etat_.CommentaireGras = coche; });
+  brancher(actions.souligne, [this](bool coche) { etat_.CommentaireSouligne = coche; });
   brancher(actions.annuler, [this](bool coche) {
-    session_.reglages.rtcolor.AnnulerCommentaire = coche ? 1 : 0;
+    session_.reglages.rtcolor.AnnulerCommentaire = coche;
     EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
   });
   brancher(actions.interdire, [this](bool coche) {
-    session_.reglages.rtcolor.InterdireCommentaire = coche ? 1 : 0;
+    session_.reglages.rtcolor.InterdireCommentaire = coche;
     EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
   });
 }
 
 void CommandesCommentaire::Inserer() {
-  QString &commentaire = session_.enveloppe.Commentaire;
+  QString &commentaire = etat_.Commentaire;
   Boites &boites = session_.plateforme.boites;
   commentaire =
       boites.Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
@@ -68,7 +67,7 @@ void CommandesCommentaire::Effacer() {
   if (boites.Question(Boites::Titre(), u"Supprimer le commentaire ?"_s, Boites::Reponse::Non) !=
       Boites::Reponse::Oui)
     return;
-  session_.enveloppe.Commentaire.clear();
+  etat_.Commentaire.clear();
   AnnoncerSuppression();
 }
 
@@ -82,7 +81,6 @@ void CommandesCommentaire::AnnoncerSuppression() {
 
 void CommandesCommentaire::MajEtiquette() {
   // While a run is prepared the label tells whether the comment goes with it.
-  const bool interdit = session_.enveloppe.ImpressionMultiple == 1 &&
-                        session_.reglages.rtcolor.InterdireCommentaire == 1;
-  etiquette_->setVisible(!session_.enveloppe.Commentaire.isEmpty() && !interdit);
+  const bool interdit = etat_.ImpressionMultiple && session_.reglages.rtcolor.InterdireCommentaire;
+  etiquette_->setVisible(!etat_.Commentaire.isEmpty() && !interdit);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "envelope/EtatEnveloppe.h"
 #include "session/Session.h"
 
 #include <QLabel>
@@ -17,7 +18,8 @@ class CommandesCommentaire : public QObject {
     QAction *inserer, *effacer, *gras, *souligne, *annuler, *interdire;
   };
 
-  CommandesCommentaire(Session &session, QLabel *etiquette, const Actions &actions);
+  CommandesCommentaire(Session &session, EtatEnveloppe &etat, QLabel *etiquette,
+                       const Actions &actions);
 
   void Inserer();
   void Effacer();
@@ -28,5 +30,6 @@ class CommandesCommentaire : public QObject {
   void AnnoncerSuppression();
 
   Session &session_;
+  EtatEnveloppe &etat_;
   QLabel *etiquette_;
 };

@@ -26,7 +26,7 @@ bool ALeChiffre(const QString &texte) {
 void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur) {
   RemplacerFichier(Fichier(appPath),
                    VersPageDeCode(expediteur.chaine + u"\r\n"_s +
-                                  QString::number(expediteur.optionCP) + u"\r\n"_s));
+                                  QString::number(Nombre(expediteur.optionCP)) + u"\r\n"_s));
 }
 
 void OublierExpediteurDefaut(const QString &appPath) {
@@ -48,6 +48,5 @@ std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base
     RemplacerFichier(chemin, VersPageDeCode(ligne + u"\r\n0\r\n"_s));
     return LireExpediteurDefaut(appPath, base);
   }
-  return AdresseComposee{texte.chopped(kFin),
-                         static_cast<quint8>(texte.right(kChiffre).trimmed().toUShort())};
+  return AdresseComposee{texte.chopped(kFin), OptionDe(texte.right(kChiffre).trimmed().toInt())};
 }

@@ -1,9 +1,10 @@
 #include "envelope/FrmCarnet.h"
 
+#include "address/MiseEnLignes.h"
 #include "directory/Categories.h"
 #include "directory/Liste.h"
 #include "directory/Repertoire.h"
-#include "envelope/ZonesEnveloppe.h"
+#include "envelope/MiseEnPage.h"
 #include "storage/Tables.h"
 #include "ui/Debrancher.h"
 #include "ui/FeuilleEcran.h"
@@ -32,7 +33,7 @@ FrmCarnet::FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &c
       categorie_(categorie),
       ui_(std::make_unique<Ui::FrmCarnet>()),
       selection_(repertoire.Selection()),
-      avant_{session.enveloppe.AdresseCourante, session.enveloppe.OptionCPAdresse} {
+      avant_(session.AdresseCourante) {
   ui_->setupUi(this);
   QPalette papier = ui_->Papier->palette();
   papier.setColor(QPalette::Window, QColor(255, 255, 215));
@@ -150,8 +151,7 @@ void FrmCarnet::MontrerAdresse() {
   if (montree)
     if (const auto fiche = TableAdresse(session_.base).Lire(Index(choisis.first())))
       adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
-  EtatEnveloppe essai = session_.enveloppe;  // a preview leaves nothing behind
-  ui_->EtqA->setText(FormaterAdresse(adresse_, session_.reglages.plomex, essai));
+  ui_->EtqA->setText(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte);
 }
 
 void FrmCarnet::Ouvrir() {
@@ -214,7 +214,6 @@ void FrmCarnet::reject() {
   Signaler(session_.plateforme.boites, [this] {
     if (repertoire_.Selection() != selection_) repertoire_.Selectionner(selection_);
   });
-  session_.enveloppe.AdresseCourante = avant_.chaine;
-  session_.enveloppe.OptionCPAdresse = avant_.optionCP;
+  session_.AdresseCourante = avant_;
   QDialog::reject();
 }

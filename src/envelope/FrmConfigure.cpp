@@ -33,6 +33,11 @@ int Valeur(const QLineEdit *champ) {
   return static_cast<int>(std::lround(std::clamp(NombreSaisi(champ->text()), -kBorne, kBorne)));
 }
 
+/// A margin is a whole number of millimetres.
+QString Texte(Millimetres marge) {
+  return QString::number(std::lround(marge.valeur));
+}
+
 bool TientSur16Bits(int valeur) {
   return valeur >= std::numeric_limits<qint16>::min() &&
          valeur <= std::numeric_limits<qint16>::max();
@@ -97,19 +102,19 @@ void FrmConfigure::Montrer(const QStringList &imprimantes) {
   ui_->CboPrint->addItems(imprimantes);
   ui_->CboPrint->setCurrentIndex(static_cast<int>(imprimantes.indexOf(plomex_.Imprimante)));
   ui_->CboPrint->setEditText(plomex_.Imprimante);  // also one that is gone
-  ui_->TxtMH->setText(QString::number(plomex_.MargeHaute));
-  ui_->TxtMD->setText(QString::number(plomex_.MargeDroite));
-  ui_->TxtAX->setText(QString::number(plomex_.MargeMAX));
-  ui_->TxtAY->setText(QString::number(plomex_.MargeMAY));
-  ui_->TxtEX->setText(QString::number(plomex_.MargeMEX));
-  ui_->TxtEY->setText(QString::number(plomex_.MargeMEY));
+  ui_->TxtMH->setText(Texte(plomex_.MargeHaute));
+  ui_->TxtMD->setText(Texte(plomex_.MargeDroite));
+  ui_->TxtAX->setText(Texte(plomex_.MargeMAX));
+  ui_->TxtAY->setText(Texte(plomex_.MargeMAY));
+  ui_->TxtEX->setText(Texte(plomex_.MargeMEX));
+  ui_->TxtEY->setText(Texte(plomex_.MargeMEY));
 
-  const bool portrait = plomex_.Orientation == 1;
+  const bool portrait = plomex_.Orientation == OrientationFeuille::Portrait;
   (portrait ? ui_->Opt1 : ui_->Opt2)->setChecked(true);
-  (plomex_.BordImprime == 1 ? ui_->OptG : ui_->OptD)->setChecked(true);
-  (plomex_.PositionEnveloppe == 1   ? ui_->OptH
-   : plomex_.PositionEnveloppe == 2 ? ui_->OptM
-                                    : ui_->OptB)
+  (plomex_.BordImprime == BordImprime::Gauche ? ui_->OptG : ui_->OptD)->setChecked(true);
+  (plomex_.PositionEnveloppe == PositionEnveloppe::Haut     ? ui_->OptH
+   : plomex_.PositionEnveloppe == PositionEnveloppe::Milieu ? ui_->OptM
+                                                            : ui_->OptB)
       ->setChecked(true);
   ChangerVue(portrait, portrait ? kGauchePortrait : kGauchePaysage);
 }
@@ -179,7 +184,7 @@ void FrmConfigure::Confirmer() {
   }
   const struct {
     QLineEdit *champ;
-    qint16 ReglagesPlomex::*marge;
+    Millimetres ReglagesPlomex::*marge;
   } marges[] = {
       {ui_->TxtMH, &ReglagesPlomex::MargeHaute}, {ui_->TxtMD, &ReglagesPlomex::MargeDroite},
       {ui_->TxtAX, &ReglagesPlomex::MargeMAX},   {ui_->TxtAY, &ReglagesPlomex::MargeMAY},
@@ -187,14 +192,17 @@ void FrmConfigure::Confirmer() {
   for (const auto &[champ, marge] : marges) {
     if (TientSur16Bits(Valeur(champ))) continue;
     boites_.Information(u"Valeur non conforme !"_s);
-    champ->setText(QString::number(plomex_.*marge));
+    champ->setText(Texte(plomex_.*marge));
     champ->setFocus();
     return;
   }
-  for (const auto &[champ, marge] : marges) plomex_.*marge = static_cast<qint16>(Valeur(champ));
+  for (const auto &[champ, marge] : marges) plomex_.*marge = Millimetres(Valeur(champ));
   plomex_.Imprimante = ui_->CboPrint->currentText();
-  plomex_.Orientation = ui_->Opt1->isChecked() ? 1 : 2;
-  plomex_.BordImprime = ui_->OptG->isChecked() ? 1 : 2;
-  plomex_.PositionEnveloppe = ui_->OptH->isChecked() ? 1 : ui_->OptM->isChecked() ? 2 : 3;
+  plomex_.Orientation =
+      ui_->Opt1->isChecked() ? OrientationFeuille::Portrait : OrientationFeuille::Paysage;
+  plomex_.BordImprime = ui_->OptG->isChecked() ? BordImprime::Gauche : BordImprime::Droit;
+  plomex_.PositionEnveloppe = ui_->OptH->isChecked()   ? PositionEnveloppe::Haut
+                              : ui_->OptM->isChecked() ? PositionEnveloppe::Milieu
+                                                       : PositionEnveloppe::Bas;
   accept();
 }

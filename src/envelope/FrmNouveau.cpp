@@ -56,7 +56,7 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
             if (!enSaisie_) MontrerChoisi();
           }));
   connect(ui_->Champs, &ChampsAdresse::OptionChoisie, this,
-          Garde(session_.plateforme.boites, [this](int option) { ChoisirOption(option); }));
+          Garde(session_.plateforme.boites, [this](OptionCP option) { EssayerOption(option); }));
   Preparer();
 }
 
@@ -89,7 +89,7 @@ void FrmNouveau::showEvent(QShowEvent *evenement) {
 }
 
 void FrmNouveau::Ecrire() {
-  session_.enveloppe.Commentaire.clear();  // it was meant for another address
+  zones_.OublierCommentaire();
   const AdresseComposee adresse = ComposerAdresse(ui_->Champs->Adresse());
   if (mode_ == Mode::Expediteurs) {
     zones_.EcrireExpediteur(adresse);
@@ -209,7 +209,7 @@ void FrmNouveau::SupprimerExpediteur() {
   const bool defaut = ui_->LstExp->Defaut() == *choisi;
   ui_->LstExp->SupprimerChoisi();
   ui_->Champs->Vider();
-  if (defaut) zones_.EcrireExpediteur({u""_s, 0});
+  if (defaut) zones_.EcrireExpediteur({});
   ui_->CmdSupprime->setEnabled(ui_->LstExp->count() > 1);
 }
 
@@ -220,18 +220,17 @@ void FrmNouveau::MontrerChoisi() {
   ui_->Champs->Montrer(expediteur ? AdresseSaisie::De(*expediteur) : AdresseSaisie());
 }
 
-void FrmNouveau::ChoisirOption(int option) {
+void FrmNouveau::EssayerOption(std::optional<OptionCP> option) {
   if (modifie_ == 0 || ui_->LstExp->Defaut() != modifie_) return;
   const auto expediteur = TableExpediteur(session_.base).Lire(modifie_);
   if (!expediteur) return;
   AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*expediteur));
-  if (option >= 0) composee.optionCP = static_cast<quint8>(option);
+  if (option) composee.optionCP = *option;
   EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
 }
 
 void FrmNouveau::RendreOption() {
-  constexpr int kCelleDeLaTable = -1;
-  ChoisirOption(kCelleDeLaTable);
+  EssayerOption(std::nullopt);
 }
 
 void FrmNouveau::Saisir(const QString &titre, Cle modifie) {

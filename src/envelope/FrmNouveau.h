@@ -7,6 +7,7 @@
 #include <QDialog>
 
 #include <memory>
+#include <optional>
 
 class Repertoire;
 
@@ -46,7 +47,8 @@ class FrmNouveau : public QDialog {
   void CommencerModification();
   void SupprimerExpediteur();
   void MontrerChoisi();
-  void ChoisirOption(int option);
+  /// Of the default sender it is tried at once; nothing stands for the order of the table.
+  void EssayerOption(std::optional<OptionCP> option);
   /// An order of the postal line that was tried goes out of the file again.
   void RendreOption();
 

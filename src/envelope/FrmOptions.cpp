@@ -6,6 +6,8 @@
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmOptions.h"
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -25,6 +27,20 @@ QStringList Tailles(std::initializer_list<int> points) {
   QStringList textes;
   for (const int taille : points) textes.append(QString::number(taille));
   return textes;
+}
+
+using Alignements = std::array<QRadioButton *, 3>;  // by the alignment that they stand for
+
+/// One that is none of the three ticks nothing.
+void Cocher(const Alignements &boutons, Alignement alignement) {
+  if (const auto i = static_cast<std::size_t>(alignement); i < boutons.size())
+    boutons[i]->setChecked(true);
+}
+
+std::optional<Alignement> Coche(const Alignements &boutons) {
+  for (qint16 i = 0; i < static_cast<qint16>(boutons.size()); ++i)
+    if (boutons[static_cast<std::size_t>(i)]->isChecked()) return static_cast<Alignement>(i);
+  return std::nullopt;
 }
 
 QString TexteTaille(int points) {
@@ -78,19 +94,19 @@ void FrmOptions::Montrer(const QStringList &polices) {
   Selectionner(ui_->CboPolicesE, p.PoliceE);
   Selectionner(ui_->CboTailleA, TexteTaille(p.TailleA));
   Selectionner(ui_->CboTailleE, TexteTaille(p.TailleE));
-  ui_->ChkGA->setChecked(p.GrasA == 1);
-  ui_->ChkGE->setChecked(p.GrasE == 1);
-  ui_->ChkN->setChecked(p.NePas == 1);
-  ui_->ChkM->setChecked(p.Minimise == 1);
-  ui_->ChkSL->setChecked(p.SautLigne == 1);
-  ui_->ChkSLD->setChecked(p.SautDLigne == 1);
-  ui_->ChkDLG->setChecked(p.GrasDLigne == 1);
-  ui_->ChkSLP->setChecked(p.SautPLigne == 1);
-  ui_->ChkPLG->setChecked(p.GrasPLigne == 1);
+  ui_->ChkGA->setChecked(p.GrasA);
+  ui_->ChkGE->setChecked(p.GrasE);
+  ui_->ChkN->setChecked(p.NePas);
+  ui_->ChkM->setChecked(p.Minimise);
+  ui_->ChkSL->setChecked(p.SautLigne);
+  ui_->ChkSLD->setChecked(p.SautDLigne);
+  ui_->ChkDLG->setChecked(p.GrasDLigne);
+  ui_->ChkSLP->setChecked(p.SautPLigne);
+  ui_->ChkPLG->setChecked(p.GrasPLigne);
   const QString touche = LibelleRaccourci(p.Raccourci);
   ui_->CboR->setCurrentIndex(touche.isEmpty() ? -1 : touche.left(1).toInt());
-  if (p.AlignA >= 0 && p.AlignA <= 2) optA_[static_cast<std::size_t>(p.AlignA)]->setChecked(true);
-  if (p.AlignE >= 0 && p.AlignE <= 2) optE_[static_cast<std::size_t>(p.AlignE)]->setChecked(true);
+  Cocher(optA_, p.AlignA);
+  Cocher(optE_, p.AlignE);
   ui_->TxtLiaison->setText(valeurs_.liaisonCP);
 }
 
@@ -100,25 +116,22 @@ void FrmOptions::Confirmer() {
     return;
   }
   ReglagesPlomex &p = valeurs_.plomex;
-  const auto coche = [](const QCheckBox *boite) { return static_cast<quint8>(boite->isChecked()); };
   p.PoliceA = ui_->CboPolicesA->currentText();
   p.PoliceE = ui_->CboPolicesE->currentText();
   p.TailleA = ui_->CboTailleA->currentText().toShort();
   p.TailleE = ui_->CboTailleE->currentText().toShort();
-  p.GrasA = coche(ui_->ChkGA);
-  p.GrasE = coche(ui_->ChkGE);
-  p.NePas = coche(ui_->ChkN);
-  p.Minimise = coche(ui_->ChkM);
-  p.SautLigne = coche(ui_->ChkSL);
-  p.SautDLigne = coche(ui_->ChkSLD);
-  p.GrasDLigne = coche(ui_->ChkDLG);
-  p.SautPLigne = coche(ui_->ChkSLP);
-  p.GrasPLigne = coche(ui_->ChkPLG);
+  p.GrasA = ui_->ChkGA->isChecked();
+  p.GrasE = ui_->ChkGE->isChecked();
+  p.NePas = ui_->ChkN->isChecked();
+  p.Minimise = ui_->ChkM->isChecked();
+  p.SautLigne = ui_->ChkSL->isChecked();
+  p.SautDLigne = ui_->ChkSLD->isChecked();
+  p.GrasDLigne = ui_->ChkDLG->isChecked();
+  p.SautPLigne = ui_->ChkSLP->isChecked();
+  p.GrasPLigne = ui_->ChkPLG->isChecked();
   if (const int place = ui_->CboR->currentIndex(); place >= 0) p.Raccourci = CodeRaccourci(place);
-  for (qint16 i = 0; i < 3; ++i) {
-    if (optA_[static_cast<std::size_t>(i)]->isChecked()) p.AlignA = i;
-    if (optE_[static_cast<std::size_t>(i)]->isChecked()) p.AlignE = i;
-  }
+  p.AlignA = Coche(optA_).value_or(p.AlignA);
+  p.AlignE = Coche(optE_).value_or(p.AlignE);
   valeurs_.liaisonCP = ui_->TxtLiaison->text();
   accept();
 }

@@ -55,7 +55,7 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
     : session_(session),
       repertoire_(repertoire),
       ui_(Preparer(*this)),
-      zones_(session, ui_->Enveloppe) {
+      zones_(session, etat_, ui_->Enveloppe) {
   setWindowIcon(IconeProgramme());
   RemplirBarre();
   Boites &boites = session_.plateforme.boites;
@@ -88,7 +88,7 @@ void FrmPlomex::BrancherMenus() {
   brancher(ui_->mnuOptions, [this] { ChoisirOptions(); });
   brancher(ui_->mnuVCP, [this] { RelierVilles(); });
   commentaire_ = std::make_unique<CommandesCommentaire>(
-      session_, ui_->Enveloppe->Commentaire(),
+      session_, etat_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
                                     ui_->mnuAnnCom, ui_->mnuIntComMult});
   tirage_ = std::make_unique<Tirage>(session_, zones_, *commentaire_, ui_->LblDocument);
@@ -102,9 +102,6 @@ void FrmPlomex::Charger() {
   for (const FormatEnveloppe &format : kFormatsEnveloppe)
     ui_->CboFormat->addItem(QString::fromUtf16(format.libelle));
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
-  EtatEnveloppe &etat = session_.enveloppe;
-  etat.LiaisonCP = u" - "_s;
-  LireAncienneLiaison(session_.dossiers.AppPath, etat.LiaisonCP);
   ui_->LblDocument->hide();
   zones_.ViderAdresse();
   Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });
@@ -130,12 +127,13 @@ void FrmPlomex::MontrerAdresse() {
 void FrmPlomex::MajEtiquettes() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   ui_->LblImprimante->setText(plomex.Imprimante);
-  ui_->LblOrientation->setText(plomex.Orientation == 1   ? u"Orientation en mode portrait"_s
-                               : plomex.Orientation == 2 ? u"Orientation en mode paysage"_s
-                                                         : u""_s);
+  ui_->LblOrientation->setText(
+      plomex.Orientation == OrientationFeuille::Portrait  ? u"Orientation en mode portrait"_s
+      : plomex.Orientation == OrientationFeuille::Paysage ? u"Orientation en mode paysage"_s
+                                                          : u""_s);
   ui_->LblPolice->setText(u"Police "_s + plomex.PoliceA + u"   "_s +
                           QString::number(plomex.TailleA) + u"   "_s +
-                          (plomex.GrasA == 1 ? u"G"_s : u""_s));
+                          (plomex.GrasA ? u"G"_s : u""_s));
   const QString touche = LibelleRaccourci(plomex.Raccourci).mid(1);
   ui_->LblRaccourci->setText(touche.isEmpty() ? u""_s : u"Raccourci pour imprimer : "_s + touche);
 
@@ -201,30 +199,28 @@ void FrmPlomex::RendreFocus() {
 }
 
 void FrmPlomex::ChoisirFormat(int index) {
-  EtatEnveloppe &etat = session_.enveloppe;
   if (index == kFormatPersonnalise) {
     DemanderTaille();
     return;
   }
   const FormatEnveloppe &format = kFormatsEnveloppe[static_cast<std::size_t>(index)];
-  etat.HauteurEnv = format.hauteur;
-  etat.LargeurEnv = format.largeur;
+  etat_.HauteurEnv = format.hauteur;
+  etat_.LargeurEnv = format.largeur;
   format_ = index;
   ui_->CboFormat->setCurrentIndex(index);
   zones_.Disposer();
 }
 
 void FrmPlomex::DemanderTaille() {
-  EtatEnveloppe &etat = session_.enveloppe;
-  FrmTaille dialogue(etat.LargeurEnv, etat.HauteurEnv, this);
+  FrmTaille dialogue(etat_.LargeurEnv, etat_.HauteurEnv, this);
   if (dialogue.exec() != QDialog::Accepted) {
     ui_->CboFormat->setCurrentIndex(format_);
     return;
   }
-  etat.HauteurEnv = dialogue.Hauteur();
-  etat.LargeurEnv = dialogue.Largeur();
+  etat_.HauteurEnv = dialogue.Hauteur();
+  etat_.LargeurEnv = dialogue.Largeur();
   format_ = kFormatPersonnalise;
-  if (etat.HauteurEnv == 0 || etat.LargeurEnv == 0) {
+  if (etat_.HauteurEnv == Millimetres() || etat_.LargeurEnv == Millimetres()) {
     session_.plateforme.boites.Information(
         u"Vous n'avez pas renseigné la taille de l'enveloppe !"_s);
     ChoisirFormat(kFormatDL);
@@ -249,10 +245,9 @@ void FrmPlomex::ImprimerPlusieurs() {
       "adresses à imprimer (assurez-vous d'avoir un nombre suffisant d'enveloppes dans votre "
       "bac).\n\n"
       "o -   Cliquez ensuite sur le bouton\"Ecrire\"."_s);
-  EtatEnveloppe &etat = session_.enveloppe;
-  etat.ImpressionMultiple = 1;
-  const auto fin = qScopeGuard([this, &etat] {
-    etat.ImpressionMultiple = 0;
+  etat_.ImpressionMultiple = true;
+  const auto fin = qScopeGuard([this] {
+    etat_.ImpressionMultiple = false;
     commentaire_->MajEtiquette();
   });
   commentaire_->MajEtiquette();
@@ -261,7 +256,7 @@ void FrmPlomex::ImprimerPlusieurs() {
   const auto vide = qScopeGuard([this] { zones_.ViderAdresse(); });
   ImpressionMultiple run(
       session_, zones_, [this] { return tirage_->Imprimer(); }, this);
-  if (run.Imprimer(carnet.Adresses()) && session_.reglages.plomex.Minimise == 1) showMinimized();
+  if (run.Imprimer(carnet.Adresses()) && session_.reglages.plomex.Minimise) showMinimized();
 }
 
 void FrmPlomex::NouveauVelmira() {
@@ -272,16 +267,14 @@ void FrmPlomex::NouveauVelmira() {
 }
 
 void FrmPlomex::Imprimer() {
-  if (tirage_->Imprimer() && session_.reglages.plomex.Minimise == 1) showMinimized();
+  if (tirage_->Imprimer() && session_.reglages.plomex.Minimise) showMinimized();
 }
 
 void FrmPlomex::Apercu() {
-  const EtatEnveloppe &etat = session_.enveloppe;
   ContenuEnveloppe contenu = zones_.Contenu();
-  contenu.commentaire = !etat.Commentaire.isEmpty();
-  FrmVueAV apercu(Millimetres(static_cast<double>(etat.LargeurEnv)),
-                  Millimetres(static_cast<double>(etat.HauteurEnv)),
-                  MettreEnApercu(session_.reglages.plomex, etat, contenu, MesurePolices()));
+  contenu.commentaire = !etat_.Commentaire.isEmpty();
+  FrmVueAV apercu(etat_.LargeurEnv, etat_.HauteurEnv,
+                  MettreEnApercu(session_.reglages.plomex, etat_, contenu, MesurePolices()));
   hide();
   apercu.exec();
   show();
@@ -302,15 +295,14 @@ void FrmPlomex::ChoisirOptions() {
   // The list of fonts takes its time on a system with many of them.
   auto sablier = std::make_optional<Sablier>();
   FrmOptions dialogue(session_.plateforme.boites, session_.plateforme.polices.Familles(),
-                      {session_.reglages.plomex, session_.enveloppe.LiaisonCP}, this);
+                      {session_.reglages.plomex, session_.reglages.LiaisonCP}, this);
   sablier.reset();
   if (dialogue.exec() != QDialog::Accepted) return;
   session_.reglages.plomex = dialogue.Saisie().plomex;
-  session_.enveloppe.LiaisonCP = dialogue.Saisie().liaisonCP;
+  session_.reglages.LiaisonCP = dialogue.Saisie().liaisonCP;
   zones_.Reformater();
   MajEtiquettes();
-  EcrireLiaison(session_.dossiers.AppPath, session_.reglages.SeparateurTel,
-                session_.enveloppe.LiaisonCP);
+  EcrireLiaison(session_.dossiers.AppPath, session_.reglages);
 }
 
 void FrmPlomex::RelierVilles() {

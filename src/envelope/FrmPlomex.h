@@ -1,5 +1,6 @@
 #pragma once
 
+#include "envelope/EtatEnveloppe.h"
 #include "envelope/FrmNouveau.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
@@ -69,6 +70,7 @@ class FrmPlomex : public QMainWindow {
   Session &session_;
   Repertoire &repertoire_;
   std::unique_ptr<Ui::FrmPlomex> ui_;
+  EtatEnveloppe etat_;
   ZonesEnveloppe zones_;
   std::unique_ptr<CommandesCommentaire> commentaire_;
   std::unique_ptr<Tirage> tirage_;

@@ -10,17 +10,17 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString TexteTaille(float taille) {
-  return QString::number(static_cast<double>(taille)).replace(u'.', u',');
+QString TexteTaille(Millimetres taille) {
+  return QString::number(taille.valeur).replace(u'.', u',');
 }
 
-float Taille(const QString &texte) {
-  return static_cast<float>(std::max(0.0, NombreSaisi(texte)));
+Millimetres Taille(const QString &texte) {
+  return Millimetres(std::max(0.0, NombreSaisi(texte)));
 }
 
 }  // namespace
 
-FrmTaille::FrmTaille(float largeur, float hauteur, QWidget *parent)
+FrmTaille::FrmTaille(Millimetres largeur, Millimetres hauteur, QWidget *parent)
     : QDialog(parent), ui_(std::make_unique<Ui::FrmTaille>()) {
   ui_->setupUi(this);
   ui_->TxtL->setText(TexteTaille(largeur));
@@ -31,9 +31,9 @@ FrmTaille::FrmTaille(float largeur, float hauteur, QWidget *parent)
 
 FrmTaille::~FrmTaille() = default;
 
-float FrmTaille::Largeur() const {
+Millimetres FrmTaille::Largeur() const {
   return Taille(ui_->TxtL->text());
 }
-float FrmTaille::Hauteur() const {
+Millimetres FrmTaille::Hauteur() const {
   return Taille(ui_->TxtH->text());
 }

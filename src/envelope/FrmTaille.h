@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Millimetres.h"
+
 #include <QDialog>
 
 #include <memory>
@@ -8,17 +10,17 @@ namespace Ui {
 class FrmTaille;
 }
 
-/// The custom size of an envelope, in millimetres.
+/// The custom size of an envelope.
 class FrmTaille : public QDialog {
   Q_OBJECT
 
  public:
-  FrmTaille(float largeur, float hauteur, QWidget *parent);
+  FrmTaille(Millimetres largeur, Millimetres hauteur, QWidget *parent);
   ~FrmTaille() override;
 
   /// What was typed; 0 for a field that holds no size.
-  float Largeur() const;
-  float Hauteur() const;
+  Millimetres Largeur() const;
+  Millimetres Hauteur() const;
 
  private:
   std::unique_ptr<Ui::FrmTaille> ui_;

@@ -2,18 +2,16 @@
 
 #include "envelope/FrmEnCours.h"
 
-#include <QStringList>
+#include <QList>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 bool ImpressionMultiple::Imprimer(const QList<AdresseComposee> &adresses) {
-  // All are formatted before the first is printed: the last one settles which line is the town's.
-  QStringList lignes;
-  for (const AdresseComposee &adresse : adresses) {
-    session_.enveloppe.AdresseCourante = adresse.chaine;
-    lignes.append(FormaterAdresse(adresse, session_.reglages.plomex, session_.enveloppe));
-  }
+  QList<LignesAdresse> lignes;
+  for (const AdresseComposee &adresse : adresses)
+    lignes.append(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
+  session_.AdresseCourante = adresses.constLast();
   FrmEnCours enCours(static_cast<int>(lignes.size()), fenetre_);
   enCours.show();
   for (int i = 0; i < lignes.size(); ++i) {

@@ -40,8 +40,8 @@ void ListeExpediteurs::Remplir(Cle choisi) {
     return element;
   };
   QListWidgetItem *personne =
-      ajouter(session_->reglages.plomex.NePas == 1 ? u"Ne jamais imprimer l'expéditeur"_s
-                                                   : u"Ne pas imprimer l'expéditeur "_s,
+      ajouter(session_->reglages.plomex.NePas ? u"Ne jamais imprimer l'expéditeur"_s
+                                              : u"Ne pas imprimer l'expéditeur "_s,
               0, false);
   QListWidgetItem *defaut = nullptr, *aChoisir = nullptr;
   for (const Expediteur &e : TableExpediteur(session_->base).Tous()) {
@@ -83,7 +83,7 @@ void ListeExpediteurs::Cocher(QListWidgetItem *element) {
   TableExpediteur table(session_->base);
   const auto expediteur = table.Lire(Index(element));
   const AdresseComposee adresse =
-      expediteur ? ComposerAdresse(AdresseSaisie::De(*expediteur)) : AdresseComposee{u""_s, 0};
+      expediteur ? ComposerAdresse(AdresseSaisie::De(*expediteur)) : AdresseComposee();
   {
     const QSignalBlocker silence(this);
     for (int i = 0; i < count(); ++i)

@@ -7,27 +7,25 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // The DL envelope on which the zones are defined.
-constexpr double kLongueurDL = 220;
-constexpr double kHauteurDL = 110;
+constexpr Millimetres kLongueurDL(220);
+constexpr Millimetres kHauteurDL(110);
 
 // What a buffer of 40 characters of the settings keeps of a printer's name.
 constexpr qsizetype kNomCoupe = 39;
-
-enum Alignement { kGauche = 0, kDroite = 1, kCentre = 2 };
 
 /// One of the two text zones: where it begins, how it is written.
 struct Zone {
   QStringList lignes;
   Point origine;
   Police police;
-  int alignement = kGauche;
+  Alignement alignement = Alignement::Gauche;
 };
 
-Millimetres Decalage(int alignement, Millimetres bloc, Millimetres ligne) {
+Millimetres Decalage(Alignement alignement, Millimetres bloc, Millimetres ligne) {
   switch (alignement) {
-    case kDroite:
+    case Alignement::Droite:
       return bloc - ligne;
-    case kCentre:
+    case Alignement::Centre:
       return bloc / 2 - ligne / 2;
     default:
       return {};
@@ -39,7 +37,7 @@ Millimetres Decalage(int alignement, Millimetres bloc, Millimetres ligne) {
 template <typename LigneEnGras>
 void Placer(const Zone &zone, const MesureTexte &mesure, std::vector<LignePlacee> &page,
             LigneEnGras &&gras) {
-  if (zone.alignement < kGauche || zone.alignement > kCentre) return;
+  if (zone.alignement < Alignement::Gauche || zone.alignement > Alignement::Centre) return;
   Millimetres largeur;
   for (const QString &ligne : zone.lignes)
     largeur = std::max(largeur, mesure.Largeur(ligne, zone.police));
@@ -67,34 +65,31 @@ Police PoliceLisible(const QString &nom, int points, bool gras, int defaut) {
 }  // namespace
 
 Point OrigineAdresse(const ReglagesPlomex &p, const EtatEnveloppe &e) {
-  // Kept as 32-bit values between computing and printing.
-  const auto x = static_cast<float>((p.MargeMAX + 80) / kLongueurDL * e.LargeurEnv);
-  const auto y = static_cast<float>((p.MargeMAY + 50) / kHauteurDL * e.HauteurEnv);
-  return {Millimetres(x), Millimetres(y)};
+  return {(p.MargeMAX + Millimetres(80)) * (e.LargeurEnv / kLongueurDL),
+          (p.MargeMAY + Millimetres(50)) * (e.HauteurEnv / kHauteurDL)};
 }
 
 Point OrigineExpediteur(const ReglagesPlomex &p, const EtatEnveloppe &e) {
-  return {Millimetres(p.MargeMEX + 2), Millimetres((p.MargeMEY + 5) / kHauteurDL * e.HauteurEnv)};
+  return {p.MargeMEX + Millimetres(2), (p.MargeMEY + Millimetres(5)) * (e.HauteurEnv / kHauteurDL)};
 }
 
 Point OriginePage(const ReglagesPlomex &p, const EtatEnveloppe &e) {
-  double x = -p.MargeDroite, y = -p.MargeHaute;
-  if (p.Orientation != 1) {
-    if (p.BordImprime != 1) x += e.LargeurEnv - kLongueurDL;
-    if (p.PositionEnveloppe == 2)
-      y += (e.HauteurEnv - kHauteurDL) / 2;
-    else if (p.PositionEnveloppe != 1)
-      y += e.HauteurEnv - kHauteurDL;
-  }
-  return {Millimetres(x), Millimetres(y)};
+  Point origine{-p.MargeDroite, -p.MargeHaute};
+  if (p.Orientation == OrientationFeuille::Portrait) return origine;
+  if (p.BordImprime != BordImprime::Gauche) origine.x += e.LargeurEnv - kLongueurDL;
+  if (p.PositionEnveloppe == PositionEnveloppe::Milieu)
+    origine.y += (e.HauteurEnv - kHauteurDL) / 2;
+  else if (p.PositionEnveloppe != PositionEnveloppe::Haut)
+    origine.y += e.HauteurEnv - kHauteurDL;
+  return origine;
 }
 
 Police PoliceAdresse(const ReglagesPlomex &p) {
-  return PoliceLisible(p.PoliceA, p.TailleA, p.GrasA == 1, 10);
+  return PoliceLisible(p.PoliceA, p.TailleA, p.GrasA, 10);
 }
 
 Police PoliceExpediteur(const ReglagesPlomex &p) {
-  return PoliceLisible(p.PoliceE, p.TailleE, p.GrasE == 1, 8);
+  return PoliceLisible(p.PoliceE, p.TailleE, p.GrasE, 8);
 }
 
 namespace {
@@ -106,8 +101,7 @@ LignePlacee PlacerCommentaire(const ReglagesPlomex &p, const EtatEnveloppe &e, d
   police.points += 2;
   police.gras = e.CommentaireGras;
   police.souligne = e.CommentaireSouligne;
-  const Millimetres x =
-      Millimetres(static_cast<double>(e.LargeurEnv) - 40) - mesure.Largeur(e.Commentaire, police);
+  const Millimetres x = e.LargeurEnv - Millimetres(40) - mesure.Largeur(e.Commentaire, police);
   return {e.Commentaire, x / reduction, OrigineExpediteur(p, e).y / reduction, police};
 }
 
@@ -133,8 +127,8 @@ std::vector<LignePlacee> PlacerSurEnveloppe(const ReglagesPlomex &p, const EtatE
                      p.AlignA};
   const qsizetype derniere = adresse.lignes.size() - 1;
   Placer(adresse, mesure, lignes, [&](qsizetype i) {
-    const bool ville = i == derniere || (e.PaysPresent == 1 && i == derniere - 2);
-    return (i == 0 && p.GrasPLigne == 1) || (ville && p.GrasDLigne == 1);
+    const bool ville = i == derniere || (contenu.paysPresent && i == derniere - 2);
+    return (i == 0 && p.GrasPLigne) || (ville && p.GrasDLigne);
   });
   return lignes;
 }
@@ -162,11 +156,13 @@ std::vector<LignePlacee> MettreEnApercu(const ReglagesPlomex &p, const EtatEnvel
 
 bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &e) {
   return !e.Commentaire.isEmpty() &&
-         (e.ImpressionMultiple == 0 || rtcolor.InterdireCommentaire == 0);
+         (!e.ImpressionMultiple || rtcolor.InterdireCommentaire.EstNul());
 }
 
 bool ImpressionConfiguree(const ReglagesPlomex &p) {
-  return p.Orientation > 0 && p.BordImprime > 0 && p.PositionEnveloppe > 0;
+  return p.Orientation != OrientationFeuille::NonConfiguree &&
+         p.BordImprime != BordImprime::NonConfigure &&
+         p.PositionEnveloppe != PositionEnveloppe::NonConfiguree;
 }
 
 std::optional<QString> TrouverImprimante(const QStringList &noms, const QString &nom) {
@@ -179,7 +175,8 @@ std::optional<QString> TrouverImprimante(const QStringList &noms, const QString 
 
 FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &p,
                            const EtatEnveloppe &e, const ContenuEnveloppe &contenu) {
-  const auto sens = p.Orientation == 1 ? Orientation::Portrait : Orientation::Paysage;
+  const auto sens = p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait
+                                                                  : Orientation::Paysage;
   const auto document = imprimante.Ouvrir(appareil, {.nom = u"Enveloppe"_s, .orientation = sens});
   if (document == nullptr) return {};
   EcrireLignes(MettreEnPage(p, e, contenu, *document), *document);

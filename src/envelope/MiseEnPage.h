@@ -42,6 +42,7 @@ struct ContenuEnveloppe {
   QString expediteur;
   QString adresse;
   bool commentaire = false;
+  bool paysPresent = false;  ///< the address ends with a country
 };
 
 /// What goes on the page, in places counted from the corner of the printable area: comment, sender,

@@ -42,9 +42,9 @@ bool Tirage::Imprimer() {
   const auto trouvee = TrouverImprimante(imprimante.Noms(), plomex.Imprimante);
   const QString appareil = trouvee ? *trouvee : imprimante.ParDefaut();
   const FinImpression fin =
-      ImprimerPage(imprimante, appareil, plomex, session_.enveloppe, zones_.Contenu());
-  if (session_.reglages.rtcolor.AnnulerCommentaire == 1) {
-    session_.enveloppe.Commentaire.clear();
+      ImprimerPage(imprimante, appareil, plomex, zones_.Etat(), zones_.Contenu());
+  if (session_.reglages.rtcolor.AnnulerCommentaire) {
+    zones_.OublierCommentaire();
     commentaire_.MajEtiquette();
   }
   MontrerFin(fin, appareil == Imprimante::NomPdf());

@@ -1,6 +1,5 @@
 #include "envelope/ZonesEnveloppe.h"
 
-#include "address/MiseEnLignes.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/VueEnveloppe.h"
 #include "ui/Alignement.h"
@@ -14,39 +13,38 @@ const QString kAdresseBlanche = QString(85, u' ');
 
 }  // namespace
 
-QString FormaterAdresse(const AdresseComposee &adresse, const ReglagesPlomex &plomex,
-                        EtatEnveloppe &etat) {
-  etat.OptionCPAdresse = adresse.optionCP;
-  return MettreEnLignes(adresse.chaine, true, plomex, etat);
-}
-
 void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse) {
-  session_.enveloppe.AdresseCourante = adresse.chaine;
-  session_.enveloppe.OptionCPAdresse = adresse.optionCP;
+  session_.AdresseCourante = adresse;
   MontrerAdresse();
 }
 
 void ZonesEnveloppe::MontrerAdresse() {
-  if (AdresseVide(session_.enveloppe.AdresseCourante))
+  const AdresseComposee &adresse = session_.AdresseCourante;
+  if (AdresseVide(adresse.chaine))
     ViderAdresse();
   else
-    EcrireLignesAdresse(Formatee(true));
+    EcrireLignesAdresse(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
 }
 
-void ZonesEnveloppe::EcrireLignesAdresse(const QString &lignes) {
-  vue_->Adresse()->setText(lignes);
+void ZonesEnveloppe::EcrireLignesAdresse(const LignesAdresse &lignes) {
+  vue_->Adresse()->setText(lignes.texte);
+  paysPresent_ = lignes.paysPresent;
   Disposer();
 }
 
 void ZonesEnveloppe::ViderAdresse() {
-  EcrireLignesAdresse(kAdresseBlanche);
+  EcrireLignesAdresse({kAdresseBlanche, false});
 }
 
 void ZonesEnveloppe::EcrireExpediteur(const AdresseComposee &expediteur) {
-  session_.enveloppe.ExpediteurCourant = expediteur.chaine;
-  session_.enveloppe.OptionCPExpediteur = expediteur.optionCP;
-  if (session_.reglages.plomex.NePas == 0) vue_->Expediteur()->setText(Formatee(false));
+  etat_.ExpediteurCourant = expediteur;
+  if (session_.reglages.plomex.NePas.EstNul()) MontrerExpediteur();
   Disposer();
+}
+
+void ZonesEnveloppe::MontrerExpediteur() {
+  vue_->Expediteur()->setText(
+      MettreEnLignes(etat_.ExpediteurCourant, Role::Expediteur, session_.reglages).texte);
 }
 
 void ZonesEnveloppe::ChargerExpediteur() {
@@ -55,35 +53,30 @@ void ZonesEnveloppe::ChargerExpediteur() {
 }
 
 void ZonesEnveloppe::Reformater() {
-  if (session_.reglages.plomex.NePas == 1)
+  if (session_.reglages.plomex.NePas)
     vue_->Expediteur()->setText(u""_s);
-  else if (!session_.enveloppe.ExpediteurCourant.isEmpty())
-    vue_->Expediteur()->setText(Formatee(false));
-  if (vue_->Adresse()->text() != kAdresseBlanche) vue_->Adresse()->setText(Formatee(true));
+  else if (!etat_.ExpediteurCourant.chaine.isEmpty())
+    MontrerExpediteur();
+  if (vue_->Adresse()->text() != kAdresseBlanche)
+    EcrireLignesAdresse(
+        MettreEnLignes(session_.AdresseCourante, Role::Destinataire, session_.reglages));
 }
 
 void ZonesEnveloppe::Disposer() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
-  const EtatEnveloppe &etat = session_.enveloppe;
   Police policeAdresse = PoliceAdresse(plomex);
   if (vue_->Adresse()->text() == kAdresseBlanche) policeAdresse.nom = u"Arial"_s;
   vue_->Adresse()->ChangerPolice(policeAdresse);
   vue_->Adresse()->setAlignment(AlignementTexte(plomex.AlignA));
   vue_->Expediteur()->ChangerPolice(PoliceExpediteur(plomex));
   vue_->Expediteur()->setAlignment(AlignementTexte(plomex.AlignE));
-  vue_->Disposer(Millimetres(static_cast<double>(etat.LargeurEnv)),
-                 Millimetres(static_cast<double>(etat.HauteurEnv)), OrigineAdresse(plomex, etat),
-                 OrigineExpediteur(plomex, etat));
+  vue_->Disposer(etat_.LargeurEnv, etat_.HauteurEnv, OrigineAdresse(plomex, etat_),
+                 OrigineExpediteur(plomex, etat_));
 }
 
 ContenuEnveloppe ZonesEnveloppe::Contenu() const {
   return {.expediteur = vue_->Expediteur()->text(),
           .adresse = vue_->Adresse()->text(),
-          .commentaire = CommentaireImprime(session_.reglages.rtcolor, session_.enveloppe)};
-}
-
-QString ZonesEnveloppe::Formatee(bool destinataire) {
-  EtatEnveloppe &etat = session_.enveloppe;
-  return MettreEnLignes(destinataire ? etat.AdresseCourante : etat.ExpediteurCourant, destinataire,
-                        session_.reglages.plomex, etat);
+          .commentaire = CommentaireImprime(session_.reglages.rtcolor, etat_),
+          .paysPresent = paysPresent_};
 }

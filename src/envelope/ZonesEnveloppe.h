@@ -1,24 +1,31 @@
 #pragma once
 
-#include "address/ChaineAdresse.h"
+#include "address/MiseEnLignes.h"
+#include "envelope/EtatEnveloppe.h"
 #include "envelope/MiseEnPage.h"
 #include "session/Session.h"
 
 class VueEnveloppe;
 
-/// The two text zones of the envelope window, and the addresses of the session that stand in them.
+/// The two text zones of the envelope window, and the addresses that stand in them.
 class ZonesEnveloppe {
  public:
-  ZonesEnveloppe(Session &session, VueEnveloppe *vue) : session_(session), vue_(vue) {}
+  ZonesEnveloppe(Session &session, EtatEnveloppe &etat, VueEnveloppe *vue)
+      : session_(session), etat_(etat), vue_(vue) {}
+
+  const EtatEnveloppe &Etat() const { return etat_; }
 
   /// The address becomes the current one; an empty one leaves the zone in its empty state.
   void EcrireAdresse(const AdresseComposee &adresse);
   /// Shows the current address.
   void MontrerAdresse();
   /// The zone takes lines that have been formatted before: an envelope of a run.
-  void EcrireLignesAdresse(const QString &lignes);
+  void EcrireLignesAdresse(const LignesAdresse &lignes);
   /// The empty state: a zone that holds it prints nothing.
   void ViderAdresse();
+
+  /// A comment was meant for the address before.
+  void OublierCommentaire() { etat_.Commentaire.clear(); }
 
   /// The sender becomes the current one, and is shown unless none is ever printed.
   void EcrireExpediteur(const AdresseComposee &expediteur);
@@ -34,13 +41,10 @@ class ZonesEnveloppe {
   ContenuEnveloppe Contenu() const;
 
  private:
-  QString Formatee(bool destinataire);
+  void MontrerExpediteur();
 
   Session &session_;
+  EtatEnveloppe &etat_;
   VueEnveloppe *vue_;
+  bool paysPresent_ = false;  ///< what the address zone shows ends with a country
 };
-
-/// The lines of an address that is not the current one, as the settings format it. `etat` takes
-/// what the formatting leaves behind.
-QString FormaterAdresse(const AdresseComposee &adresse, const ReglagesPlomex &plomex,
-                        EtatEnveloppe &etat);

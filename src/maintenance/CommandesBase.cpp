@@ -62,7 +62,9 @@ void CommandesBase::ChangerLiaison() {
 }
 
 void CommandesBase::EnregistrerLiaison(const QString &separateur) {
-  EcrireLiaison(session_.dossiers.AppPath, separateur, session_.enveloppe.LiaisonCP);
+  Reglages reglages = session_.reglages;
+  reglages.SeparateurTel = separateur;
+  EcrireLiaison(session_.dossiers.AppPath, reglages);
   session_.reglages.SeparateurTel = separateur;
 }
 
@@ -237,7 +239,7 @@ void CommandesBase::Reparer() {
 }
 
 void CommandesBase::Recuperer() {
-  if (session_.reglages.sauvan.RecuperationFaite != 0) {
+  if (!session_.reglages.sauvan.RecuperationFaite.EstNul()) {
     session_.plateforme.boites.Information(
         u"Les données de Plomex'Print et Ondalis on déjà été récupèrées."_s);
     return;

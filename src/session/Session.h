@@ -1,6 +1,6 @@
 #pragma once
 
-#include "envelope/EtatEnveloppe.h"
+#include "address/ChaineAdresse.h"
 #include "platform/Plateforme.h"
 #include "storage/Base.h"
 #include "storage/Dossiers.h"
@@ -13,5 +13,5 @@ struct Session {
   Dossiers dossiers;
   Base base;
   Reglages reglages;
-  EtatEnveloppe enveloppe;
+  AdresseComposee AdresseCourante;  ///< of the addressee; an empty string for none
 };

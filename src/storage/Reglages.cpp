@@ -10,6 +10,7 @@
 #include <cmath>
 #include <limits>
 #include <tuple>
+#include <type_traits>
 
 using namespace Qt::StringLiterals;
 
@@ -19,13 +20,18 @@ template <typename Valeur>
 struct CleIni {
   const char16_t *nom;
   Valeur ReglagesPlomex::*valeur;
+  qsizetype taille = 30;  ///< of the buffer that takes the text, its closing zero included
 };
+template <typename Valeur>
+CleIni(const char16_t *, Valeur ReglagesPlomex::*) -> CleIni<Valeur>;
+template <typename Valeur>
+CleIni(const char16_t *, Valeur ReglagesPlomex::*, qsizetype) -> CleIni<Valeur>;
 
 /// The keys of `Plomex.ini` in file order.
 constexpr auto kClesPlomex = [] {
   using P = ReglagesPlomex;
   return std::tuple{
-      CleIni{u"Imprimante", &P::Imprimante},
+      CleIni{u"Imprimante", &P::Imprimante, 40},
       CleIni{u"Orientation", &P::Orientation},
       CleIni{u"Bord imprimé", &P::BordImprime},
       CleIni{u"Position enveloppe", &P::PositionEnveloppe},
@@ -87,6 +93,9 @@ constexpr std::tuple kValeursAlarme{&ReglagesAlarme::AlerteAvecWindows,
                                     &ReglagesAlarme::AlerteAvecProgramme,
                                     &ReglagesAlarme::AlerteDivers};
 
+constexpr std::tuple kValeursSauvan{&ReglagesSauvan::RecuperationFaite,
+                                    &ReglagesSauvan::AdressesPresentes};
+
 const QString kSection = u"Defaut"_s;
 
 QString Fichier(const QString &appPath, const char16_t *nom) {
@@ -111,6 +120,7 @@ void PrendreIni(const QString &texte, bool &valeur) {
 }
 
 template <typename Entier>
+requires std::is_integral_v<Entier>
 void PrendreIni(const QString &texte, Entier &valeur) {
   bool nombre = false;
   const double n = std::round(texte.toDouble(&nombre));
@@ -118,17 +128,77 @@ void PrendreIni(const QString &texte, Entier &valeur) {
     valeur = static_cast<Entier>(n);
 }
 
+// What the files keep of the types that they know as whole numbers only.
+quint8 EnNombre(Drapeau drapeau) {
+  return drapeau.Nombre();
+}
+
+qint16 EnNombre(Millimetres longueur) {
+  return static_cast<qint16>(std::lround(longueur.valeur));
+}
+
+template <typename Valeur>
+requires std::is_enum_v<Valeur>
+auto EnNombre(Valeur valeur) {
+  return static_cast<std::underlying_type_t<Valeur>>(valeur);
+}
+
+template <typename Entier>
+requires std::is_integral_v<Entier> Entier EnNombre(Entier valeur) {
+  return valeur;
+}
+
+void Prendre(quint8 nombre, Drapeau &drapeau) {
+  drapeau = Drapeau::DepuisNombre(nombre);
+}
+
+void Prendre(qint16 nombre, Millimetres &longueur) {
+  longueur = Millimetres(nombre);
+}
+
+template <typename Nombre, typename Valeur>
+void Prendre(Nombre nombre, Valeur &valeur) {
+  valeur = static_cast<Valeur>(nombre);
+}
+
+template <typename Valeur>
+void PrendreIni(const QString &texte, Valeur &valeur) {
+  auto nombre = EnNombre(valeur);
+  PrendreIni(texte, nombre);
+  Prendre(nombre, valeur);
+}
+
 QString TexteIni(const QString &valeur) {
   return valeur;
 }
+
 QString TexteIni(bool valeur) {
   return valeur ? u"True"_s : u"False"_s;
 }
-QString TexteIni(quint8 valeur) {
-  return QString::number(valeur);
+
+template <typename Valeur>
+QString TexteIni(Valeur valeur) {
+  return QString::number(EnNombre(valeur));
 }
-QString TexteIni(qint16 valeur) {
-  return QString::number(valeur);
+
+void LireValeur(LecteurEnregistrement &lecteur, QString &valeur) {
+  lecteur.Lire(valeur);
+}
+
+template <typename Valeur>
+void LireValeur(LecteurEnregistrement &lecteur, Valeur &valeur) {
+  auto nombre = EnNombre(valeur);
+  lecteur.Lire(nombre);
+  Prendre(nombre, valeur);
+}
+
+void EcrireValeur(RedacteurEnregistrement &redacteur, const QString &valeur) {
+  redacteur.Ecrire(valeur);
+}
+
+template <typename Valeur>
+void EcrireValeur(RedacteurEnregistrement &redacteur, Valeur valeur) {
+  redacteur.Ecrire(std::int64_t{EnNombre(valeur)});
 }
 
 template <typename Structure, typename... Membres>
@@ -137,39 +207,66 @@ void LireEnregistrement(const QString &chemin, Structure &cible,
   const auto octets = LireFichier(chemin);
   if (!octets) return;
   LecteurEnregistrement lecteur(*octets);
-  std::apply([&](auto... membre) { (lecteur.Lire(cible.*membre), ...); }, membres);
+  std::apply([&](auto... membre) { (LireValeur(lecteur, cible.*membre), ...); }, membres);
 }
 
 template <typename Structure, typename... Membres>
 void EcrireEnregistrement(const QString &chemin, const Structure &source,
                           const std::tuple<Membres...> &membres) {
   RedacteurEnregistrement redacteur;
-  std::apply([&](auto... membre) { (redacteur.Ecrire(source.*membre), ...); }, membres);
+  std::apply([&](auto... membre) { (EcrireValeur(redacteur, source.*membre), ...); }, membres);
   RemplacerFichier(chemin, redacteur.Octets());
+}
+
+void LirePlomex(const QString &appPath, ReglagesPlomex &plomex) {
+  const auto octets = LireFichier(Fichier(appPath, u"Plomex.ini"));
+  if (!octets) {
+    plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
+    plomex.TailleA = 10;
+    plomex.TailleE = 8;
+    return;
+  }
+  const Sections sections(*octets);
+  std::apply(
+      [&](const auto &...cle) {
+        (PrendreIni(sections.LireCle(kSection, QString::fromUtf16(cle.nom), cle.taille),
+                    plomex.*cle.valeur),
+         ...);
+      },
+      kClesPlomex);
+}
+
+void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
+  const QString chemin = Fichier(appPath, u"RTColor.ini");
+  if (!QFileInfo(chemin).isFile()) Ignorer([&] { EcrireRTColor(appPath, rtcolor); });
+  LireEnregistrement(chemin, rtcolor, kValeursRTColor);
+  if (rtcolor.TailleFenetre == 0 || rtcolor.TailleFenetre == 1) rtcolor.TailleFenetre = 9000;
+}
+
+/// An older form of the text between postal code and town: read once, then deleted.
+void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
+  const QString chemin = Fichier(appPath, u"Liaison.txt");
+  const auto octets = LireFichier(chemin);
+  if (!octets) return;
+  LecteurEnregistrement(*octets).Lire(liaisonCP);
+  Ignorer([&] { EffacerFichier(chemin); });
 }
 
 }  // namespace
 
 void LireReglages(const QString &appPath, Reglages &reglages) {
-  ReglagesPlomex &plomex = reglages.plomex;
-  const QString chemin = Fichier(appPath, u"Plomex.ini");
-  if (const auto octets = LireFichier(chemin)) {
-    const Sections sections(*octets);
-    std::apply(
-        [&](const auto &...cle) {
-          (PrendreIni(sections.LireCle(kSection, QString::fromUtf16(cle.nom),
-                                       cle.nom == std::get<0>(kClesPlomex).nom ? 40 : 30),
-                      plomex.*cle.valeur),
-           ...);
-        },
-        kClesPlomex);
-  } else {
-    plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
-    plomex.TailleA = 10;
-    plomex.TailleE = 8;
-  }
-  if (QFileInfo(Fichier(appPath, u"Sauvan.cfg")).isFile() && reglages.sauvan.AdressesPresentes == 0)
-    plomex.Adresse = false;
+  reglages.SeparateurTel = LireSeparateurTel(appPath);
+  // Each run begins with this text, whatever `Liaison.cfg` stores of the last one.
+  reglages.LiaisonCP = u" - "_s;
+  LireAncienneLiaison(appPath, reglages.LiaisonCP);
+  LireAlarme(appPath, reglages.alarme);
+  LireRTColor(appPath, reglages.rtcolor);
+  LireEnregistrement(Fichier(appPath, u"Memora.ini"), reglages.memora, kValeursMemora);
+  const QString sauvan = Fichier(appPath, u"Sauvan.cfg");
+  LireEnregistrement(sauvan, reglages.sauvan, kValeursSauvan);
+  LirePlomex(appPath, reglages.plomex);
+  if (QFileInfo(sauvan).isFile() && reglages.sauvan.AdressesPresentes.EstNul())
+    reglages.plomex.Adresse = false;
 }
 
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
@@ -184,19 +281,8 @@ void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
   RemplacerFichier(chemin, sections.Octets());
 }
 
-void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
-  const QString chemin = Fichier(appPath, u"RTColor.ini");
-  if (!QFileInfo(chemin).isFile()) Ignorer([&] { EcrireRTColor(appPath, rtcolor); });
-  LireEnregistrement(chemin, rtcolor, kValeursRTColor);
-  if (rtcolor.TailleFenetre == 0 || rtcolor.TailleFenetre == 1) rtcolor.TailleFenetre = 9000;
-}
-
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor) {
   EcrireEnregistrement(Fichier(appPath, u"RTColor.ini"), rtcolor, kValeursRTColor);
-}
-
-void LireMemora(const QString &appPath, ReglagesMemora &memora) {
-  LireEnregistrement(Fichier(appPath, u"Memora.ini"), memora, kValeursMemora);
 }
 
 void EcrireMemora(const QString &appPath, const ReglagesMemora &memora) {
@@ -215,10 +301,10 @@ std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
   quint8 abandonnee = 0;
   LecteurEnregistrement lecteur(*octets);
   lecteur.Lire(lue.JoursAvance);
-  lecteur.Lire(lue.alarme.AlerteAvecWindows);
-  lecteur.Lire(lue.alarme.AlerteAvecProgramme);
+  LireValeur(lecteur, lue.alarme.AlerteAvecWindows);
+  LireValeur(lecteur, lue.alarme.AlerteAvecProgramme);
   lecteur.Lire(abandonnee);
-  lecteur.Lire(lue.alarme.AlerteDivers);
+  LireValeur(lecteur, lue.alarme.AlerteDivers);
   return lue;
 }
 
@@ -236,32 +322,16 @@ void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme) {
   EcrireEnregistrement(Fichier(appPath, u"Alarme.ini"), alarme, kValeursAlarme);
 }
 
-void LireSauvan(const QString &appPath, ReglagesSauvan &sauvan) {
-  LireEnregistrement(
-      Fichier(appPath, u"Sauvan.cfg"), sauvan,
-      std::tuple{&ReglagesSauvan::RecuperationFaite, &ReglagesSauvan::AdressesPresentes});
+QString LireSeparateurTel(const QString &appPath) {
+  QString separateur = u" "_s;
+  if (const auto octets = LireFichier(Fichier(appPath, u"Liaison.cfg")))
+    LecteurEnregistrement(*octets).Lire(separateur);
+  return separateur;
 }
 
-void LireLiaison(const QString &appPath, QString &separateurTel, QString &liaisonCP) {
-  separateurTel = u" "_s;
-  if (const auto octets = LireFichier(Fichier(appPath, u"Liaison.cfg"))) {
-    LecteurEnregistrement lecteur(*octets);
-    lecteur.Lire(separateurTel);
-    lecteur.Lire(liaisonCP);
-  }
-}
-
-void EcrireLiaison(const QString &appPath, const QString &separateurTel, const QString &liaisonCP) {
+void EcrireLiaison(const QString &appPath, const Reglages &reglages) {
   RedacteurEnregistrement redacteur;
-  redacteur.Ecrire(separateurTel);
-  redacteur.Ecrire(liaisonCP);
+  redacteur.Ecrire(reglages.SeparateurTel);
+  redacteur.Ecrire(reglages.LiaisonCP);
   RemplacerFichier(Fichier(appPath, u"Liaison.cfg"), redacteur.Octets());
-}
-
-void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
-  const QString chemin = Fichier(appPath, u"Liaison.txt");
-  const auto octets = LireFichier(chemin);
-  if (!octets) return;
-  LecteurEnregistrement(*octets).Lire(liaisonCP);
-  Ignorer([&] { EffacerFichier(chemin); });
 }

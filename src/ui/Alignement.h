@@ -1,8 +1,12 @@
 #pragma once
 
+#include "storage/Reglages.h"
+
 #include <Qt>
 
-/// The alignment of a text block as the settings count it: 0 left, 1 right, 2 centred.
-inline Qt::Alignment AlignementTexte(int alignement) {
-  return alignement == 1 ? Qt::AlignRight : alignement == 2 ? Qt::AlignHCenter : Qt::AlignLeft;
+/// The alignment of a text block as the toolkit knows it; one that is none of the three is left.
+inline Qt::Alignment AlignementTexte(Alignement alignement) {
+  return alignement == Alignement::Droite   ? Qt::AlignRight
+         : alignement == Alignement::Centre ? Qt::AlignHCenter
+                                            : Qt::AlignLeft;
 }

@@ -136,7 +136,7 @@ QColor CouleurFond(const Controle &controle) {
   return widget->palette().color(widget->backgroundRole());
 }
 
-QString Alignement(const Controle &controle) {
+QString AlignementDe(const Controle &controle) {
   const QVariant alignement = Widget(controle)->property("alignment");
   Exiger(alignement.isValid(), u"%1 has no alignment"_s.arg(controle.nom));
   const auto valeur = alignement.value<Qt::Alignment>();

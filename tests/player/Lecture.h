@@ -16,4 +16,4 @@ QFont PoliceDe(const Controle &controle);
 QColor CouleurTexte(const Controle &controle);
 QColor CouleurFond(const Controle &controle);
 /// `gauche`, `droite` or `centre`.
-QString Alignement(const Controle &controle);
+QString AlignementDe(const Controle &controle);

@@ -142,7 +142,7 @@ QList<Verbe> VerbesDesControles() {
       {u"fond"_s, 2, 2, VerifierCouleur<CouleurFond>},
       {u"police"_s, 3, 3, VerifierPolice},
       {u"alignement"_s, 2, 2,
-       [](S &s, const M &m) { ExigerEgal(m[0].texte, m[1].texte, Alignement(Trouver(s, m))); }},
+       [](S &s, const M &m) { ExigerEgal(m[0].texte, m[1].texte, AlignementDe(Trouver(s, m))); }},
       {u"items"_s, 1, kSansLimite, VerifierElements},
       {u"noeuds"_s, 1, kSansLimite, VerifierElements},
       {u"items-contient"_s, 2, 2, [](S &s, const M &m) { Element(Trouver(s, m), m[1]); }},

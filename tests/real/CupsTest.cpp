@@ -106,7 +106,9 @@ class Cups : public testing::Test {
   void SetUp() override {
     ASSERT_FALSE(nom_.isEmpty()) << "to be started by avec_cups.sh";
     ASSERT_TRUE(QFontDatabase::hasFamily(kPolice.nom));
-    plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
+    plomex_.Orientation = OrientationFeuille::Portrait;
+    plomex_.BordImprime = BordImprime::Gauche;
+    plomex_.PositionEnveloppe = PositionEnveloppe::Haut;
     plomex_.PoliceA = plomex_.PoliceE = kPolice.nom;
     plomex_.TailleA = 10;
     plomex_.TailleE = 8;
@@ -156,7 +158,7 @@ TEST_F(Cups, PlacesSurLaFeuille) {
       {"landscape, far end", 2, 150, 120, kMargeHaut, kMargeDroite},
   };
   etat_.Commentaire = u"Recommandé"_s;
-  plomex_.AlignE = 1;
+  plomex_.AlignE = Alignement::Droite;
   // Given up: nothing of it arrives.
   auto mesure = imprimante_.Ouvrir(nom_, {.nom = u"Mesure"_s});
   ASSERT_NE(mesure, nullptr);
@@ -166,9 +168,9 @@ TEST_F(Cups, PlacesSurLaFeuille) {
   mesure.reset();
   for (const auto &c : cas) {
     SCOPED_TRACE(c.nom);
-    plomex_.Orientation = c.orientation;
-    plomex_.MargeMAX = c.margeX;
-    plomex_.MargeMAY = c.margeY;
+    plomex_.Orientation = static_cast<OrientationFeuille>(c.orientation);
+    plomex_.MargeMAX = Millimetres(c.margeX);
+    plomex_.MargeMAY = Millimetres(c.margeY);
     const Feuilles feuilles =
         Sortir({u"Expéditrice\nCourt"_s, u"Destinataire ici\nNANTES"_s, true});
     EXPECT_EQ(feuilles.nombre, 1);

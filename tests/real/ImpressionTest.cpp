@@ -111,7 +111,9 @@ class Impression : public testing::Test {
     for (const QString &famille :
          {u"Liberation Sans"_s, u"Liberation Serif"_s, u"Liberation Mono"_s})
       ASSERT_TRUE(QFontDatabase::hasFamily(famille)) << qPrintable(famille);
-    plomex_.Orientation = plomex_.BordImprime = plomex_.PositionEnveloppe = 1;
+    plomex_.Orientation = OrientationFeuille::Portrait;
+    plomex_.BordImprime = BordImprime::Gauche;
+    plomex_.PositionEnveloppe = PositionEnveloppe::Haut;
     plomex_.PoliceA = plomex_.PoliceE = u"Liberation Sans"_s;
     plomex_.TailleA = 10;
     plomex_.TailleE = 8;
@@ -141,7 +143,7 @@ class Impression : public testing::Test {
 
 struct Cas {
   const char *nom;
-  float largeur, hauteur;
+  double largeur, hauteur;
   void (*regler)(ReglagesPlomex &);
   Point adresse;
   std::optional<Point> expediteur;  // none where it falls off the page
@@ -161,12 +163,12 @@ TEST_F(Impression, PlacesSurLaPage) {
        220,
        110,
        [](ReglagesPlomex &p) {
-         p.MargeDroite = 3;
-         p.MargeHaute = -2;
-         p.MargeMAX = 10;
-         p.MargeMAY = -20;
-         p.MargeMEX = 4;
-         p.MargeMEY = 6;
+         p.MargeDroite = Millimetres(3);
+         p.MargeHaute = Millimetres(-2);
+         p.MargeMAX = Millimetres(10);
+         p.MargeMAY = Millimetres(-20);
+         p.MargeMEX = Millimetres(4);
+         p.MargeMEY = Millimetres(6);
        },
        {Millimetres(93), Millimetres(28)},
        Point{Millimetres(9), Millimetres(9)},
@@ -174,14 +176,18 @@ TEST_F(Impression, PlacesSurLaPage) {
       {"landscape, left edge, top",
        229,
        162,
-       [](ReglagesPlomex &p) { p.Orientation = 2; },
+       [](ReglagesPlomex &p) { p.Orientation = OrientationFeuille::Paysage; },
        {Millimetres(83.273), Millimetres(73.636)},
        Point{Millimetres(2), Millimetres(7.364)},
        189},
       {"landscape, right edge, middle",
        162,
        114,
-       [](ReglagesPlomex &p) { p.Orientation = p.BordImprime = p.PositionEnveloppe = 2; },
+       [](ReglagesPlomex &p) {
+         p.Orientation = OrientationFeuille::Paysage;
+         p.BordImprime = BordImprime::Droit;
+         p.PositionEnveloppe = PositionEnveloppe::Milieu;
+       },
        {Millimetres(116.909), Millimetres(49.818)},
        Point{Millimetres(60), Millimetres(3.182)},
        180},
@@ -189,8 +195,9 @@ TEST_F(Impression, PlacesSurLaPage) {
        229,
        162,
        [](ReglagesPlomex &p) {
-         p.Orientation = p.BordImprime = 2;
-         p.PositionEnveloppe = 3;
+         p.Orientation = OrientationFeuille::Paysage;
+         p.BordImprime = BordImprime::Droit;
+         p.PositionEnveloppe = PositionEnveloppe::Bas;
        },
        {Millimetres(74.273), Millimetres(21.636)},
        std::nullopt,
@@ -202,11 +209,11 @@ TEST_F(Impression, PlacesSurLaPage) {
     SCOPED_TRACE(c.nom);
     plomex_ = depart;
     c.regler(plomex_);
-    etat_.LargeurEnv = c.largeur;
-    etat_.HauteurEnv = c.hauteur;
+    etat_.LargeurEnv = Millimetres(c.largeur);
+    etat_.HauteurEnv = Millimetres(c.hauteur);
 
     const PageLue page = ImprimerEtLire({u"Expéditrice"_s, u"Œuvré"_s, true});
-    const bool portrait = plomex_.Orientation == 1;
+    const bool portrait = plomex_.Orientation == OrientationFeuille::Portrait;
     EXPECT_EQ(page.largeur, portrait ? 595 : 842);
     EXPECT_EQ(page.hauteur, portrait ? 842 : 595);
     const Cadre adresse = page.Mot(u"Œuvré"_s);
@@ -253,7 +260,7 @@ TEST_F(Impression, TaillesEtInterlignes) {
 TEST_F(Impression, EncreDUneLettre) {
   for (const bool portrait : {true, false}) {
     SCOPED_TRACE(portrait ? "portrait" : "landscape");
-    plomex_.Orientation = portrait ? 1 : 2;
+    plomex_.Orientation = portrait ? OrientationFeuille::Portrait : OrientationFeuille::Paysage;
     plomex_.TailleA = 36;
     const double taille = 36 * kPoint.valeur, base = 50 + 0.9053 * taille;
     const Cadre encre = Encre(Imprimer({{}, u"H"_s}));
@@ -292,9 +299,9 @@ TEST_F(Impression, StylesDeLaLigne) {
 TEST_F(Impression, Alignements) {
   const ContenuEnveloppe contenu{u"Laboratoires\nCourt"_s, u"Établissements\nRue\nNANTES"_s};
   plomex_.TailleA = 20;
-  plomex_.GrasDLigne = 1;
+  plomex_.GrasDLigne = true;
 
-  plomex_.AlignA = plomex_.AlignE = 1;
+  plomex_.AlignA = plomex_.AlignE = Alignement::Droite;
   PageLue page = ImprimerEtLire(contenu);
   EXPECT_NEAR(page.Mot(u"Établissements"_s).gauche, 80, kTolerance);
   EXPECT_NEAR(page.Mot(u"Laboratoires"_s).gauche, 2, kTolerance);
@@ -303,7 +310,7 @@ TEST_F(Impression, Alignements) {
   EXPECT_NEAR(page.Mot(u"NANTES"_s).droite, droite, kTolerance);
   EXPECT_NEAR(page.Mot(u"Court"_s).droite, page.Mot(u"Laboratoires"_s).droite, kTolerance);
 
-  plomex_.AlignA = plomex_.AlignE = 2;
+  plomex_.AlignA = plomex_.AlignE = Alignement::Centre;
   page = ImprimerEtLire(contenu);
   EXPECT_NEAR(page.Mot(u"Établissements"_s).gauche, 80, kTolerance);
   const double milieu = page.Mot(u"Établissements"_s).Milieu();

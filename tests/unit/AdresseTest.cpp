@@ -87,36 +87,35 @@ TEST(MiseEnLignesTest, Lignes) {
       {u"A$ $ ", u"", u"A*"},
       {u"", u"", u""},
   };
-  const auto verifier = [](const Cas &c, bool destinataire) {
+  const auto verifier = [](const Cas &c, Role role) {
     const QString o = QString::fromUtf16(c.options);
     const OptionsLignes options{o.contains(u'L'), o.contains(u'P'), o.contains(u'D'),
-                                o.contains(u'V'), u" - "_s};
-    const auto lignes = MettreEnLignes(QString::fromUtf16(c.chaine), destinataire, options);
+                                OptionDe(o.contains(u'V')), u" - "_s};
+    const auto lignes = MettreEnLignes(QString::fromUtf16(c.chaine), role, options);
     const auto trace = QString::fromUtf16(c.chaine).toStdString() + " " + o.toStdString();
     EXPECT_EQ(lignes.texte, QString::fromUtf16(c.texte)) << trace;
     EXPECT_EQ(lignes.paysPresent, c.pays) << trace;
   };
-  for (const auto &c : destinataires) verifier(c, true);
-  for (const auto &c : expediteurs) verifier(c, false);
+  for (const auto &c : destinataires) verifier(c, Role::Destinataire);
+  for (const auto &c : expediteurs) verifier(c, Role::Expediteur);
 }
 
 TEST(MiseEnLignesTest, OptionsDuProgramme) {
-  ReglagesPlomex p;
-  p.SautPLigne = 1;
-  EtatEnveloppe e;
-  e.LiaisonCP = u", "_s;
-  e.OptionCPAdresse = 1;
-  EXPECT_EQ(MettreEnLignes(u"A*B$1*V$Pays"_s, true, p, e), u"A**B*V, 1**Pays"_s);
-  EXPECT_EQ(e.PaysPresent, 1);
-  e.OptionCPAdresse = 0;
-  EXPECT_EQ(MettreEnLignes(u"A*B$1*V$ "_s, false, p, e), u"A*B*1, V"_s);
-  EXPECT_EQ(e.PaysPresent, 0) << "the text formatted last settles it";
-  p = {};
-  p.SautDLigne = 1;
-  EXPECT_EQ(MettreEnLignes(u"A*B*C$1*V$ "_s, true, p, e), u"A*B*C**1, V"_s);
-  p = {};
-  p.SautLigne = 1;
-  EXPECT_EQ(MettreEnLignes(u"A*B*C$1*V$ "_s, true, p, e), u"A**B**C**1, V"_s);
+  Reglages r;
+  r.LiaisonCP = u", "_s;
+  const auto lignes = [&r](const char16_t *chaine, OptionCP option, Role role) {
+    return MettreEnLignes({QString::fromUtf16(chaine), option}, role, r).texte;
+  };
+  r.plomex.SautPLigne = true;
+  EXPECT_EQ(lignes(u"A*B$1*V$Pays", OptionCP::VilleDevant, Role::Destinataire),
+            u"A**B*V, 1**Pays"_s);
+  EXPECT_EQ(lignes(u"A*B$1*V$ ", OptionCP::CodeDevant, Role::Expediteur), u"A*B*1, V"_s);
+  r.plomex = {};
+  r.plomex.SautDLigne = true;
+  EXPECT_EQ(lignes(u"A*B*C$1*V$ ", OptionCP::CodeDevant, Role::Destinataire), u"A*B*C**1, V"_s);
+  r.plomex = {};
+  r.plomex.SautLigne = Drapeau::DepuisNombre(7);
+  EXPECT_EQ(lignes(u"A*B*C$1*V$ ", OptionCP::CodeDevant, Role::Destinataire), u"A**B**C**1, V"_s);
 }
 
 TEST(Raccourci, Libelles) {
@@ -174,7 +173,7 @@ TEST_F(ExpediteurDefautTest, Fichier) {
     ASSERT_EQ(lu.has_value(), !c.chaine.isNull());
     if (lu) {
       EXPECT_EQ(lu->chaine, c.chaine);
-      EXPECT_EQ(lu->optionCP, c.option);
+      EXPECT_EQ(Nombre(lu->optionCP), c.option);
       EXPECT_EQ(Octets(u"Defaut.ini"_s), c.apres);
       EXPECT_GT(parDefaut(), 0);
     } else {

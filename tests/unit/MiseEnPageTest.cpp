@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-using Octets = std::initializer_list<quint8>;
-using Entiers = std::initializer_list<qint16>;
+constexpr std::initializer_list<Alignement> kAlignements{Alignement::Gauche, Alignement::Droite,
+                                                         Alignement::Centre};
 
 /// Width by the number of characters, wider and taller in bold: 2 mm and 4 mm at 10 points.
 class MesureFeinte : public MesureTexte {
@@ -24,7 +24,9 @@ class MesureFeinte : public MesureTexte {
 
 ReglagesPlomex Ordinaire() {
   ReglagesPlomex p;
-  p.Orientation = p.BordImprime = p.PositionEnveloppe = 1;
+  p.Orientation = OrientationFeuille::Portrait;
+  p.BordImprime = BordImprime::Gauche;
+  p.PositionEnveloppe = PositionEnveloppe::Haut;
   p.PoliceA = u"Verdana"_s;
   p.TailleA = 10;
   p.PoliceE = u"Times New Roman"_s;
@@ -84,30 +86,30 @@ TEST(MiseEnPage, PlacesDeTousLesFormats) {
     const auto [libelle, h, l] = formats[f];
     EXPECT_EQ(QString::fromUtf16(kFormatsEnveloppe[f].libelle), libelle);
     if (f < 8) {
-      EXPECT_EQ(double(kFormatsEnveloppe[f].hauteur), h);
-      EXPECT_EQ(double(kFormatsEnveloppe[f].largeur), l);
+      EXPECT_EQ(kFormatsEnveloppe[f].hauteur.valeur, h);
+      EXPECT_EQ(kFormatsEnveloppe[f].largeur.valeur, l);
     }
-    for (quint8 orientation : Octets{1, 2})
-      for (quint8 bord : Octets{1, 2})
-        for (quint8 position : Octets{1, 2, 3})
-          for (qint16 alignE : Entiers{0, 1, 2})
-            for (qint16 alignA : Entiers{0, 1, 2})
+    for (int orientation : {1, 2})
+      for (int bord : {1, 2})
+        for (int position : {1, 2, 3})
+          for (Alignement alignE : kAlignements)
+            for (Alignement alignA : kAlignements)
               for (const auto &m : marges) {
                 ReglagesPlomex p = Ordinaire();
-                p.Orientation = orientation;
-                p.BordImprime = bord;
-                p.PositionEnveloppe = position;
+                p.Orientation = static_cast<OrientationFeuille>(orientation);
+                p.BordImprime = static_cast<BordImprime>(bord);
+                p.PositionEnveloppe = static_cast<PositionEnveloppe>(position);
                 p.AlignE = alignE;
                 p.AlignA = alignA;
-                p.MargeMAX = m.max;
-                p.MargeMAY = m.may;
-                p.MargeMEX = m.mex;
-                p.MargeMEY = m.mey;
-                p.MargeDroite = m.droite;
-                p.MargeHaute = m.haute;
+                p.MargeMAX = Millimetres(m.max);
+                p.MargeMAY = Millimetres(m.may);
+                p.MargeMEX = Millimetres(m.mex);
+                p.MargeMEY = Millimetres(m.mey);
+                p.MargeDroite = Millimetres(m.droite);
+                p.MargeHaute = Millimetres(m.haute);
                 EtatEnveloppe e;
-                e.LargeurEnv = static_cast<float>(l);
-                e.HauteurEnv = static_cast<float>(h);
+                e.LargeurEnv = Millimetres(l);
+                e.HauteurEnv = Millimetres(h);
                 e.Commentaire = u"Rappel"_s;
                 e.CommentaireGras = e.CommentaireSouligne = true;
 
@@ -116,8 +118,10 @@ TEST(MiseEnPage, PlacesDeTousLesFormats) {
                 if (orientation == 2 && position == 2) oy += (h - 110) / 2;
                 if (orientation == 2 && position == 3) oy += h - 110;
                 // What a line of width w moves right in a block of width W.
-                const auto decale = [](int align, double W, double w) {
-                  return align == 0 ? 0 : align == 1 ? W - w : W / 2 - w / 2;
+                const auto decale = [](Alignement align, double W, double w) {
+                  return align == Alignement::Gauche   ? 0
+                         : align == Alignement::Droite ? W - w
+                                                       : W / 2 - w / 2;
                 };
                 const double xa = (m.max + 80) / 220.0 * l, ya = (m.may + 50) / 110.0 * h;
                 const double xe = m.mex + 2, ye = (m.mey + 5) / 110.0 * h;
@@ -133,8 +137,8 @@ TEST(MiseEnPage, PlacesDeTousLesFormats) {
                     p, e, {u"Moi\n44 Paris"_s, u"Paul\nDurand Cie\n\nNantes"_s, true}, mesure);
                 ASSERT_EQ(Ecart(page, attendues), QString())
                     << libelle.toStdString() << ", orientation " << int(orientation) << ", edge "
-                    << int(bord) << ", position " << int(position) << ", AlignE " << alignE
-                    << ", AlignA " << alignA << ", MargeMAX " << m.max;
+                    << int(bord) << ", position " << int(position) << ", AlignE " << int(alignE)
+                    << ", AlignA " << int(alignA) << ", MargeMAX " << m.max;
               }
   }
 }
@@ -162,20 +166,18 @@ TEST(MiseEnPage, LignesGrasses) {
   const MesureFeinte mesure;
   for (const auto &c : cas) {
     ReglagesPlomex p = Ordinaire();
-    p.GrasA = c.grasA;
-    p.GrasPLigne = c.premiere;
-    p.GrasDLigne = c.derniere;
-    EtatEnveloppe e;
-    e.PaysPresent = c.pays;
+    p.GrasA = Drapeau::DepuisNombre(c.grasA);
+    p.GrasPLigne = Drapeau::DepuisNombre(c.premiere);
+    p.GrasDLigne = Drapeau::DepuisNombre(c.derniere);
     const QString adresse = QString::fromUtf16(c.adresse);
-    EXPECT_EQ(Graisses(MettreEnPage(p, e, {{}, adresse, false}, mesure)),
+    EXPECT_EQ(Graisses(MettreEnPage(p, {}, {{}, adresse, false, c.pays == 1}, mesure)),
               QString::fromUtf16(c.graisses))
         << adresse.toStdString();
   }
   ReglagesPlomex p = Ordinaire();
-  p.GrasPLigne = p.GrasDLigne = 1;
+  p.GrasPLigne = p.GrasDLigne = true;
   EXPECT_EQ(Graisses(MettreEnPage(p, {}, {u"M\nr\n44"_s, {}, false}, mesure)), u"mmm"_s);
-  p.GrasE = 1;
+  p.GrasE = true;
   EXPECT_EQ(Graisses(MettreEnPage(p, {}, {u"M\nr\n44"_s, u"a\nb\nc"_s, false}, mesure)),
             u"GGGGmG"_s);
 }
@@ -186,19 +188,19 @@ TEST(MiseEnPage, LargeurMesureeAvantLeGras) {
   const MesureFeinte mesure;
   const Police maigre{u"Verdana"_s, 10, false, false}, gras{u"Verdana"_s, 10, true, false};
   ReglagesPlomex p = Ordinaire();
-  p.GrasPLigne = 1;
+  p.GrasPLigne = true;
   const ContenuEnveloppe contenu{{}, u"0123456789\nabcd"_s, false};
   const double deplace[] = {0, 20 - 25, 10 - 12.5}, suivante[] = {0, 12, 6};
-  for (qint16 align : Entiers{0, 1, 2}) {
-    p.AlignA = align;
+  for (const auto align : {0u, 1u, 2u}) {
+    p.AlignA = static_cast<Alignement>(align);
     EXPECT_EQ(Ecart(MettreEnPage(p, {}, contenu, mesure),
                     {{u"0123456789"_s, 80 + deplace[align], 50, gras},
                      {u"abcd"_s, 80 + suivante[align], 54.25, maigre}}),
               QString());
   }
   // A block in bold is measured in bold.
-  p.GrasA = 1;
-  p.AlignA = 1;
+  p.GrasA = true;
+  p.AlignA = Alignement::Droite;
   EXPECT_EQ(Ecart(MettreEnPage(p, {}, contenu, mesure),
                   {{u"0123456789"_s, 80, 50, gras}, {u"abcd"_s, 80 + 15, 54.25, gras}}),
             QString());
@@ -219,8 +221,8 @@ TEST(MiseEnPage, ZonesVides) {
   };
   for (const auto &c : cas) {
     ReglagesPlomex p = Ordinaire();
-    p.AlignE = c.alignE;
-    p.AlignA = c.alignA;
+    p.AlignE = static_cast<Alignement>(c.alignE);
+    p.AlignA = static_cast<Alignement>(c.alignA);
     EtatEnveloppe e;
     e.Commentaire = u"Rappel"_s;
     for (bool commentaire : {false, true}) {
@@ -241,8 +243,6 @@ TEST(MiseEnPage, Commentaire) {
   EtatEnveloppe e;
   e.Commentaire = QString(200, u'x');  // longer than the envelope
   ReglagesPlomex p = Ordinaire();
-  p.Orientation = 1;
-  p.MargeDroite = p.MargeHaute = 0;
   const LignePlacee ligne = MettreEnPage(p, e, {u""_s, u""_s, true}, mesure).front();
   EXPECT_NEAR(ligne.x.valeur, 220 - 40 - 400, 1e-3);
   EXPECT_NEAR(ligne.y.valeur, 5, 1e-3);
@@ -250,15 +250,14 @@ TEST(MiseEnPage, Commentaire) {
 
   const struct {
     const char16_t *texte;
-    quint8 multiple, interdire;
-    bool imprime;
-  } cas[] = {{u"", 0, 0, false}, {u"x", 0, 0, true},  {u"x", 0, 1, true},
-             {u"x", 1, 0, true}, {u"x", 1, 1, false}, {u"", 1, 0, false}};
+    bool multiple, interdire, imprime;
+  } cas[] = {{u"", false, false, false}, {u"x", false, false, true}, {u"x", false, true, true},
+             {u"x", true, false, true},  {u"x", true, true, false},  {u"", true, false, false}};
   for (const auto &c : cas) {
     e.Commentaire = QString::fromUtf16(c.texte);
     e.ImpressionMultiple = c.multiple;
     EXPECT_EQ(CommentaireImprime({.InterdireCommentaire = c.interdire}, e), c.imprime)
-        << int(c.multiple) << int(c.interdire);
+        << c.multiple << c.interdire;
   }
 }
 
@@ -266,10 +265,7 @@ TEST(MiseEnPage, Apercu) {
   // The lines of the print, reduced, but for the sender: a point smaller, its left end as printed.
   const MesureFeinte mesure;
   ReglagesPlomex p = Ordinaire();
-  p.Orientation = 1;
-  p.MargeDroite = p.MargeHaute = 0;
-  p.AlignA = p.AlignE = 0;
-  p.GrasPLigne = 1;
+  p.GrasPLigne = true;
   EtatEnveloppe e;
   e.Commentaire = u"Rappel"_s;
   const ContenuEnveloppe contenu{u"Moi\nIci"_s, u"Toi\n\nLà"_s, true};
@@ -291,9 +287,9 @@ TEST(MiseEnPage, Apercu) {
 TEST(MiseEnPage, ImpressionConfiguree) {
   for (int manque = 0; manque < 8; ++manque) {
     ReglagesPlomex p;
-    p.Orientation = manque & 1 ? 0 : 2;
-    p.BordImprime = manque & 2 ? 0 : 1;
-    p.PositionEnveloppe = manque & 4 ? 0 : 3;
+    if (!(manque & 1)) p.Orientation = OrientationFeuille::Paysage;
+    if (!(manque & 2)) p.BordImprime = BordImprime::Gauche;
+    if (!(manque & 4)) p.PositionEnveloppe = PositionEnveloppe::Bas;
     EXPECT_EQ(ImpressionConfiguree(p), manque == 0) << manque;
   }
 }

@@ -20,9 +20,9 @@ class ReglagesTest : public DansUnDossier {
   }
   ReglagesRTColor LireCouleurs(const QByteArray &octets) const {
     Poser(u"RTColor.ini"_s, octets);
-    ReglagesRTColor rtcolor;
-    LireRTColor(App(), rtcolor);
-    return rtcolor;
+    Reglages reglages;
+    LireReglages(App(), reglages);
+    return reglages.rtcolor;
   }
 };
 
@@ -42,14 +42,16 @@ const QByteArray kPlomex =
 
 TEST_F(ReglagesTest, PlomexLes33ClesDansLOrdre) {
   const ReglagesPlomex p = LirePlomex(kPlomex);
-  EXPECT_EQ(std::tuple(p.Imprimante, p.Orientation, p.BordImprime, p.PositionEnveloppe, p.PoliceA,
-                       p.PoliceE, p.TailleA, p.TailleE),
+  EXPECT_EQ(std::tuple(p.Imprimante, int(p.Orientation), int(p.BordImprime),
+                       int(p.PositionEnveloppe), p.PoliceA, p.PoliceE, p.TailleA, p.TailleE),
             std::tuple(u"HP Test"_s, 2, 1, 3, u"Verdana"_s, u"Courier New"_s, 11, 9));
-  EXPECT_EQ(std::tuple(p.GrasA, p.GrasE, p.NePas, p.SautLigne, p.SautDLigne, p.GrasDLigne,
-                       p.SautPLigne, p.GrasPLigne),
+  EXPECT_EQ(std::tuple(p.GrasA.Nombre(), p.GrasE.Nombre(), p.NePas.Nombre(), p.SautLigne.Nombre(),
+                       p.SautDLigne.Nombre(), p.GrasDLigne.Nombre(), p.SautPLigne.Nombre(),
+                       p.GrasPLigne.Nombre()),
             std::tuple(4, 5, 6, 7, 8, 10, 12, 13));
-  EXPECT_EQ(std::tuple(p.MargeHaute, p.MargeDroite, p.Raccourci, p.Minimise, p.MargeMAX, p.MargeMAY,
-                       p.MargeMEX, p.MargeMEY, p.AlignE, p.AlignA),
+  EXPECT_EQ(std::tuple(p.MargeHaute.valeur, p.MargeDroite.valeur, p.Raccourci, p.Minimise.Nombre(),
+                       p.MargeMAX.valeur, p.MargeMAY.valeur, p.MargeMEX.valeur, p.MargeMEY.valeur,
+                       int(p.AlignE), int(p.AlignA)),
             std::tuple(-14, 15, 116, 255, -16, 17, -32768, 32767, 18, 19));
   EXPECT_EQ(std::tuple(p.Adresse, p.Enveloppe, p.AdresseEnGras, p.TaillePoliceTV1,
                        p.TaillePoliceTV2, p.Telephone, p.IcoMenu),
@@ -68,7 +70,8 @@ TEST_F(ReglagesTest, PlomexAbsent) {
   LireReglages(App(), r);
   EXPECT_EQ(std::tuple(r.plomex.PoliceA, r.plomex.TailleA, r.plomex.PoliceE, r.plomex.TailleE),
             std::tuple(u"Arial"_s, 10, u"Arial"_s, 8));
-  EXPECT_EQ(r.plomex.Orientation + r.plomex.BordImprime + r.plomex.MargeMAX + r.plomex.AlignA, 0);
+  EXPECT_FALSE(r.plomex.Orientation != OrientationFeuille::NonConfiguree ||
+               r.plomex.MargeMAX != Millimetres() || r.plomex.AlignA != Alignement::Gauche);
   EXPECT_FALSE(Existe(u"Plomex.ini"_s)) << "reading writes nothing";
 }
 
@@ -80,7 +83,7 @@ TEST_F(ReglagesTest, PlomexReecritureGardeLeReste) {
   Reglages r;
   LireReglages(App(), r);
   EXPECT_EQ(r.plomex.TailleA, 12);
-  EXPECT_EQ(r.plomex.BordImprime, 2);
+  EXPECT_EQ(r.plomex.BordImprime, BordImprime::Droit);
   r.plomex.TailleA = 14;
   EcrireReglages(App(), r.plomex);
   const QByteArray apres = Octets(u"Plomex.ini"_s);
@@ -111,10 +114,11 @@ TEST_F(ReglagesTest, PlomexValeursHorsNorme) {
         "Adresse=peut-etre\r\n");
   LireReglages(App(), r);
   const ReglagesPlomex &p = r.plomex;
-  EXPECT_EQ(std::tuple(p.Orientation, p.BordImprime, p.PositionEnveloppe, p.TailleA, p.TailleE,
-                       p.GrasA, p.MargeHaute, p.MargeMAX, p.MargeMAY),
+  EXPECT_EQ(std::tuple(int(p.Orientation), int(p.BordImprime), int(p.PositionEnveloppe), p.TailleA,
+                       p.TailleE, p.GrasA.Nombre(), p.MargeHaute.valeur, p.MargeMAX.valeur,
+                       p.MargeMAY.valeur),
             std::tuple(2, 1, 3, 11, 9, 4, -14, -16, 17));
-  EXPECT_EQ(std::tuple(p.MargeMEX, p.AlignE, p.Adresse), std::tuple(-5, 18, true));
+  EXPECT_EQ(std::tuple(p.MargeMEX.valeur, int(p.AlignE), p.Adresse), std::tuple(-5, 18, true));
 }
 
 TEST_F(ReglagesTest, PlomexCoches) {
@@ -130,34 +134,38 @@ TEST_F(ReglagesTest, PlomexCoches) {
 }
 
 TEST_F(ReglagesTest, RTColor) {
-  ReglagesRTColor r;
-  LireRTColor(App(), r);
+  Reglages neufs;
+  LireReglages(App(), neufs);
   EXPECT_EQ(Octets(u"RTColor.ini"_s), kRTColorDefaut);
+  ReglagesRTColor r;
 
   const QByteArray autre = "1,2,3,\"Zo\xE9, \x80\",4,5000,6,7,8,9,10,-11,12,13\r\n";
   r = LireCouleurs(autre);
   EXPECT_EQ(std::tuple(r.CouleurR, r.CouleurV, r.CouleurB, r.NomPerso, r.PortCom, r.TailleFenetre,
-                       r.OuvrirSurFavoris),
+                       r.OuvrirSurFavoris.Nombre()),
             std::tuple(1, 2, 3, u"Zoé, €"_s, 4, 5000, 6));
-  EXPECT_EQ(std::tuple(r.MenuClicDroit, r.AffichageNaissance, r.AnnulerCommentaire,
-                       r.InterdireCommentaire, r.VitesseTransition, r.EffetVisuel, r.FondUni),
+  EXPECT_EQ(std::tuple(r.MenuClicDroit.Nombre(), int(int(r.AffichageNaissance)),
+                       r.AnnulerCommentaire.Nombre(), r.InterdireCommentaire.Nombre(),
+                       r.VitesseTransition, r.EffetVisuel.Nombre(), r.FondUni.Nombre()),
             std::tuple(7, 8, 9, 10, -11, 12, 13));
   QFile::remove(Chemin(u"RTColor.ini"_s));
   EcrireRTColor(App(), r);
   EXPECT_EQ(Octets(u"RTColor.ini"_s), autre);
 
   r = LireCouleurs("10,20,30,\"Paul\",2,8000,1,1,2,1,0\r\n");  // 11 values
-  EXPECT_EQ(std::tuple(r.CouleurR, r.AnnulerCommentaire, r.InterdireCommentaire,
-                       r.VitesseTransition, r.EffetVisuel, r.FondUni),
+  EXPECT_EQ(std::tuple(r.CouleurR, r.AnnulerCommentaire.Nombre(), r.InterdireCommentaire.Nombre(),
+                       r.VitesseTransition, r.EffetVisuel.Nombre(), r.FondUni.Nombre()),
             std::tuple(10, 1, 0, 0, 0, 0));
   r = LireCouleurs("10,20,30,\"Paul\",2,8000,1,1,2\r\n");
-  EXPECT_EQ(std::tuple(r.AnnulerCommentaire, r.InterdireCommentaire), std::tuple(0, 1));
+  EXPECT_EQ(std::tuple(r.AnnulerCommentaire.Nombre(), r.InterdireCommentaire.Nombre()),
+            std::tuple(0, 1));
   for (const auto &[lue, hauteur] : {std::pair("0", 9000), {"1", 9000}, {"2", 2}})
     EXPECT_EQ(LireCouleurs(QByteArray("1,1,1,\"\",1,") + lue + ",0,0").TailleFenetre, hauteur);
   r = LireCouleurs("40000,rouge,70,\"Paul\",300,99999999999,1,-1,2\r\n");
-  EXPECT_EQ(std::tuple(r.CouleurR, r.CouleurV, r.PortCom, r.TailleFenetre, r.OuvrirSurFavoris,
-                       r.MenuClicDroit, r.AffichageNaissance),
-            std::tuple(225, 150, 1, 9000, 1, 0, 2));
+  EXPECT_EQ(
+      std::tuple(r.CouleurR, r.CouleurV, r.PortCom, r.TailleFenetre, r.OuvrirSurFavoris.Nombre(),
+                 r.MenuClicDroit.Nombre(), int(r.AffichageNaissance)),
+      std::tuple(225, 150, 1, 9000, 1, 0, 2));
 }
 
 TEST_F(ReglagesTest, MemoraEtAlarme) {
@@ -165,13 +173,12 @@ TEST_F(ReglagesTest, MemoraEtAlarme) {
   for (const bool present : {false, true}) {
     if (present) Poser(u"Memora.ini"_s, "0,1\r\n");
     if (present) Poser(u"Alarme.ini"_s, "1,2,3\r\n");
-    LireMemora(App(), r.memora);
-    LireAlarme(App(), r.alarme);
-    EXPECT_EQ(std::tuple(r.memora.LancerAuDemarrage, r.memora.AssocierAlertes),
+    LireReglages(App(), r);
+    EXPECT_EQ(std::tuple(r.memora.LancerAuDemarrage.Nombre(), r.memora.AssocierAlertes.Nombre()),
               std::tuple(0, present ? 1 : 0));
-    EXPECT_EQ(
-        std::tuple(r.alarme.AlerteAvecWindows, r.alarme.AlerteAvecProgramme, r.alarme.AlerteDivers),
-        (present ? std::tuple(1, 2, 3) : std::tuple(0, 0, 0)));
+    EXPECT_EQ(std::tuple(r.alarme.AlerteAvecWindows.Nombre(), r.alarme.AlerteAvecProgramme.Nombre(),
+                         r.alarme.AlerteDivers.Nombre()),
+              (present ? std::tuple(1, 2, 3) : std::tuple(0, 0, 0)));
   }
 }
 
@@ -182,27 +189,25 @@ TEST_F(ReglagesTest, SauvanTientSurLaCoche) {
     Poser(u"Plomex.ini"_s, "[Defaut]\r\nAdresse=True\r\n");
     if (sauvan) Poser(u"Sauvan.cfg"_s, sauvan);
     Reglages r;
-    LireSauvan(App(), r.sauvan);
     LireReglages(App(), r);
     EXPECT_EQ(r.plomex.Adresse, coche) << (sauvan ? sauvan : "no file");
   }
 }
 
 TEST_F(ReglagesTest, Liaison) {
-  QString separateur = u"ancien"_s, liaison = u" : "_s;
-  LireLiaison(App(), separateur, liaison);
-  EXPECT_EQ(separateur, u" "_s);
-  EXPECT_EQ(liaison, u" : "_s);
+  const auto lues = [this] {
+    Reglages r;
+    r.SeparateurTel = u"ancien"_s;
+    r.LiaisonCP = u" : "_s;
+    LireReglages(App(), r);
+    return std::pair(r.SeparateurTel, r.LiaisonCP);
+  };
+  EXPECT_EQ(lues(), std::pair(u" "_s, u" - "_s));
   Poser(u"Liaison.cfg"_s, "\".\",\"\"\r\n");
-  LireLiaison(App(), separateur, liaison);
-  EXPECT_EQ(separateur, u"."_s);
-  EXPECT_EQ(liaison, u""_s);
-  LireAncienneLiaison(App(), liaison);
-  EXPECT_EQ(liaison, u""_s);
+  EXPECT_EQ(lues(), std::pair(u"."_s, u" - "_s)) << "the second value does not outlive its run";
   Poser(u"Liaison.txt"_s, "\" / \"\r\n");
-  LireAncienneLiaison(App(), liaison);
-  EXPECT_EQ(liaison, u" / "_s);
-  EXPECT_EQ(Contenu(), QStringList{u"Liaison.cfg"_s});
+  EXPECT_EQ(lues(), std::pair(u"."_s, u" / "_s));
+  EXPECT_FALSE(Existe(u"Liaison.txt"_s));
 }
 
 // Whatever stands in the place of a settings file: reading never fails, numbers keep what they had.
@@ -232,25 +237,17 @@ TEST_F(ReglagesTest, FichiersAbimes) {
     }
     Reglages r;
     r.plomex.TailleA = 33;
-    r.plomex.MargeMAX = -7;
-    r.memora = {4, 5};
-    r.alarme = {6, 7, 8};
-    r.sauvan = {9, 1};
-    QString separateur = u"/"_s, liaison = u" - "_s;
-    ASSERT_NO_THROW({
-      LireSauvan(App(), r.sauvan);
-      LireReglages(App(), r);
-      LireRTColor(App(), r.rtcolor);
-      LireMemora(App(), r.memora);
-      LireAlarme(App(), r.alarme);
-      LireLiaison(App(), separateur, liaison);
-      LireAncienneLiaison(App(), liaison);
-    });
-    EXPECT_EQ(std::tuple(r.plomex.TailleA, r.plomex.MargeMAX, r.rtcolor.CouleurR,
-                         r.rtcolor.TailleFenetre, r.rtcolor.InterdireCommentaire),
+    r.plomex.MargeMAX = Millimetres(-7);
+    const auto nombre = Drapeau::DepuisNombre;
+    r.memora = {nombre(4), nombre(5)};
+    r.alarme = {nombre(6), nombre(7), nombre(8)};
+    r.sauvan = {nombre(9), true};
+    ASSERT_NO_THROW(LireReglages(App(), r));
+    EXPECT_EQ(std::tuple(r.plomex.TailleA, r.plomex.MargeMAX.valeur, r.rtcolor.CouleurR,
+                         r.rtcolor.TailleFenetre, r.rtcolor.InterdireCommentaire.Nombre()),
               std::tuple(etat.dossier ? 10 : 33, -7, 225, 9000, 1));
-    EXPECT_EQ(std::tuple(r.memora.LancerAuDemarrage, r.memora.AssocierAlertes,
-                         r.alarme.AlerteAvecWindows, r.sauvan.AdressesPresentes),
+    EXPECT_EQ(std::tuple(r.memora.LancerAuDemarrage.Nombre(), r.memora.AssocierAlertes.Nombre(),
+                         r.alarme.AlerteAvecWindows.Nombre(), r.sauvan.AdressesPresentes.Nombre()),
               std::tuple(4, 5, 6, 1));
     if (etat.dossier) {
       EXPECT_THROW(EcrireReglages(App(), r.plomex), ErreurFichier);
@@ -272,9 +269,9 @@ TEST_F(ReglagesTest, EcritureImpossible) {
   Poser(u"fichier"_s, "x");
   EXPECT_THROW(EcrireReglages(Chemin(u"fichier"_s), {}), ErreurFichier);
   EXPECT_THROW(EcrireRTColor(Chemin(u"fichier"_s), {}), ErreurFichier);
-  ReglagesRTColor r;
-  EXPECT_NO_THROW(LireRTColor(Chemin(u"fichier"_s), r));
-  EXPECT_EQ(r.CouleurR, 225);
+  Reglages r;
+  EXPECT_NO_THROW(LireReglages(Chemin(u"fichier"_s), r));
+  EXPECT_EQ(r.rtcolor.CouleurR, 225);
 
   Poser(u"Plomex.ini"_s, kPlomex);
   Poser(u"RTColor.ini"_s, kRTColorDefaut);
