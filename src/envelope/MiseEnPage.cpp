@@ -175,8 +175,8 @@ std::optional<QString> TrouverImprimante(const QStringList &noms, const QString 
 
 FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &p,
                            const EtatEnveloppe &e, const ContenuEnveloppe &contenu) {
-  const auto sens = p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait
-                                                                  : Orientation::Paysage;
+  const auto sens =
+      p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait : Orientation::Paysage;
   const auto document = imprimante.Ouvrir(appareil, {.nom = u"Enveloppe"_s, .orientation = sens});
   if (document == nullptr) return {};
   EcrireLignes(MettreEnPage(p, e, contenu, *document), *document);
