@@ -7,7 +7,6 @@
 #include "storage/EmplacementDonnees.h"
 #include "storage/MiseAJour.h"
 #include "storage/Reglages.h"
-#include "storage/SourceSqlite.h"
 
 #include <QDir>
 
@@ -135,7 +134,7 @@ void Demarrage::MAJ_BDD() {
   const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
   const bool faite = Signaler(boites_, [&] {
     try {
-      SourceSqlite source(dossiers_.Base());
+      MiseAJourBase maj(dossiers_);
       boites_.Information(
           u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
       boites_.Information(
@@ -143,7 +142,7 @@ void Demarrage::MAJ_BDD() {
           "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
           "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
           "utilisateurs."_s.arg(separateurTel));
-      CopierEtEchanger(source, separateurTel);
+      CopierEtEchanger(maj, separateurTel);
     } catch (const Erreur &erreur) {
       throw ErreurBase(
           u"La mise à jour de la base de données « %1 » n'a pas pu être faite :\n%2\n\n"
@@ -154,7 +153,7 @@ void Demarrage::MAJ_BDD() {
   if (faite) boites_.Information(u"Mise à jour de la base terminée."_s);
 }
 
-void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateurTel) {
+void Demarrage::CopierEtEchanger(MiseAJourBase &maj, const QString &separateurTel) {
   const struct Annonce {
     explicit Annonce(const std::function<void(const QString &)> &a) : annoncer(a) {
       annoncer(u"Mise à jour de la base..."_s);
@@ -162,7 +161,7 @@ void Demarrage::CopierEtEchanger(SourceSqlite &source, const QString &separateur
     ~Annonce() { annoncer({}); }
     const std::function<void(const QString &)> &annoncer;
   } annonce(annoncer_);
-  MettreBaseAJour(source, dossiers_, separateurTel, [this](qsizetype lignes) {
+  maj.Executer(separateurTel, [this](qsizetype lignes) {
     annoncer_(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
   });
 }

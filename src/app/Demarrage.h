@@ -9,7 +9,7 @@
 
 #include <functional>
 
-class SourceSqlite;
+class MiseAJourBase;
 
 class Demarrage {
  public:
@@ -34,7 +34,7 @@ class Demarrage {
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();
-  void CopierEtEchanger(SourceSqlite &source, const QString &separateurTel);
+  void CopierEtEchanger(MiseAJourBase &maj, const QString &separateurTel);
 
   Boites &boites_;
   Dossiers &dossiers_;

@@ -3,6 +3,7 @@
 #include "platform/Fichiers.h"
 #include "storage/Lignes.h"
 #include "storage/Schema.h"
+#include "storage/SourceSqlite.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 
@@ -196,20 +197,26 @@ void EchangerBases(const Dossiers &dossiers) {
   }
 }
 
-void MettreBaseAJour(SourceSqlite &source, const Dossiers &dossiers, const QString &separateurTel,
-                     const std::function<void(qsizetype)> &avancement) {
+MiseAJourBase::MiseAJourBase(const Dossiers &dossiers)
+    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {}
+
+MiseAJourBase::~MiseAJourBase() = default;
+
+void MiseAJourBase::Executer(const QString &separateurTel,
+                             const std::function<void(qsizetype)> &avancement) {
   // Held until the swap is over: nobody writes what would not be copied, and a second user's
   // upgrade waits and then finds that there is nothing left to do.
-  source.Reserver();
-  const QString livree = FichierBaseLivree(dossiers.CheminBase);
+  source_->Reserver();
+  const QString livree = FichierBaseLivree(dossiers_.CheminBase);
   if (!QFileInfo(livree).isFile()) return;
 
-  const auto alarme = LireAncienneAlarme(dossiers.AppPath);
+  const auto alarme = LireAncienneAlarme(dossiers_.AppPath);
   Base cible;
   cible.Ouvrir(livree);
-  CopierBase(source, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}}, avancement);
+  CopierBase(*source_, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}},
+             avancement);
   cible.Fermer();
-  EchangerBases(dossiers);
+  EchangerBases(dossiers_);
 }
 
 void PoserBaseLivree(const QString &cheminBase) {

@@ -6,9 +6,11 @@
 #include "storage/Dossiers.h"
 #include "storage/Reglages.h"
 #include "storage/SourceAncienne.h"
-#include "storage/SourceSqlite.h"
 
 #include <functional>
+#include <memory>
+
+class SourceSqlite;
 
 struct ReglesCopie {
   QString SeparateurTel;
@@ -26,12 +28,22 @@ void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
 /// held. Throws `ErreurFichier`; the two are then under their names.
 void EchangerBases(const Dossiers &dossiers);
 
-/// The whole of it: copies what `source`, the user's open database, holds into the delivered one
-/// and swaps the two. Nobody writes into `source` meanwhile; where another program's upgrade has
-/// ended before, nothing is left to do. Throws `ErreurBase` or `ErreurFichier`; the two are then as
-/// they were.
-void MettreBaseAJour(SourceSqlite &source, const Dossiers &dossiers, const QString &separateurTel,
-                     const std::function<void(qsizetype)> &avancement);
+/// The whole of it, for the database of a run.
+class MiseAJourBase {
+ public:
+  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded.
+  explicit MiseAJourBase(const Dossiers &dossiers);
+  ~MiseAJourBase();
+
+  /// Copies it into the delivered one and swaps the two. Nobody writes into it meanwhile; where
+  /// another program's upgrade has ended before, nothing is left to do. Throws `ErreurBase` or
+  /// `ErreurFichier`; the two are then as they were.
+  void Executer(const QString &separateurTel, const std::function<void(qsizetype)> &avancement);
+
+ private:
+  const Dossiers &dossiers_;
+  std::unique_ptr<SourceSqlite> source_;
+};
 
 /// Makes the delivered database the user's own, where he has none. Throws `ErreurFichier`.
 void PoserBaseLivree(const QString &cheminBase);
