@@ -1,6 +1,6 @@
 #include "envelope/CommandesCommentaire.h"
 
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
 #include <QAction>
 
@@ -31,11 +31,9 @@ CommandesCommentaire::CommandesCommentaire(Session &session, EtatEnveloppe &etat
   PeindreAjoute(etiquette_);
   actions.annuler->setChecked(session_.reglages.rtcolor.AnnulerCommentaire);
   actions.interdire->setChecked(session_.reglages.rtcolor.InterdireCommentaire);
-  const auto brancher = [this](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
-  };
-  brancher(actions.inserer, [this](bool) { Inserer(); });
-  brancher(actions.effacer, [this](bool) { Effacer(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(actions.inserer, &CommandesCommentaire::Inserer);
+  brancher(actions.effacer, &CommandesCommentaire::Effacer);
   brancher(actions.gras, [this](bool coche) { etat_.CommentaireGras = coche; });
   brancher(actions.souligne, [this](bool coche) { etat_.CommentaireSouligne = coche; });
   brancher(actions.annuler, [this](bool coche) {

@@ -6,9 +6,9 @@
 #include "directory/Repertoire.h"
 #include "envelope/MiseEnPage.h"
 #include "storage/Tables.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/FeuilleEcran.h"
-#include "ui/Garde.h"
 #include "ui/Sablier.h"
 #include "ui_FrmCarnet.h"
 
@@ -58,14 +58,11 @@ FrmCarnet::~FrmCarnet() {
 }
 
 void FrmCarnet::Brancher() {
-  Boites &boites = session_.plateforme.boites;
-  const auto brancher = [this, &boites](QPushButton *bouton, auto commande) {
-    connect(bouton, &QPushButton::clicked, this, Garde(boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->CmdOuvrir, [this] { Ouvrir(); });
-  brancher(ui_->CmdModifier, [this] { Modifier(); });
-  brancher(ui_->CmdSupprime, [this] { Supprimer(); });
-  brancher(ui_->CmdAnnuler, [this] { reject(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->CmdOuvrir, &FrmCarnet::Ouvrir);
+  brancher(ui_->CmdModifier, &FrmCarnet::Modifier);
+  brancher(ui_->CmdSupprime, &FrmCarnet::Supprimer);
+  brancher(ui_->CmdAnnuler, &FrmCarnet::reject);
   const auto cocherTout = [this](Qt::CheckState etat) {
     const QSignalBlocker silence(ui_->LstNomC);
     for (int i = 0; i < ui_->LstNomC->count(); ++i) ui_->LstNomC->item(i)->setCheckState(etat);
@@ -73,16 +70,13 @@ void FrmCarnet::Brancher() {
   };
   brancher(ui_->CmdTous, [cocherTout] { cocherTout(Qt::Checked); });
   brancher(ui_->CmdAucun, [cocherTout] { cocherTout(Qt::Unchecked); });
-  connect(ui_->LstCat, &QListWidget::currentRowChanged, this,
-          Garde(boites, [this](int rang) { ChoisirCategorie(rang); }));
-  connect(Noms(), &QListWidget::itemSelectionChanged, this,
-          Garde(boites, [this] { MontrerAdresse(); }));
-  connect(Noms(), &QListWidget::itemChanged, this, Garde(boites, [this](QListWidgetItem *element) {
-            Noms()->setCurrentItem(element);  // the preview follows the tick
-            MontrerAdresse();
-          }));
-  connect(ui_->LstNom, &QListWidget::itemDoubleClicked, this,
-          Garde(boites, [this](QListWidgetItem *) { Ouvrir(); }));
+  brancher(ui_->LstCat, &QListWidget::currentRowChanged, &FrmCarnet::ChoisirCategorie);
+  brancher(Noms(), &QListWidget::itemSelectionChanged, &FrmCarnet::MontrerAdresse);
+  brancher(Noms(), &QListWidget::itemChanged, [this](QListWidgetItem *element) {
+    Noms()->setCurrentItem(element);  // the preview follows the tick
+    MontrerAdresse();
+  });
+  brancher(ui_->LstNom, &QListWidget::itemDoubleClicked, &FrmCarnet::Ouvrir);
 }
 
 void FrmCarnet::showEvent(QShowEvent *evenement) {

@@ -3,8 +3,8 @@
 #include "directory/Repertoire.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "storage/Tables.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
-#include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui_FrmNouveau.h"
 
@@ -32,15 +32,12 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
                       u"Image1"_s);
   ui_->Img->setPixmap(Icone(u"mail-message-new").pixmap(48));
 
-  const auto brancher = [this](QPushButton *bouton, auto commande) {
-    connect(bouton, &QPushButton::clicked, this,
-            Garde(session_.plateforme.boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->CmdEcrire, [this] { Ecrire(); });
-  brancher(ui_->CmdAnnule, [this] { reject(); });
-  brancher(ui_->CmdNouveau, [this] { CommencerNouveau(); });
-  brancher(ui_->CmdModifie, [this] { CommencerModification(); });
-  brancher(ui_->CmdSupprime, [this] { SupprimerExpediteur(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->CmdEcrire, &FrmNouveau::Ecrire);
+  brancher(ui_->CmdAnnule, &FrmNouveau::reject);
+  brancher(ui_->CmdNouveau, &FrmNouveau::CommencerNouveau);
+  brancher(ui_->CmdModifie, &FrmNouveau::CommencerModification);
+  brancher(ui_->CmdSupprime, &FrmNouveau::SupprimerExpediteur);
   brancher(ui_->CmdNew, [this] {
     ui_->CmdEnregistre->setEnabled(true);
     ui_->Champs->Vider();
@@ -51,12 +48,10 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
     else
       EnregistrerExpediteur();
   });
-  connect(ui_->LstExp, &QListWidget::itemSelectionChanged, this,
-          Garde(session_.plateforme.boites, [this] {
-            if (!enSaisie_) MontrerChoisi();
-          }));
-  connect(ui_->Champs, &ChampsAdresse::OptionChoisie, this,
-          Garde(session_.plateforme.boites, [this](OptionCP option) { EssayerOption(option); }));
+  brancher(ui_->LstExp, &QListWidget::itemSelectionChanged, [this] {
+    if (!enSaisie_) MontrerChoisi();
+  });
+  brancher(ui_->Champs, &ChampsAdresse::OptionChoisie, &FrmNouveau::EssayerOption);
   Preparer();
 }
 

@@ -103,8 +103,8 @@ void FrmOptions::Montrer(const QStringList &polices) {
   ui_->ChkDLG->setChecked(p.GrasDLigne);
   ui_->ChkSLP->setChecked(p.SautPLigne);
   ui_->ChkPLG->setChecked(p.GrasPLigne);
-  const QString touche = LibelleRaccourci(p.Raccourci);
-  ui_->CboR->setCurrentIndex(touche.isEmpty() ? -1 : touche.left(1).toInt());
+  const auto touche = LibelleRaccourci(p.Raccourci);
+  ui_->CboR->setCurrentIndex(touche ? touche->place : -1);
   Cocher(optA_, p.AlignA);
   Cocher(optE_, p.AlignE);
   ui_->TxtLiaison->setText(valeurs_.liaisonCP);

@@ -15,6 +15,7 @@
 #include "help/Aide.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
@@ -36,11 +37,11 @@ constexpr int kToucheEntree = 13;
 
 /// The keys of the keyboard that stand for a virtual key code.
 QList<QKeySequence> Touches(int raccourci) {
-  constexpr int kF5 = 116;
-  if (LibelleRaccourci(raccourci).isEmpty()) return {};
+  const auto touche = LibelleRaccourci(raccourci);
+  if (!touche) return {};
   if (raccourci == kToucheEntree)
     return {QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)};
-  return {QKeySequence(static_cast<Qt::Key>(Qt::Key_F5 + raccourci - kF5))};
+  return {QKeySequence(static_cast<Qt::Key>(Qt::Key_F5 + touche->place))};
 }
 
 std::unique_ptr<Ui::FrmPlomex> Preparer(FrmPlomex &fenetre) {
@@ -58,12 +59,7 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
       zones_(session, etat_, ui_->Enveloppe) {
   setWindowIcon(IconeProgramme());
   RemplirBarre();
-  Boites &boites = session_.plateforme.boites;
-  connect(ui_->CboFormat, &QComboBox::activated, this,
-          Garde(boites, [this](int index) { ChoisirFormat(index); }));
-  connect(ui_->LblDocument, &QLabel::linkActivated, this,
-          [this](const QString &chemin) { session_.plateforme.coquille.Ouvrir(chemin); });
-  BrancherMenus();
+  Brancher();
   Charger();
 }
 
@@ -71,22 +67,22 @@ FrmPlomex::~FrmPlomex() {
   DebrancherEnfants(*this);
 }
 
-void FrmPlomex::BrancherMenus() {
-  const auto brancher = [this](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this,
-            Garde(session_.plateforme.boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->mnuAccueil, [this] { emit RepertoireDemande(); });
-  brancher(ui_->mnuQuitter, [this] { close(); });
+void FrmPlomex::Brancher() {
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->CboFormat, &QComboBox::activated, &FrmPlomex::ChoisirFormat);
+  brancher(ui_->LblDocument, &QLabel::linkActivated,
+           [this](const QString &chemin) { session_.plateforme.coquille.Ouvrir(chemin); });
+  brancher(ui_->mnuAccueil, &FrmPlomex::RepertoireDemande);
+  brancher(ui_->mnuQuitter, &FrmPlomex::close);
   brancher(ui_->mnuNouvAdresse, [this] { SaisirAdresse(FrmNouveau::Mode::Adresse); });
   brancher(ui_->mnuExp, [this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); });
-  brancher(ui_->mnuCarnet, [this] { ChoisirDansCarnet(); });
-  brancher(ui_->mnuMultiple, [this] { ImprimerPlusieurs(); });
-  brancher(ui_->mnuImprime, [this] { Imprimer(); });
-  brancher(ui_->mnuApercu, [this] { Apercu(); });
-  brancher(ui_->mnuConfigure, [this] { Configurer(); });
-  brancher(ui_->mnuOptions, [this] { ChoisirOptions(); });
-  brancher(ui_->mnuVCP, [this] { RelierVilles(); });
+  brancher(ui_->mnuCarnet, &FrmPlomex::ChoisirDansCarnet);
+  brancher(ui_->mnuMultiple, &FrmPlomex::ImprimerPlusieurs);
+  brancher(ui_->mnuImprime, &FrmPlomex::Imprimer);
+  brancher(ui_->mnuApercu, &FrmPlomex::Apercu);
+  brancher(ui_->mnuConfigure, &FrmPlomex::Configurer);
+  brancher(ui_->mnuOptions, &FrmPlomex::ChoisirOptions);
+  brancher(ui_->mnuVCP, &FrmPlomex::RelierVilles);
   commentaire_ = std::make_unique<CommandesCommentaire>(
       session_, etat_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
@@ -134,8 +130,8 @@ void FrmPlomex::MajEtiquettes() {
   ui_->LblPolice->setText(u"Police "_s + plomex.PoliceA + u"   "_s +
                           QString::number(plomex.TailleA) + u"   "_s +
                           (plomex.GrasA ? u"G"_s : u""_s));
-  const QString touche = LibelleRaccourci(plomex.Raccourci).mid(1);
-  ui_->LblRaccourci->setText(touche.isEmpty() ? u""_s : u"Raccourci pour imprimer : "_s + touche);
+  const auto touche = LibelleRaccourci(plomex.Raccourci);
+  ui_->LblRaccourci->setText(touche ? u"Raccourci pour imprimer : "_s + touche->nom : u""_s);
 
   commentaire_->MajEtiquette();
   PreparerRaccourci();

@@ -46,7 +46,7 @@ class FrmPlomex : public QMainWindow {
 
  private:
   void Charger();
-  void BrancherMenus();
+  void Brancher();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
   void PreparerRaccourci();

@@ -26,11 +26,7 @@ void ListeExpediteurs::Relier(Session &session,
           Garde(session.plateforme.boites, [this](QListWidgetItem *element) { Cocher(element); }));
 }
 
-void ListeExpediteurs::Remplir() {
-  Remplir(-1);
-}
-
-void ListeExpediteurs::Remplir(Cle choisi) {
+void ListeExpediteurs::Remplir(std::optional<Cle> choisi) {
   const QSignalBlocker silence(this);
   clear();
   const auto ajouter = [this](const QString &texte, Cle index, bool coche) {

@@ -20,10 +20,9 @@ class ListeExpediteurs : public QListWidget {
   /// `change` takes the sender of the envelope whenever a tick changes it.
   void Relier(Session &session, std::function<void(const AdresseComposee &)> change);
 
-  /// Reads the table; the default sender is ticked and chosen, item 0 where there is none.
-  void Remplir();
-  /// The same, with another sender chosen.
-  void Remplir(Cle choisi);
+  /// Reads the table. The default sender is ticked, item 0 where there is none; it is chosen too,
+  /// unless another is to be.
+  void Remplir(std::optional<Cle> choisi = {});
 
   /// Key of the chosen sender; 0 for item 0, nothing when none is chosen.
   std::optional<Cle> Choisi() const;

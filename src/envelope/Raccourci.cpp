@@ -9,11 +9,11 @@ constexpr int kPlaceEntree = 8;
 
 }  // namespace
 
-QString LibelleRaccourci(int raccourci) {
-  if (raccourci == kEntree) return QString::number(kPlaceEntree) + u"ENTR"_s;
-  if (raccourci < kF5 || raccourci > kF12) return u""_s;
+std::optional<ToucheRaccourci> LibelleRaccourci(int raccourci) {
+  if (raccourci == kEntree) return ToucheRaccourci{kPlaceEntree, u"ENTR"_s};
+  if (raccourci < kF5 || raccourci > kF12) return std::nullopt;
   const int place = raccourci - kF5;
-  return QString::number(place) + u'F' + QString::number(place + 5);
+  return ToucheRaccourci{place, u'F' + QString::number(place + 5)};
 }
 
 qint16 CodeRaccourci(int place) {

@@ -2,9 +2,16 @@
 
 #include <QString>
 
-/// Text of the key code that prints: its first character is the key's place in the list of keys,
-/// the rest its name ("0F5" to "7F12", "8ENTR"); empty for any other code.
-QString LibelleRaccourci(int raccourci);
+#include <optional>
 
-/// The key code at a place of the list of keys.
+/// A key that can print an envelope.
+struct ToucheRaccourci {
+  int place = 0;  ///< in the list of keys: F5 to F12, then Enter
+  QString nom;    ///< "F5" to "F12", "ENTR"
+};
+
+/// The key of a virtual key code; nothing for a code that is none of them.
+std::optional<ToucheRaccourci> LibelleRaccourci(int raccourci);
+
+/// The virtual key code of a place of the list of keys.
 qint16 CodeRaccourci(int place);

@@ -118,13 +118,14 @@ TEST(MiseEnLignesTest, OptionsDuProgramme) {
   EXPECT_EQ(lignes(u"A*B*C$1*V$ ", OptionCP::CodeDevant, Role::Destinataire), u"A**B**C**1, V"_s);
 }
 
-TEST(Raccourci, Libelles) {
-  const std::pair<int, const char16_t *> cas[] = {
-      {116, u"0F5"},  {117, u"1F6"},  {118, u"2F7"},  {119, u"3F8"},  {120, u"4F9"},
-      {121, u"5F10"}, {122, u"6F11"}, {123, u"7F12"}, {13, u"8ENTR"}, {0, u""},
-      {115, u""},     {124, u""},     {-1, u""}};
-  for (const auto &[touche, libelle] : cas)
-    EXPECT_EQ(LibelleRaccourci(touche), QString::fromUtf16(libelle)) << touche;
+TEST(Raccourci, Touches) {
+  for (int place = 0; place <= 8; ++place) {
+    const auto touche = LibelleRaccourci(CodeRaccourci(place));
+    ASSERT_TRUE(touche) << place;
+    EXPECT_EQ(touche->place, place);
+    EXPECT_EQ(touche->nom, place == 8 ? u"ENTR"_s : u'F' + QString::number(place + 5));
+  }
+  for (const int autre : {0, 115, 124, -1}) EXPECT_FALSE(LibelleRaccourci(autre)) << autre;
 }
 
 namespace {
