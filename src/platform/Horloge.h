@@ -21,7 +21,7 @@ class Horloge {
   /// asked at least ten times a second.
   virtual void Attendre(std::chrono::milliseconds duree, const std::function<bool()> &arret) = 0;
 
-  /// The same without a limit of time.
+  /// The same without a limit of time; the end of the program ends it too.
   virtual void AttendreQue(const std::function<bool()> &arret) = 0;
 
   /// Runs `action` once, `delai` from now, unless `contexte` has been destroyed by then.

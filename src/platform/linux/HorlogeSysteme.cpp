@@ -24,9 +24,12 @@ void HorlogeSysteme::Attendre(std::chrono::milliseconds duree, const std::functi
 void HorlogeSysteme::AttendreQue(const std::function<bool()> &arret) {
   using namespace std::chrono_literals;
   QEventLoop boucle;
-  QTimer reveil;  // so that `arret` is asked while nothing happens
+  QTimer reveil;
+  QObject::connect(&reveil, &QTimer::timeout, &boucle, [&] {
+    if (arret()) boucle.quit();
+  });
   reveil.start(50ms);
-  while (!arret()) boucle.processEvents(QEventLoop::WaitForMoreEvents);
+  if (!arret()) boucle.exec();
 }
 
 void HorlogeSysteme::Apres(std::chrono::milliseconds delai, QObject *contexte,
