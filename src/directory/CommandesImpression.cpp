@@ -1,6 +1,6 @@
 #include "directory/CommandesImpression.h"
 
-#include "directory/Categories.h"
+#include "directory/ChoixEtendue.h"
 #include "directory/FrmImprime.h"
 #include "platform/Erreurs.h"
 #include "ui/Avancement.h"
@@ -29,12 +29,7 @@ void CommandesImpression::Imprimer() {
     boites.Information(u"Aucune entrée à imprimer ."_s);
     return;
   }
-  if (liste_.Categorie() != ToutesCategories() &&
-      boites.Question(Boites::Titre(),
-                      u" Voulez-vous imprimer uniquement la catégorie affichée (répondre OUI)\n"
-                      "ou la liste de tous vos velmiras (répondre NON) ?"_s) ==
-          Boites::Reponse::Non)
-    liste_.AfficherCategorie(ToutesCategories());
+  ChoisirEtendue(boites, liste_, Boites::Titre(), u"imprimer"_s);
 
   FrmImprime dialogue(&liste_.Arbre());
   if (dialogue.exec() != QDialog::Accepted) return;

@@ -1,6 +1,6 @@
 #include "exchange/SelectionClasseur.h"
 
-#include "directory/Categories.h"
+#include "directory/ChoixEtendue.h"
 #include "exchange/ClasseurVelmiras.h"
 #include "ui/Avancement.h"
 #include "ui/Garde.h"
@@ -41,12 +41,7 @@ void SelectionClasseur::Commencer() {
     boites.Message(Boites::Genre::Information, TitreExport(), u"Aucune donnée à exporter ."_s);
     return;
   }
-  if (liste_.Categorie() != ToutesCategories() &&
-      boites.Question(TitreExport(),
-                      u" Voulez-vous exporter uniquement la catégorie affichée (répondre OUI)\n"
-                      "ou la liste de tous vos velmiras (répondre NON) ?"_s) ==
-          Boites::Reponse::Non)
-    liste_.AfficherCategorie(ToutesCategories());
+  ChoisirEtendue(boites, liste_, TitreExport(), u"exporter"_s);
   boites.Message(Boites::Genre::Information, TitreExport(),
                  u"Décochez les velmiras que vous ne voulez pas exporter"_s);
   liste_.Arbre().CocherTous(true);
