@@ -2,9 +2,11 @@
 
 #include "directory/ChoixEtendue.h"
 #include "directory/FrmImprime.h"
+#include "directory/ImpressionListe.h"
 #include "platform/Erreurs.h"
-#include "ui/Avancement.h"
+#include "storage/Tables.h"
 #include "ui/Sablier.h"
+#include "ui/Travail.h"
 
 #include <QDir>
 
@@ -13,11 +15,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 /// The records of the list, in its order.
-std::vector<Cle> Cles(const ModeleListe &modele) {
+QList<Cle> Cles(const ModeleListe &modele) {
   const QModelIndex racine = modele.Racine();
-  std::vector<Cle> cles;
-  for (int i = 0; i < modele.rowCount(racine); ++i)
-    cles.push_back(Index(modele.index(i, 0, racine)));
+  QList<Cle> cles;
+  for (int i = 0; i < modele.rowCount(racine); ++i) cles.append(Index(modele.index(i, 0, racine)));
   return cles;
 }
 
@@ -42,18 +43,18 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
   FinImpression fin;
   try {
     const Sablier sablier;
-    const std::vector<Cle> cles = Cles(liste_.Arbre().Modele());
-    const TableAdresse table(session_.base);
-    Avancement avancement(fenetre_, u"Impression de la liste"_s,
-                          static_cast<qsizetype>(cles.size()));
-    fin = ImprimerListe(session_.plateforme.imprimante,
-                        {.NomPerso = session_.reglages.rtcolor.NomPerso,
-                         .nombre = static_cast<qsizetype>(cles.size()),
-                         .instant = session_.plateforme.horloge.Maintenant()},
-                        choix, [&](qsizetype rang) -> std::optional<Correspondant> {
-                          if (!avancement.Montrer(rang)) return std::nullopt;
-                          return table.Lire(cles[static_cast<std::size_t>(rang)]);
-                        });
+    const QList<Cle> cles = Cles(liste_.Arbre().Modele());
+    const CadreListe cadre{.NomPerso = session_.reglages.rtcolor.NomPerso,
+                           .nombre = cles.size(),
+                           .instant = session_.plateforme.horloge.Maintenant()};
+    fin = Travail(fenetre_, u"Impression de la liste"_s)
+              .Executer(session_.base, [&](Base &base, const Avance &avance) {
+                return ImprimerListe(session_.plateforme.imprimante, cadre, choix,
+                                     [&](qsizetype rang) -> std::optional<Correspondant> {
+                                       if (!avance(rang, cles.size())) return std::nullopt;
+                                       return TableAdresse(base).Lire(cles[rang]);
+                                     });
+              });
   } catch (const Erreur &) {
     fin = {};  // told like every other end of the printing
   }

@@ -1,6 +1,9 @@
 #include "exchange/ClasseurVelmiras.h"
 
+#include "storage/Tables.h"
+
 #include <QStringList>
+#include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
@@ -92,4 +95,23 @@ FeuilleClasseur FeuilleVelmiras(const QList<Correspondant> &velmiras) {
       feuille.largeurs[i] = std::max(
           feuille.largeurs[i], std::min(LargeurTexte(rang.cellules[i]) + kMarge, kLargeurMax));
   return feuille;
+}
+
+ClasseurVelmiras::ClasseurVelmiras(Classeur &classeur) : classeur_(classeur) {}
+
+ClasseurVelmiras::~ClasseurVelmiras() = default;
+
+std::optional<QString> ClasseurVelmiras::Ecrire(Base &base, const QList<Cle> &cles,
+                                                const Avance &avance) {
+  QList<Correspondant> velmiras;
+  for (qsizetype i = 0; i < cles.size(); ++i) {
+    if (!avance(i, cles.size())) return std::nullopt;
+    if (auto velmira = TableAdresse(base).Lire(cles[i])) velmiras.append(*std::move(velmira));
+  }
+  auto dossier = std::make_unique<QTemporaryDir>();
+  const QString chemin = dossier->filePath(u"Velmira.xlsx"_s);
+  classeur_.Ecrire(chemin, FeuilleVelmiras(velmiras));
+  if (!avance(cles.size(), cles.size())) return std::nullopt;
+  dossier_ = std::move(dossier);
+  return chemin;
 }

@@ -1,61 +1,32 @@
 #include "exchange/CommandesEchange.h"
 
 #include "exchange/EchangeTexte.h"
-#include "platform/Fichiers.h"
-#include "ui/Avancement.h"
-#include "ui/Garde.h"
+#include "platform/Erreurs.h"
+#include "ui/Brancheur.h"
 #include "ui/Sablier.h"
+#include "ui/Travail.h"
 
-#include <QAction>
 #include <QDir>
-#include <QFileInfo>
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-QString NomFichier() {
-  return u"Velmira.txt"_s;
-}
-
-/// Shows the progress of an exchange, whatever it counts in.
-class AvancementEchange {
- public:
-  AvancementEchange(QWidget *fenetre, const QString &titre) : avancement_(fenetre, titre, kTotal) {}
-
-  Avance Appel() {
-    return [this](qsizetype fait, qsizetype total) {
-      return avancement_.Montrer(total > 0 ? fait * kTotal / total : 0);
-    };
-  }
-
- private:
-  static constexpr qsizetype kTotal = 1000;
-  Avancement avancement_;
-};
-
-}  // namespace
-
 CommandesEchange::CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
                                    QWidget *fenetre)
-    : QObject(fenetre), session_(session), repertoire_(repertoire), fenetre_(fenetre) {
-  const auto brancher = [this](QAction *action, void (CommandesEchange::*commande)()) {
-    connect(action, &QAction::triggered, this,
-            Garde(session_.plateforme.boites, [this, commande](bool) { (this->*commande)(); }));
-  };
+    : QObject(fenetre),
+      session_(session),
+      fichier_(session.dossiers.AppPath),
+      repertoire_(repertoire),
+      fenetre_(fenetre) {
+  const Brancheur brancher(session_.plateforme.boites, this);
   brancher(actions.mnuExport, &CommandesEchange::Exporter);
   brancher(actions.mnuImport, &CommandesEchange::Importer);
   brancher(actions.mnuVelmira, &CommandesEchange::Ouvrir);
   brancher(actions.mnuEnvoyer, &CommandesEchange::Envoyer);
 }
 
-QString CommandesEchange::Chemin() const {
-  return session_.dossiers.AppPath + u'/' + NomFichier();
-}
-
 bool CommandesEchange::Absent() const {
-  if (QFileInfo(Chemin()).isFile()) return false;
+  if (fichier_.EstPresent()) return false;
   session_.plateforme.boites.Information(
       u"Le fichier Velmira.txt, contenant les données à importer, est absent du répertoire !"_s);
   return true;
@@ -79,11 +50,12 @@ void CommandesEchange::Exporter() {
   {
     const Sablier sablier;
     repertoire_.AfficherTous();
-    AvancementEchange avancement(fenetre_, u"Exportation"_s);
-    if (const auto octets = ExporterVelmiras(session_.base, avancement.Appel())) {
-      RemplacerFichier(Chemin(), *octets);
-      fini = true;
-    }
+    fini = Travail(fenetre_, u"Exportation"_s)
+               .Executer(session_.base, [this](Base &base, const Avance &avance) {
+                 const auto octets = ExporterVelmiras(base, avance);
+                 if (octets) fichier_.Remplacer(*octets);
+                 return octets.has_value();
+               });
   }
   boites.Information(fini ? u"Le fichier Velmira.txt a été créé avec succès !"_s
                           : u"Exportation arrêtée."_s);
@@ -105,12 +77,10 @@ void CommandesEchange::Importer() {
     BilanImport bilan;
     {
       const Sablier sablier;
-      const auto octets = LireFichier(Chemin());
-      if (!octets)
-        throw ErreurFichier(
-            u"Le fichier « %1 » ne peut pas être lu."_s.arg(QDir::toNativeSeparators(Chemin())));
-      AvancementEchange avancement(fenetre_, u"Importation"_s);
-      bilan = ImporterVelmiras(session_.base, *octets, avancement.Appel());
+      bilan = Travail(fenetre_, u"Importation"_s)
+                  .Executer(session_.base, [this](Base &base, const Avance &avance) {
+                    return ImporterVelmiras(base, fichier_.Lire(), avance);
+                  });
     }
     if (bilan.arrete)
       boites.Information(u"Importation arrêtée : %1 velmira(s) traité(s)."_s.arg(bilan.traites));
@@ -124,19 +94,19 @@ void CommandesEchange::Importer() {
 }
 
 void CommandesEchange::Ouvrir() {
-  if (!Absent()) session_.plateforme.coquille.Ouvrir(Chemin());
+  if (!Absent()) session_.plateforme.coquille.Ouvrir(fichier_.Chemin());
 }
 
 void CommandesEchange::Envoyer() {
   Boites &boites = session_.plateforme.boites;
-  const auto octets = LireFichier(Chemin());
+  const auto octets = fichier_.Contenu();
   if (!octets) {
     boites.Information(u"Le fichier Velmira.txt n'a pas été créé, ou est absent du répertoire."_s);
     return;
   }
   const QString dossier = boites.Dossier(u"Copier Velmira.txt sur ... "_s);
   if (dossier.isEmpty()) return;
-  RemplacerFichier(dossier + u'/' + NomFichier(), *octets);
+  FichierEchange(dossier).Remplacer(*octets);
   boites.Information(u"Copie sur "_s + QDir::toNativeSeparators(dossier) +
                      u" réalisée avec succès !"_s);
 }

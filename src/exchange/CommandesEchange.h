@@ -1,6 +1,7 @@
 #pragma once
 
 #include "directory/Repertoire.h"
+#include "exchange/FichierEchange.h"
 #include "session/Session.h"
 
 #include <QObject>
@@ -25,11 +26,11 @@ class CommandesEchange : public QObject {
   void Ouvrir();
   void Envoyer();
 
-  QString Chemin() const;
   /// The message for what needs the file, when it is missing.
   bool Absent() const;
 
   Session &session_;
+  FichierEchange fichier_;
   Repertoire &repertoire_;
   QWidget *fenetre_;
 };

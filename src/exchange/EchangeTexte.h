@@ -2,15 +2,12 @@
 // The exchange file, which carries correspondents from one directory into another: 24 lines a
 // record in the Western European code page, ended by CR LF. Keys and notes stay behind.
 
+#include "storage/Avance.h"
 #include "storage/Base.h"
 
 #include <QByteArray>
 
-#include <functional>
 #include <optional>
-
-/// Told from time to time how much of the work is done; false asks to stop.
-using Avance = std::function<bool(qsizetype fait, qsizetype total)>;
 
 /// The correspondents in the order of the table, as the content of the file. Nothing when it was
 /// stopped. A value with a line break is written as it is, and shifts its record. Throws

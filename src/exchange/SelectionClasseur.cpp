@@ -1,13 +1,11 @@
 #include "exchange/SelectionClasseur.h"
 
 #include "directory/ChoixEtendue.h"
-#include "exchange/ClasseurVelmiras.h"
-#include "ui/Avancement.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 #include "ui/Sablier.h"
+#include "ui/Travail.h"
 
 #include <QPushButton>
-#include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
 
@@ -25,15 +23,13 @@ SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste, QPu
       liste_(liste),
       CmdExcel(exporter),
       CmdAnnExp(annuler),
-      montrerPremier_(std::move(montrerPremier)) {
-  Boites &boites = session_.plateforme.boites;
-  connect(CmdExcel, &QPushButton::clicked, this, Garde(boites, [this](bool) { Exporter(); }));
-  connect(CmdAnnExp, &QPushButton::clicked, this,
-          Garde(boites, [this](bool) { MontrerChoix(false); }));
+      montrerPremier_(std::move(montrerPremier)),
+      classeur_(session.plateforme.classeur) {
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(CmdExcel, &SelectionClasseur::Exporter);
+  brancher(CmdAnnExp, [this] { MontrerChoix(false); });
   MontrerChoix(false);
 }
-
-SelectionClasseur::~SelectionClasseur() = default;
 
 void SelectionClasseur::Commencer() {
   Boites &boites = session_.plateforme.boites;
@@ -57,22 +53,13 @@ void SelectionClasseur::MontrerChoix(bool montre) {
 void SelectionClasseur::Exporter() {
   {
     const Sablier sablier;
-    const TableAdresse table(session_.base);
     const QList<Cle> choisis = liste_.Arbre().Coches();
-    Avancement avancement(CmdExcel->window(), u"Lecture des velmiras"_s, choisis.size());
-    QList<Correspondant> velmiras;
-    for (qsizetype i = 0; i < choisis.size(); ++i) {
-      if (!avancement.Montrer(i)) return;  // the choice stands for another try
-      if (auto velmira = table.Lire(choisis[i])) velmiras.append(std::move(*velmira));
-    }
-
-    // A folder of its own each time: a spreadsheet that shows the workbook before would show it
-    // again.
-    auto dossier = std::make_unique<QTemporaryDir>();
-    const QString chemin = dossier->filePath(u"Velmira.xlsx"_s);
-    session_.plateforme.classeur.Ecrire(chemin, FeuilleVelmiras(velmiras));
-    dossier_ = std::move(dossier);
-    session_.plateforme.coquille.Ouvrir(chemin);
+    const auto chemin = Travail(CmdExcel->window(), u"Lecture des velmiras"_s)
+                            .Executer(session_.base, [&](Base &base, const Avance &avance) {
+                              return classeur_.Ecrire(base, choisis, avance);
+                            });
+    if (!chemin) return;  // the choice stands for another try
+    session_.plateforme.coquille.Ouvrir(*chemin);
   }
   MontrerChoix(false);
   montrerPremier_();

@@ -1,14 +1,13 @@
 #pragma once
 
 #include "directory/ListeVelmiras.h"
+#include "exchange/ClasseurVelmiras.h"
 
 #include <QObject>
 
 #include <functional>
-#include <memory>
 
 class QPushButton;
-class QTemporaryDir;
 
 /// The workbook of the correspondents that are ticked in the tree. While they are being chosen, the
 /// tree shows boxes and two buttons stand beside it.
@@ -19,7 +18,6 @@ class SelectionClasseur : public QObject {
   /// `montrerPremier` selects the first node and shows it.
   SelectionClasseur(Session &session, ListeVelmiras &liste, QPushButton *exporter,
                     QPushButton *annuler, std::function<void()> montrerPremier);
-  ~SelectionClasseur() override;
 
   /// Asks what is to be listed, and shows the boxes, all ticked.
   void Commencer();
@@ -32,5 +30,5 @@ class SelectionClasseur : public QObject {
   ListeVelmiras &liste_;
   QPushButton *CmdExcel, *CmdAnnExp;
   std::function<void()> montrerPremier_;
-  std::unique_ptr<QTemporaryDir> dossier_;  ///< holds the workbook made last
+  ClasseurVelmiras classeur_;
 };

@@ -25,6 +25,7 @@ QString PageAide(const QString &fenetre) {
       {u"FrmTaillepg"_s, u"repertoire.html#apparence"_s},
       {u"FrmCalendrier"_s, u"calendrier.html#mois"_s},
       {u"FrmImprime"_s, u"echanges.html#imprimer"_s},
+      {u"FrmAvancement"_s, u"echanges.html#importer"_s},
       {u"FrmLiaison"_s, u"maintenance.html#separateur"_s},
       {u"FrmOptionsAnn"_s, u"alertes.html"_s},
       {u"FrmPlomex"_s, u"enveloppes.html"_s},

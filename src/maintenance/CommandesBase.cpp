@@ -6,9 +6,9 @@
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "storage/TransfertBase.h"
-#include "ui/Avancement.h"
 #include "ui/Brancheur.h"
 #include "ui/Sablier.h"
+#include "ui/Travail.h"
 
 #include <QAction>
 #include <QDir>
@@ -70,16 +70,13 @@ void CommandesBase::EnregistrerLiaison(const QString &separateur) {
 
 bool CommandesBase::Reformater(const QString &ancien, const QString &separateur) {
   const Sablier sablier;
-  constexpr qsizetype kTotal = 1000;
-  Avancement avancement(fenetre_, u"Mise à jour des numéros"_s, kTotal);
-  return TableAdresse(session_.base)
-      .ReformaterTelephones(
-          [&](const QString &numero) {
-            return FormatTelephone(SansLiaison(numero, ancien), separateur);
-          },
-          [&](qsizetype fait, qsizetype total) {
-            return avancement.Montrer(fait * kTotal / total);
-          });
+  const auto regle = [&](const QString &numero) {
+    return FormatTelephone(SansLiaison(numero, ancien), separateur);
+  };
+  return Travail(fenetre_, u"Mise à jour des numéros"_s)
+      .Executer(session_.base, [&](Base &base, const Avance &avance) {
+        return TableAdresse(base).ReformaterTelephones(regle, avance);
+      });
 }
 
 void CommandesBase::EnregistrerChemin(const QString &chemin) {

@@ -37,7 +37,7 @@ class Classeur {
  public:
   virtual ~Classeur() = default;
 
-  /// Writes a new file. A text is cut where a cell cannot hold it. Throws `ErreurFichier`; no file
-  /// is left then.
+  /// Writes a new file; called from the thread of a long work too. A text is cut where a cell
+  /// cannot hold it. Throws `ErreurFichier`; no file is left then.
   virtual void Ecrire(const QString &chemin, const FeuilleClasseur &feuille) = 0;
 };

@@ -25,9 +25,9 @@ void Base::Ouvrir(const QString &chemin) {
   connexion_ = QSqlDatabase::addDatabase(u"QSQLITE"_s,
                                          u"velmira-%1"_s.arg(reinterpret_cast<quintptr>(this)));
   // "rw" is what keeps the engine from making a file that has gone in the meantime.
-  connexion_.setDatabaseName(
-      QUrl::fromLocalFile(QFileInfo(chemin).absoluteFilePath()).toString(QUrl::FullyEncoded) +
-      u"?mode=rw"_s);
+  chemin_ = QFileInfo(chemin).absoluteFilePath();
+  connexion_.setDatabaseName(QUrl::fromLocalFile(chemin_).toString(QUrl::FullyEncoded) +
+                             u"?mode=rw"_s);
   connexion_.setConnectOptions(QString::fromLatin1(kAttente));
   try {
     if (!connexion_.open()) throw ErreurBase(connexion_.lastError().text());
@@ -64,6 +64,7 @@ void Base::Fermer() {
   prepares_.clear();
   connexion_.close();
   connexion_ = QSqlDatabase();
+  chemin_.clear();
   QSqlDatabase::removeDatabase(nom);
 }
 

@@ -17,7 +17,8 @@ class ErreurBase : public Erreur {
 };
 
 /// The SQLite file `Velmira.mdb`. It is marked by its application id and its schema version;
-/// several processes may hold it open. Opening never creates or changes a file.
+/// several processes may hold it open. Opening never creates or changes a file. A `Base` belongs to
+/// the thread that has opened it.
 class Base {
  public:
   static constexpr qint32 kApplication = 0x56656C6D;  ///< "Velm", the file's application id
@@ -33,12 +34,15 @@ class Base {
   void Ouvrir(const QString &chemin);
   void Fermer();
   bool Ouverte() const { return connexion_.isOpen(); }
+  /// Full path of the open file; empty while none is open.
+  const QString &Chemin() const { return chemin_; }
 
  private:
   friend class Requete;
   void Verifier();
 
   QSqlDatabase connexion_;
+  QString chemin_;
   std::unordered_map<QString, QSqlQuery> prepares_;  ///< statements that wait for their next use
 };
 

@@ -183,11 +183,10 @@ void TableAdresse::ChangerCategories(const QString &nom,
   transaction.Valider();
 }
 
-bool TableAdresse::ReformaterTelephones(
-    const std::function<QString(const QString &)> &regle,
-    const std::function<bool(qsizetype, qsizetype)> &avancement) {
+bool TableAdresse::ReformaterTelephones(const std::function<QString(const QString &)> &regle,
+                                        const Avance &avance) {
   using Numeros = std::array<QString, 4>;
-  constexpr qsizetype kPas = 200;  // records between two calls of `avancement`
+  constexpr qsizetype kPas = 200;  // records between two calls of `avance`
   Transaction transaction(base_);
   QList<std::pair<Cle, Numeros>> changees;
   Requete lecture(base_,
@@ -213,7 +212,7 @@ bool TableAdresse::ReformaterTelephones(
     ecriture.Lier(index);
     Ignorer([&] { ecriture.Executer(); });
     ++faites;
-    if ((faites % kPas == 0 || faites == changees.size()) && !avancement(faites, changees.size()))
+    if ((faites % kPas == 0 || faites == changees.size()) && !avance(faites, changees.size()))
       return false;
   }
   transaction.Valider();

@@ -1,6 +1,7 @@
 #pragma once
 // Reading and writing the rows of the tables: few verbs, each the query that the program asks.
 
+#include "storage/Avance.h"
 #include "storage/Base.h"
 #include "storage/Lignes.h"
 
@@ -60,11 +61,10 @@ class TableAdresse {
   void MasquerProteges(const QString &utilisateur, bool masquer);
 
   /// Gives the four telephone numbers of every record the form that `regle` makes of them; null and
-  /// empty ones stay. A record that cannot be written is passed over. `avancement` is told from
-  /// time to time how many of how many records are done. When it gives false nothing at all is
-  /// changed, and false is given back.
+  /// empty ones stay. A record that cannot be written is passed over. When it is stopped nothing at
+  /// all is changed, and false is given back.
   bool ReformaterTelephones(const std::function<QString(const QString &)> &regle,
-                            const std::function<bool(qsizetype, qsizetype)> &avancement);
+                            const Avance &avance);
 
   /// A record that another user has deleted meanwhile throws.
   void EcrireCommentaires(Cle index, const QString &texte);

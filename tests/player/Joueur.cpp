@@ -84,13 +84,18 @@ Joueur::Prenantes Joueur::PrenantesOuvertes() {
   return ouvertes;
 }
 
+bool Joueur::VaPasser(const QWidget &prenante) const {
+  return prenante.objectName() == u"FrmAvancement"_s && !scene_->autreEcrivain;
+}
+
 bool Joueur::PeutAvancer() const {
   // A command that has not returned waits in a dialog or a menu that it opened itself, or for
   // something to happen; or it only lets events through: then nothing may come between.
   if (pile_.empty() || scene_->horloge.Attentes() > pile_.back().attentes) return true;
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante)) return true;
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) && !VaPasser(*prenante))
+      return true;
   return false;
 }
 

@@ -37,6 +37,9 @@ class Joueur {
   void Derouler();
   void Planifier();
   void Pas();
+  /// Whether it is the window of a long work that ends by itself, which shows on a slow computer
+  /// only.
+  bool VaPasser(const QWidget &prenante) const;
   bool PeutAvancer() const;
   void ExecuterSuivante();
   void Terminer(const std::optional<Faute> &faute);

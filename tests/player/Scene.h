@@ -8,11 +8,26 @@
 #include "player/Doubles.h"
 #include "player/Ecran.h"
 #include "player/Monde.h"
+#include "storage/Base.h"
 
 #include <memory>
+#include <optional>
 
 /// Lets pending events through.
 void LaisserPasser();
+
+/// Another user who is writing: nobody else can write while this lives.
+class AutreEcrivain {
+ public:
+  explicit AutreEcrivain(const QString &chemin) {
+    base_.Ouvrir(chemin);
+    transaction_.emplace(base_);
+  }
+
+ private:
+  Base base_;
+  std::optional<Transaction> transaction_;
+};
 
 class Scene {
  public:
@@ -52,6 +67,7 @@ class Scene {
   const QString captures;  ///< folder of the pictures, or empty
 
   LecteurClasseur lecteurClasseur;
+  std::optional<AutreEcrivain> autreEcrivain;
 
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on

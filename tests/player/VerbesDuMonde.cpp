@@ -76,6 +76,8 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) { Lignes(s).Ecrire(m[0].texte, Nombre(m[1]), m.sliced(2)); }},
       {u"ligne-efface"_s, 2, 2,
        [](S &s, const M &m) { Lignes(s).Effacer(m[0].texte, Nombre(m[1])); }},
+      {u"base-occupee"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.emplace(s.monde.Base()); }},
+      {u"base-libre"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.reset(); }},
       {u"jour"_s, 1, 1, MettreJour},
       {u"heure"_s, 1, 1, MettreHeure},
       {u"utilisateur"_s, 1, 1,
