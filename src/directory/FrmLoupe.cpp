@@ -4,6 +4,7 @@
 #include "ui/CouleurNumero.h"
 #include "ui/EtiquetteElidee.h"
 #include "ui/Icones.h"
+#include "ui/Montrable.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -28,7 +29,7 @@ EtiquetteElidee *Etiquette(QWidget *parent, const QString &nom, const QString &t
 
 FrmLoupe::FrmLoupe(const Correspondant &fiche) {
   setObjectName(u"FrmLoupe"_s);
-  setWindowTitle(fiche.NomVelmira.left(80));
+  setWindowTitle(Montrable(fiche.NomVelmira, 80));
   setWindowIcon(IconeProgramme());
   setFocusPolicy(Qt::StrongFocus);
   resize(720, 400);
@@ -40,7 +41,7 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) {
   grille->setColumnMinimumWidth(0, 180);
   grille->setColumnStretch(1, 1);
   constexpr qsizetype kLisible = 200;  // characters; more would not fit the screen
-  auto *nom = new QLabel(fiche.NomVelmira.left(kLisible), this);
+  auto *nom = new QLabel(Montrable(fiche.NomVelmira, kLisible), this);
   nom->setObjectName(u"LblNLoupe"_s);
   nom->setTextFormat(Qt::PlainText);
   nom->setWordWrap(true);

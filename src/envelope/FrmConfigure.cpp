@@ -1,5 +1,6 @@
 #include "envelope/FrmConfigure.h"
 
+#include "envelope/FormatsEnveloppe.h"
 #include "platform/Saisie.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/SelectionAuFocus.h"
@@ -153,7 +154,7 @@ void FrmConfigure::EcrireIndice() {
 
 void FrmConfigure::Dessiner() {
   const double k = PixelsParMillimetre(*this);
-  constexpr QSizeF kEnveloppe(220 / kEchelle, 110 / kEchelle);
+  constexpr QSizeF kEnveloppe(kLongueurDL.valeur / kEchelle, kHauteurDL.valeur / kEchelle);
   const auto placer = [k](QWidget *surface, const QRectF &zone, const QLineEdit *x,
                           const QLineEdit *y) {
     const QRectF place = zone.translated(Valeur(x) / kEchelle, Valeur(y) / kEchelle);

@@ -1,5 +1,6 @@
 #include "envelope/FrmVueAV.h"
 
+#include "envelope/FormatsEnveloppe.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/Icones.h"
 #include "ui/Theme.h"
@@ -16,8 +17,8 @@ namespace {
 // What a screen can hold of an envelope whose size was mistyped.
 constexpr Millimetres kMinimum(10), kMaximum(5000);
 
-// Place of the hint, in parts of the envelope.
-constexpr double kIndiceX = 6.0 / 220, kIndiceY = 98.0 / 110;
+// Place of the hint on the DL envelope; on another one it goes with the format.
+constexpr Point kIndice{Millimetres(6), Millimetres(98)};
 
 }  // namespace
 
@@ -34,8 +35,8 @@ FrmVueAV::FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePl
   ui_->PctVA->Montrer(std::move(lignes), echelle);
   const QSizeF image = papier * echelle;
   Colorer(ui_->Etiquette_KV1, QColor(110, 110, 110));
-  ui_->Etiquette_KV1->move(static_cast<int>(image.width() * kIndiceX),
-                           static_cast<int>(image.height() * kIndiceY));
+  ui_->Etiquette_KV1->move(static_cast<int>(image.width() * (kIndice.x / kLongueurDL)),
+                           static_cast<int>(image.height() * (kIndice.y / kHauteurDL)));
   setFixedSize(static_cast<int>(image.width()), static_cast<int>(image.height()));
 }
 

@@ -1,14 +1,12 @@
 #include "envelope/MiseEnPage.h"
 
+#include "envelope/FormatsEnveloppe.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// The DL envelope on which the zones are defined.
-constexpr Millimetres kLongueurDL(220);
-constexpr Millimetres kHauteurDL(110);
 
 // What a buffer of 40 characters of the settings keeps of a printer's name.
 constexpr qsizetype kNomCoupe = 39;
@@ -94,14 +92,14 @@ Police PoliceExpediteur(const ReglagesPlomex &p) {
 
 namespace {
 
-/// The optional comment: its right end stands 40 mm from the right end of the envelope.
+/// The optional comment.
 LignePlacee PlacerCommentaire(const ReglagesPlomex &p, const EtatEnveloppe &e, double reduction,
                               const MesureTexte &mesure) {
   Police police = PoliceExpediteur(p);
   police.points += 2;
   police.gras = e.CommentaireGras;
   police.souligne = e.CommentaireSouligne;
-  const Millimetres x = e.LargeurEnv - Millimetres(40) - mesure.Largeur(e.Commentaire, police);
+  const Millimetres x = e.LargeurEnv - kRetraitCommentaire - mesure.Largeur(e.Commentaire, police);
   return {e.Commentaire, x / reduction, OrigineExpediteur(p, e).y / reduction, police};
 }
 

@@ -33,6 +33,9 @@ Point OrigineExpediteur(const ReglagesPlomex &plomex, const EtatEnveloppe &etat)
 /// the envelope to have its place on the page.
 Point OriginePage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat);
 
+/// The right end of the comment stands so far from the right end of the envelope.
+inline constexpr Millimetres kRetraitCommentaire(40);
+
 Police PoliceAdresse(const ReglagesPlomex &plomex);
 Police PoliceExpediteur(const ReglagesPlomex &plomex);
 

@@ -65,7 +65,7 @@ void VueEnveloppe::Placer() {
   expediteur_->move(Pixels(origineExpediteur_) - QPoint(1, 1));
   adresse_->move(Pixels(origineAdresse_) - QPoint(1, 1));
   commentaire_->adjustSize();
-  commentaire_->move(Pixels({largeur_ - Millimetres(40), origineExpediteur_.y}) -
+  commentaire_->move(Pixels({largeur_ - kRetraitCommentaire, origineExpediteur_.y}) -
                      QPoint(commentaire_->width(), 0));
   update();
 }

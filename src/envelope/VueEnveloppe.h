@@ -1,5 +1,6 @@
 #pragma once
 
+#include "envelope/FormatsEnveloppe.h"
 #include "envelope/MiseEnPage.h"
 
 #include <QWidget>
@@ -36,7 +37,7 @@ class VueEnveloppe : public QWidget {
   EtiquetteZone *expediteur_;
   EtiquetteZone *adresse_;
   QLabel *commentaire_;  ///< tells that a comment is set
-  Millimetres largeur_{220}, hauteur_{110};
+  Millimetres largeur_ = kLongueurDL, hauteur_ = kHauteurDL;
   Point origineAdresse_, origineExpediteur_;
   QRect papier_;
   double echelle_ = 1;  // pixels for a millimetre
