@@ -2,11 +2,20 @@
 
 #include "calendar/Fetes.h"
 #include "calendar/JoursFeries.h"
-#include "platform/Fichiers.h"
+#include "platform/Erreurs.h"
 #include "platform/Saisie.h"
 #include "ui/Brancheur.h"
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+QString TexteDuJour(const JourFerie &jour, const QLocale &langue) {
+  const QString texte = jour.date.toString(u"dd/MM"_s) + u"     "_s + jour.nom;
+  return jour.fixe ? texte + u"   ("_s + langue.dayName(jour.date.dayOfWeek()) + u')' : texte;
+}
+
+}  // namespace
 
 CommandesFetes::CommandesFetes(Session &session, QAction *mnuJF, QAction *mnuFete, QAction *mnuDate,
                                QObject *parent)
@@ -23,11 +32,11 @@ void CommandesFetes::MontrerJoursFeries() {
       plateforme.boites.Saisie(u"Jours fériés"_s, u"Pour l'année... yyyy ?"_s,
                                QString::number(plateforme.horloge.Maintenant().date().year()));
   if (annee.size() != 4) return;
-  const auto jours = JoursFeries(annee, plateforme.langue);
-  if (!jours) throw Erreur(u"« %1 » n'est pas une année."_s.arg(annee));
+  const QList<JourFerie> jours = JoursFeries(annee.toInt());
+  if (jours.isEmpty()) throw Erreur(u"« %1 » n'est pas une année."_s.arg(annee));
   QString texte = u"Liste des 13 jours fériés de l'année "_s + annee + u" :\n\n"_s;
-  for (const QString &jour : jours->split(u';')) texte += jour + u'\n';
-  plateforme.boites.Information(texte);
+  for (const JourFerie &jour : jours) texte += TexteDuJour(jour, plateforme.langue) + u'\n';
+  plateforme.boites.Information(texte + u'\n');
 }
 
 void CommandesFetes::ChercherUnJour() {
@@ -44,7 +53,7 @@ void CommandesFetes::ChercherUnJour() {
     boites.Message(Boites::Genre::Attention, titreErreur, u"Erreur dans l'écriture de la date ?"_s);
     return;
   }
-  const auto saints = Saints();
+  const auto saints = ChargerSaints(session_.dossiers.AppPath);
   if (!saints) return;
   const auto ligne = LigneDuJour(*saints, jjmm);
   if (!ligne) {
@@ -52,8 +61,8 @@ void CommandesFetes::ChercherUnJour() {
                    u"Erreur dans l'inscription de la date !"_s);
     return;
   }
-  QString texte =
-      u"Le "_s + jjmm.left(2) + u"  "_s + NomDuMois(ligne->mois) + u", on honore les :\n\n"_s;
+  QString texte = u"Le "_s + jjmm.left(2) + u"  "_s + NomDuMois(ligne->mois.toInt()) +
+                  u", on honore les :\n\n"_s;
   for (const QString &prenom : Prenoms(*ligne)) texte += prenom + u'\n';
   boites.Message(Boites::Genre::Information, u"Fête de ..."_s, texte);
 }
@@ -63,7 +72,7 @@ void CommandesFetes::ChercherUnPrenom() {
   const QString prenom = boites.Saisie(
       u"Fête de ..."_s, u"\n\nPrénom pour lequel on recherche la date de fête"_s, u""_s);
   if (prenom.isEmpty()) return;
-  const auto saints = Saints();
+  const auto saints = ChargerSaints(session_.dossiers.AppPath);
   if (!saints) return;
   const auto fete = ChercherFete(*saints, prenom);
   if (!fete) {
@@ -75,9 +84,5 @@ void CommandesFetes::ChercherUnPrenom() {
   boites.Message(Boites::Genre::Information, u"DATE de FETE"_s,
                  u"Les  \""_s + fete->prenom.toUpper() +
                      u"\"  seront honoré(e)s le \n\n            "_s + fete->ligne.jour + u"  "_s +
-                     NomDuMois(fete->ligne.mois));
-}
-
-std::optional<QByteArray> CommandesFetes::Saints() const {
-  return LireFichier(session_.dossiers.AppPath + u"/Saints.txt"_s);
+                     NomDuMois(fete->ligne.mois.toInt()));
 }

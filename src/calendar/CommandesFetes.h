@@ -19,7 +19,6 @@ class CommandesFetes : public QObject {
   void MontrerJoursFeries();
   void ChercherUnJour();
   void ChercherUnPrenom();
-  std::optional<QByteArray> Saints() const;
 
   Session &session_;
 };

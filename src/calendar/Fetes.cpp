@@ -14,13 +14,12 @@ QString CleDeComparaison(const QString &texte) {
 
 }  // namespace
 
-QString NomDuMois(const QString &mois) {
+QString NomDuMois(int mois) {
   constexpr std::array kNoms{u"Janvier",   u"Février", u"Mars",     u"Avril",
                              u"Mai",       u"Juin",    u"Juillet",  u"Aout",
                              u"Septembre", u"Octobre", u"Novembre", u"Décembre"};
-  for (std::size_t i = 0; i < kNoms.size(); ++i)
-    if (mois == u"%1"_s.arg(i + 1, 2, 10, QChar(u'0'))) return QString::fromUtf16(kNoms[i]);
-  return u""_s;
+  if (mois < 1 || mois > 12) return u""_s;
+  return QString::fromUtf16(kNoms[static_cast<std::size_t>(mois - 1)]);
 }
 
 QString SansPrefixes(QString noms) {
@@ -33,9 +32,9 @@ QStringList Prenoms(const LigneSaints &ligne) {
   return prenoms;
 }
 
-std::optional<FetePrenom> ChercherFete(const QByteArray &fichier, const QString &prenom) {
+std::optional<FetePrenom> ChercherFete(const QList<LigneSaints> &saints, const QString &prenom) {
   const QString cle = CleDeComparaison(prenom);
-  for (const LigneSaints &ligne : LireSaints(fichier)) {
+  for (const LigneSaints &ligne : saints) {
     if (!ligne.entiere) return {};
     if (!CleDeComparaison(ligne.noms).contains(cle)) continue;
     for (const QString &nom : Prenoms(ligne))

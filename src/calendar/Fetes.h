@@ -7,8 +7,8 @@
 
 #include <optional>
 
-/// "Janvier" for "01" to "Décembre" for "12"; empty for any other text.
-QString NomDuMois(const QString &mois);
+/// "Janvier" for 1 to "Décembre" for 12; empty for any other number.
+QString NomDuMois(int mois);
 
 /// Names without the prefix that each of them bears in the file; separators stay.
 QString SansPrefixes(QString noms);
@@ -23,4 +23,4 @@ struct FetePrenom {
 
 /// The first day in file order on which exactly this first name is honoured; accents and case do
 /// not count. The search ends at a line that is too short to hold names.
-std::optional<FetePrenom> ChercherFete(const QByteArray &fichier, const QString &prenom);
+std::optional<FetePrenom> ChercherFete(const QList<LigneSaints> &saints, const QString &prenom);

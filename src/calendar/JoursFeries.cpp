@@ -18,32 +18,20 @@ QDate Paques(int annee) {
   return {annee, t / 31, t % 31 + 1};
 }
 
-std::optional<QString> JoursFeries(const QString &annee, const QLocale &langue) {
-  const int nombre = annee.toShort();
-  const QDate paques = Paques(nombre);
+QList<JourFerie> JoursFeries(int annee) {
+  const QDate paques = Paques(annee);
   if (!paques.isValid()) return {};
-
-  QString texte;
-  const auto fixe = [&](int jour, int mois, const QString &nom) {
-    const QDate date(nombre, mois, jour);
-    texte += date.toString(u"dd/MM"_s) + u"     "_s + nom + u"   ("_s +
-             langue.dayName(date.dayOfWeek()) + u");"_s;
+  const auto fixe = [annee](int jour, int mois, const QString &nom) {
+    return JourFerie{QDate(annee, mois, jour), nom, true};
   };
-  const auto mobile = [&](int jours, const QString &nom) {
-    texte += paques.addDays(jours).toString(u"dd/MM"_s) + u"     "_s + nom + u';';
+  const auto mobile = [paques](int jours, const QString &nom) {
+    return JourFerie{paques.addDays(jours), nom, false};
   };
-  fixe(1, 1, u"Jour de l'an"_s);
-  mobile(0, u"Pâques"_s);
-  mobile(1, u"Lundi de Pâques"_s);
-  fixe(1, 5, u"Fête du travail"_s);
-  fixe(8, 5, u"Victoire 1945"_s);
-  mobile(39, u"Jeudi de l'Ascencion"_s);
-  mobile(49, u"Pentecôte"_s);
-  mobile(50, u"Lundi de Pentecôte"_s);
-  fixe(14, 7, u"Fête nationale"_s);
-  fixe(15, 8, u"Assomption"_s);
-  fixe(1, 11, u"Toussaint"_s);
-  fixe(11, 11, u"Armistice 1918"_s);
-  fixe(25, 12, u"Noël"_s);
-  return texte;
+  return {fixe(1, 1, u"Jour de l'an"_s),    mobile(0, u"Pâques"_s),
+          mobile(1, u"Lundi de Pâques"_s),  fixe(1, 5, u"Fête du travail"_s),
+          fixe(8, 5, u"Victoire 1945"_s),   mobile(39, u"Jeudi de l'Ascencion"_s),
+          mobile(49, u"Pentecôte"_s),       mobile(50, u"Lundi de Pentecôte"_s),
+          fixe(14, 7, u"Fête nationale"_s), fixe(15, 8, u"Assomption"_s),
+          fixe(1, 11, u"Toussaint"_s),      fixe(11, 11, u"Armistice 1918"_s),
+          fixe(25, 12, u"Noël"_s)};
 }

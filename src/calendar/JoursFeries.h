@@ -2,14 +2,17 @@
 // The French public holidays of a year.
 
 #include <QDate>
-#include <QLocale>
+#include <QList>
 #include <QString>
 
-#include <optional>
+struct JourFerie {
+  QDate date;
+  QString nom;
+  bool fixe = false;  ///< the same date each year, so that its weekday is worth telling
+};
 
 /// Easter Sunday by the Gregorian calendar; no date for a year before 1.
 QDate Paques(int annee);
 
-/// The 13 holidays in their fixed order, each ended by ";". The fixed ones bear their weekday as
-/// `langue` names it. Nothing when `annee` is no whole number, or a year that has no dates.
-std::optional<QString> JoursFeries(const QString &annee, const QLocale &langue);
+/// The 13 holidays in their fixed order; none for a year before 1.
+QList<JourFerie> JoursFeries(int annee);

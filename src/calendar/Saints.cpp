@@ -1,10 +1,16 @@
 #include "calendar/Saints.h"
 
+#include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+std::optional<QList<LigneSaints>> ChargerSaints(const QString &appPath) {
+  const auto octets = LireFichier(appPath + u"/Saints.txt"_s);
+  return octets ? std::optional(LireSaints(*octets)) : std::nullopt;
+}
 
 QList<LigneSaints> LireSaints(const QByteArray &fichier) {
   constexpr qsizetype kJour = 1, kMois = 3, kNoms = 8;
@@ -22,14 +28,13 @@ QList<LigneSaints> LireSaints(const QByteArray &fichier) {
   return lignes;
 }
 
-std::optional<LigneSaints> LigneDuJour(const QByteArray &fichier, const QString &jjmm) {
-  const QList<LigneSaints> lignes = LireSaints(fichier);
+std::optional<LigneSaints> LigneDuJour(const QList<LigneSaints> &saints, const QString &jjmm) {
   const auto trouvee = std::ranges::find_if(
-      lignes, [&](const LigneSaints &ligne) { return ligne.jour + ligne.mois == jjmm; });
-  if (trouvee == lignes.end()) return {};
+      saints, [&](const LigneSaints &ligne) { return ligne.jour + ligne.mois == jjmm; });
+  if (trouvee == saints.end()) return {};
   return *trouvee;
 }
 
-QString SaintsDuJour(const QByteArray &fichier, QDate jour) {
-  return LigneDuJour(fichier, jour.toString(u"ddMM"_s)).value_or(LigneSaints()).noms;
+QString SaintsDuJour(const QList<LigneSaints> &saints, QDate jour) {
+  return LigneDuJour(saints, jour.toString(u"ddMM"_s)).value_or(LigneSaints()).noms;
 }

@@ -15,11 +15,14 @@ struct LigneSaints {
   bool entiere = true;  ///< long enough to hold names
 };
 
+/// The lines of the application folder's `Saints.txt`; nothing when there is no such file.
+std::optional<QList<LigneSaints>> ChargerSaints(const QString &appPath);
+
 /// All lines in file order. Never fails: a line that is too short has the parts that it has.
 QList<LigneSaints> LireSaints(const QByteArray &fichier);
 
 /// The first line of a day, given as day and month of two digits each.
-std::optional<LigneSaints> LigneDuJour(const QByteArray &fichier, const QString &jjmm);
+std::optional<LigneSaints> LigneDuJour(const QList<LigneSaints> &saints, const QString &jjmm);
 
 /// The names of a day, as they stand in the file; empty when the file has no such day.
-QString SaintsDuJour(const QByteArray &fichier, QDate jour);
+QString SaintsDuJour(const QList<LigneSaints> &saints, QDate jour);

@@ -167,7 +167,7 @@ void FrmVelmira::ChargerJour() {
   const QDate jour = session_.plateforme.horloge.Maintenant().date();
   ui_->LblDay->setText(session_.plateforme.langue.dayName(jour.dayOfWeek()) + u"   "_s +
                        jour.toString(u"dd/MM/yyyy"_s));
-  if (const auto saints = LireFichier(session_.dossiers.AppPath + u"/Saints.txt"_s))
+  if (const auto saints = ChargerSaints(session_.dossiers.AppPath))
     ui_->LblSaint->setText(SaintsDuJour(*saints, jour));
 }
 

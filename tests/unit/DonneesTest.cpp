@@ -126,7 +126,7 @@ TEST(Donnees, FormeDeSaints) {
 }
 
 TEST(Donnees, ContenuDeSaints) {
-  const QByteArray saints = OctetsLivres(u"Saints.txt"_s);
+  const auto saints = LireSaints(OctetsLivres(u"Saints.txt"_s));
   const std::pair<QString, QString> cas[] = {
       {u"Geneviève"_s, u"0301"_s}, {u"Valentin"_s, u"1402"_s},        {u"Auguste"_s, u"2902"_s},
       {u"Joseph"_s, u"1903"_s},    {u"Georges"_s, u"2304"_s},         {u"Jeanne"_s, u"3005"_s},
