@@ -213,7 +213,8 @@ void VerifierGrandeListe(const Donnees &donnees, const QStringList &debuts,
   nues.removeOne(Favoris());
   exiger(categories.mid(2) == nues, "the categories");
 
-  const QStringList lignes = ChercherCodes(codes, kTexteCherche);
+  QStringList lignes;
+  for (const CodePostal &trouve : ChercherCodes(codes, kTexteCherche)) lignes.append(trouve.ligne);
   exiger(!lignes.isEmpty() && lignes == ChercherOctets(codes, kTexteCherche.toLatin1()),
          "the search of a code");
 }

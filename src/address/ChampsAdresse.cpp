@@ -103,7 +103,7 @@ void ChampsAdresse::ChercherCode() {
   ui_->Txt_5->clear();
   ui_->CboVille->setEditText(u""_s);
   FrmCP dialogue(*boites_, appPath_, window());
-  if (dialogue.exec() != QDialog::Accepted || dialogue.Ligne().isEmpty()) return;
-  ui_->Txt_5->setText(FrmCP::Code(dialogue.Ligne()));
-  ui_->CboVille->setEditText(FrmCP::Ville(dialogue.Ligne()));
+  if (dialogue.exec() != QDialog::Accepted || !dialogue.Choix()) return;
+  ui_->Txt_5->setText(dialogue.Choix()->Code());
+  ui_->CboVille->setEditText(dialogue.Choix()->Ville());
 }

@@ -1,10 +1,21 @@
 #include "address/CodesPostaux.h"
 
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
-QStringList ChercherCodes(const QByteArray &fichier, const QString &texte) {
+using namespace Qt::StringLiterals;
+
+QList<CodePostal> ChercherCodes(const QString &appPath, const QString &texte) {
+  const auto octets = LireFichier(appPath + u"/CdPostal.txt"_s);
+  if (!octets)
+    throw ErreurFichier(u"Le fichier « CdPostal.txt » est introuvable dans « %1 »."_s.arg(appPath));
+  return ChercherCodes(*octets, texte);
+}
+
+QList<CodePostal> ChercherCodes(const QByteArray &fichier, const QString &texte) {
   const QString contenu = DepuisPageDeCode(fichier);
-  QStringList trouvees;
+  QList<CodePostal> trouvees;
   // One search over the whole text, and the line around each find: far fewer steps than lines.
   for (qsizetype i = contenu.indexOf(texte, 0, Qt::CaseInsensitive); i >= 0;) {
     const qsizetype debut = contenu.lastIndexOf(u'\n', i) + 1;
@@ -12,7 +23,7 @@ QStringList ChercherCodes(const QByteArray &fichier, const QString &texte) {
     if (fin < 0) fin = contenu.size();
     QString ligne = contenu.mid(debut, fin - debut);
     if (ligne.endsWith(u'\r')) ligne.chop(1);
-    trouvees.append(ligne);
+    trouvees.append({ligne});
     i = fin + 1 < contenu.size() ? contenu.indexOf(texte, fin + 1, Qt::CaseInsensitive) : -1;
   }
   return trouvees;

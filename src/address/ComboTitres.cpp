@@ -3,17 +3,7 @@
 #include "address/Titres.h"
 #include "ui/Brancheur.h"
 
-#include <QKeyEvent>
-
 using namespace Qt::StringLiterals;
-
-ComboTitres::ComboTitres(QWidget *parent) : QComboBox(parent) {
-  setEditable(true);
-  setInsertPolicy(NoInsert);
-  setCompleter(nullptr);
-  disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);  // typing is not choosing
-  lineEdit()->installEventFilter(this);
-}
 
 void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *champ) {
   boites_ = &boites;
@@ -24,7 +14,9 @@ void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *cham
   titres.sort(Qt::CaseInsensitive);
   addItem(u""_s);
   addItems(titres);
-  Brancheur(boites, this)(this, &QComboBox::activated, &ComboTitres::Choisir);
+  const Brancheur brancher(boites, this);
+  brancher(this, &QComboBox::activated, &ComboTitres::Choisir);
+  brancher(this, &ComboASuppression::SuppressionDemandee, &ComboTitres::Effacer);
 }
 
 QStringList ComboTitres::Titres() const {
@@ -60,6 +52,7 @@ void ComboTitres::AjouterSaisie() {
 
 void ComboTitres::Effacer() {
   const QString titre = currentText();
+  if (titre.isEmpty()) return;
   if (boites_->Question(Boites::Titre(), u"Effacer et supprimer \""_s + titre + u"\" ?"_s,
                         Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
@@ -67,20 +60,4 @@ void ComboTitres::Effacer() {
   if (index > 0) removeItem(index);
   setCurrentIndex(0);
   EcrireTitres(appPath_, Titres());
-}
-
-void ComboTitres::keyPressEvent(QKeyEvent *evenement) {
-  if (evenement->key() == Qt::Key_Delete && !currentText().isEmpty())
-    Signaler(*boites_, [this] { Effacer(); });
-  else
-    QComboBox::keyPressEvent(evenement);
-}
-
-bool ComboTitres::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent *>(evenement)->key() == Qt::Key_Delete) {
-    keyPressEvent(static_cast<QKeyEvent *>(evenement));  // the field would take it for itself
-    return true;
-  }
-  return QComboBox::eventFilter(objet, evenement);
 }

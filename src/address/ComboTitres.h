@@ -1,26 +1,22 @@
 #pragma once
 
 #include "platform/Boites.h"
+#include "ui/ComboASuppression.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 
 /// The list of titles. Choosing one puts it at the front of a field; one that is typed is added
 /// when the list is opened; the Delete key takes the one that is shown off the list.
-class ComboTitres : public QComboBox {
+class ComboTitres : public ComboASuppression {
   Q_OBJECT
 
  public:
-  explicit ComboTitres(QWidget *parent = nullptr);
+  using ComboASuppression::ComboASuppression;
 
   /// Reads the titles of the application folder. `champ` takes the title that is chosen.
   void Relier(Boites &boites, const QString &appPath, QLineEdit *champ);
 
   void showPopup() override;
-
- protected:
-  void keyPressEvent(QKeyEvent *evenement) override;
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
   QStringList Titres() const;

@@ -2,17 +2,17 @@
 
 #include "platform/Boites.h"
 #include "storage/Base.h"
+#include "ui/ComboSaisie.h"
 
-#include <QComboBox>
 #include <QLineEdit>
 
 /// The towns that are remembered. Choosing one gives its postal code to a field; where the town has
 /// several the user picks one.
-class ComboVilles : public QComboBox {
+class ComboVilles : public ComboSaisie {
   Q_OBJECT
 
  public:
-  explicit ComboVilles(QWidget *parent = nullptr);
+  using ComboSaisie::ComboSaisie;
 
   /// Reads the towns; one with several codes stands in the list once. `code` takes the code.
   void Relier(Boites &boites, Base &base, QLineEdit *code);

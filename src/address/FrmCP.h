@@ -1,10 +1,16 @@
 #pragma once
 
+#include "address/CodesPostaux.h"
 #include "platform/Boites.h"
 
 #include <QDialog>
 
-class QListWidget;
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class FrmCP;
+}
 
 /// The search of a postal code or a town in the file of postal codes.
 class FrmCP : public QDialog {
@@ -12,19 +18,19 @@ class FrmCP : public QDialog {
 
  public:
   FrmCP(Boites &boites, const QString &appPath, QWidget *parent);
+  ~FrmCP() override;
 
-  /// The line that was taken: five characters of code, two of separation, the town; empty for none.
-  const QString &Ligne() const { return ligne_; }
-
-  static QString Code(const QString &ligne) { return ligne.left(5); }
-  static QString Ville(const QString &ligne) { return ligne.mid(7); }
+  /// The line that was taken.
+  const std::optional<CodePostal> &Choix() const { return choix_; }
 
  private:
   void Chercher();
   void Prendre();
+  void Expliquer();
 
   Boites &boites_;
   QString appPath_;
-  QListWidget *LstCP;
-  QString ligne_;
+  std::unique_ptr<Ui::FrmCP> ui_;
+  QList<CodePostal> trouves_;  ///< what the list shows
+  std::optional<CodePostal> choix_;
 };

@@ -2,7 +2,13 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class QListWidgetItem;
+
+namespace Ui {
+class FrmCode;
+}
 
 /// The postal codes of a town that has several.
 class FrmCode : public QDialog {
@@ -10,6 +16,7 @@ class FrmCode : public QDialog {
 
  public:
   FrmCode(const QStringList &codes, QWidget *parent);
+  ~FrmCode() override;
 
   /// The code that was chosen; empty for a new one, which the user is going to type.
   const QString &Code() const { return code_; }
@@ -17,5 +24,6 @@ class FrmCode : public QDialog {
  private:
   void Choisir(const QListWidgetItem *element);
 
+  std::unique_ptr<Ui::FrmCode> ui_;
   QString code_;
 };
