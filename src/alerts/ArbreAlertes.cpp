@@ -6,15 +6,18 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-QTreeWidgetItem *NouveauNoeud(const QString &texte, const QString &tag) {
-  auto *noeud = new QTreeWidgetItem({texte});
-  noeud->setData(0, Qt::UserRole, tag);
-  return noeud;
-}
+/// Every node of the tree is one.
+struct Element : QTreeWidgetItem {
+  explicit Element(ArbreAlertes::Noeud lu) : QTreeWidgetItem({lu.texte}), noeud(std::move(lu)) {}
+
+  ArbreAlertes::Noeud noeud;
+};
 
 QString TextePersonne(const PersonneAlerte &personne) {
   const QString nom = personne.Nom.toUpper();
@@ -27,10 +30,8 @@ QString TexteEvenement(const EvenementJoint &joint) {
   return joint.Type_alerte + u" - "_s + date;
 }
 
-ArbreAlertes::Noeud Lu(const QTreeWidgetItem &noeud) {
-  QString tag = noeud.data(0, Qt::UserRole).toString();
-  const bool personne = tag.startsWith(u'$');
-  return {personne, tag.remove(u'$').toLongLong(), noeud.text(0)};
+ArbreAlertes::Noeud Lu(const QTreeWidgetItem &element) {
+  return static_cast<const Element &>(element).noeud;
 }
 
 void Cocher(QTreeWidgetItem &noeud, bool cases) {
@@ -52,9 +53,9 @@ void ArbreAlertes::Montrer(const QList<PersonneEvenements> &personnes, bool seul
   QList<QTreeWidgetItem *> noeuds;
   for (const auto &[personne, evenements] : personnes) {
     if (seulementAlertes && evenements.isEmpty()) continue;
-    noeuds.append(NouveauNoeud(TextePersonne(personne), u'$' + QString::number(personne.ID)));
+    noeuds.append(new Element({TextePersonne(personne), personne}));
     for (const EvenementJoint &joint : evenements) {
-      auto *noeud = NouveauNoeud(TexteEvenement(joint), QString::number(joint.evenement.ID));
+      auto *noeud = new Element({TexteEvenement(joint), joint});
       noeud->setIcon(0, icone);
       noeuds.last()->addChild(noeud);
     }
@@ -65,7 +66,7 @@ void ArbreAlertes::Montrer(const QList<PersonneEvenements> &personnes, bool seul
 void ArbreAlertes::MontrerSupprimees(const QList<PersonneAlerte> &personnes) {
   QList<QTreeWidgetItem *> noeuds;
   for (const PersonneAlerte &personne : personnes)
-    noeuds.append(NouveauNoeud(personne.Nom.toUpper(), QString::number(personne.ID)));
+    noeuds.append(new Element({personne.Nom.toUpper(), personne}));
   Remplacer(noeuds);
 }
 
@@ -101,12 +102,13 @@ std::optional<ArbreAlertes::Noeud> ArbreAlertes::Selection() const {
   return Lu(*choisis.constFirst());
 }
 
-int ArbreAlertes::Rang() const {
+std::optional<qsizetype> ArbreAlertes::Rang() const {
   const auto choisis = selectedItems();
-  return choisis.isEmpty() ? -1 : static_cast<int>(Tous().indexOf(choisis.constFirst()));
+  if (choisis.isEmpty()) return std::nullopt;
+  return Tous().indexOf(choisis.constFirst());
 }
 
-void ArbreAlertes::Selectionner(int rang) {
+void ArbreAlertes::Selectionner(qsizetype rang) {
   const auto noeuds = Tous();
   if (rang >= 0 && rang < noeuds.size()) setCurrentItem(noeuds[rang]);
 }

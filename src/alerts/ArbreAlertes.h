@@ -4,26 +4,32 @@
 
 #include <QTreeWidget>
 
+#include <optional>
+#include <variant>
+
 /// The people of the alerts with their events below them. A node is clicked by the mouse or by
 /// moving to it with the keyboard. While the boxes are shown a click ticks or unticks, and does
 /// nothing else.
-///
-/// The tag of a node is the key of its row, with "$" in front for a person.
 class ArbreAlertes : public QTreeWidget {
   Q_OBJECT
 
  public:
+  /// A person, or an event with what is joined to it.
   struct Noeud {
-    bool personne = false;
-    Cle cle = 0;
-    QString texte;
+    QString texte;  ///< as the tree shows it
+    std::variant<PersonneAlerte, EvenementJoint> valeur;
+
+    /// Null for an event.
+    const PersonneAlerte *Personne() const { return std::get_if<PersonneAlerte>(&valeur); }
+    /// Null for a person.
+    const EvenementJoint *Evenement() const { return std::get_if<EvenementJoint>(&valeur); }
   };
 
   explicit ArbreAlertes(QWidget *parent = nullptr);
 
   /// `seulementAlertes` leaves out who has no event.
   void Montrer(const QList<PersonneEvenements> &personnes, bool seulementAlertes);
-  /// Deleted people; their tags are bare keys.
+  /// Deleted people, without their birth dates.
   void MontrerSupprimees(const QList<PersonneAlerte> &personnes);
 
   /// Shows the boxes, unticked, or hides them.
@@ -31,10 +37,10 @@ class ArbreAlertes : public QTreeWidget {
   QList<Noeud> Coches() const;
 
   std::optional<Noeud> Selection() const;
-  /// Place of the selected node among all of them, from 0; -1 without one.
-  int Rang() const;
+  /// Place of the selected node among all of them, from 0.
+  std::optional<qsizetype> Rang() const;
   /// Selects without a click. A place that the tree lacks changes nothing.
-  void Selectionner(int rang);
+  void Selectionner(qsizetype rang);
 
  signals:
   void NoeudClique(const ArbreAlertes::Noeud &noeud);

@@ -1,23 +1,14 @@
 #include "alerts/ComboEvenements.h"
 
-#include "ui/Garde.h"
-
-#include <QKeyEvent>
-#include <QLineEdit>
+#include "ui/Brancheur.h"
 
 using namespace Qt::StringLiterals;
-
-ComboEvenements::ComboEvenements(QWidget *parent) : QComboBox(parent) {
-  setEditable(true);
-  setInsertPolicy(NoInsert);
-  setCompleter(nullptr);
-  disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);  // typing is not choosing
-  lineEdit()->installEventFilter(this);
-}
 
 void ComboEvenements::Relier(Boites &boites, Base &base) {
   boites_ = &boites;
   base_ = &base;
+  Brancheur(boites, this)(this, &ComboASuppression::SuppressionDemandee,
+                          &ComboEvenements::Supprimer);
 }
 
 void ComboEvenements::Charger() {
@@ -49,16 +40,17 @@ void ComboEvenements::AjouterSaisie() {
   setCurrentIndex(count() - 1);
 }
 
-int ComboEvenements::Position() const {
+std::optional<int> ComboEvenements::Position() const {
   // What was typed leaves the index where it was.
   const int index = currentIndex();
   if (index >= 0 && itemText(index) == currentText()) return index;
-  return findText(currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive);
+  const int trouve = findText(currentText(), Qt::MatchFixedString | Qt::MatchCaseSensitive);
+  return trouve < 0 ? std::nullopt : std::optional(trouve);
 }
 
-Cle ComboEvenements::Type() const {
-  const int position = Position();
-  return position < 0 ? 0 : itemData(position).toLongLong();
+std::optional<Cle> ComboEvenements::Type() const {
+  const auto position = Position();
+  return position ? std::optional<Cle>(itemData(*position).toLongLong()) : std::nullopt;
 }
 
 void ComboEvenements::showPopup() {
@@ -67,32 +59,17 @@ void ComboEvenements::showPopup() {
 }
 
 void ComboEvenements::Supprimer() {
+  if (currentText().isEmpty()) return;
   const QString question =
       u"En effaçant cet évènement, vous aller supprimer toutes les alertes enregistrées, et "
       "liées à cet évènement.\n\nPoursuivre et supprimer \""_s +
       currentText() + u"\" ?"_s;
   if (boites_->Question(Boites::Titre(), question, Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
-  if (const int position = Position(); position >= 0) {
-    TablesAlertes(*base_).SupprimerType(itemData(position).toLongLong());
-    removeItem(position);
+  if (const auto position = Position()) {
+    TablesAlertes(*base_).SupprimerType(itemData(*position).toLongLong());
+    removeItem(*position);
   }
   Vider();
   emit TypeSupprime();
-}
-
-void ComboEvenements::keyPressEvent(QKeyEvent *evenement) {
-  if (evenement->key() == Qt::Key_Delete && !currentText().isEmpty())
-    Signaler(*boites_, [this] { Supprimer(); });
-  else
-    QComboBox::keyPressEvent(evenement);
-}
-
-bool ComboEvenements::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent *>(evenement)->key() == Qt::Key_Delete) {
-    keyPressEvent(static_cast<QKeyEvent *>(evenement));  // the field would take it for itself
-    return true;
-  }
-  return QComboBox::eventFilter(objet, evenement);
 }

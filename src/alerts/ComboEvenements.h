@@ -2,16 +2,17 @@
 
 #include "platform/Boites.h"
 #include "storage/TablesAlertes.h"
+#include "ui/ComboASuppression.h"
 
-#include <QComboBox>
+#include <optional>
 
 /// The kinds of event. One that is typed is stored when the list is opened; the Delete key deletes
 /// the one that is shown, with all its events.
-class ComboEvenements : public QComboBox {
+class ComboEvenements : public ComboASuppression {
   Q_OBJECT
 
  public:
-  explicit ComboEvenements(QWidget *parent = nullptr);
+  using ComboASuppression::ComboASuppression;
 
   void Relier(Boites &boites, Base &base);
   /// Reads the types in force.
@@ -22,8 +23,8 @@ class ComboEvenements : public QComboBox {
 
   /// Stores the type that is typed, unless its text is a part of the list already.
   void AjouterSaisie();
-  /// Key of the type that is shown, 0 for a text that stands nowhere in the list.
-  Cle Type() const;
+  /// Key of the type that is shown; nothing for a text that stands nowhere in the list.
+  std::optional<Cle> Type() const;
 
   void showPopup() override;
 
@@ -31,12 +32,8 @@ class ComboEvenements : public QComboBox {
   /// A type has gone with its events.
   void TypeSupprime();
 
- protected:
-  void keyPressEvent(QKeyEvent *evenement) override;
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
-
  private:
-  int Position() const;
+  std::optional<int> Position() const;
   void Supprimer();
 
   Boites *boites_ = nullptr;

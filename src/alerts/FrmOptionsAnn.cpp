@@ -1,6 +1,6 @@
 #include "alerts/FrmOptionsAnn.h"
 
-#include "alerts/DemarrageSysteme.h"
+#include "alerts/Compagnons.h"
 #include "alerts/Echeance.h"
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
@@ -9,8 +9,6 @@
 #include "ui_FrmOptionsAnn.h"
 
 #include <QApplication>
-#include <QMenu>
-#include <QMouseEvent>
 
 #include <utility>
 
@@ -26,24 +24,14 @@ FrmOptionsAnn::FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *
     : QDialog(parent),
       session_(session),
       repertoire_(repertoire),
-      ui_(std::make_unique<Ui::FrmOptionsAnn>()),
-      personnes_(session.plateforme.boites, session.base),
-      mnuInvOp_(new QMenu(this)) {
+      ui_(std::make_unique<Ui::FrmOptionsAnn>()) {
   ui_->setupUi(this);
   layout()->setMenuBar(ui_->Menus);
-  Boites &boites = session_.plateforme.boites;
-  ui_->CboE->Relier(boites, session_.base);
-  saisie_ = std::make_unique<SaisieEvenement>(
-      boites, session_.base, session_.plateforme.horloge,
-      SaisieEvenement::Controles{ui_->LblVelmira, ui_->CboE, ui_->CboJ, ui_->CboM, ui_->CboA,
-                                 ui_->cboAlerte, ui_->ChkAlAn, ui_->LblAl, ui_->ChkAnn,
-                                 ui_->ChkGA});
-  liste_ = std::make_unique<ListeAlertes>(
-      boites, session_.base, *saisie_,
-      ListeAlertes::Controles{ui_->TVA, ui_->LblAlerte, ui_->ChkAlSeul, ui_->CmdSupprimer,
-                              ui_->mnuReinscrire});
+  Plateforme &plateforme = session_.plateforme;
+  ui_->CadreSaisie->Relier(plateforme.boites, session_.base, plateforme.horloge);
+  ui_->Liste->Relier(plateforme.boites, session_.base);
+  ui_->mnuAl->addAction(ui_->Liste->ActionReinscrire());
   Brancher();
-  BrancherMenus();
   Charger();
 }
 
@@ -57,8 +45,8 @@ void FrmOptionsAnn::Charger() {
   ui_->ChkDP->setChecked(session_.reglages.alarme.AlerteAvecProgramme);
   if (!session_.base.Ouverte()) return;
   Signaler(session_.plateforme.boites, [this] {
-    ui_->CboE->Charger();
-    liste_->RemplirTVA();
+    ui_->CadreSaisie->Charger();
+    ui_->Liste->Remplir();
   });
 }
 
@@ -69,56 +57,32 @@ void FrmOptionsAnn::LireOptions() {
 
 void FrmOptionsAnn::Brancher() {
   const Brancheur brancher(session_.plateforme.boites, this);
-  brancher(ui_->CmdVelmirra, &FrmOptionsAnn::AjouterVelmira);
-  brancher(ui_->CmdVelmiraAlerte, [this] {
-    if (personnes_.Ajouter()) liste_->RemplirTVA();
-  });
-  brancher(ui_->CmdSupprimer, [this] { liste_->BasculerSuppression(); });
-  brancher(ui_->CmdEnrAlerte, [this] {
-    if (saisie_->Enregistrer()) liste_->RemplirTVA();
-  });
-  brancher(ui_->CmdEnrTypeAlerte, &FrmOptionsAnn::ExpliquerListe);
+  brancher(ui_->Liste, &ListeAlertes::NoeudChoisi, &FrmOptionsAnn::Choisir);
+  brancher(ui_->Liste, &ListeAlertes::ChoixPerdu, [this] { ui_->CadreSaisie->Vider(); });
+  brancher(ui_->Liste, &ListeAlertes::VelmiraDemande, &FrmOptionsAnn::AjouterVelmira);
+  brancher(ui_->CadreSaisie, &SaisieEvenement::EvenementsChanges,
+           [this] { ui_->Liste->Remplir(); });
   brancher(ui_->CmdEnregistre, &FrmOptionsAnn::EnregistrerOptions);
   brancher(ui_->CmdQuitte, &FrmOptionsAnn::close);
-  brancher(ui_->CboE, &ComboEvenements::TypeSupprime, [this] { liste_->RemplirTVA(); });
-  brancher(ui_->ChkAlSeul, &QCheckBox::toggled, [this](bool seul) {
-    ui_->LblCD->setText(seul ? u" Décoc&her pour voir tous les velmiras"_s
-                             : u" Coc&her pour ne voir que les alertes"_s);
-    liste_->RemplirTVA();
-  });
-  brancher(ui_->TVA, &ArbreAlertes::NoeudClique, &FrmOptionsAnn::NoeudClic);
-  connect(ui_->TVA, &ArbreAlertes::MenuDemande, this, [this](QPoint place) {
-    if (ui_->TVA->Selection()) mnuInvOp_->popup(place);
-  });
-  for (QLabel *texte : {ui_->LblCD, ui_->LblAl}) texte->installEventFilter(this);
-}
-
-void FrmOptionsAnn::BrancherMenus() {
-  const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->mnuAlertes, &FrmOptionsAnn::Rechercher);
-  brancher(ui_->mnuReinscrire, [this] { liste_->BasculerReinscription(); });
   brancher(ui_->mnuExpl, &FrmOptionsAnn::Expliquer);
   brancher(ui_->mnuLisez, [this] {
     session_.plateforme.coquille.Ouvrir(session_.dossiers.AppPath + u"/Alerte.txt"_s);
   });
-  brancher(ui_->mnuSupp, [this] { liste_->SupprimerSelection(); });
-  brancher(ui_->mnumodifier, &FrmOptionsAnn::ModifierVelmira);
-  mnuInvOp_->setObjectName(u"mnuInvOp"_s);
-  mnuInvOp_->addActions({ui_->mnuSupp, ui_->mnumodifier});
 }
 
-void FrmOptionsAnn::NoeudClic(const ArbreAlertes::Noeud &noeud) {
-  ui_->mnuSupp->setText(noeud.personne ? u"&Supprimer ce velmira"_s : u"&Supprimer cette alerte"_s);
-  ui_->mnumodifier->setVisible(noeud.personne);
-  if (noeud.personne) {
-    saisie_->Proposer(noeud.cle, noeud.texte);
+void FrmOptionsAnn::Choisir(const ArbreAlertes::Noeud &noeud) {
+  if (const auto *personne = noeud.Personne()) {
+    ui_->CadreSaisie->Proposer(*personne);
     return;
   }
-  if (const auto joint = TablesAlertes(session_.base).LireEvenement(noeud.cle)) {
-    saisie_->Montrer(*joint);
+  // As it is now: another user may have changed it since the list was read.
+  if (const auto joint =
+          TablesAlertes(session_.base).LireEvenement(noeud.Evenement()->evenement.ID)) {
+    ui_->CadreSaisie->Montrer(*joint);
     return;
   }
-  liste_->RemplirTVA();
+  ui_->Liste->Remplir();
   session_.plateforme.boites.Information(TexteAlerteDisparue());
 }
 
@@ -126,15 +90,7 @@ void FrmOptionsAnn::AjouterVelmira() {
   revient_ = true;  // the editor is a window of its own
   Repertoire::Ajout ajout;
   ajout.alerte = true;
-  if (repertoire_.Ajouter(this, ajout)) liste_->RemplirTVA();
-}
-
-void FrmOptionsAnn::ModifierVelmira() {
-  const auto noeud = ui_->TVA->Selection();
-  const int rang = ui_->TVA->Rang();
-  if (!noeud || !personnes_.Modifier(noeud->cle)) return;
-  liste_->RemplirTVA();
-  ui_->TVA->Selectionner(rang);
+  if (repertoire_.Ajouter(this, ajout)) ui_->Liste->Remplir();
 }
 
 void FrmOptionsAnn::VenirDevant() {
@@ -142,7 +98,7 @@ void FrmOptionsAnn::VenirDevant() {
   // Behind the activation, which a box would hold up.
   const auto proposer = [this] {
     Signaler(session_.plateforme.boites, [this] {
-      if (session_.base.Ouverte() && personnes_.ProposerImport()) liste_->RemplirTVA();
+      if (session_.base.Ouverte()) ui_->Liste->ProposerImport();
     });
   };
   QMetaObject::invokeMethod(this, proposer, Qt::QueuedConnection);
@@ -165,13 +121,6 @@ bool FrmOptionsAnn::event(QEvent *evenement) {
   return traite;
 }
 
-bool FrmOptionsAnn::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::MouseButtonRelease &&
-      static_cast<QMouseEvent *>(evenement)->button() == Qt::LeftButton)
-    (objet == ui_->LblCD ? ui_->ChkAlSeul : ui_->ChkAlAn)->click();
-  return QDialog::eventFilter(objet, evenement);
-}
-
 void FrmOptionsAnn::Rechercher() {
   LireOptions();
   const QDate aujourdhui = session_.plateforme.horloge.Maintenant().date();
@@ -182,7 +131,8 @@ void FrmOptionsAnn::Rechercher() {
     return !due;
   });
   if (due)
-    session_.plateforme.coquille.Lancer(session_.dossiers.AppPath + u"/Vigilo"_s);
+    session_.plateforme.coquille.Lancer(
+        CheminCompagnon(session_.dossiers.AppPath, Compagnon::Alertes));
   else
     session_.plateforme.boites.Information(u"Pas d'alerte à ce jour. "_s);
 }
@@ -190,9 +140,9 @@ void FrmOptionsAnn::Rechercher() {
 void FrmOptionsAnn::EnregistrerOptions() {
   const QString &appPath = session_.dossiers.AppPath;
   if (ui_->ChkDW->isChecked())
-    InscrireDemarrage(session_.plateforme.demarrage, appPath, 0);
+    InscrireDemarrage(session_.plateforme.demarrage, appPath, Compagnon::Alertes);
   else
-    RetirerDemarrage(session_.plateforme.demarrage, 0);
+    RetirerDemarrage(session_.plateforme.demarrage, Compagnon::Alertes);
   ReglagesAlarme &alarme = session_.reglages.alarme;
   alarme.AlerteAvecWindows = ui_->ChkDW->isChecked();
   alarme.AlerteAvecProgramme = ui_->ChkDP->isChecked();
@@ -211,15 +161,4 @@ void FrmOptionsAnn::Expliquer() {
       "et le résultat, se décharge ensuite, et ne vient donc pas encombrer la mémoire, ni "
       "diminuer les ressources.\n\n"
       "Lire le menu 'Lisez moi' pour plus d'explications."_s);
-}
-
-void FrmOptionsAnn::ExpliquerListe() {
-  session_.plateforme.boites.Message(
-      Boites::Genre::Information, kTitre,
-      u"Chaque nouvelle entrée, écrite dans le zone de saisie de la liste des évènements,\n"
-      "est systématiquement enregistrée quand on déroule la liste, ou lorsqu'on enregistre "
-      "l'alerte.\n\n"
-      "Pour supprimer une entrée de la liste déroulante, il faut :\n\n"
-      "o - La sélectionner,\n"
-      "o - Puis appuyer sur la touche Suppr (ou Dell) du clavier."_s);
 }

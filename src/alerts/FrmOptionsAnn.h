@@ -1,17 +1,12 @@
 #pragma once
 
 #include "alerts/ArbreAlertes.h"
-#include "alerts/PersonnesAlerte.h"
 #include "directory/Repertoire.h"
 #include "session/Session.h"
 
 #include <QDialog>
 
 #include <memory>
-
-class ListeAlertes;
-class QMenu;
-class SaisieEvenement;
 
 namespace Ui {
 class FrmOptionsAnn;
@@ -28,30 +23,22 @@ class FrmOptionsAnn : public QDialog {
 
  protected:
   bool event(QEvent *evenement) override;
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
   void Charger();
   void Brancher();
-  void BrancherMenus();
   void LireOptions();
 
-  void NoeudClic(const ArbreAlertes::Noeud &noeud);
+  void Choisir(const ArbreAlertes::Noeud &noeud);
   void AjouterVelmira();
-  void ModifierVelmira();
 
   void VenirDevant();
   void Rechercher();
   void EnregistrerOptions();
   void Expliquer();
-  void ExpliquerListe();
 
   Session &session_;
   Repertoire &repertoire_;
   std::unique_ptr<Ui::FrmOptionsAnn> ui_;
-  PersonnesAlerte personnes_;
-  std::unique_ptr<SaisieEvenement> saisie_;
-  std::unique_ptr<ListeAlertes> liste_;
-  QMenu *mnuInvOp_;
   bool revient_ = true;  ///< the next activation is one, not the end of a box of this window
 };

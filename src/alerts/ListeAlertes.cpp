@@ -1,11 +1,11 @@
 #include "alerts/ListeAlertes.h"
 
-#include "alerts/SaisieEvenement.h"
+#include "alerts/PersonnesAlerte.h"
+#include "ui/Brancheur.h"
+#include "ui/Debrancher.h"
+#include "ui_ListeAlertes.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QLabel>
-#include <QPushButton>
+#include <QMenu>
 
 using namespace Qt::StringLiterals;
 
@@ -16,46 +16,112 @@ const QString kTrait = u"\n\n"_s + QString(30, u'_') + u"\n\n"_s;
 
 }  // namespace
 
-void ListeAlertes::RemplirTVA() {
-  const TablesAlertes tables(base_);
+ListeAlertes::ListeAlertes(QWidget *parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::ListeAlertes>()), mnuInvOp_(new QMenu(this)) {
+  ui_->setupUi(this);
+  mnuInvOp_->setObjectName(u"mnuInvOp"_s);
+  mnuInvOp_->addActions({ui_->mnuSupp, ui_->mnumodifier});
+}
+
+ListeAlertes::~ListeAlertes() {
+  DebrancherEnfants(*this);
+}
+
+void ListeAlertes::Relier(Boites &boites, Base &base) {
+  boites_ = &boites;
+  base_ = &base;
+  const Brancheur brancher(boites, this);
+  brancher(ui_->TVA, &ArbreAlertes::NoeudClique, &ListeAlertes::Choisir);
+  brancher(ui_->TVA, &ArbreAlertes::MenuDemande, [this](QPoint place) {
+    if (ui_->TVA->Selection()) mnuInvOp_->popup(place);
+  });
+  brancher(ui_->ChkAlSeul, &QCheckBox::toggled, &ListeAlertes::Restreindre);
+  brancher(ui_->CmdVelmirra, &ListeAlertes::VelmiraDemande);
+  brancher(ui_->CmdVelmiraAlerte, &ListeAlertes::AjouterPersonne);
+  brancher(ui_->CmdSupprimer, &ListeAlertes::BasculerSuppression);
+  brancher(ui_->mnuReinscrire, &ListeAlertes::BasculerReinscription);
+  brancher(ui_->mnuSupp, &ListeAlertes::SupprimerSelection);
+  brancher(ui_->mnumodifier, &ListeAlertes::ModifierPersonne);
+}
+
+QAction *ListeAlertes::ActionReinscrire() const {
+  return ui_->mnuReinscrire;
+}
+
+void ListeAlertes::Remplir() {
+  const TablesAlertes tables(*base_);
   if (ModeReinscription) {
-    c_.arbre->MontrerSupprimees(tables.PersonnesSupprimees());
-    saisie_.Vider();
+    ui_->TVA->MontrerSupprimees(tables.PersonnesSupprimees());
+    emit ChoixPerdu();
     return;
   }
   const auto personnes = tables.Personnes();
-  c_.arbre->Montrer(personnes, c_.seulementAlertes->isChecked());
+  ui_->TVA->Montrer(personnes, ui_->ChkAlSeul->isChecked());
   if (personnes.isEmpty()) return;
-  saisie_.Vider();
+  emit ChoixPerdu();
   qsizetype alertes = 0;
   for (const PersonneEvenements &personne : personnes) alertes += personne.evenements.size();
-  c_.compte->setText(QString::number(alertes) + u" alerte(s) enregistrée(s) sur "_s +
-                     QString::number(personnes.size()) + u" velmira(s)"_s);
+  ui_->LblAlerte->setText(QString::number(alertes) + u" alerte(s) enregistrée(s) sur "_s +
+                          QString::number(personnes.size()) + u" velmira(s)"_s);
+}
+
+void ListeAlertes::ProposerImport() {
+  if (PersonnesAlerte(*boites_, *base_).ProposerImport()) Remplir();
+}
+
+void ListeAlertes::Choisir(const ArbreAlertes::Noeud &noeud) {
+  const bool personne = noeud.Personne() != nullptr;
+  ui_->mnuSupp->setText(personne ? u"&Supprimer ce velmira"_s : u"&Supprimer cette alerte"_s);
+  ui_->mnumodifier->setVisible(personne);
+  emit NoeudChoisi(noeud);
+}
+
+void ListeAlertes::Restreindre(bool seulementAlertes) {
+  ui_->LblCD->setText(seulementAlertes ? u" Décoc&her pour voir tous les velmiras"_s
+                                       : u" Coc&her pour ne voir que les alertes"_s);
+  Remplir();
+}
+
+void ListeAlertes::AjouterPersonne() {
+  if (PersonnesAlerte(*boites_, *base_).Ajouter()) Remplir();
+}
+
+void ListeAlertes::ModifierPersonne() {
+  const auto noeud = ui_->TVA->Selection();
+  const auto rang = ui_->TVA->Rang();
+  const auto *personne = noeud ? noeud->Personne() : nullptr;
+  if (personne == nullptr || !PersonnesAlerte(*boites_, *base_).Modifier(personne->ID)) return;
+  Remplir();
+  ui_->TVA->Selectionner(*rang);
 }
 
 void ListeAlertes::Supprimer(const QList<ArbreAlertes::Noeud> &noeuds) {
   QList<Cle> personnes, evenements;
-  for (const auto &noeud : noeuds) (noeud.personne ? personnes : evenements).append(noeud.cle);
-  TablesAlertes(base_).Supprimer(personnes, evenements);
+  for (const auto &noeud : noeuds)
+    if (const auto *personne = noeud.Personne())
+      personnes.append(personne->ID);
+    else
+      evenements.append(noeud.Evenement()->evenement.ID);
+  TablesAlertes(*base_).Supprimer(personnes, evenements);
 }
 
 void ListeAlertes::SupprimerSelection() {
-  const auto noeud = c_.arbre->Selection();
+  const auto noeud = ui_->TVA->Selection();
   if (!noeud) return;
-  const QString genre = noeud->personne ? u"le velmira  "_s : u"l'alerte  "_s;
-  if (boites_.Question(u"Confirmation de suppression"_s,
-                       u"Supprimer "_s + genre + u'"' + noeud->texte.toUpper() + u"\" ?"_s,
-                       Boites::Reponse::Non) != Boites::Reponse::Oui)
+  const QString genre = noeud->Personne() != nullptr ? u"le velmira  "_s : u"l'alerte  "_s;
+  if (boites_->Question(u"Confirmation de suppression"_s,
+                        u"Supprimer "_s + genre + u'"' + noeud->texte.toUpper() + u"\" ?"_s,
+                        Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
   Supprimer({*noeud});
-  saisie_.Vider();
-  RemplirTVA();
+  emit ChoixPerdu();
+  Remplir();
 }
 
 void ListeAlertes::BasculerSuppression() {
-  if (c_.arbre->topLevelItemCount() == 0) {
-    boites_.Message(Boites::Genre::Attention, u"Répertoire Vide"_s,
-                    u"Pas d'élément à supprimer !"_s);
+  if (ui_->TVA->topLevelItemCount() == 0) {
+    boites_->Message(Boites::Genre::Attention, u"Répertoire Vide"_s,
+                     u"Pas d'élément à supprimer !"_s);
     return;
   }
   if (ModeSuppression) {
@@ -63,40 +129,41 @@ void ListeAlertes::BasculerSuppression() {
     return;
   }
   ModeSuppression = true;
-  c_.reinscrire->setEnabled(false);
-  boites_.Message(Boites::Genre::Information, kTitre,
-                  u"Cochez, dans la liste, les velmiras ou alertes à supprimer."_s + kTrait +
-                      u"Puis cliquez à nouveau sur le bouton \"Supprimer\""_s);
-  c_.arbre->MettreCases(true);
+  ui_->mnuReinscrire->setEnabled(false);
+  boites_->Message(Boites::Genre::Information, kTitre,
+                   u"Cochez, dans la liste, les velmiras ou alertes à supprimer."_s + kTrait +
+                       u"Puis cliquez à nouveau sur le bouton \"Supprimer\""_s);
+  ui_->TVA->MettreCases(true);
 }
 
 void ListeAlertes::SupprimerCoches() {
-  const bool confirme = boites_.Question(kTitre, u"Confirmez la suppression ?"_s,
-                                         Boites::Reponse::Non) == Boites::Reponse::Oui;
-  if (confirme) Supprimer(c_.arbre->Coches());
+  const bool confirme = boites_->Question(kTitre, u"Confirmez la suppression ?"_s,
+                                          Boites::Reponse::Non) == Boites::Reponse::Oui;
+  if (confirme) Supprimer(ui_->TVA->Coches());
   ModeSuppression = false;
-  c_.reinscrire->setEnabled(true);
-  c_.arbre->MettreCases(false);
-  saisie_.Vider();
-  if (confirme) RemplirTVA();
+  ui_->mnuReinscrire->setEnabled(true);
+  ui_->TVA->MettreCases(false);
+  emit ChoixPerdu();
+  if (confirme) Remplir();
 }
 
 void ListeAlertes::BasculerReinscription() {
   if (!ModeReinscription) {
-    const QString intitule = c_.reinscrire->text().remove(u'&');
-    boites_.Message(
+    const QString intitule = ui_->mnuReinscrire->text().remove(u'&');
+    boites_->Message(
         Boites::Genre::Information, intitule,
         u"Dans la liste, qui va apparaitre, des velmiras qui ont été supprimés, cochez ceux que "
         "vous voulez voir de nouveau figurer."_s +
             kTrait + u"Puis cliquez à nouveau sur le menu \""_s + intitule + u'"');
   } else {
     QList<Cle> personnes;
-    for (const auto &noeud : c_.arbre->Coches()) personnes.append(noeud.cle);
-    TablesAlertes(base_).Reinscrire(personnes);
+    for (const auto &noeud : ui_->TVA->Coches())
+      if (const auto *personne = noeud.Personne()) personnes.append(personne->ID);
+    TablesAlertes(*base_).Reinscrire(personnes);
   }
   ModeReinscription = !ModeReinscription;
-  c_.supprimer->setEnabled(!ModeReinscription);
-  c_.arbre->clear();  // the nodes of one mode mean nothing in the other
-  c_.arbre->MettreCases(ModeReinscription);
-  RemplirTVA();
+  ui_->CmdSupprimer->setEnabled(!ModeReinscription);
+  ui_->TVA->clear();  // the nodes of one mode mean nothing in the other
+  ui_->TVA->MettreCases(ModeReinscription);
+  Remplir();
 }

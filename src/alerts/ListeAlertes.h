@@ -3,45 +3,59 @@
 #include "alerts/ArbreAlertes.h"
 #include "platform/Boites.h"
 
+#include <QWidget>
+
+#include <memory>
+
 class QAction;
-class QCheckBox;
-class QLabel;
-class QPushButton;
-class SaisieEvenement;
+class QMenu;
 
-/// The tree with its count: it is filled from the tables, and what is deleted or brought back is
-/// chosen in it. Both are done in two steps, with the boxes of the tree shown between them, and
-/// exclude each other.
-class ListeAlertes {
+namespace Ui {
+class ListeAlertes;
+}
+
+/// The people of the alerts with their events, their count and what is done with them. What is to
+/// be deleted, and who is to be brought back, is chosen in two steps, with the boxes of the tree
+/// shown between them; the two exclude each other.
+class ListeAlertes : public QWidget {
+  Q_OBJECT
+
  public:
-  struct Controles {
-    ArbreAlertes *arbre;
-    QLabel *compte;
-    QCheckBox *seulementAlertes;
-    QPushButton *supprimer;
-    QAction *reinscrire;
-  };
+  explicit ListeAlertes(QWidget *parent = nullptr);
+  ~ListeAlertes() override;
 
-  /// `saisie` is emptied whenever the tree is filled.
-  ListeAlertes(Boites &boites, Base &base, SaisieEvenement &saisie, const Controles &controles)
-      : boites_(boites), base_(base), saisie_(saisie), c_(controles) {}
+  void Relier(Boites &boites, Base &base);
+  /// The menu item that brings people back. It belongs to the list.
+  QAction *ActionReinscrire() const;
 
-  /// With nobody in force count and entry stay as they were.
-  void RemplirTVA();
+  /// With nobody in force count and choice stay as they were.
+  void Remplir();
+  /// Offers to take over the correspondents, as long as there is no person at all.
+  void ProposerImport();
 
+ signals:
+  void NoeudChoisi(const ArbreAlertes::Noeud &noeud);
+  /// What was chosen is so no more.
+  void ChoixPerdu();
+  /// Of a person who is to stand in the directory too.
+  void VelmiraDemande();
+
+ private:
+  void Choisir(const ArbreAlertes::Noeud &noeud);
+  void Restreindre(bool seulementAlertes);
+  void AjouterPersonne();
+  void ModifierPersonne();
   /// Asks, then deletes the selected person or event.
   void SupprimerSelection();
   void BasculerSuppression();
+  void SupprimerCoches();
+  void Supprimer(const QList<ArbreAlertes::Noeud> &noeuds);
   void BasculerReinscription();
 
- private:
-  void Supprimer(const QList<ArbreAlertes::Noeud> &noeuds);
-  void SupprimerCoches();
-
-  Boites &boites_;
-  Base &base_;
-  SaisieEvenement &saisie_;
-  Controles c_;
+  std::unique_ptr<Ui::ListeAlertes> ui_;
+  QMenu *mnuInvOp_;
+  Boites *boites_ = nullptr;
+  Base *base_ = nullptr;
   bool ModeSuppression = false;  ///< the boxes tell what to delete
   bool ModeReinscription =
       false;  ///< the deleted people are shown; the boxes tell whom to bring back

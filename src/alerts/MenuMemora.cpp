@@ -1,15 +1,9 @@
 #include "alerts/MenuMemora.h"
 
-#include "alerts/DemarrageSysteme.h"
+#include "alerts/Compagnons.h"
 #include "ui/Brancheur.h"
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr quint8 kMemora = 1;
-
-}  // namespace
 
 MenuMemora::MenuMemora(Session &session, QWidget *parent)
     : QMenu(u"&Memora"_s, parent), session_(session) {
@@ -45,9 +39,9 @@ void MenuMemora::BasculerDemarrage(bool coche) {
   memora.LancerAuDemarrage = coche;
   if (coche) {
     memora.AssocierAlertes = false;
-    InscrireDemarrage(liste, session_.dossiers.AppPath, kMemora);
+    InscrireDemarrage(liste, session_.dossiers.AppPath, Compagnon::Memora);
   } else {
-    RetirerDemarrage(liste, kMemora);
+    RetirerDemarrage(liste, Compagnon::Memora);
   }
   Enregistrer();
 }
@@ -57,7 +51,7 @@ void MenuMemora::BasculerAssociation(bool coche) {
   memora.AssocierAlertes = coche;
   if (coche) {
     memora.LancerAuDemarrage = false;
-    RetirerDemarrage(session_.plateforme.demarrage, kMemora);
+    RetirerDemarrage(session_.plateforme.demarrage, Compagnon::Memora);
   }
   Enregistrer();
 }
@@ -107,5 +101,5 @@ void MenuMemora::Expliquer() {
 }
 
 QString MenuMemora::Programme() const {
-  return session_.dossiers.AppPath + u"/Memora"_s;
+  return CheminCompagnon(session_.dossiers.AppPath, Compagnon::Memora);
 }

@@ -1,7 +1,10 @@
 #include "alerts/SaisieEvenement.h"
 
-#include <QCheckBox>
-#include <QLabel>
+#include "alerts/ComboEvenements.h"
+#include "ui/Brancheur.h"
+#include "ui/Debrancher.h"
+#include "ui_SaisieEvenement.h"
+
 #include <QRegularExpression>
 
 #include <array>
@@ -10,6 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString kTitre = u"Alertes"_s;
 constexpr int kDelaiMax = 31, kJourMax = 31, kAnnees = 5;
 
 /// Day, month and year of a stored date; 0 for what it lacks.
@@ -30,103 +34,141 @@ void Choisir(QComboBox *liste, int valeur, int premiere) {
 
 }  // namespace
 
-SaisieEvenement::SaisieEvenement(Boites &boites, Base &base, const Horloge &horloge,
-                                 const Controles &controles)
-    : boites_(boites), base_(base), horloge_(horloge), c_(controles) {
-  RemplirListes();
-  connect(c_.annuelle, &QCheckBox::toggled, this, [this] { SuivreAnnuelle(); });
+SaisieEvenement::SaisieEvenement(QWidget *parent)
+    : QGroupBox(parent), ui_(std::make_unique<Ui::SaisieEvenement>()) {
+  ui_->setupUi(this);
+  connect(ui_->ChkAlAn, &QCheckBox::toggled, this, &SaisieEvenement::SuivreAnnuelle);
   SuivreAnnuelle();
 }
 
+SaisieEvenement::~SaisieEvenement() {
+  DebrancherEnfants(*this);
+}
+
+void SaisieEvenement::Relier(Boites &boites, Base &base, const Horloge &horloge) {
+  boites_ = &boites;
+  base_ = &base;
+  horloge_ = &horloge;
+  ui_->CboE->Relier(boites, base);
+  RemplirListes();
+  const Brancheur brancher(boites, this);
+  brancher(ui_->CmdEnrAlerte, &SaisieEvenement::Enregistrer);
+  brancher(ui_->CmdEnrTypeAlerte, &SaisieEvenement::ExpliquerTypes);
+  brancher(ui_->CboE, &ComboEvenements::TypeSupprime, &SaisieEvenement::EvenementsChanges);
+}
+
+void SaisieEvenement::Charger() {
+  ui_->CboE->Charger();
+}
+
 void SaisieEvenement::RemplirListes() {
-  for (int i = 0; i <= kDelaiMax; ++i) c_.delai->addItem(QString::number(i));
-  for (int i = 1; i <= kJourMax; ++i) c_.jour->addItem(QString::number(i));
-  c_.mois->addItems({u"JANVIER"_s, u"FEVRIER"_s, u"MARS"_s, u"AVRIL"_s, u"MAI"_s, u"JUIN"_s,
-                     u"JUILLET"_s, u"AOUT"_s, u"SEPTEMBRE"_s, u"OCTOBRE"_s, u"NOVEMBRE"_s,
-                     u"DECEMBRE"_s});
-  const int annee = horloge_.Maintenant().date().year();
-  for (int i = 0; i < kAnnees; ++i) c_.annee->addItem(QString::number(annee + i));
-  for (QComboBox *liste : {c_.jour, c_.mois, c_.annee, c_.delai}) liste->setCurrentIndex(-1);
+  for (int i = 0; i <= kDelaiMax; ++i) ui_->cboAlerte->addItem(QString::number(i));
+  for (int i = 1; i <= kJourMax; ++i) ui_->CboJ->addItem(QString::number(i));
+  ui_->CboM->addItems({u"JANVIER"_s, u"FEVRIER"_s, u"MARS"_s, u"AVRIL"_s, u"MAI"_s, u"JUIN"_s,
+                       u"JUILLET"_s, u"AOUT"_s, u"SEPTEMBRE"_s, u"OCTOBRE"_s, u"NOVEMBRE"_s,
+                       u"DECEMBRE"_s});
+  const int annee = horloge_->Maintenant().date().year();
+  for (int i = 0; i < kAnnees; ++i) ui_->CboA->addItem(QString::number(annee + i));
+  for (QComboBox *liste : {ui_->CboJ, ui_->CboM, ui_->CboA, ui_->cboAlerte})
+    liste->setCurrentIndex(-1);
 }
 
 void SaisieEvenement::SuivreAnnuelle() {
-  const bool annuelle = c_.annuelle->isChecked();
-  c_.texteAnnuelle->setText(annuelle ? u" A&lerte annuelle (anniversaire,  fête, etc...)"_s
-                                     : u" A&lerte ponctuelle (réunion,       etc...)"_s);
-  c_.age->setEnabled(annuelle);
-  if (!annuelle) c_.age->setChecked(false);
-  c_.annee->setEnabled(!annuelle);
-  if (annuelle) c_.annee->setCurrentIndex(-1);
+  const bool annuelle = ui_->ChkAlAn->isChecked();
+  ui_->LblAl->setText(annuelle ? u" A&lerte annuelle (anniversaire,  fête, etc...)"_s
+                               : u" A&lerte ponctuelle (réunion,       etc...)"_s);
+  ui_->ChkAnn->setEnabled(annuelle);
+  if (!annuelle) ui_->ChkAnn->setChecked(false);
+  ui_->CboA->setEnabled(!annuelle);
+  if (annuelle) ui_->CboA->setCurrentIndex(-1);
+}
+
+void SaisieEvenement::ChoisirJour(const QString &date) {
+  const auto parties = Parties(date);
+  Choisir(ui_->CboJ, parties[0], 1);
+  Choisir(ui_->CboM, parties[1], 1);
 }
 
 void SaisieEvenement::Vider() {
   cible_.reset();
-  c_.velmira->clear();
-  c_.evenement->Vider();
-  for (QComboBox *liste : {c_.jour, c_.mois, c_.annee}) liste->setCurrentIndex(-1);
+  ui_->LblVelmira->clear();
+  ui_->CboE->Vider();
+  for (QComboBox *liste : {ui_->CboJ, ui_->CboM, ui_->CboA}) liste->setCurrentIndex(-1);
 }
 
-void SaisieEvenement::Proposer(Cle personne, const QString &texteNoeud) {
+void SaisieEvenement::Proposer(const PersonneAlerte &personne) {
   Vider();
   Evenement nouveau;
-  nouveau.Nom = personne;
+  nouveau.Nom = personne.ID;
   cible_ = nouveau;
-  c_.velmira->setText(texteNoeud.split(u" ("_s).constFirst() + u"   "_s);
-  c_.delai->setCurrentIndex(-1);
-  if (!texteNoeud.contains(u':')) return;
-  const auto [jour, mois, annee] = Parties(texteNoeud.split(u':').constLast());
-  Choisir(c_.jour, jour, 1);
-  Choisir(c_.mois, mois, 1);
+  // Behind a name with a birth date stand the blanks that part them in the list as well.
+  const QString blancs(personne.DDN.isEmpty() ? 3 : 6, u' ');
+  ui_->LblVelmira->setText(personne.Nom.toUpper() + blancs);
+  ui_->cboAlerte->setCurrentIndex(-1);
+  if (!personne.DDN.isEmpty()) ChoisirJour(personne.DDN);
 }
 
 void SaisieEvenement::Montrer(const EvenementJoint &joint) {
   const Evenement &evenement = joint.evenement;
   cible_ = evenement;
-  c_.velmira->setText(joint.Nom + u"   "_s);
-  c_.evenement->Choisir({evenement.Alerte, joint.Type_alerte, true});
-  const auto [jour, mois, annee] = Parties(evenement.Date);
-  Choisir(c_.jour, jour, 1);
-  Choisir(c_.mois, mois, 1);
+  ui_->LblVelmira->setText(joint.Nom + u"   "_s);
+  ui_->CboE->Choisir({evenement.Alerte, joint.Type_alerte, true});
+  ChoisirJour(evenement.Date);
   // A year that is not offered any more becomes the current one.
-  c_.annee->setCurrentIndex(qMax(0, c_.annee->findText(QString::number(annee))));
-  Choisir(c_.delai, evenement.Delai, 0);
-  c_.annuelle->setChecked(evenement.Annuel);
-  c_.age->setChecked(evenement.Age);
-  c_.generer->setChecked(evenement.Actif);
+  ui_->CboA->setCurrentIndex(
+      qMax(0, ui_->CboA->findText(QString::number(Parties(evenement.Date)[2]))));
+  Choisir(ui_->cboAlerte, evenement.Delai, 0);
+  ui_->ChkAlAn->setChecked(evenement.Annuel);
+  ui_->ChkAnn->setChecked(evenement.Age);
+  ui_->ChkGA->setChecked(evenement.Actif);
   SuivreAnnuelle();
 }
 
 QDate SaisieEvenement::DateChoisie() const {
-  const bool cetteAnnee = c_.annuelle->isChecked() && c_.annee->currentIndex() < 0;
+  const bool cetteAnnee = ui_->ChkAlAn->isChecked() && ui_->CboA->currentIndex() < 0;
   const int annee =
-      cetteAnnee ? horloge_.Maintenant().date().year() : c_.annee->currentText().toInt();
-  return {annee, c_.mois->currentIndex() + 1, c_.jour->currentIndex() + 1};
+      cetteAnnee ? horloge_->Maintenant().date().year() : ui_->CboA->currentText().toInt();
+  return {annee, ui_->CboM->currentIndex() + 1, ui_->CboJ->currentIndex() + 1};
 }
 
-bool SaisieEvenement::Complet() const {
-  return cible_ && !c_.evenement->currentText().trimmed().isEmpty() &&
-         c_.delai->currentIndex() >= 0 && DateChoisie().isValid();
-}
-
-bool SaisieEvenement::Enregistrer() {
-  const bool complet = Complet();
-  if (complet) c_.evenement->AjouterSaisie();
-  if (!complet || c_.evenement->Type() == 0) {
-    boites_.Message(Boites::Genre::Information, u"Alertes"_s,
-                    u"Un élément n'est pas renseigné !"_s);
-    return false;
-  }
+std::optional<Evenement> SaisieEvenement::Saisi() const {
+  const QDate date = DateChoisie();
+  if (!cible_ || ui_->CboE->currentText().trimmed().isEmpty() ||
+      ui_->cboAlerte->currentIndex() < 0 || !date.isValid())
+    return std::nullopt;
   Evenement evenement = *cible_;
-  evenement.Alerte = c_.evenement->Type();
-  evenement.Date = DateChoisie().toString(u"dd/MM/yyyy"_s);
-  evenement.Annuel = c_.annuelle->isChecked();
-  evenement.Age = c_.age->isChecked();
-  evenement.Delai = c_.delai->currentIndex();
-  evenement.Actif = c_.generer->isChecked();
-  TablesAlertes tables(base_);
-  if (evenement.ID == 0)
-    tables.AjouterEvenement(evenement);
+  evenement.Date = date.toString(u"dd/MM/yyyy"_s);
+  evenement.Annuel = ui_->ChkAlAn->isChecked();
+  evenement.Age = ui_->ChkAnn->isChecked();
+  evenement.Delai = ui_->cboAlerte->currentIndex();
+  evenement.Actif = ui_->ChkGA->isChecked();
+  return evenement;
+}
+
+void SaisieEvenement::Enregistrer() {
+  auto evenement = Saisi();
+  if (evenement) ui_->CboE->AjouterSaisie();
+  const auto type = ui_->CboE->Type();
+  if (!evenement || !type) {
+    boites_->Message(Boites::Genre::Information, kTitre, u"Un élément n'est pas renseigné !"_s);
+    return;
+  }
+  evenement->Alerte = *type;
+  TablesAlertes tables(*base_);
+  if (evenement->ID == 0)
+    tables.AjouterEvenement(*evenement);
   else
-    tables.ModifierEvenement(evenement);
-  return true;
+    tables.ModifierEvenement(*evenement);
+  emit EvenementsChanges();
+}
+
+void SaisieEvenement::ExpliquerTypes() {
+  boites_->Message(
+      Boites::Genre::Information, kTitre,
+      u"Chaque nouvelle entrée, écrite dans le zone de saisie de la liste des évènements,\n"
+      "est systématiquement enregistrée quand on déroule la liste, ou lorsqu'on enregistre "
+      "l'alerte.\n\n"
+      "Pour supprimer une entrée de la liste déroulante, il faut :\n\n"
+      "o - La sélectionner,\n"
+      "o - Puis appuyer sur la touche Suppr (ou Dell) du clavier."_s);
 }

@@ -1,48 +1,54 @@
 #pragma once
 
-#include "alerts/ComboEvenements.h"
+#include "platform/Boites.h"
 #include "platform/Horloge.h"
+#include "storage/TablesAlertes.h"
 
-#include <QObject>
+#include <QGroupBox>
 
-class QCheckBox;
-class QLabel;
+#include <memory>
+#include <optional>
+
+namespace Ui {
+class SaisieEvenement;
+}
 
 /// The fields in which an event is entered: a new one of the person that was chosen, or the event
 /// that was chosen.
-class SaisieEvenement : public QObject {
+class SaisieEvenement : public QGroupBox {
   Q_OBJECT
 
  public:
-  struct Controles {
-    QLabel *velmira;
-    ComboEvenements *evenement;
-    QComboBox *jour, *mois, *annee, *delai;
-    QCheckBox *annuelle;
-    QLabel *texteAnnuelle;
-    QCheckBox *age, *generer;
-  };
+  explicit SaisieEvenement(QWidget *parent = nullptr);
+  ~SaisieEvenement() override;
 
-  SaisieEvenement(Boites &boites, Base &base, const Horloge &horloge, const Controles &controles);
+  void Relier(Boites &boites, Base &base, const Horloge &horloge);
+  /// Reads the types of event.
+  void Charger();
 
   /// Nothing is chosen any more.
   void Vider();
-  /// A new event of a person, on the birthday when the text of its node tells one.
-  void Proposer(Cle personne, const QString &texteNoeud);
+  /// A new event of a person, on the birthday of one with a birth date.
+  void Proposer(const PersonneAlerte &personne);
   void Montrer(const EvenementJoint &joint);
 
-  /// Writes the event. False, with the message that says so, when something is missing.
-  bool Enregistrer();
+ signals:
+  /// An event has been written, or a type has gone with its events.
+  void EvenementsChanges();
 
  private:
   void RemplirListes();
   void SuivreAnnuelle();
+  void ChoisirJour(const QString &date);
   QDate DateChoisie() const;
-  bool Complet() const;
+  /// What the fields say, but for the key of the type; nothing when something is missing.
+  std::optional<Evenement> Saisi() const;
+  void Enregistrer();
+  void ExpliquerTypes();
 
-  Boites &boites_;
-  Base &base_;
-  const Horloge &horloge_;
-  Controles c_;
+  std::unique_ptr<Ui::SaisieEvenement> ui_;
+  Boites *boites_ = nullptr;
+  Base *base_ = nullptr;
+  const Horloge *horloge_ = nullptr;
   std::optional<Evenement> cible_;  ///< without a key: the event is to be added
 };

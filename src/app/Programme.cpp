@@ -1,5 +1,6 @@
 #include "app/Programme.h"
 
+#include "alerts/Compagnons.h"
 #include "alerts/FrmOptionsAnn.h"
 #include "alerts/MenuMemora.h"
 #include "app/Demarrage.h"
@@ -182,7 +183,8 @@ void Programme::MontrerPremiereFenetre() {
   depart_->hide();
   if (session_.reglages.alarme.AlerteAvecProgramme)  // once the window has been painted
     session_.plateforme.horloge.Apres(500ms, this, [this] {
-      session_.plateforme.coquille.Lancer(session_.dossiers.AppPath + u"/Vigilo"_s);
+      session_.plateforme.coquille.Lancer(
+          CheminCompagnon(session_.dossiers.AppPath, Compagnon::Alertes));
     });
 }
 

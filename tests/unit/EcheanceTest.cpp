@@ -1,11 +1,9 @@
 // When an event gives an alert, and the companions in the start list.
 
 #include "Outils.h"
-#include "alerts/DemarrageSysteme.h"
+#include "alerts/Compagnons.h"
 #include "alerts/Echeance.h"
 #include "platform/Erreurs.h"
-
-#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -153,7 +151,7 @@ TEST(EcheanceTest, DateQuiNExistePas) {
                             : u" » d'une alerte n'existe pas."_s));
 }
 
-TEST(DemarrageSystemeTest, Entrees) {
+TEST(CompagnonsTest, EntreesAuDemarrage) {
   struct Liste : ListeDemarrage {
     QStringList appels;
     void Ajouter(const QString &nom, const QString &programme, const QString &argument) override {
@@ -161,9 +159,9 @@ TEST(DemarrageSystemeTest, Entrees) {
     }
     void Retirer(const QString &nom) override { appels << u'-' + nom; }
   } liste;
-  for (const quint8 genre : std::to_array<quint8>({0, 1, 2, 255})) {
-    InscrireDemarrage(liste, u"/app"_s, genre);
-    RetirerDemarrage(liste, genre);
+  for (const Compagnon compagnon : {Compagnon::Alertes, Compagnon::Memora}) {
+    InscrireDemarrage(liste, u"/app"_s, compagnon);
+    RetirerDemarrage(liste, compagnon);
   }
   EXPECT_EQ(liste.appels, (QStringList{u"Alerte=/app/Vigilo auto"_s, u"-Alerte"_s,
                                        u"Memora=/app/Memora auto"_s, u"-Memora"_s}));
