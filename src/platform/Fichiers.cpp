@@ -1,5 +1,6 @@
 #include "platform/Fichiers.h"
 
+#include "platform/Disque.h"
 #include "platform/Erreurs.h"
 
 #include <QDir>
@@ -7,20 +8,13 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
-
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The rename that replaces a file is safe only once its folder is on the disk too.
-void SynchroniserDossier(const QString &dossier) {
-  const int fd = ::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
+/// The renaming or deleting of a file is safe only once its folder is on the disk too.
+void SynchroniserDossierDe(const QString &chemin) {
+  SynchroniserDossier(QFileInfo(chemin).absolutePath());
 }
 
 ErreurFichier NonDeplace(const QString &ancien, const QString &nouveau, const QString &raison) {
@@ -40,11 +34,11 @@ void RemplacerFichier(const QString &chemin, const QByteArray &contenu) {
   QSaveFile fichier(chemin);
   const bool ecrit = fichier.open(QIODevice::WriteOnly) &&
                      fichier.write(contenu) == contenu.size() && fichier.flush() &&
-                     ::fsync(fichier.handle()) == 0 && fichier.commit();
+                     SynchroniserFichier(fichier.handle()) && fichier.commit();
   if (!ecrit)
     throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être écrit :\n%2"_s.arg(
         QDir::toNativeSeparators(chemin), fichier.errorString()));
-  SynchroniserDossier(QFileInfo(chemin).absolutePath());
+  SynchroniserDossierDe(chemin);
 }
 
 void EffacerFichier(const QString &chemin) {
@@ -52,19 +46,18 @@ void EffacerFichier(const QString &chemin) {
   if (!fichier.remove())
     throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être effacé :\n%2"_s.arg(
         QDir::toNativeSeparators(chemin), fichier.errorString()));
-  SynchroniserDossier(QFileInfo(chemin).absolutePath());
+  SynchroniserDossierDe(chemin);
 }
 
 void RenommerFichier(const QString &ancien, const QString &nouveau) {
   QFile fichier(ancien);
   if (!fichier.rename(nouveau)) throw NonDeplace(ancien, nouveau, fichier.errorString());
-  SynchroniserDossier(QFileInfo(nouveau).absolutePath());
+  SynchroniserDossierDe(nouveau);
 }
 
 void RemplacerParRenommage(const QString &ancien, const QString &nouveau) {
-  if (::rename(QFile::encodeName(ancien).constData(), QFile::encodeName(nouveau).constData()) != 0)
-    throw NonDeplace(ancien, nouveau, qt_error_string());
-  SynchroniserDossier(QFileInfo(nouveau).absolutePath());
+  if (!RenommerEnRemplacant(ancien, nouveau)) throw NonDeplace(ancien, nouveau, qt_error_string());
+  SynchroniserDossierDe(nouveau);
 }
 
 void CreerDossier(const QString &chemin) {
