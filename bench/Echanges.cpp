@@ -6,6 +6,7 @@
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "platform/linux/ClasseurSysteme.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 

@@ -64,19 +64,12 @@ std::array<Expediteur, 3> Expediteurs() {
 }
 
 void AjouterVille(Base &base, const VilleExemple &ville) {
-  QStringList cles;
   for (const QString &code : QString::fromUtf16(ville.codes).split(u' ')) {
     VilleCode ligne;
     ligne.CodePostal = code;
     ligne.Ville = QString::fromUtf16(ville.nom);
-    cles.append(QString::number(AjouterSansNul(base, ligne)));
+    AjouterSansNul(base, ligne);
   }
-  if (cles.size() < 2) return;
-  for (const QString &cle : cles)
-    Requete(base, uR"(UPDATE "Ville" SET "Liens"=? WHERE "Index"=?)"_s)
-        .Lier(cles.join(u'*'))
-        .Lier(cle.toLongLong())
-        .Executer();
 }
 
 QString EcrirePortrait(const QDir &photos, const Invente &invente, Hasard &hasard) {
@@ -106,6 +99,7 @@ void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine)
   for (const Expediteur &expediteur : Expediteurs()) AjouterSansNul(base, expediteur);
   for (const VilleExemple &ville : kVilles) AjouterVille(base, ville);
   transaction.Valider();
+  TableVille(base).Relier();
 }
 
 void EcrireDefaut(const QString &appPath) {

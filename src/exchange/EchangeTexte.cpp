@@ -2,7 +2,7 @@
 
 #include "platform/PageDeCode.h"
 #include "platform/Saisie.h"
-#include "storage/Schema.h"
+#include "storage/ExtraitAdresse.h"
 #include "storage/Tables.h"
 
 #include <QHash>
@@ -31,6 +31,10 @@ constexpr std::tuple kChamps{
 };
 constexpr std::size_t kNombreChamps = std::tuple_size_v<decltype(kChamps)>;
 
+/// The same as columns of the table.
+constexpr auto kOrdinaux =
+    std::apply([](auto... champ) { return std::array{Ordinal(champ)...}; }, kChamps);
+
 /// Calls `f` with the place of each field in the record, from 0, and the field.
 template <typename Fonction>
 void PourChaqueChamp(Fonction &&f) {
@@ -38,41 +42,14 @@ void PourChaqueChamp(Fonction &&f) {
   std::apply([&](auto... champ) { (f(place++, champ), ...); }, kChamps);
 }
 
-template <typename Champ>
-const char16_t *NomColonne(Champ L::*cherche) {
-  const char16_t *nom = nullptr;
-  const auto essayer = [&]<typename Autre>(const Colonne<L, Autre> &colonne) {
-    if constexpr (std::is_same_v<Autre, Champ>)
-      if (colonne.champ == cherche) nom = colonne.nom;
-  };
-  std::apply([&](const auto &...colonne) { (essayer(colonne), ...); }, Table<L>::colonnes);
-  return nom;
-}
-
-/// The columns in the order of the fields.
-QString Colonnes() {
-  QStringList noms;
-  PourChaqueChamp([&](int, auto champ) { noms.append(Entre(NomColonne(champ))); });
-  return noms.join(u", ");
-}
-
-QString Selection() {
-  return u"SELECT "_s + Colonnes() + u" FROM "_s + Nom(Table<L>{});
-}
-
-QString Insertion() {
-  return u"INSERT INTO "_s + Nom(Table<L>{}) + u" ("_s + Colonnes() + u") VALUES (?"_s +
-         u", ?"_s.repeated(kNombreChamps - 1) + u')';
-}
-
 // What a column is as a line, and a line as a field. A line that does not suit gives false.
 
 template <typename Champ>
-QString Ligne(const Requete &requete, int colonne, Champ L::*) {
+QString Ligne(const LigneStockee &ligne, int place, Champ L::*) {
   if constexpr (std::is_same_v<Champ, bool>)
-    return requete.Entier(colonne) != 0 ? u"True"_s : u"False"_s;
+    return ligne.Vrai(place) ? u"True"_s : u"False"_s;
   else
-    return requete.Texte(colonne);
+    return ligne.Texte(place);
 }
 
 bool Prendre(const QString &ligne, QString &champ) {
@@ -97,11 +74,11 @@ bool Prendre(const QString &ligne, bool &champ) {
 
 /// Whether a field of the row is to take this line. A boolean always holds a value.
 template <typename Champ>
-bool EstACompleter(const Requete &requete, int colonne, Champ L::*, const QString &ligne) {
+bool EstACompleter(const LigneStockee &present, int place, Champ L::*, const QString &ligne) {
   if constexpr (std::is_same_v<Champ, QString>)
-    return requete.Nul(colonne) || (requete.Texte(colonne).isEmpty() && !ligne.isEmpty());
+    return present.Nul(place) || (present.Texte(place).isEmpty() && !ligne.isEmpty());
   else if constexpr (std::is_same_v<Champ, int>)
-    return requete.Nul(colonne);
+    return present.Nul(place);
   else
     return false;
 }
@@ -164,8 +141,7 @@ QString Debut(const QString &texte) {
 
 class Fusion {
  public:
-  explicit Fusion(Base &base)
-      : base_(base), selection_(Selection() + u" WHERE [Index]=?"_s), ajout_(base, Insertion()) {
+  explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) {
     TableAdresse(base_).PourChaque([&](EntreeListe &&entree) {
       if (entree.NomVelmira.isNull()) return;
       const QString nom = Majuscules(std::move(entree.NomVelmira));
@@ -188,7 +164,7 @@ class Fusion {
         u"La ligne %1 du fichier, « %2 », ne convient pas au champ %3 du velmira « %4 ».\n"
         "L'importation s'arrête là. Les velmiras qui précèdent sont importés."_s.arg(
             QString::number(fiche.numero + place), Debut(fiche.lignes[place]),
-            QString::fromUtf16(NomColonne(champ)), Debut(fiche.lignes.first())));
+            QString::fromUtf16(NomsColonnes<L>()[Ordinal(champ)]), Debut(fiche.lignes.first())));
   }
 
   Cle Ajouter(const Fiche &fiche) {
@@ -196,65 +172,49 @@ class Fusion {
     PourChaqueChamp([&](int place, auto champ) {
       if (place < fiche.lignes.size()) Lire(fiche, place, champ, correspondant);
     });
-    PourChaqueChamp([&](int, auto champ) { ajout_.Lier(correspondant.*champ); });
-    ajout_.Executer();
-    return ajout_.CleAjoutee();
+    return AjouterLigne(base_, correspondant);
   }
 
   /// False when another user has deleted the row meanwhile.
   bool Completer(Cle index, const Fiche &fiche) {
-    Requete present(base_, selection_);
-    if (!present.Lier(index).Suivante()) return false;
-
     L correspondant;
-    std::array<bool, kNombreChamps> pris{};
-    QStringList affectations;
-    PourChaqueChamp([&](int place, auto champ) {
-      if (place >= fiche.lignes.size() ||
-          !EstACompleter(present, place, champ, fiche.lignes[place]))
-        return;
-      Lire(fiche, place, champ, correspondant);
-      pris[static_cast<std::size_t>(place)] = true;
-      affectations.append(Entre(NomColonne(champ)) + u"=?"_s);
+    correspondant.Index = index;
+    ChoixColonnes<L> pris;
+    const bool trouve = extrait_.Lire(index, [&](const LigneStockee &present) {
+      PourChaqueChamp([&](int place, auto champ) {
+        if (place >= fiche.lignes.size() ||
+            !EstACompleter(present, place, champ, fiche.lignes[place]))
+          return;
+        Lire(fiche, place, champ, correspondant);
+        pris.set(Ordinal(champ));
+      });
     });
-    if (affectations.isEmpty()) return true;
-
-    Requete ecriture(base_, u"UPDATE "_s + Nom(Table<L>{}) + u" SET "_s + affectations.join(u", ") +
-                                u" WHERE [Index]=?"_s);
-    PourChaqueChamp([&](int place, auto champ) {
-      if (pris[static_cast<std::size_t>(place)]) ecriture.Lier(correspondant.*champ);
-    });
-    ecriture.Lier(index).Executer();
-    return true;
+    return trouve && (pris.none() || ModifierLigne(base_, correspondant, pris));
   }
 
   Base &base_;
-  QString selection_;
-  Requete ajout_;
+  ExtraitAdresse extrait_;
   QHash<QString, Cle> premiers_;  ///< key of the first row of each name
 };
 
 }  // namespace
 
 std::optional<QByteArray> ExporterVelmiras(Base &base, const Avance &avance) {
-  Requete compte(base, u"SELECT COUNT(*) FROM "_s + Nom(Table<L>{}));
-  compte.Suivante();
-  const qsizetype total = compte.Entier(0);
-
+  const qsizetype total = TableAdresse(base).Nombre();
   QByteArray octets;
   qsizetype faits = 0;
-  Requete lecture(base, Selection() + u" ORDER BY [Index]"_s);
-  while (lecture.Suivante()) {
+  const bool entier = ExtraitAdresse(base, kOrdinaux).PourChaque([&](const LigneStockee &ligne) {
     QString texte = u"*"_s;
     PourChaqueChamp([&](int place, auto champ) {
-      texte += Ligne(lecture, place, champ);
+      texte += Ligne(ligne, place, champ);
       texte += u"\r\n"_s;
     });
     // Everywhere, not in the booleans only: this is what readers of the file know.
     texte.replace(u"Faux"_s, u"False"_s).replace(u"Vrai"_s, u"True"_s);
     octets += VersPageDeCode(texte);
-    if (++faits % kBloc == 0 && !avance(faits, total)) return std::nullopt;
-  }
+    return ++faits % kBloc != 0 || avance(faits, total);
+  });
+  if (!entier) return std::nullopt;
   octets += "\r\n";
   return octets;
 }

@@ -1,44 +1,53 @@
 #include "storage/Base.h"
 
+#include "storage/Moteur.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSqlError>
-#include <QUrl>
+#include <QSqlQuery>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kAttente = "QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=10000";  // milliseconds
+constexpr auto kAttente = 10s;
 
 // Preparing costs several times what a row by its key does. No limit that the program reaches.
 constexpr std::size_t kPrepares = 100;
 
+ErreurBase NonOuverte(const QString &chemin, const ErreurBase &erreur) {
+  const QString fichier = QDir::toNativeSeparators(chemin);
+  const GenreErreur genre = erreur.Genre();
+  if (genre != GenreErreur::Endommagee && genre != GenreErreur::Autre)
+    return ErreurBase(
+        u"Le fichier « %1 » n'a pas pu être ouvert :\n%2"_s.arg(fichier, erreur.Texte()), genre);
+  return ErreurBase(
+      u"Le fichier « %1 » n'est pas une base de données de Velmira, ou il est "
+      "endommagé :\n%2\n\nIl n'a pas été modifié."_s.arg(fichier, erreur.Cause()),
+      genre);
+}
+
 }  // namespace
+
+Base::Base() = default;
+
+Base::~Base() {
+  Fermer();
+}
 
 void Base::Ouvrir(const QString &chemin) {
   Fermer();
   if (!QFileInfo::exists(chemin)) return;
-
-  connexion_ = QSqlDatabase::addDatabase(u"QSQLITE"_s,
-                                         u"velmira-%1"_s.arg(reinterpret_cast<quintptr>(this)));
-  // "rw" is what keeps the engine from making a file that has gone in the meantime.
-  chemin_ = QFileInfo(chemin).absoluteFilePath();
-  connexion_.setDatabaseName(QUrl::fromLocalFile(chemin_).toString(QUrl::FullyEncoded) +
-                             u"?mode=rw"_s);
-  connexion_.setConnectOptions(QString::fromLatin1(kAttente));
   try {
-    if (!connexion_.open()) throw ErreurBase(connexion_.lastError().text());
+    connexion_ = std::make_unique<Connexion>(chemin, Connexion::Fichier::Present, kAttente);
+    chemin_ = QFileInfo(chemin).absoluteFilePath();
     Verifier();
   } catch (const ErreurBase &erreur) {
-    const QString raison = erreur.Texte();
     Fermer();
-    throw ErreurBase(
-        u"Le fichier « %1 » n'est pas une base de données de Velmira, ou il est "
-        "endommagé :\n%2\n\nIl n'a pas été modifié."_s.arg(QDir::toNativeSeparators(chemin),
-                                                           raison));
+    throw NonOuverte(chemin, erreur);
   }
 }
 
@@ -59,75 +68,57 @@ void Base::Verifier() {
 }
 
 void Base::Fermer() {
-  if (!connexion_.isValid()) return;
-  const QString nom = connexion_.connectionName();
   prepares_.clear();
-  connexion_.close();
-  connexion_ = QSqlDatabase();
+  connexion_.reset();
   chemin_.clear();
-  QSqlDatabase::removeDatabase(nom);
+  transaction_ = false;
+  perte_.reset();
 }
 
-Requete::Requete(Base &base, const QString &texte)
-    : base_(base), texte_(texte), requete_(base.connexion_) {
-  if (!base.Ouverte()) throw ErreurBase(u"La base de données n'est pas ouverte."_s);
-  if (const auto prepare = base.prepares_.find(texte); prepare != base.prepares_.end()) {
-    requete_ = std::move(prepare->second);
-    base.prepares_.erase(prepare);
-    return;
+std::unique_ptr<QSqlQuery> Base::Preparer(const QString &texte) {
+  if (!Ouverte()) throw ErreurBase(u"La base de données n'est pas ouverte."_s);
+  ExigerTransaction();
+  const auto prepare = prepares_.find(texte);
+  if (prepare != prepares_.end() && prepare->second) return std::move(prepare->second);
+  try {
+    return connexion_->Preparer(texte);
+  } catch (const ErreurBase &erreur) {
+    NoterEchec(erreur);
+    throw;
   }
-  requete_.setForwardOnly(true);
-  if (!requete_.prepare(texte)) throw ErreurBase(requete_.lastError().text());
 }
 
-Requete::~Requete() {
-  if (liee_ || requete_.lastError().isValid() || base_.prepares_.size() >= kPrepares) return;
-  // Reset: a statement that stands on a row would keep its lock.
-  requete_.finish();
-  base_.prepares_.emplace(texte_, std::move(requete_));
+void Base::Garder(const QString &texte, std::unique_ptr<QSqlQuery> requete) {
+  if (!Ouverte()) return;
+  const auto prepare = prepares_.find(texte);
+  if (prepare != prepares_.end())
+    prepare->second = std::move(requete);
+  else if (prepares_.size() < kPrepares)
+    prepares_.emplace(texte, std::move(requete));
 }
 
-Requete &Requete::Lier(const QString &valeur) {
-  requete_.addBindValue(valeur.isNull() ? QVariant(QMetaType(QMetaType::QString))
-                                        : QVariant(valeur));
-  liee_ = true;
-  return *this;
+void Base::NoterEchec(const ErreurBase &erreur) {
+  if (transaction_ && erreur.Genre() != GenreErreur::Contrainte) perte_ = erreur;
 }
 
-Requete &Requete::Lier(qint64 valeur) {
-  requete_.addBindValue(valeur);
-  liee_ = true;
-  return *this;
-}
-
-void Requete::Lancer() {
-  if (!requete_.exec()) throw ErreurBase(requete_.lastError().text());
-  lancee_ = true;
-  liee_ = false;
-}
-
-qint64 Requete::Executer() {
-  Lancer();
-  return requete_.numRowsAffected();
-}
-
-bool Requete::Suivante() {
-  if (!lancee_) Lancer();
-  if (requete_.next()) return true;
-  // The end of the rows and a page that cannot be read both end here; only the error tells.
-  if (requete_.lastError().isValid()) throw ErreurBase(requete_.lastError().text());
-  return false;
+void Base::ExigerTransaction() const {
+  if (perte_) throw *perte_;
 }
 
 Transaction::Transaction(Base &base) : base_(base) {
   Requete(base_, u"BEGIN IMMEDIATE"_s).Executer();
+  base_.transaction_ = true;
 }
 
 Transaction::~Transaction() {
-  if (ouverte_) Ignorer([this] { Requete(base_, u"ROLLBACK"_s).Executer(); });
+  if (!ouverte_) return;
+  base_.transaction_ = false;
+  base_.perte_.reset();
+  Ignorer([this] { Requete(base_, u"ROLLBACK"_s).Executer(); });
 }
 
 void Transaction::Valider() {
   Requete(base_, u"COMMIT"_s).Executer();
+  base_.transaction_ = false;
   ouverte_ = false;
 }

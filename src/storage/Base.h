@@ -1,19 +1,43 @@
 #pragma once
-// The database file of a run, statements with bound values, transactions.
+// The database file of a run, its failures, transactions.
 
 #include "platform/Erreurs.h"
 
-#include <QSqlDatabase>
-#include <QSqlQuery>
+#include <QHashFunctions>
 #include <QString>
-#include <QVariant>
 
+#include <memory>
+#include <optional>
 #include <unordered_map>
 
-/// A failure of the engine, in its words, or a file that is not ours.
+class Connexion;
+class QSqlQuery;
+
+enum class GenreErreur {
+  Occupee,       ///< another connection has held its lock longer than is waited for
+  Pleine,        ///< no place left on the disk
+  LectureSeule,  ///< the file or its folder cannot be written
+  Endommagee,    ///< the file is damaged, or no database at all
+  Contrainte,    ///< the row does not suit its table; nothing else has failed
+  Autre,         ///< anything else: no such file, a failing disk, a row that has gone
+};
+
+/// A failure of the engine, a file that is not ours, or a row that another user has deleted.
 class ErreurBase : public Erreur {
  public:
-  using Erreur::Erreur;
+  /// `moteur`: the engine's own words, where `texte` is a sentence around them.
+  explicit ErreurBase(const QString &texte, GenreErreur genre = GenreErreur::Autre,
+                      const QString &moteur = {})
+      : Erreur(texte), genre_(genre), moteur_(moteur) {}
+
+  GenreErreur Genre() const { return genre_; }
+
+  /// What has failed in the fewest words, to stand behind a sentence of one's own.
+  QString Cause() const { return moteur_.isEmpty() ? Texte() : moteur_; }
+
+ private:
+  GenreErreur genre_;
+  QString moteur_;
 };
 
 /// The SQLite file `Velmira.mdb`. It is marked by its application id and its schema version;
@@ -24,68 +48,45 @@ class Base {
   static constexpr qint32 kApplication = 0x56656C6D;  ///< "Velm", the file's application id
   static constexpr qint32 kVersion = 1;               ///< the schema that this program writes
 
-  Base() = default;
-  ~Base() { Fermer(); }
+  Base();
+  ~Base();
   Base(const Base &) = delete;
   Base &operator=(const Base &) = delete;
 
   /// Opens an existing file. A file that is missing leaves the base closed, without an error.
-  /// Throws `ErreurBase` when it is something else than a database of ours; it stays closed then.
+  /// Throws `ErreurBase` when it is something else than a database of ours, or cannot be read now
+  /// (`Genre` tells which); it stays closed then.
   void Ouvrir(const QString &chemin);
   void Fermer();
-  bool Ouverte() const { return connexion_.isOpen(); }
+  bool Ouverte() const { return connexion_ != nullptr; }
   /// Full path of the open file; empty while none is open.
   const QString &Chemin() const { return chemin_; }
 
  private:
   friend class Requete;
+  friend class Transaction;
+
   void Verifier();
+  std::unique_ptr<QSqlQuery> Preparer(const QString &texte);
+  void Garder(const QString &texte, std::unique_ptr<QSqlQuery> requete);
+  void NoterEchec(const ErreurBase &erreur);
+  void ExigerTransaction() const;
 
-  QSqlDatabase connexion_;
+  std::unique_ptr<Connexion> connexion_;
   QString chemin_;
-  std::unordered_map<QString, QSqlQuery> prepares_;  ///< statements that wait for their next use
-};
-
-/// One statement. Values are bound in the order of its question marks. Throws `ErreurBase`, also
-/// when the base is closed. Must not outlive what it works on.
-class Requete {
- public:
-  Requete(Base &base, const QString &texte);
-  ~Requete();
-  Requete(const Requete &) = delete;
-  Requete &operator=(const Requete &) = delete;
-
-  /// A null QString is bound as null.
-  Requete &Lier(const QString &valeur);
-  Requete &Lier(qint64 valeur);
-  Requete &Lier(int valeur) { return Lier(qint64{valeur}); }
-  Requete &Lier(bool valeur) { return Lier(qint64{valeur ? 1 : 0}); }
-
-  /// Runs a statement that gives no rows, and tells how many it changed.
-  qint64 Executer();
-
-  /// Steps to the first or the next row; false behind the last one. Forward only.
-  bool Suivante();
-
-  QString Texte(int colonne) const { return requete_.value(colonne).toString(); }
-  qint64 Entier(int colonne) const { return requete_.value(colonne).toLongLong(); }
-  bool Nul(int colonne) const { return requete_.isNull(colonne); }
-
-  /// Key of the row that was added.
-  qint64 CleAjoutee() const { return requete_.lastInsertId().toLongLong(); }
-
- private:
-  void Lancer();
-
-  Base &base_;
-  QString texte_;
-  QSqlQuery requete_;
-  bool lancee_ = false;
-  bool liee_ = false;  ///< values are bound for a run that has not begun
+  /// Statements that wait for their next use; none while one is at work.
+  std::unordered_map<QString, std::unique_ptr<QSqlQuery>> prepares_;
+  bool transaction_ = false;
+  std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
 };
 
 /// What stands between its making and `Valider` is written whole or not at all. The write lock is
 /// taken at once, so that two users wait for each other at the beginning and never in the middle.
+/// One at a time on a base. Making it and `Valider` throw `ErreurBase`.
+///
+/// A statement that fails in it by anything but `Contrainte` loses it, since the engine may have
+/// taken everything back: that failure is thrown again by every further statement and by `Valider`,
+/// until the transaction goes. Behind a `Contrainte` it may go on without that statement.
 class Transaction {
  public:
   explicit Transaction(Base &base);

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <array>
+#include <bitset>
 #include <tuple>
 
 using Cle = qint64;
@@ -73,6 +75,8 @@ struct Colonne {
   const char16_t *nom;
   Champ Ligne::*champ;
 };
+template <typename Ligne, typename Champ>
+Colonne(const char16_t *, Champ Ligne::*) -> Colonne<Ligne, Champ>;
 
 /// Name and columns of the table that holds rows of a type; column 0 is the key.
 template <typename Ligne>
@@ -186,4 +190,44 @@ void PourChaqueTable(Fonction &&f) {
   f(Table<TypeAlerte>{});
   f(Table<PersonneAlerte>{});
   f(Table<Evenement>{});
+}
+
+template <typename L>
+inline constexpr std::size_t kNombreColonnes = std::tuple_size_v<decltype(Table<L>::colonnes)>;
+
+/// The names of the columns by their ordinals.
+template <typename L>
+constexpr std::array<const char16_t *, kNombreColonnes<L>> NomsColonnes() {
+  return std::apply([](const auto &...colonne) { return std::array{colonne.nom...}; },
+                    Table<L>::colonnes);
+}
+
+/// The ordinal of the column that holds a field.
+template <typename L, typename Champ>
+constexpr std::size_t Ordinal(Champ L::*cherche) {
+  std::size_t ordinal = 0, trouve = kNombreColonnes<L>;
+  const auto essayer = [&](const auto &colonne) {
+    if constexpr (requires { colonne.champ == cherche; })
+      if (colonne.champ == cherche) trouve = ordinal;
+    ++ordinal;
+  };
+  std::apply([&](const auto &...colonne) { (essayer(colonne), ...); }, Table<L>::colonnes);
+  return trouve;
+}
+
+/// A choice among the columns of a table, by their ordinals.
+template <typename L>
+using ChoixColonnes = std::bitset<kNombreColonnes<L>>;
+
+template <typename L, typename... Champ>
+ChoixColonnes<L> Seulement(Champ L::*...champ) {
+  ChoixColonnes<L> choix;
+  (choix.set(Ordinal(champ)), ...);
+  return choix;
+}
+
+/// All but these and the key.
+template <typename L, typename... Champ>
+ChoixColonnes<L> Sauf(Champ L::*...champ) {
+  return (~Seulement<L>(champ...)).reset(0);
 }

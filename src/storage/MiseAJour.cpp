@@ -2,6 +2,7 @@
 
 #include "platform/Fichiers.h"
 #include "storage/Lignes.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/SourceSqlite.h"
 #include "storage/Tables.h"

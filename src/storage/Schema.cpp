@@ -1,11 +1,12 @@
 #include "storage/Schema.h"
 
-#include "platform/Fichiers.h"
 #include "storage/Base.h"
+#include "storage/Moteur.h"
 
 #include <QFile>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -37,33 +38,12 @@ QString Creation(Table<L> table) {
   return u"CREATE TABLE "_s + Nom(table) + u" ("_s + colonnes.join(u", ") + u')';
 }
 
-/// `Base` opens only what is a database of ours already; this makes the file it can open.
-class BaseNeuve {
- public:
-  explicit BaseNeuve(const QString &chemin) {
-    connexion_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, u"velmira-neuve"_s);
-    connexion_.setDatabaseName(chemin);
-    if (!connexion_.open())
-      throw ErreurBase(u"La base « %1 » n'a pas pu être créée."_s.arg(chemin));
-  }
-  ~BaseNeuve() {
-    connexion_ = QSqlDatabase();
-    QSqlDatabase::removeDatabase(u"velmira-neuve"_s);
-  }
-  void Executer(const QString &texte) {
-    QSqlQuery requete(connexion_);
-    if (!requete.exec(texte)) throw ErreurBase(texte);
-  }
-
- private:
-  QSqlDatabase connexion_;
-};
-
 }  // namespace
 
 void CreerBaseVide(const QString &chemin) {
   if (QFile::exists(chemin)) throw ErreurBase(u"Le fichier « %1 » existe déjà."_s.arg(chemin));
-  BaseNeuve base(chemin);
+  // `Base` opens only what is a database of ours already; this makes the file that it can open.
+  const Connexion base(chemin, Connexion::Fichier::Nouveau, 0ms);
   base.Executer(u"PRAGMA application_id=%1"_s.arg(Base::kApplication));
   base.Executer(u"PRAGMA user_version=%1"_s.arg(Base::kVersion));
   PourChaqueTable([&base](auto table) { base.Executer(Creation(table)); });

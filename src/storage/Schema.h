@@ -6,10 +6,13 @@
 #include <QString>
 #include <QStringList>
 
-/// Name of a table or a column, quoted for a statement. In brackets: a name in double quotes that
-/// the table lacks would be taken for a text.
+/// A name for a statement, where it may be a word of the language. In brackets: a name in double
+/// quotes that the table lacks would be taken for a text. It holds no closing bracket itself.
+inline QString Entre(const QString &nom) {
+  return u'[' + nom + u']';
+}
 inline QString Entre(const char16_t *nom) {
-  return u'[' + QString::fromUtf16(nom) + u']';
+  return Entre(QString::fromUtf16(nom));
 }
 
 template <typename L>
@@ -17,14 +20,27 @@ QString Nom(Table<L>) {
   return Entre(Table<L>::nom);
 }
 
-/// The columns in the order of the ordinals, quoted and joined by commas. `premiere` skips columns,
-/// 1 the key.
+/// The columns in the order of the ordinals, joined by commas, each behind `prefixe` (an alias with
+/// its point). `premiere` skips columns, 1 the key.
 template <typename L>
-QString ListeColonnes(Table<L>, int premiere = 0) {
+QString ListeColonnes(Table<L>, qsizetype premiere = 0, const QString &prefixe = {}) {
   QStringList noms;
-  std::apply([&](const auto &...colonne) { (noms.append(Entre(colonne.nom)), ...); },
-             Table<L>::colonnes);
+  for (const char16_t *nom : NomsColonnes<L>()) noms.append(prefixe + Entre(nom));
   return noms.mid(premiere).join(u", ");
+}
+
+/// The condition for one row, whose key is bound last.
+template <typename L>
+QString ParCle(Table<L>) {
+  using namespace Qt::StringLiterals;
+  return u" WHERE "_s + Entre(NomsColonnes<L>().front()) + u"=?"_s;
+}
+
+/// The order in which the rows were added.
+template <typename L>
+QString OrdreDesCles(Table<L>) {
+  using namespace Qt::StringLiterals;
+  return u" ORDER BY "_s + Entre(NomsColonnes<L>().front());
 }
 
 /// Makes an empty database with the six tables: what is delivered as `Velmira_base.mdb`. Throws

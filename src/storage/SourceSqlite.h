@@ -3,11 +3,11 @@
 
 #include "storage/SourceAncienne.h"
 
-#include <QSqlDatabase>
-#include <QSqlQuery>
 #include <QStringList>
 
-#include <limits>
+#include <memory>
+
+class Connexion;
 
 /// Only read, never changed; but what a killed program left half written is taken back first, as
 /// every opening does. Neither mark nor version is asked for: the first ones had none.
@@ -28,22 +28,11 @@ class SourceSqlite : public SourceAncienne {
   std::optional<QVariant> Champ(int ordinal) override;
 
  private:
-  struct Lecture {
-    explicit Lecture(const QSqlDatabase &connexion)
-        : toutes(connexion), cles(connexion), seule(connexion) {}
-    QString table;
-    QStringList colonnes;
-    QSqlQuery toutes;       ///< all rows, up to the first damaged one
-    QSqlQuery cles, seule;  ///< from there on the keys, and each row on its own
-    qint64 cle = std::numeric_limits<qint64>::min();
-    QSqlQuery *ligne = nullptr;  ///< where the current row stands; none when it is damaged
-    bool uneAUne = false;
-  };
+  struct Lecture;
 
   bool SuivanteUneAUne();
   QStringList Colonnes(const QString &table) const;
-  void Fermer();
 
-  QSqlDatabase connexion_;
-  std::optional<Lecture> lecture_;
+  std::unique_ptr<Connexion> connexion_;
+  std::unique_ptr<Lecture> lecture_;
 };

@@ -1,6 +1,6 @@
 #include "storage/Tables.h"
 
-#include "storage/Schema.h"
+#include "storage/Enonces.h"
 
 #include <QMap>
 
@@ -10,65 +10,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-void Prendre(const Requete &requete, int colonne, QString &champ) {
-  champ = requete.Texte(colonne);
-}
-void Prendre(const Requete &requete, int colonne, qint64 &champ) {
-  champ = requete.Entier(colonne);
-}
-void Prendre(const Requete &requete, int colonne, int &champ) {
-  champ = static_cast<int>(requete.Entier(colonne));
-}
-void Prendre(const Requete &requete, int colonne, bool &champ) {
-  champ = requete.Entier(colonne) != 0;
-}
-
-/// The row that the statement stands on; its columns are those of the table, in their order.
-template <typename L>
-L LigneCourante(const Requete &requete) {
-  L ligne;
-  int ordinal = 0;
-  std::apply(
-      [&](const auto &...colonne) { (Prendre(requete, ordinal++, ligne.*colonne.champ), ...); },
-      Table<L>::colonnes);
-  return ligne;
-}
-
-/// The statement that reads whole rows, without its condition.
-template <typename L>
-QString Selection() {
-  static const QString kTexte =
-      u"SELECT "_s + ListeColonnes(Table<L>{}) + u" FROM "_s + Nom(Table<L>{});
-  return kTexte;
-}
-
-/// The row of a key.
-template <typename L>
-std::optional<L> LireLigne(Base &base, Cle index) {
-  Requete requete(base, Selection<L>() + uR"( WHERE "Index"=?)"_s);
-  requete.Lier(index);
-  if (!requete.Suivante()) return std::nullopt;
-  return LigneCourante<L>(requete);
-}
-
-/// All rows in the order of the keys.
-template <typename L>
-QList<L> LireLignes(Base &base) {
-  Requete requete(base, Selection<L>() + uR"( ORDER BY "Index")"_s);
-  QList<L> lignes;
-  while (requete.Suivante()) lignes.append(LigneCourante<L>(requete));
-  return lignes;
-}
+constexpr Table<Correspondant> kAdresse;
+constexpr Table<Expediteur> kExpediteur;
 
 /// What the editor gives; the others are written by commands of their own.
-template <typename Champ>
-bool EstSaisie(Champ Correspondant::*champ) {
-  if constexpr (std::is_same_v<Champ, QString>)
-    return champ != &Correspondant::Commentaires && champ != &Correspondant::AdresseImportee;
-  else if constexpr (std::is_same_v<Champ, bool>)
-    return champ != &Correspondant::AlerteActive;
-  else
-    return true;
+ChoixColonnes<Correspondant> Saisis() {
+  return Sauf(&Correspondant::Commentaires, &Correspondant::AdresseImportee,
+              &Correspondant::AlerteActive);
 }
 
 void AjouterPersonne(Base &base, const Correspondant &fiche) {
@@ -85,10 +33,9 @@ QString TexteDisparu() {
 
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne) {
-  constexpr auto nombre = static_cast<qsizetype>(std::tuple_size_v<decltype(Table<L>::colonnes)>);
   static const QString kTexte = u"INSERT INTO "_s + Nom(Table<L>{}) + u" ("_s +
                                 ListeColonnes(Table<L>{}, 1) + u") VALUES ("_s +
-                                u"?, "_s.repeated(nombre - 2) + u"?)"_s;
+                                u"?, "_s.repeated(kNombreColonnes<L> - 2) + u"?)"_s;
   Requete requete(base, kTexte);
   std::apply(
       [&](const auto &, const auto &...colonne) { (requete.Lier(ligne.*colonne.champ), ...); },
@@ -97,12 +44,34 @@ Cle AjouterLigne(Base &base, const L &ligne) {
   return requete.CleAjoutee();
 }
 
+template <typename L>
+bool ModifierLigne(Base &base, const L &ligne, const ChoixColonnes<L> &choix) {
+  constexpr Table<L> kTable;
+  const auto pourChaque = [&](auto &&f) {
+    std::size_t ordinal = 0;
+    std::apply([&](const auto &...colonne) { ((choix[ordinal++] ? f(colonne) : void()), ...); },
+               kTable.colonnes);
+  };
+  QStringList affectations;
+  pourChaque([&](const auto &colonne) { affectations.append(Entre(colonne.nom) + u"=?"_s); });
+  Requete requete(
+      base, u"UPDATE "_s + Nom(kTable) + u" SET "_s + affectations.join(u", ") + ParCle(kTable));
+  pourChaque([&](const auto &colonne) { requete.Lier(ligne.*colonne.champ); });
+  return requete.Lier(ligne.*std::get<0>(kTable.colonnes).champ).Executer() > 0;
+}
+
 template Cle AjouterLigne(Base &, const Correspondant &);
+template bool ModifierLigne(Base &, const Correspondant &, const ChoixColonnes<Correspondant> &);
 template Cle AjouterLigne(Base &, const Expediteur &);
+template bool ModifierLigne(Base &, const Expediteur &, const ChoixColonnes<Expediteur> &);
 template Cle AjouterLigne(Base &, const VilleCode &);
+template bool ModifierLigne(Base &, const VilleCode &, const ChoixColonnes<VilleCode> &);
 template Cle AjouterLigne(Base &, const TypeAlerte &);
+template bool ModifierLigne(Base &, const TypeAlerte &, const ChoixColonnes<TypeAlerte> &);
 template Cle AjouterLigne(Base &, const PersonneAlerte &);
+template bool ModifierLigne(Base &, const PersonneAlerte &, const ChoixColonnes<PersonneAlerte> &);
 template Cle AjouterLigne(Base &, const Evenement &);
+template bool ModifierLigne(Base &, const Evenement &, const ChoixColonnes<Evenement> &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
   return LireLigne<Correspondant>(base_, index);
@@ -113,27 +82,31 @@ void TableAdresse::PourChaque(const std::function<void(EntreeListe &&)> &visiteu
 }
 
 void TableAdresse::PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const {
-  Parcourir(uR"( WHERE "Ligne1"<>'')"_s, visiteur);
+  Parcourir(u" WHERE Ligne1<>''"_s, visiteur);
 }
 
 void TableAdresse::Parcourir(const QString &condition,
                              const std::function<void(EntreeListe &&)> &visiteur) const {
-  Requete requete(base_,
-                  uR"(SELECT "Index", "NomVelmira", "Categories", "DataProt" FROM "Adresse")"_s +
-                      condition + uR"( ORDER BY "Index")"_s);
+  Requete requete(base_, u"SELECT [Index], NomVelmira, Categories, DataProt FROM Adresse"_s +
+                             condition + OrdreDesCles(kAdresse));
   while (requete.Suivante())
     visiteur({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
 }
 
+qsizetype TableAdresse::Nombre() const {
+  Requete requete(base_, u"SELECT count(*) FROM Adresse"_s);
+  requete.Suivante();
+  return requete.Entier(0);
+}
+
 bool TableAdresse::EstVide() const {
-  return !Requete(base_, uR"(SELECT 1 FROM "Adresse" LIMIT 1)"_s).Suivante();
+  return !Requete(base_, u"SELECT 1 FROM Adresse LIMIT 1"_s).Suivante();
 }
 
 QStringList TableAdresse::Categories() const {
   // Few distinct values stand in many rows: the engine gathers them in the order of its walk,
   // without the sorting of all rows that a grouping would cost.
-  Requete requete(base_,
-                  uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);
+  Requete requete(base_, u"SELECT DISTINCT Categories FROM Adresse WHERE Categories<>''"_s);
   QStringList toutes;
   while (requete.Suivante()) toutes.append(requete.Texte(0));
   return toutes;
@@ -148,23 +121,15 @@ Cle TableAdresse::Ajouter(const Correspondant &fiche, bool alerte) {
 }
 
 void TableAdresse::Modifier(const Correspondant &fiche, bool alerte) {
-  QStringList affectations;
-  const auto champs = [&](auto &&f) {
-    std::apply([&](const auto &, const auto &...c) { ((EstSaisie(c.champ) ? f(c) : void()), ...); },
-               Table<Correspondant>::colonnes);
-  };
-  champs([&](const auto &c) { affectations.append(Entre(c.nom) + u"=?"_s); });
-  Transaction transaction(base_);
-  Requete requete(
-      base_, uR"(UPDATE "Adresse" SET )"_s + affectations.join(u", ") + uR"( WHERE "Index"=?)"_s);
-  champs([&](const auto &c) { requete.Lier(fiche.*c.champ); });
-  if (requete.Lier(fiche.Index).Executer() == 0) throw ErreurBase(TexteDisparu());
+  Correspondant ecrite = fiche;
+  auto choix = Saisis();
   if (alerte) {
-    Requete(base_, uR"(UPDATE "Adresse" SET "AlerteActive"=1 WHERE "Index"=?)"_s)
-        .Lier(fiche.Index)
-        .Executer();
-    AjouterPersonne(base_, fiche);
+    ecrite.AlerteActive = true;
+    choix |= Seulement(&Correspondant::AlerteActive);
   }
+  Transaction transaction(base_);
+  if (!ModifierLigne(base_, ecrite, choix)) throw ErreurBase(TexteDisparu());
+  if (alerte) AjouterPersonne(base_, fiche);
   transaction.Valider();
 }
 
@@ -173,11 +138,10 @@ void TableAdresse::ChangerCategories(const QString &nom,
   Transaction transaction(base_);
   QList<std::pair<Cle, QString>> touchees;
   Requete lecture(base_,
-                  uR"(SELECT "Index", "Categories" FROM "Adresse")"
-                  uR"( WHERE instr("Categories", ?) > 0)"_s);
+                  u"SELECT [Index], Categories FROM Adresse WHERE instr(Categories, ?) > 0"_s);
   lecture.Lier(nom);
   while (lecture.Suivante()) touchees.append({lecture.Entier(0), lecture.Texte(1)});
-  Requete ecriture(base_, uR"(UPDATE "Adresse" SET "Categories"=? WHERE "Index"=?)"_s);
+  Requete ecriture(base_, u"UPDATE Adresse SET Categories=?"_s + ParCle(kAdresse));
   for (const auto &[index, categories] : touchees)
     ecriture.Lier(regle(categories)).Lier(index).Executer();
   transaction.Valider();
@@ -189,9 +153,8 @@ bool TableAdresse::ReformaterTelephones(const std::function<QString(const QStrin
   constexpr qsizetype kPas = 200;  // records between two calls of `avance`
   Transaction transaction(base_);
   QList<std::pair<Cle, Numeros>> changees;
-  Requete lecture(base_,
-                  uR"(SELECT "Index", "Tel", "Fax", "Portable", "TelTravail" FROM "Adresse")"
-                  uR"( ORDER BY "Index")"_s);
+  Requete lecture(base_, u"SELECT [Index], Tel, Fax, Portable, TelTravail FROM Adresse"_s +
+                             OrdreDesCles(kAdresse));
   while (lecture.Suivante()) {
     Numeros numeros;
     bool change = false;
@@ -203,14 +166,16 @@ bool TableAdresse::ReformaterTelephones(const std::function<QString(const QStrin
     }
     if (change) changees.append({lecture.Entier(0), numeros});
   }
-  Requete ecriture(base_,
-                   uR"(UPDATE "Adresse" SET "Tel"=?, "Fax"=?, "Portable"=?, "TelTravail"=?)"
-                   uR"( WHERE "Index"=?)"_s);
+  Requete ecriture(
+      base_, u"UPDATE Adresse SET Tel=?, Fax=?, Portable=?, TelTravail=?"_s + ParCle(kAdresse));
   qsizetype faites = 0;
   for (const auto &[index, numeros] : changees) {
     for (const QString &numero : numeros) ecriture.Lier(numero);
-    ecriture.Lier(index);
-    Ignorer([&] { ecriture.Executer(); });
+    try {
+      ecriture.Lier(index).Executer();
+    } catch (const ErreurBase &erreur) {
+      if (erreur.Genre() != GenreErreur::Contrainte) throw;
+    }
     ++faites;
     if ((faites % kPas == 0 || faites == changees.size()) && !avance(faites, changees.size()))
       return false;
@@ -221,43 +186,40 @@ bool TableAdresse::ReformaterTelephones(const std::function<QString(const QStrin
 
 bool TableAdresse::Supprimer(Cle index) {
   Transaction transaction(base_);
-  const auto supprimees =
-      Requete(base_, uR"(DELETE FROM "Adresse" WHERE "Index"=?)"_s).Lier(index).Executer();
+  const bool supprimee = SupprimerLigne(base_, kAdresse, index);
   transaction.Valider();
-  return supprimees > 0;
+  return supprimee;
 }
 
 void TableAdresse::MasquerProteges(const QString &utilisateur, bool masquer) {
   const QString visible = utilisateur + u'$';
   Transaction transaction(base_);
-  Requete(base_, uR"(UPDATE "Adresse" SET "DataProt"=? WHERE "DataProt"=?)"_s)
+  Requete(base_, u"UPDATE Adresse SET DataProt=? WHERE DataProt=?"_s)
       .Lier(masquer ? utilisateur : visible)
       .Lier(masquer ? visible : utilisateur)
       .Executer();
   transaction.Valider();
 }
 
-void TableAdresse::EcrireChamp(Cle index, const QString &champ, const QString &valeur) {
+void TableAdresse::EcrireChamp(Cle index, QString Correspondant::*champ, const QString &valeur) {
+  Correspondant fiche;
+  fiche.Index = index;
+  fiche.*champ = valeur;
   Transaction transaction(base_);
-  const auto changees =
-      Requete(base_, uR"(UPDATE "Adresse" SET ")"_s + champ + uR"("=? WHERE "Index"=?)"_s)
-          .Lier(valeur)
-          .Lier(index)
-          .Executer();
-  if (changees == 0) throw ErreurBase(TexteDisparu());
+  if (!ModifierLigne(base_, fiche, Seulement(champ))) throw ErreurBase(TexteDisparu());
   transaction.Valider();
 }
 
 void TableAdresse::EcrireCommentaires(Cle index, const QString &texte) {
-  EcrireChamp(index, u"Commentaires"_s, texte);
+  EcrireChamp(index, &Correspondant::Commentaires, texte);
 }
 
 void TableAdresse::EcrireCategories(Cle index, const QString &categories) {
-  EcrireChamp(index, u"Categories"_s, categories);
+  EcrireChamp(index, &Correspondant::Categories, categories);
 }
 
 void TableAdresse::EffacerPhoto(Cle index) {
-  EcrireChamp(index, u"Photo"_s, u""_s);
+  EcrireChamp(index, &Correspondant::Photo, u""_s);
 }
 
 QList<Expediteur> TableExpediteur::Tous() const {
@@ -276,25 +238,9 @@ Cle TableExpediteur::Ajouter(const Expediteur &expediteur) {
   return index;
 }
 
-void TableExpediteur::Modifier(const Expediteur &e) {
+void TableExpediteur::Modifier(const Expediteur &expediteur) {
   Transaction transaction(base_);
-  const auto changees =
-      Requete(base_,
-              uR"(UPDATE "Expediteur" SET "Ligne1"=?, "Ligne2"=?, "Ligne3"=?, "Ligne4"=?,)"
-              uR"( "Ligne5"=?, "CodePostal"=?, "Ville"=?, "Pays"=?, "OptionAdresse"=?)"
-              uR"( WHERE "Index"=?)"_s)
-          .Lier(e.Ligne1)
-          .Lier(e.Ligne2)
-          .Lier(e.Ligne3)
-          .Lier(e.Ligne4)
-          .Lier(e.Ligne5)
-          .Lier(e.CodePostal)
-          .Lier(e.Ville)
-          .Lier(e.Pays)
-          .Lier(e.OptionAdresse)
-          .Lier(e.Index)
-          .Executer();
-  if (changees == 0)
+  if (!ModifierLigne(base_, expediteur, Sauf(&Expediteur::ParDefaut)))
     throw ErreurBase(
         u"Cet expéditeur n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
   transaction.Valider();
@@ -302,7 +248,7 @@ void TableExpediteur::Modifier(const Expediteur &e) {
 
 void TableExpediteur::Supprimer(Cle index) {
   Transaction transaction(base_);
-  Requete(base_, uR"(DELETE FROM "Expediteur" WHERE "Index"=?)"_s).Lier(index).Executer();
+  SupprimerLigne(base_, kExpediteur, index);
   transaction.Valider();
 }
 
@@ -313,7 +259,7 @@ void TableExpediteur::ChoisirDefaut(Cle index) {
 }
 
 void TableExpediteur::MettreDefaut(Cle index) {
-  Requete(base_, uR"(UPDATE "Expediteur" SET "ParDefaut"=("Index"=?))"_s).Lier(index).Executer();
+  Requete(base_, u"UPDATE Expediteur SET ParDefaut=([Index]=?)"_s).Lier(index).Executer();
 }
 
 QList<VilleCode> TableVille::Toutes() const {
@@ -348,7 +294,7 @@ void TableVille::Enregistrer(const QString &ville, const QString &code) {
 
 void TableVille::Relier() {
   Transaction transaction(base_);
-  Requete(base_, uR"(UPDATE "Ville" SET "Liens"='')"_s).Executer();
+  Requete(base_, u"UPDATE Ville SET Liens=''"_s).Executer();
   QMap<QString, QList<VilleCode>> villes;
   for (const VilleCode &ligne : Toutes()) villes[ligne.Ville.toUpper()].append(ligne);
   for (auto ville = villes.cbegin(); ville != villes.cend(); ++ville) {
@@ -361,9 +307,8 @@ void TableVille::Relier() {
 }
 
 void TableVille::EcrireLiens(const QList<VilleCode> &lignes, const QString &liens) {
-  for (const VilleCode &ligne : lignes)
-    Requete(base_, uR"(UPDATE "Ville" SET "Liens"=? WHERE "Index"=?)"_s)
-        .Lier(liens)
-        .Lier(ligne.Index)
-        .Executer();
+  for (VilleCode ligne : lignes) {
+    ligne.Liens = liens;
+    ModifierLigne(base_, ligne, Seulement(&VilleCode::Liens));
+  }
 }

@@ -20,6 +20,11 @@ struct EntreeListe {
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne);
 
+/// Writes the chosen columns of the row that bears the key of `ligne`, and nothing else; at least
+/// one is chosen. False when another user has deleted the row. Throws `ErreurBase`.
+template <typename L>
+bool ModifierLigne(Base &base, const L &ligne, const ChoixColonnes<L> &choix);
+
 /// What the user is told of a record that another user has deleted meanwhile.
 QString TexteDisparu();
 
@@ -36,6 +41,7 @@ class TableAdresse {
   /// The same, only those with a first address line.
   void PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const;
 
+  qsizetype Nombre() const;
   bool EstVide() const;
 
   /// The distinct category strings, in the order in which a walk of the table first meets them;
@@ -61,8 +67,8 @@ class TableAdresse {
   void MasquerProteges(const QString &utilisateur, bool masquer);
 
   /// Gives the four telephone numbers of every record the form that `regle` makes of them; null and
-  /// empty ones stay. A record that cannot be written is passed over. When it is stopped nothing at
-  /// all is changed, and false is given back.
+  /// empty ones stay. A record that the table refuses is passed over; at any other failure nothing
+  /// at all is changed. When it is stopped nothing is changed either, and false is given back.
   bool ReformaterTelephones(const std::function<QString(const QString &)> &regle,
                             const Avance &avance);
 
@@ -74,7 +80,7 @@ class TableAdresse {
  private:
   void Parcourir(const QString &condition,
                  const std::function<void(EntreeListe &&)> &visiteur) const;
-  void EcrireChamp(Cle index, const QString &champ, const QString &valeur);
+  void EcrireChamp(Cle index, QString Correspondant::*champ, const QString &valeur);
 
   Base &base_;
 };

@@ -1,31 +1,22 @@
 #include "storage/TablesAlertes.h"
 
+#include "storage/Enonces.h"
 #include "storage/Tables.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// The columns of an event `e` as `EvenementLu` takes them.
-const QString kEvenement = u"e.ID, e.Nom, e.Alerte, e.Date, e.Annuel, e.Age, e.Delai, e.Actif"_s;
-constexpr int kColonnes = 8;
+constexpr Table<TypeAlerte> kType;
+constexpr Table<PersonneAlerte> kPersonne;
+constexpr Table<Evenement> kEvenement;
 
-Evenement EvenementLu(const Requete &requete, int premiere) {
-  return {.ID = requete.Entier(premiere),
-          .Nom = requete.Entier(premiere + 1),
-          .Alerte = requete.Entier(premiere + 2),
-          .Date = requete.Texte(premiere + 3),
-          .Annuel = requete.Entier(premiere + 4) != 0,
-          .Age = requete.Entier(premiere + 5) != 0,
-          .Delai = static_cast<int>(requete.Entier(premiere + 6)),
-          .Actif = requete.Entier(premiere + 7) != 0};
-}
+constexpr int kColonnesEvenement = kNombreColonnes<Evenement>;
+constexpr int kColonnesPersonne = kNombreColonnes<PersonneAlerte>;
 
-PersonneAlerte PersonneLue(const Requete &requete) {
-  return {.ID = requete.Entier(0),
-          .Nom = requete.Texte(1),
-          .DDN = requete.Texte(2),
-          .Disponible = requete.Entier(3) != 0};
+/// The columns of an event `e`.
+QString ColonnesEvenement() {
+  return ListeColonnes(kEvenement, 0, u"e."_s);
 }
 
 void Executer(Base &base, const QString &texte, Cle cle) {
@@ -39,11 +30,7 @@ QString TexteAlerteDisparue() {
 }
 
 QList<TypeAlerte> TablesAlertes::Types() const {
-  Requete requete(base_, u"SELECT ID, Type_alerte FROM Alerte WHERE Disponible<>0 ORDER BY ID"_s);
-  QList<TypeAlerte> types;
-  while (requete.Suivante())
-    types.append({.ID = requete.Entier(0), .Type_alerte = requete.Texte(1), .Disponible = true});
-  return types;
+  return LireLignes<TypeAlerte>(base_, u" WHERE Disponible<>0"_s);
 }
 
 Cle TablesAlertes::AjouterType(const QString &texte) {
@@ -57,43 +44,36 @@ Cle TablesAlertes::AjouterType(const QString &texte) {
 void TablesAlertes::SupprimerType(Cle type) {
   Transaction transaction(base_);
   Executer(base_, u"DELETE FROM ListeAlerte WHERE Alerte=?"_s, type);
-  Executer(base_, u"UPDATE Alerte SET Disponible=0 WHERE ID=?"_s, type);
+  Executer(base_, u"UPDATE Alerte SET Disponible=0"_s + ParCle(kType), type);
   transaction.Valider();
 }
 
 QList<PersonneEvenements> TablesAlertes::Personnes() const {
-  Requete requete(base_, u"SELECT p.ID, p.Nom, p.DDN, p.Disponible, "_s + kEvenement +
+  Requete requete(base_, u"SELECT "_s + ListeColonnes(kPersonne, 0, u"p."_s) + u", "_s +
+                             ColonnesEvenement() +
                              u", t.Type_alerte FROM Listecoal p LEFT JOIN"
                              " (ListeAlerte e INNER JOIN Alerte t"
                              " ON t.ID=e.Alerte AND t.Disponible<>0) ON e.Nom=p.ID"
                              " WHERE p.Disponible<>0 ORDER BY p.ID, e.ID"_s);
-  constexpr int kPremiere = 4;
   QList<PersonneEvenements> personnes;
   while (requete.Suivante()) {
     if (personnes.isEmpty() || personnes.constLast().personne.ID != requete.Entier(0))
-      personnes.append({PersonneLue(requete), {}});
-    if (requete.Nul(kPremiere)) continue;
+      personnes.append({LigneCourante<PersonneAlerte>(requete), {}});
+    if (requete.Nul(kColonnesPersonne)) continue;
     auto &[personne, evenements] = personnes.last();
-    evenements.append({EvenementLu(requete, kPremiere), personne.Nom, personne.DDN,
-                       requete.Texte(kPremiere + kColonnes)});
+    evenements.append({LigneCourante<Evenement>(requete, kColonnesPersonne), personne.Nom,
+                       personne.DDN, requete.Texte(kColonnesPersonne + kColonnesEvenement)});
   }
   return personnes;
 }
 
 QList<PersonneAlerte> TablesAlertes::PersonnesSupprimees() const {
-  Requete requete(
-      base_, u"SELECT ID, Nom, DDN, Disponible FROM Listecoal WHERE Disponible=0 ORDER BY ID"_s);
-  QList<PersonneAlerte> personnes;
-  while (requete.Suivante()) personnes.append(PersonneLue(requete));
-  return personnes;
+  return LireLignes<PersonneAlerte>(base_, u" WHERE Disponible=0"_s);
 }
 
 std::optional<PersonneAlerte> TablesAlertes::LirePersonne(Cle personne) const {
-  Requete requete(base_,
-                  u"SELECT ID, Nom, DDN, Disponible FROM Listecoal WHERE ID=? AND Disponible<>0"_s);
-  requete.Lier(personne);
-  if (!requete.Suivante()) return std::nullopt;
-  return PersonneLue(requete);
+  const auto lue = LireLigne<PersonneAlerte>(base_, personne);
+  return lue && lue->Disponible ? lue : std::nullopt;
 }
 
 void TablesAlertes::AjouterPersonne(const QString &nom, const QString &ddn) {
@@ -104,12 +84,12 @@ void TablesAlertes::AjouterPersonne(const QString &nom, const QString &ddn) {
 
 void TablesAlertes::ModifierPersonne(const PersonneAlerte &personne) {
   Transaction transaction(base_);
-  const auto changees =
-      Requete(base_, u"UPDATE Listecoal SET Nom=?, DDN=? WHERE ID=? AND Disponible<>0"_s)
-          .Lier(personne.Nom)
-          .Lier(personne.DDN)
-          .Lier(personne.ID)
-          .Executer();
+  const auto changees = Requete(base_, u"UPDATE Listecoal SET Nom=?, DDN=?"_s + ParCle(kPersonne) +
+                                           u" AND Disponible<>0"_s)
+                            .Lier(personne.Nom)
+                            .Lier(personne.DDN)
+                            .Lier(personne.ID)
+                            .Executer();
   if (changees == 0) throw ErreurBase(TexteDisparu());
   transaction.Valider();
 }
@@ -117,7 +97,7 @@ void TablesAlertes::ModifierPersonne(const PersonneAlerte &personne) {
 void TablesAlertes::Reinscrire(const QList<Cle> &personnes) {
   Transaction transaction(base_);
   for (const Cle personne : personnes)
-    Executer(base_, u"UPDATE Listecoal SET Disponible=1 WHERE ID=?"_s, personne);
+    Executer(base_, u"UPDATE Listecoal SET Disponible=1"_s + ParCle(kPersonne), personne);
   transaction.Valider();
 }
 
@@ -132,28 +112,28 @@ void TablesAlertes::Importer() {
   // Another user may have answered the same question meanwhile.
   if (!ImportPossible()) return;
   Requete(base_,
-          uR"(INSERT INTO Listecoal (Nom, DDN, Disponible))"
-          uR"( SELECT NomVelmira, DDN, 1 FROM Adresse ORDER BY "Index")"_s)
+          u"INSERT INTO Listecoal (Nom, DDN, Disponible)"
+          " SELECT NomVelmira, DDN, 1 FROM Adresse ORDER BY [Index]"_s)
       .Executer();
   Requete(base_, u"UPDATE Adresse SET AlerteActive=1"_s).Executer();
   transaction.Valider();
 }
 
 std::optional<EvenementJoint> TablesAlertes::LireEvenement(Cle evenement) const {
-  Requete requete(base_, u"SELECT "_s + kEvenement +
+  Requete requete(base_, u"SELECT "_s + ColonnesEvenement() +
                              u", p.Nom, p.DDN, t.Type_alerte FROM ListeAlerte e"
                              " INNER JOIN Listecoal p ON p.ID=e.Nom"
                              " INNER JOIN Alerte t ON t.ID=e.Alerte WHERE e.ID=?"_s);
   requete.Lier(evenement);
   if (!requete.Suivante()) return std::nullopt;
-  return EvenementJoint{EvenementLu(requete, 0), requete.Texte(kColonnes),
-                        requete.Texte(kColonnes + 1), requete.Texte(kColonnes + 2)};
+  return EvenementJoint{LigneCourante<Evenement>(requete, 0), requete.Texte(kColonnesEvenement),
+                        requete.Texte(kColonnesEvenement + 1),
+                        requete.Texte(kColonnesEvenement + 2)};
 }
 
 void TablesAlertes::ExigerType(Cle type) const {
-  Requete requete(base_, u"SELECT 1 FROM Alerte WHERE ID=? AND Disponible<>0"_s);
-  requete.Lier(type);
-  if (!requete.Suivante())
+  const auto lu = LireLigne<TypeAlerte>(base_, type);
+  if (!lu || !lu->Disponible)
     throw ErreurBase(
         u"Cet évènement n'existe plus dans la liste : un autre utilisateur l'a supprimé "
         "entre-temps."_s);
@@ -170,38 +150,27 @@ void TablesAlertes::AjouterEvenement(const Evenement &evenement) {
 void TablesAlertes::ModifierEvenement(const Evenement &evenement) {
   Transaction transaction(base_);
   ExigerType(evenement.Alerte);
-  const auto changes = Requete(base_,
-                               u"UPDATE ListeAlerte SET Alerte=?, Date=?, Annuel=?, Age=?, "
-                               "Delai=?, Actif=? WHERE ID=?"_s)
-                           .Lier(evenement.Alerte)
-                           .Lier(evenement.Date)
-                           .Lier(evenement.Annuel)
-                           .Lier(evenement.Age)
-                           .Lier(evenement.Delai)
-                           .Lier(evenement.Actif)
-                           .Lier(evenement.ID)
-                           .Executer();
-  if (changes == 0) throw ErreurBase(TexteAlerteDisparue());
+  if (!ModifierLigne(base_, evenement, Sauf(&Evenement::Nom)))
+    throw ErreurBase(TexteAlerteDisparue());
   transaction.Valider();
 }
 
 void TablesAlertes::Supprimer(const QList<Cle> &personnes, const QList<Cle> &evenements) {
   Transaction transaction(base_);
   for (const Cle personne : personnes) {
-    Executer(base_, u"UPDATE Listecoal SET Disponible=0 WHERE ID=?"_s, personne);
+    Executer(base_, u"UPDATE Listecoal SET Disponible=0"_s + ParCle(kPersonne), personne);
     Executer(base_, u"DELETE FROM ListeAlerte WHERE Nom=?"_s, personne);
   }
-  for (const Cle evenement : evenements)
-    Executer(base_, u"DELETE FROM ListeAlerte WHERE ID=?"_s, evenement);
+  for (const Cle evenement : evenements) SupprimerLigne(base_, kEvenement, evenement);
   transaction.Valider();
 }
 
 void TablesAlertes::PourChaqueEvenement(
     const std::function<bool(const Evenement &)> &visiteur) const {
-  Requete requete(base_, u"SELECT "_s + kEvenement +
+  Requete requete(base_, u"SELECT "_s + ColonnesEvenement() +
                              u" FROM ListeAlerte e INNER JOIN Listecoal p ON p.ID=e.Nom"
                              " INNER JOIN Alerte t ON t.ID=e.Alerte"
                              " WHERE p.Disponible<>0 AND t.Disponible<>0 ORDER BY e.Date"_s);
-  while (requete.Suivante() && visiteur(EvenementLu(requete, 0))) {
+  while (requete.Suivante() && visiteur(LigneCourante<Evenement>(requete, 0))) {
   }
 }

@@ -2,13 +2,14 @@
 
 #include "platform/Fichiers.h"
 #include "storage/Base.h"
+#include "storage/Moteur.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
-#include <QUrl>
 
 #include <filesystem>
 #include <system_error>
@@ -25,9 +26,14 @@ bool MemeFichier(const QString &un, const QString &autre) {
   return std::filesystem::equivalent(chemin(un), chemin(autre), erreur);
 }
 
-/// False when the file is missing or no database of ours.
+/// False when the file is missing or no database of ours. Throws when somebody keeps it: nobody may
+/// take it for something else then and put a file in its place.
 bool Ouvrir(Base &base, const QString &chemin) {
-  Ignorer([&] { base.Ouvrir(chemin); });
+  try {
+    base.Ouvrir(chemin);
+  } catch (const ErreurBase &erreur) {
+    if (erreur.Genre() == GenreErreur::Occupee) throw;
+  }
   return base.Ouverte();
 }
 
@@ -39,11 +45,7 @@ qint64 Version(Base &base, const QString &schema) {
 /// Gives `base` the rows of another database of the same schema, and nothing else. False when the
 /// schemas differ.
 bool PrendreLignes(Base &base, const QString &source) {
-  // "rw" as everywhere: what a crash has left beside the file may have to be rolled back.
-  Requete(base, u"ATTACH ? AS origine"_s)
-      .Lier(QUrl::fromLocalFile(QFileInfo(source).absoluteFilePath()).toString(QUrl::FullyEncoded) +
-            u"?mode=rw"_s)
-      .Executer();
+  Requete(base, u"ATTACH ? AS origine"_s).Lier(AdresseMoteur(source)).Executer();
   if (Version(base, u"origine"_s) != Version(base, u"main"_s)) return false;
   Transaction transaction(base);
   const auto remplacer = [&base](const QString &table, const QString &colonnes) {

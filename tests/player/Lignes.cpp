@@ -2,6 +2,7 @@
 
 #include "player/Echec.h"
 #include "storage/Base.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 
 using namespace Qt::StringLiterals;

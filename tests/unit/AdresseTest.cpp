@@ -5,6 +5,7 @@
 #include "address/MiseEnLignes.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/Raccourci.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 

@@ -2,6 +2,7 @@
 // commands that fail half-way.
 
 #include "Outils.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 #include "storage/TablesAlertes.h"

@@ -2,14 +2,18 @@
 
 #include "Outils.h"
 #include "storage/Base.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 
+#include <QSqlDatabase>
 #include <QSqlError>
+#include <QSqlQuery>
 
 #include <atomic>
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <random>
 #include <sys/wait.h>
 #include <thread>
@@ -66,6 +70,16 @@ QList<Cle> Cles(Base &base) {
   QList<Cle> cles;
   TableAdresse(base).PourChaque([&](EntreeListe &&entree) { cles.append(entree.Index); });
   return cles;
+}
+
+/// What a step fails by; nothing when it does not.
+std::optional<GenreErreur> Panne(const std::function<void()> &etape) {
+  try {
+    etape();
+  } catch (const ErreurBase &erreur) {
+    return erreur.Genre();
+  }
+  return std::nullopt;
 }
 
 Correspondant Nomme(const QString &nom) {
@@ -139,6 +153,8 @@ TEST_F(BaseTest, FichierRefuse) {
     EXPECT_EQ(Octets(mdb), avant);
     EXPECT_EQ(Contenu(), QStringList{mdb});
   }
+  Poser(mdb, QByteArray(1000, 'x'));
+  EXPECT_EQ(Panne([this] { base.Ouvrir(CheminMdb()); }), GenreErreur::Endommagee);
   EXPECT_THROW(base.Ouvrir(Chemin()), ErreurBase) << "a folder";
   EXPECT_FALSE(base.Ouverte());
 }
@@ -184,7 +200,7 @@ TEST_F(BaseTest, FichierEndommage) {
   base.Fermer();
   Poser(mdb, QByteArray(saine).replace(page, 4096, QByteArray(4096, '\0')));
   base.Ouvrir(CheminMdb());
-  EXPECT_THROW(Cles(base), ErreurBase);
+  EXPECT_EQ(Panne([&] { Cles(base); }), GenreErreur::Endommagee);
 }
 
 TEST_F(BaseTest, OrdreDesColonnes) {
@@ -363,6 +379,67 @@ TEST_F(BaseTest, DisquePleinPendantLEcriture) {
   EXPECT_EQ(Cles(base).size(), 200);
   EXPECT_EQ(TableAdresse(base).Lire(1)->Commentaires, u""_s);
   EXPECT_NO_THROW(TableAdresse(base).EcrireCommentaires(1, u"suite"_s));
+
+  // In the middle of many writings the engine takes back what it has: no later one may stay alone.
+  Requete(base, u"UPDATE Adresse SET Tel='12', Commentaires='"_s + QString(800, u'n') + u'\'')
+      .Executer();
+  {
+    const DisquePlein plein(static_cast<rlim_t>(Octets(mdb).size() / 2));
+    EXPECT_THROW(TableAdresse(base).ReformaterTelephones([](const QString &n) { return n + n; },
+                                                         [](auto, auto) { return true; }),
+                 ErreurBase);
+  }
+  Requete changees(base, u"SELECT count(*) FROM Adresse WHERE Tel<>'12'"_s);
+  ASSERT_TRUE(changees.Suivante());
+  EXPECT_EQ(changees.Entier(0), 0);
+}
+
+// A transaction in which something else fails than a row is over, whatever the engine has made of
+// it.
+TEST_F(BaseTest, PanneDansUneTransaction) {
+  Creer(1);
+  const QString grande = u"INSERT INTO Adresse (NomVelmira) VALUES (zeroblob(100000))"_s;
+  const struct {
+    const char *nom;
+    QString avant, dedans;
+    GenreErreur genre;
+  } cas[] = {
+      {"full", u"PRAGMA max_page_count=1"_s, grande, GenreErreur::Pleine},
+      {"read only", {}, u"PRAGMA query_only=1"_s, GenreErreur::LectureSeule},
+      {"row refused",
+       u"CREATE TRIGGER garde BEFORE INSERT ON Ville BEGIN SELECT RAISE(ABORT, 'non'); END"_s,
+       u"INSERT INTO Ville DEFAULT VALUES"_s, GenreErreur::Contrainte},
+      {"no such table", {}, u"SELECT 1 FROM rien"_s, GenreErreur::Autre},
+  };
+  qsizetype lignes = 1;
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.nom);
+    base.Ouvrir(CheminMdb());
+    if (!c.avant.isEmpty()) Requete(base, c.avant).Suivante();
+    {
+      Transaction transaction(base);
+      AjouterLigne(base, Nomme(u"dedans"_s));
+      EXPECT_EQ(Panne([&] {
+                  Requete(base, c.dedans).Executer();
+                  Requete(base, grande).Executer();
+                }),
+                c.genre);
+      const bool perdue = c.genre != GenreErreur::Contrainte;
+      const auto suite = perdue ? std::optional(c.genre) : std::nullopt;
+      EXPECT_EQ(Panne([&] { AjouterLigne(base, Nomme(u"suite"_s)); }), suite);
+      EXPECT_EQ(Panne([&] { transaction.Valider(); }), suite);
+      if (!perdue) lignes += 2;
+    }
+    base.Ouvrir(CheminMdb());
+    EXPECT_EQ(Cles(base).size(), lignes);
+  }
+
+  Base autre;
+  autre.Ouvrir(CheminMdb());
+  const Transaction sienne(autre);
+  Requete(base, u"PRAGMA busy_timeout=0"_s).Suivante();
+  EXPECT_EQ(Panne([&] { const Transaction transaction(base); }), GenreErreur::Occupee);
+  EXPECT_EQ(Cles(base).size(), lignes) << "nothing is lost where nothing had begun";
 }
 
 // The child is killed with pages of its transaction already in the file.

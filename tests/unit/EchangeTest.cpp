@@ -3,6 +3,7 @@
 #include "Outils.h"
 #include "exchange/EchangeTexte.h"
 #include "platform/PageDeCode.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 

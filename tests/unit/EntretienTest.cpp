@@ -3,6 +3,7 @@
 
 #include "Outils.h"
 #include "storage/Base.h"
+#include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 #include "storage/TransfertBase.h"

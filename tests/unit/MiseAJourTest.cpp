@@ -6,6 +6,7 @@
 #include "commun/BoitesMuettes.h"
 #include "platform/Fichiers.h"
 #include "storage/MiseAJour.h"
+#include "storage/Requete.h"
 #include "storage/SourceSqlite.h"
 
 #include <sys/wait.h>

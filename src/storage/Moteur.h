@@ -1,0 +1,42 @@
+#pragma once
+// The engine below the storage: connections, and its failures. For the storage's own .cpp files,
+// which include the toolkit's headers of what is only named here.
+
+#include "storage/Base.h"
+
+#include <QString>
+
+#include <chrono>
+#include <memory>
+
+class QSqlDatabase;
+class QSqlError;
+class QSqlQuery;
+
+/// The file as the engine takes it: to be read and written, never to be made. Writing is asked for
+/// even by who only reads: what a killed program left half written is taken back at the opening.
+QString AdresseMoteur(const QString &chemin);
+
+/// The failure with its kind, a sentence for the user and the engine's own words.
+ErreurBase ErreurMoteur(const QSqlError &erreur);
+
+/// One connection to a file. Statements go before it does. Every verb throws `ErreurBase`.
+class Connexion {
+ public:
+  enum class Fichier { Present, Nouveau };
+
+  /// `attente`: how long a lock of another connection is waited for.
+  Connexion(const QString &chemin, Fichier fichier, std::chrono::milliseconds attente);
+  ~Connexion();
+  Connexion(const Connexion &) = delete;
+  Connexion &operator=(const Connexion &) = delete;
+
+  /// A statement that walks its rows forward only.
+  std::unique_ptr<QSqlQuery> Preparer(const QString &texte) const;
+  void Executer(const QString &texte) const;
+
+ private:
+  void Fermer();
+
+  std::unique_ptr<QSqlDatabase> connexion_;
+};
