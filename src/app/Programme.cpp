@@ -14,6 +14,7 @@
 #include "help/ToucheAide.h"
 #include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
+#include "storage/DossierApplication.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
@@ -106,6 +107,7 @@ bool Programme::Demarrer() {
 
 void Programme::Charger() {
   LireReglages(session_.dossiers.AppPath, session_.reglages);
+  EntretenirDossier(session_.dossiers);
   OuvrirBase();
 
   echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
@@ -143,13 +145,11 @@ void Programme::PoserCommandes() {
                        velmira->LeRepertoire(), velmira);
   new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
-                    {[velmira] { velmira->CliquerRacine(); },
+                    {[velmira] { velmira->Liste().CliquerRacine(); },
                      [this](std::function<void()> suite) { FermerPuis(std::move(suite)); },
                      [this] { Terminer(); }},
                     velmira);
-  classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->CmdExcel(),
-                                                  velmira->CmdAnnExp(),
-                                                  [velmira] { velmira->CliquerRacine(); });
+  classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,
           Garde(session_.plateforme.boites, [this] { classeur_->Commencer(); }));
   PoserMenusMemora();

@@ -2,40 +2,34 @@
 
 #include "directory/FrmTaillepg.h"
 #include "platform/Saisie.h"
-#include "ui/Bulle.h"
+#include "ui/Brancheur.h"
 #include "ui/Echelle.h"
-#include "ui/FondDegrade.h"
-#include "ui/Garde.h"
 #include "ui/Guillemet.h"
-#include "ui/Theme.h"
-#include "ui_FrmVelmira.h"
 
 #include <QActionGroup>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
-Apparence::Apparence(Session &session, Ui::FrmVelmira &ui, QWidget &fenetre,
+Apparence::Apparence(Session &session, const Actions &actions, QWidget &fenetre,
                      std::function<void()> relancer)
     : session_(session),
-      ui_(ui),
+      actions_(actions),
       fenetre_(fenetre),
       relancer_(std::move(relancer)),
       tailleEnForce_(session.reglages.rtcolor.TailleFenetre),
       hauteurDessin_(fenetre.height()),
       hauteurMinDessin_(fenetre.minimumHeight()) {
-  ui_.Fond->PoserPanneaux({ui_.PanneauCommandes, ui_.Gauche, ui_.Fiche, ui_.PanneauJour});
   Brancher();
-  Appliquer();
-  PoserBulles();
+  Cocher();
 }
 
 void Apparence::Brancher() {
-  const auto brancher = [this](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
-  };
+  const Brancheur brancher(session_.plateforme.boites, this);
   const auto grouper = [this](const QList<QAction *> &choix,
                               QActionGroup::ExclusionPolicy politique) {
     auto *groupe = new QActionGroup(this);
@@ -44,118 +38,89 @@ void Apparence::Brancher() {
   };
   ReglagesPlomex &plomex = session_.reglages.plomex;
   ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  const Actions &a = actions_;
 
-  grouper({ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien}, QActionGroup::ExclusionPolicy::Exclusive);
-  brancher(ui_.mnuDDN, [this](bool) { ChoisirNaissance(AffichageNaissance::Date); });
-  brancher(ui_.mnuAge, [this](bool) { ChoisirNaissance(AffichageNaissance::Age); });
-  brancher(ui_.mnuRien, [this](bool) { ChoisirNaissance(AffichageNaissance::Rien); });
+  grouper({a.mnuDDN, a.mnuAge, a.mnuRien}, QActionGroup::ExclusionPolicy::Exclusive);
+  brancher(a.mnuDDN, [this] { ChoisirNaissance(AffichageNaissance::Date); });
+  brancher(a.mnuAge, [this] { ChoisirNaissance(AffichageNaissance::Age); });
+  brancher(a.mnuRien, [this] { ChoisirNaissance(AffichageNaissance::Rien); });
 
-  grouper({ui_.mnudegrade, ui_.mnuUni}, QActionGroup::ExclusionPolicy::Exclusive);
-  for (QAction *fond : {ui_.mnudegrade, ui_.mnuUni})
-    brancher(fond, [this, &rtcolor](bool) {
-      rtcolor.FondUni = ui_.mnuUni->isChecked();
-      MontrerFond();
+  grouper({a.mnudegrade, a.mnuUni}, QActionGroup::ExclusionPolicy::Exclusive);
+  for (QAction *fond : {a.mnudegrade, a.mnuUni})
+    brancher(fond, [this, &rtcolor] {
+      rtcolor.FondUni = actions_.mnuUni->isChecked();
+      emit Changee();
       EcrireRTColor();
     });
 
-  grouper({ui_.mnuAgPolListe1, ui_.mnuAgPolListe2},
-          QActionGroup::ExclusionPolicy::ExclusiveOptional);
-  for (QAction *taille : {ui_.mnuAgPolListe1, ui_.mnuAgPolListe2})
-    brancher(taille, [this, &plomex](bool) {
-      plomex.TaillePoliceTV1 = ui_.mnuAgPolListe1->isChecked();
-      plomex.TaillePoliceTV2 = ui_.mnuAgPolListe2->isChecked();
-      MontrerPoliceListe();
+  grouper({a.mnuAgPolListe1, a.mnuAgPolListe2}, QActionGroup::ExclusionPolicy::ExclusiveOptional);
+  for (QAction *taille : {a.mnuAgPolListe1, a.mnuAgPolListe2})
+    brancher(taille, [this, &plomex] {
+      plomex.TaillePoliceTV1 = actions_.mnuAgPolListe1->isChecked();
+      plomex.TaillePoliceTV2 = actions_.mnuAgPolListe2->isChecked();
+      emit Changee();
     });
 
-  const auto basculer = [this, brancher](QAction *action, Drapeau &reglage) {
+  const auto basculer = [this, &brancher](QAction *action, Drapeau &reglage) {
     brancher(action, [this, &reglage](bool actif) {
       reglage = actif;
       EcrireRTColor();
     });
   };
-  basculer(ui_.mnuListe, rtcolor.OuvrirSurFavoris);
-  basculer(ui_.mnuClickDroit, rtcolor.MenuClicDroit);
-  basculer(ui_.mnuEffet, rtcolor.EffetVisuel);
+  basculer(a.mnuListe, rtcolor.OuvrirSurFavoris);
+  basculer(a.mnuClickDroit, rtcolor.MenuClicDroit);
+  basculer(a.mnuEffet, rtcolor.EffetVisuel);
 
-  brancher(ui_.mnuPlomex, [this, &plomex](bool enveloppes) {
+  brancher(a.mnuPlomex, [this, &plomex](bool enveloppes) {
     plomex.Enveloppe = enveloppes;
     EcrireReglages(session_.dossiers.AppPath, plomex);
   });
-  brancher(ui_.mnuGras, [this, &plomex](bool gras) {
+  brancher(a.mnuGras, [this, &plomex](bool gras) {
     plomex.AdresseEnGras = gras;
-    ui_.Fiche->MettreAdresseEnGras(gras);
+    emit Changee();
   });
-  brancher(ui_.mnuAdress, [this](bool importee) { BasculerAdresseImportee(importee); });
-  brancher(ui_.mnuPerso, [this](bool) { DemanderNom(); });
-  brancher(ui_.mnuvit, [this](bool) { DemanderVitesse(); });
-  brancher(ui_.mnuPG, [this](bool) { ChoisirTaille(); });
+  brancher(a.mnuAdress, &Apparence::BasculerAdresseImportee);
+  brancher(a.mnuPerso, &Apparence::DemanderNom);
+  brancher(a.mnuvit, &Apparence::DemanderVitesse);
+  brancher(a.mnuPG, &Apparence::ChoisirTaille);
 }
 
-void Apparence::Appliquer() {
+void Apparence::Cocher() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
-  ui_.mnuPlomex->setChecked(plomex.Enveloppe);
-  ui_.mnuListe->setChecked(rtcolor.OuvrirSurFavoris);
-  ui_.mnuAdress->setChecked(plomex.Adresse);
-  ui_.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes);
-  ui_.mnuGras->setChecked(plomex.AdresseEnGras);
-  ui_.mnuClickDroit->setChecked(rtcolor.MenuClicDroit);
-  ui_.mnuEffet->setChecked(rtcolor.EffetVisuel);
-  const std::array naissance{ui_.mnuDDN, ui_.mnuAge, ui_.mnuRien};
+  const Actions &a = actions_;
+  a.mnuPlomex->setChecked(plomex.Enveloppe);
+  a.mnuListe->setChecked(rtcolor.OuvrirSurFavoris);
+  a.mnuAdress->setChecked(plomex.Adresse);
+  a.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes);
+  a.mnuGras->setChecked(plomex.AdresseEnGras);
+  a.mnuClickDroit->setChecked(rtcolor.MenuClicDroit);
+  a.mnuEffet->setChecked(rtcolor.EffetVisuel);
+  const std::array naissance{a.mnuDDN, a.mnuAge, a.mnuRien};
   if (const auto choix = static_cast<std::size_t>(rtcolor.AffichageNaissance);
       choix < naissance.size())
     naissance[choix]->setChecked(true);
-  ui_.mnuAgPolListe2->setChecked(plomex.TaillePoliceTV2);
-  if (plomex.TaillePoliceTV1) ui_.mnuAgPolListe1->setChecked(true);
-  (rtcolor.FondUni.EstNul() ? ui_.mnudegrade : ui_.mnuUni)->setChecked(true);
-
-  ui_.Fiche->MettreAdresseEnGras(plomex.AdresseEnGras);
-  ui_.Fiche->MontrerAdresseImportee(plomex.Adresse);
-  MontrerTitre();
-  MontrerCouleur();
-  MontrerFond();
-  MontrerPoliceListe();
+  a.mnuAgPolListe2->setChecked(plomex.TaillePoliceTV2);
+  if (plomex.TaillePoliceTV1) a.mnuAgPolListe1->setChecked(true);
+  (rtcolor.FondUni.EstNul() ? a.mnudegrade : a.mnuUni)->setChecked(true);
 }
 
-void Apparence::PoserBulles() {
-  constexpr int kLargeurListe = 80;
-  Horloge &horloge = session_.plateforme.horloge;
-  PoserBulle(ui_.CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurListe});
-  PoserBulle(ui_.CmdFavoris, horloge, {u"Ajouter aux favoris"_s, kBulleBrune, kLargeurListe});
+Aspect Apparence::LAspect() const {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
+  const auto canal = [](qint16 valeur) { return std::clamp<int>(valeur, 0, 255); };
+  const int dessin = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
+  return {
+      .titre = u"   Velmiras de "_s + rtcolor.NomPerso,
+      .couleur = QColor(canal(rtcolor.CouleurR), canal(rtcolor.CouleurV), canal(rtcolor.CouleurB)),
+      .fondUni = !rtcolor.FondUni.EstNul(),
+      .points = qRound(PointsAEchelle(dessin, Echelle(tailleEnForce_))),
+      .adresseEnGras = plomex.AdresseEnGras,
+      .adresseImportee = plomex.Adresse};
 }
 
 void Apparence::EcrireRTColor() {
   ::EcrireRTColor(session_.dossiers.AppPath, session_.reglages.rtcolor);
-}
-
-void Apparence::MontrerTitre() {
-  fenetre_.setWindowTitle(u"   Velmiras de "_s + session_.reglages.rtcolor.NomPerso);
-}
-
-void Apparence::MontrerCouleur() {
-  const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
-  const auto canal = [](qint16 valeur) { return std::clamp<int>(valeur, 0, 255); };
-  const QColor couleur(canal(rtcolor.CouleurR), canal(rtcolor.CouleurV), canal(rtcolor.CouleurB));
-  QPalette palette;
-  palette.setColor(QPalette::Window, couleur);
-  palette.setColor(QPalette::WindowText, EncreSur(couleur));
-  ui_.PanneauCommandes->setPalette(palette);
-  ui_.Fond->update();
-}
-
-void Apparence::MontrerFond() {
-  ui_.Fond->Choisir(!session_.reglages.rtcolor.FondUni.EstNul());
-}
-
-void Apparence::MontrerPoliceListe() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  const int dessin = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
-  const int points = qRound(PointsAEchelle(dessin, Echelle(tailleEnForce_)));
-  QFont font = fenetre_.font();
-  font.setPointSize(points);
-  ui_.TV->setFont(font);
-  ui_.CboCat->setFont(font);
-  ui_.Fiche->ChangerTaillePolice(points);
 }
 
 void Apparence::ChoisirCouleur() {
@@ -166,7 +131,7 @@ void Apparence::ChoisirCouleur() {
   rtcolor.CouleurR = static_cast<qint16>(choix->rouge);
   rtcolor.CouleurV = static_cast<qint16>(choix->vert);
   rtcolor.CouleurB = static_cast<qint16>(choix->bleu);
-  MontrerCouleur();
+  emit Changee();
   EcrireRTColor();
 }
 
@@ -176,7 +141,7 @@ void Apparence::DemanderNom() {
   const QString reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
   if (reponse.isEmpty() || RefuserGuillemet(boites, reponse)) return;
   nom = reponse;
-  MontrerTitre();
+  emit Changee();
   EcrireRTColor();
 }
 
@@ -233,12 +198,12 @@ void Apparence::ChoisirTaille() {
 void Apparence::ChoisirNaissance(AffichageNaissance affichage) {
   session_.reglages.rtcolor.AffichageNaissance = affichage;
   EcrireRTColor();
-  ui_.TV->CliquerSelection();
+  emit NaissanceChangee();
 }
 
 void Apparence::BasculerAdresseImportee(bool importee) {
   session_.reglages.plomex.Adresse = importee;
-  ui_.Fiche->MontrerAdresseImportee(importee);
+  emit Changee();
   if (importee)
     session_.plateforme.boites.Information(
         u"Les adresses importées de Ondalis ne permettent pas l'impression d'une enveloppe."_s);

@@ -30,6 +30,10 @@ void ArbreVelmiras::SelectionnerEtCliquer(const QModelIndex &noeud) {
   emit NoeudClique(noeud, Qt::LeftButton);
 }
 
+void ArbreVelmiras::CliquerPremier() {
+  if (modele_.NombreEnfants() > 0) SelectionnerEtCliquer(modele_.index(0, 0, modele_.Racine()));
+}
+
 void ArbreVelmiras::CliquerSelection() {
   if (const QModelIndex noeud = Selection(); noeud.isValid()) SelectionnerEtCliquer(noeud);
 }

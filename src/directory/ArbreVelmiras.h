@@ -20,6 +20,8 @@ class ArbreVelmiras : public QTreeView {
   /// The selected node; invalid when there is none.
   QModelIndex Selection() const;
   void SelectionnerEtCliquer(const QModelIndex &noeud);
+  /// Selects and clicks the first record; without one nothing happens.
+  void CliquerPremier();
   /// Clicks the selected node again; without one nothing happens.
   void CliquerSelection();
 

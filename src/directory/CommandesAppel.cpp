@@ -1,10 +1,8 @@
 #include "directory/CommandesAppel.h"
 
 #include "directory/PanneauFiche.h"
-#include "ui/Garde.h"
+#include "ui/Brancheur.h"
 
-#include <QAction>
-#include <QMenu>
 #include <QRegularExpression>
 #include <QScopeGuard>
 
@@ -28,28 +26,25 @@ QByteArray CommandeModem(QString numero) {
 
 }  // namespace
 
-CommandesAppel::CommandesAppel(Session &session, const Controles &controles, QObject *parent)
-    : QObject(parent), session_(session), controles_(controles) {
-  Boites &boites = session_.plateforme.boites;
-  const auto brancher = [&](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(boites, commande));
-  };
-  brancher(controles_.mnuTel, [this](bool active) { BasculerNumerotation(active); });
-  brancher(controles_.mnuMasquerTel, [this](bool masque) { Masquer(masque); });
-  for (std::size_t i = 0; i < controles_.mnuCom.size(); ++i)
-    brancher(controles_.mnuCom[i], [this, i](bool) { ChoisirPort(i); });
-  brancher(controles_.mnuVolume, [this](bool) { session_.plateforme.coquille.ReglerSon(); });
-  brancher(controles_.mnuADSL, [this](bool) {
+CommandesAppel::CommandesAppel(Session &session, const Actions &actions, PanneauFiche &fiche,
+                               QObject *parent)
+    : QObject(parent), session_(session), actions_(actions), fiche_(fiche) {
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(actions_.mnuTel, &CommandesAppel::BasculerNumerotation);
+  brancher(actions_.mnuMasquerTel, &CommandesAppel::Masquer);
+  for (std::size_t i = 0; i < actions_.mnuCom.size(); ++i)
+    brancher(actions_.mnuCom[i], [this, i] { ChoisirPort(i); });
+  brancher(actions_.mnuVolume, [this] { session_.plateforme.coquille.ReglerSon(); });
+  brancher(actions_.mnuADSL, [this] {
     session_.plateforme.coquille.Ouvrir(session_.dossiers.AppPath + u"/VelmiraADSL.pdf"_s);
   });
-  connect(controles_.fiche, &PanneauFiche::AppelDemande, this,
-          Garde(boites, [this](const QString &numero) { AppelerFiche(numero); }));
-  connect(controles_.fiche, &PanneauFiche::CourrielDemande, this,
-          Garde(boites, [this](const QString &adresse) { Ecrire(adresse); }));
-  connect(controles_.fiche, &PanneauFiche::SiteDemande, this,
-          Garde(boites,
-                [this](const QString &adresse) { session_.plateforme.coquille.Ouvrir(adresse); }));
+  brancher(&fiche_, &PanneauFiche::AppelDemande, &CommandesAppel::AppelerFiche);
+  brancher(&fiche_, &PanneauFiche::CourrielDemande, &CommandesAppel::Ecrire);
+  brancher(&fiche_, &PanneauFiche::SiteDemande,
+           [this](const QString &adresse) { session_.plateforme.coquille.Ouvrir(adresse); });
+}
 
+void CommandesAppel::Appliquer() {
   ReglagesPlomex &plomex = session_.reglages.plomex;
   if (plomex.Telephone) plomex.IcoMenu = false;  // what is in use is not hidden
   MajPort();
@@ -133,7 +128,7 @@ void CommandesAppel::AttendreModem() {
 }
 
 void CommandesAppel::ChoisirPort(std::size_t choix) {
-  if (choix + 1 < controles_.mnuCom.size())
+  if (choix + 1 < actions_.mnuCom.size())
     ChangerPort(static_cast<quint8>(choix + 1));
   else
     DemanderPort();
@@ -159,11 +154,11 @@ void CommandesAppel::ChangerPort(quint8 port) {
 }
 
 void CommandesAppel::MajPort() {
-  const std::size_t autre = controles_.mnuCom.size() - 1;
+  const std::size_t autre = actions_.mnuCom.size() - 1;
   const std::size_t port = session_.reglages.rtcolor.PortCom;
   const std::size_t choix = port >= 1 && port <= autre ? port - 1 : autre;
-  for (std::size_t i = 0; i < controles_.mnuCom.size(); ++i)
-    controles_.mnuCom[i]->setChecked(i == choix);
+  for (std::size_t i = 0; i < actions_.mnuCom.size(); ++i)
+    actions_.mnuCom[i]->setChecked(i == choix);
 }
 
 void CommandesAppel::BasculerNumerotation(bool active) {
@@ -186,11 +181,11 @@ void CommandesAppel::Masquer(bool masque) {
 
 void CommandesAppel::MajVisibles() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
-  controles_.mnuTel->setChecked(plomex.Telephone);
-  controles_.mnuMasquerTel->setChecked(plomex.IcoMenu);
-  controles_.mnuMasquerTel->setEnabled(!plomex.Telephone);
-  controles_.mnuPort->menuAction()->setVisible(!plomex.IcoMenu);
-  controles_.mnuVolume->setVisible(!plomex.IcoMenu);
-  controles_.bouton->setVisible(!plomex.IcoMenu);
-  controles_.fiche->ActiverNumerotation(plomex.Telephone);
+  actions_.mnuTel->setChecked(plomex.Telephone);
+  actions_.mnuMasquerTel->setChecked(plomex.IcoMenu);
+  actions_.mnuMasquerTel->setEnabled(!plomex.Telephone);
+  actions_.mnuPort->setVisible(!plomex.IcoMenu);
+  actions_.mnuVolume->setVisible(!plomex.IcoMenu);
+  fiche_.ActiverNumerotation(plomex.Telephone);
+  emit Montree(!plomex.IcoMenu);
 }

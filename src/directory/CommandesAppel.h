@@ -8,8 +8,6 @@
 
 class PanneauFiche;
 class QAction;
-class QMenu;
-class QWidget;
 
 /// Dialling through the modem, mail and web addresses, and what belongs to dialling in the menus.
 /// The modem dials, the user takes up the telephone, and the modem is told to hang up.
@@ -17,23 +15,27 @@ class CommandesAppel : public QObject {
   Q_OBJECT
 
  public:
-  struct Controles {
+  struct Actions {
     QAction *mnuTel, *mnuMasquerTel;
-    QMenu *mnuPort;
+    QAction *mnuPort;                 ///< of the menu of the ports
     std::array<QAction *, 5> mnuCom;  ///< ports 1 to 4, then any other
     QAction *mnuVolume, *mnuADSL;
-    QWidget *bouton;  ///< of the command bar
-    PanneauFiche *fiche;
   };
 
-  /// Brings the controls to the state of the settings.
-  CommandesAppel(Session &session, const Controles &controles, QObject *parent);
+  /// Once connected, `Appliquer` brings all to the state of the settings.
+  CommandesAppel(Session &session, const Actions &actions, PanneauFiche &fiche, QObject *parent);
+
+  void Appliquer();
 
   /// Asks for a number to call or an address to write to.
   void Demander();
 
   /// Ends the call that is under way, if there is one: the program closes.
   void Raccrocher() { FinAppel = true; }
+
+ signals:
+  /// Whether what belongs to dialling is shown.
+  void Montree(bool montree);
 
  private:
   void AppelerFiche(const QString &numero);
@@ -50,7 +52,8 @@ class CommandesAppel : public QObject {
   void MajVisibles();
 
   Session &session_;
-  Controles controles_;
+  Actions actions_;
+  PanneauFiche &fiche_;
   bool enCours_ = false;  ///< a call is under way
   bool FinAppel = false;
 };

@@ -11,13 +11,6 @@ namespace {
 // The key of a new record is handed on in one byte.
 constexpr Cle kCleNouvelleMax = 255;
 
-/// A record whose texts are empty, not null.
-Correspondant FicheVide() {
-  Correspondant fiche;
-  fiche.Commentaires = fiche.AdresseImportee = u""_s;
-  return fiche;
-}
-
 }  // namespace
 
 QModelIndex CommandesFiche::NoeudChoisi() const {
@@ -42,29 +35,28 @@ void CommandesFiche::AfficherTous() {
   liste_.AfficherCategorie(ToutesCategories());
 }
 
-bool CommandesFiche::Saisir(FrmNewMod &editeur, Correspondant &fiche,
-                            const std::function<void()> &ecrire) {
-  while (editeur.exec() == QDialog::Accepted && !editeur.Saisie().NomSaisi.trimmed().isEmpty()) {
-    editeur.Saisie().Reporter(fiche);
-    if (Signaler(session_.plateforme.boites, ecrire)) return true;
+std::optional<Correspondant> CommandesFiche::Saisir(
+    FrmNewMod &editeur, const std::function<void(FicheSaisie &)> &ecrire) {
+  while (editeur.exec() == QDialog::Accepted && editeur.Saisie().acceptee) {
+    FicheSaisie saisie = editeur.Saisie();
+    if (Signaler(session_.plateforme.boites, [&] { ecrire(saisie); })) return saisie.fiche;
   }
-  return false;
+  return std::nullopt;
 }
 
 std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, const Ajout &ajout) {
   FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
                     {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
   Correspondant depart = ajout.depart;
-  depart.AlerteActive = ajout.alerte;  // shown ticked, and not to be unticked
+  depart.Commentaires = depart.AdresseImportee = u""_s;  // empty, not null
+  depart.AlerteActive = ajout.alerte;                    // shown ticked, and not to be unticked
   editeur.Montrer(depart);
   if (ajout.imprimer) editeur.ProposerImpression(ajout.imprimer);
-  Correspondant fiche = FicheVide();
-  const bool ecrite = Saisir(editeur, fiche, [&] {
-    fiche.AlerteActive = ajout.alerte || editeur.Saisie().AjoutAlerte;
-    fiche.Index = TableAdresse(session_.base).Ajouter(fiche, fiche.AlerteActive);
+  return Saisir(editeur, [&](FicheSaisie &saisie) {
+    saisie.fiche.AlerteActive = ajout.alerte || saisie.AjoutAlerte;
+    saisie.fiche.Index =
+        TableAdresse(session_.base).Ajouter(saisie.fiche, saisie.fiche.AlerteActive);
   });
-  if (!ecrite) return std::nullopt;
-  return fiche;
 }
 
 void CommandesFiche::Nouveau() {
@@ -110,19 +102,19 @@ void CommandesFiche::ModifierSelection() {
 }
 
 bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
-  auto fiche = TableAdresse(session_.base).Lire(index);
-  if (!fiche) {
+  const auto ancienne = TableAdresse(session_.base).Lire(index);
+  if (!ancienne) {
     session_.plateforme.boites.Information(TexteDisparu());
     if (Selection() == index) fenetre_.partie();
     return false;
   }
   FrmNewMod editeur(session_, u"  Modifier Velmira"_s,
                     {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
-  editeur.Montrer(*fiche);
-  const bool ecrite = Saisir(editeur, *fiche, [&] {
-    TableAdresse(session_.base).Modifier(*fiche, editeur.Saisie().AjoutAlerte);
+  editeur.Montrer(*ancienne);
+  const auto fiche = Saisir(editeur, [&](const FicheSaisie &saisie) {
+    TableAdresse(session_.base).Modifier(saisie.fiche, saisie.AjoutAlerte);
   });
-  if (!ecrite) return false;
+  if (!fiche) return false;
   if (const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index); ancien.isValid()) {
     liste_.Retirer(ancien);
     liste_.Inserer({NomListe(fiche->NomVelmira), index});

@@ -4,6 +4,7 @@
 #include "directory/Repertoire.h"
 
 class FrmNewMod;
+struct FicheSaisie;
 
 /// What is done with the correspondents of the list: with the selected one by the directory's own
 /// commands, and with any of them for the other windows.
@@ -44,9 +45,10 @@ class CommandesFiche : public Repertoire {
  private:
   /// Runs the editor for a new correspondent and writes it. Nothing for a cancel.
   std::optional<Correspondant> SaisirNouveau(QWidget *parent, const Ajout &ajout);
-  /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
-  /// again with what was typed. False for a cancel.
-  bool Saisir(FrmNewMod &editeur, Correspondant &fiche, const std::function<void()> &ecrire);
+  /// Runs the editor and writes what it gives, which is given back. A writing that fails is told,
+  /// and the editor comes again with what was typed. Nothing for a cancel.
+  std::optional<Correspondant> Saisir(FrmNewMod &editeur,
+                                      const std::function<void(FicheSaisie &)> &ecrire);
   void QuitterCategorieVide();
 
   Session &session_;

@@ -4,9 +4,11 @@
 
 #include <QDialog>
 
-#include <array>
+#include <memory>
 
-class QCheckBox;
+namespace Ui {
+class FrmImprime;
+}
 
 /// Asks which lines of the records the printed list takes; all are ticked at first.
 class FrmImprime : public QDialog {
@@ -15,9 +17,10 @@ class FrmImprime : public QDialog {
  public:
   /// Stands over the upper part of the list, as wide as it.
   explicit FrmImprime(QWidget *liste);
+  ~FrmImprime() override;
 
   ChoixListe Choix() const;
 
  private:
-  std::array<QCheckBox *, 7> ChkImp{};
+  std::unique_ptr<Ui::FrmImprime> ui_;
 };

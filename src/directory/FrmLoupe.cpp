@@ -2,78 +2,33 @@
 
 #include "storage/Lignes.h"
 #include "ui/CouleurNumero.h"
-#include "ui/EtiquetteElidee.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
+#include "ui_FrmLoupe.h"
 
-#include <QGridLayout>
 #include <QKeyEvent>
 
-using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int kTitre = 28, kNumero = 24, kLibelle = 14;  // points
-
-EtiquetteElidee *Etiquette(QWidget *parent, const QString &nom, const QString &texte, int points) {
-  auto *etiquette = new EtiquetteElidee(parent);
-  etiquette->setObjectName(nom);
-  QFont font = etiquette->font();
-  font.setPointSize(points);
-  etiquette->setFont(font);
-  etiquette->setText(texte);
-  return etiquette;
+FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLoupe>()) {
+  constexpr qsizetype kTitre = 80, kLisible = 200;  // characters; more would not fit the screen
+  ui_->setupUi(this);
+  setWindowTitle(Montrable(fiche.NomVelmira, kTitre));
+  setWindowIcon(IconeProgramme());
+  ui_->LblNLoupe->setText(Montrable(fiche.NomVelmira, kLisible));
+  MontrerNumero(ui_->LblTel, ui_->LblPLoupe, fiche.Tel, fiche.ListeRougeTel);
+  MontrerNumero(ui_->LblTelT, ui_->LblPTLoupe, fiche.TelTravail, fiche.ListeRougeTravail);
+  MontrerNumero(ui_->LblPort, ui_->LblPoLoupe, fiche.Portable, false);
+  MontrerNumero(ui_->LblFax, ui_->LblFLoupe, fiche.Fax, false);
+  Colorer(ui_->LblExit, palette().color(QPalette::Disabled, QPalette::WindowText));
 }
 
-}  // namespace
+FrmLoupe::~FrmLoupe() = default;
 
-FrmLoupe::FrmLoupe(const Correspondant &fiche) {
-  setObjectName(u"FrmLoupe"_s);
-  setWindowTitle(Montrable(fiche.NomVelmira, 80));
-  setWindowIcon(IconeProgramme());
-  setFocusPolicy(Qt::StrongFocus);
-  resize(720, 400);
-
-  auto *grille = new QGridLayout(this);
-  grille->setContentsMargins(32, 24, 32, 24);
-  grille->setHorizontalSpacing(24);
-  grille->setVerticalSpacing(12);
-  grille->setColumnMinimumWidth(0, 180);
-  grille->setColumnStretch(1, 1);
-  constexpr qsizetype kLisible = 200;  // characters; more would not fit the screen
-  auto *nom = new QLabel(Montrable(fiche.NomVelmira, kLisible), this);
-  nom->setObjectName(u"LblNLoupe"_s);
-  nom->setTextFormat(Qt::PlainText);
-  nom->setWordWrap(true);
-  QFont gras = nom->font();
-  gras.setPointSize(kTitre);
-  gras.setBold(true);
-  nom->setFont(gras);
-  grille->addWidget(nom, 0, 0, 1, 2);
-
-  const struct {
-    QString nomLibelle, libelle, nomValeur, valeur;
-    bool listeRouge;
-  } lignes[] = {
-      {u"LblTel"_s, u"Domicile"_s, u"LblPLoupe"_s, fiche.Tel, fiche.ListeRougeTel},
-      {u"LblTelT"_s, u"Travail"_s, u"LblPTLoupe"_s, fiche.TelTravail, fiche.ListeRougeTravail},
-      {u"LblPort"_s, u"Portable"_s, u"LblPoLoupe"_s, fiche.Portable, false},
-      {u"LblFax"_s, u"Fax"_s, u"LblFLoupe"_s, fiche.Fax, false},
-  };
-  int rang = 1;
-  for (const auto &ligne : lignes) {
-    auto *libelle = Etiquette(this, ligne.nomLibelle, ligne.libelle, kLibelle);
-    auto *valeur = Etiquette(this, ligne.nomValeur, ligne.valeur, kNumero);
-    Colorer(valeur, CouleurNumero(ligne.listeRouge, palette()));
-    libelle->setVisible(!ligne.valeur.isEmpty());
-    valeur->setVisible(!ligne.valeur.isEmpty());
-    grille->addWidget(libelle, rang, 0);
-    grille->addWidget(valeur, rang++, 1);
-  }
-  grille->setRowStretch(rang++, 1);
-  auto *fin = Etiquette(this, u"LblExit"_s, u"Cliquez n'importe où pour fermer"_s, kLibelle);
-  Colorer(fin, palette().color(QPalette::Disabled, QPalette::WindowText));
-  grille->addWidget(fin, rang, 0, 1, 2);
+void FrmLoupe::MontrerNumero(QLabel *libelle, QLabel *valeur, const QString &numero,
+                             bool listeRouge) {
+  valeur->setText(numero);
+  Colorer(valeur, CouleurNumero(listeRouge, palette()));
+  libelle->setVisible(!numero.isEmpty());
+  valeur->setVisible(!numero.isEmpty());
 }
 
 void FrmLoupe::mousePressEvent(QMouseEvent *) {

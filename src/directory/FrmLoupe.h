@@ -2,7 +2,14 @@
 
 #include <QWidget>
 
+#include <memory>
+
+class QLabel;
 struct Correspondant;
+
+namespace Ui {
+class FrmLoupe;
+}
 
 /// The enlarged view of a correspondent: name and numbers, to be read from a distance. A click
 /// anywhere, or Escape, leaves it.
@@ -11,6 +18,7 @@ class FrmLoupe : public QWidget {
 
  public:
   explicit FrmLoupe(const Correspondant &fiche);
+  ~FrmLoupe() override;
 
  signals:
   void Quittee();
@@ -19,4 +27,10 @@ class FrmLoupe : public QWidget {
   void mousePressEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
   void closeEvent(QCloseEvent *evenement) override;
+
+ private:
+  /// A line of the view, hidden where there is no number.
+  void MontrerNumero(QLabel *libelle, QLabel *valeur, const QString &numero, bool listeRouge);
+
+  std::unique_ptr<Ui::FrmLoupe> ui_;
 };

@@ -1,12 +1,10 @@
 #include "directory/FrmNewMod.h"
 
-#include "directory/GestionCategories.h"
 #include "platform/Saisie.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
-#include "ui/Bulle.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
-#include "ui/Garde.h"
 #include "ui/Guillemet.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmNewMod.h"
@@ -33,10 +31,8 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
   Boites &boites = session_.plateforme.boites;
   constexpr int kGris = 242;  // of the field that has the focus
   ui_->Champs->Relier(boites, session_.base, session_.dossiers.AppPath, kGris, u"Image3"_s);
-  categories_ = std::make_unique<GestionCategories>(
-      boites, session_.base,
-      GestionCategories::Controles{ui_->CboCat, ui_->LstCat, ui_->CmdEnrCat, ui_->CmdModSup},
-      contexte_.categoriesChangees);
+  ui_->Categories->Relier(boites, session_.plateforme.horloge, session_.base,
+                          contexte_.categoriesChangees);
   ui_->DTP->setDate(session_.plateforme.horloge.Maintenant().date());
   Brancher();
 }
@@ -46,25 +42,18 @@ FrmNewMod::~FrmNewMod() {
 }
 
 void FrmNewMod::Brancher() {
-  Boites &boites = session_.plateforme.boites;
-  const auto brancher = [this, &boites](QPushButton *bouton, auto commande) {
-    connect(bouton, &QPushButton::clicked, this, Garde(boites, [commande](bool) { commande(); }));
-  };
-  brancher(ui_->CmdOK, [this] { Valider(); });
-  brancher(ui_->CmdAnnule, [this] { reject(); });
-  brancher(ui_->CmdPhoto, [this] { ChoisirPhoto(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->CmdOK, &FrmNewMod::Valider);
+  brancher(ui_->CmdAnnule, &FrmNewMod::reject);
+  brancher(ui_->CmdPhoto, &FrmNewMod::ChoisirPhoto);
+  brancher(ui_->CmdEnregistre, &FrmNewMod::ImprimerPuisValider);
   connect(ui_->Label5, &QToolButton::clicked, this, [this] {
     session_.plateforme.boites.Information(
         u"La photo est un fichier d'image (jpg, bmp ou ico), montré avec la fiche.\n\n"
         "Rangez-la de préférence dans le dossier « Photos » du programme :\n"_s +
-        QDir::toNativeSeparators(DossierPhotos()) +
+        QDir::toNativeSeparators(session_.dossiers.Photos()) +
         u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler »."_s);
   });
-  brancher(ui_->CmdEnregistre, [this] { ImprimerPuisValider(); });
-  PoserBulle(ui_->CmdEnrCat, session_.plateforme.horloge,
-             {u"Enregistrer\nla nouvelle catégorie"_s, kBulleJaune});
-  PoserBulle(ui_->CmdModSup, session_.plateforme.horloge,
-             {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, kBulleJaune});
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
   const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };
@@ -73,25 +62,26 @@ void FrmNewMod::Brancher() {
   connect(ui_->DTP->calendarWidget(), &QCalendarWidget::clicked, this, choisir);
 }
 
-void FrmNewMod::Montrer(const Correspondant &f) {
-  ui_->txtName->setText(f.NomVelmira);
-  ui_->TxtPhone->setText(f.Tel);
-  ui_->TxtFax->setText(f.Fax);
-  ui_->TxtMail->setText(f.Mail);
-  ui_->TxtPort->setText(f.Portable);
-  ui_->TxtPhoneT->setText(f.TelTravail);
-  ui_->TxtWeb->setText(f.Web);
-  ui_->ChkR_0->setChecked(f.ListeRougeTel);
-  ui_->ChkR_1->setChecked(f.ListeRougeTravail);
-  ui_->TxtDN->setText(f.DDN);
-  ui_->ChkDP->setChecked(!f.DataProt.isEmpty());
-  ui_->Champs->Montrer(AdresseSaisie::De(f));
-  categories_->Marquer(f.Categories);
+QList<FrmNewMod::Champ> FrmNewMod::Champs() const {
+  return {{ui_->txtName, &Correspondant::NomVelmira},   {ui_->TxtPhone, &Correspondant::Tel},
+          {ui_->TxtPhoneT, &Correspondant::TelTravail}, {ui_->TxtPort, &Correspondant::Portable},
+          {ui_->TxtFax, &Correspondant::Fax},           {ui_->TxtMail, &Correspondant::Mail},
+          {ui_->TxtWeb, &Correspondant::Web},           {ui_->TxtDN, &Correspondant::DDN}};
+}
+
+void FrmNewMod::Montrer(const Correspondant &fiche) {
+  saisie_ = {.fiche = fiche};
+  if (fiche.Photo.isNull()) saisie_.fiche.Photo = u""_s;
+  for (const auto &[ligne, texte] : Champs()) ligne->setText(fiche.*texte);
+  ui_->ChkR_0->setChecked(fiche.ListeRougeTel);
+  ui_->ChkR_1->setChecked(fiche.ListeRougeTravail);
+  ui_->ChkDP->setChecked(!fiche.DataProt.isEmpty());
+  ui_->Champs->Montrer(AdresseSaisie::De(fiche));
+  ui_->Categories->Marquer(fiche.Categories);
   // A person who stands among those of the alerts cannot be added a second time from here.
-  ui_->ChkAl->setChecked(f.AlerteActive);
-  ui_->ChkAl->setEnabled(!f.AlerteActive);
-  ui_->LblAl->setEnabled(!f.AlerteActive);
-  photo_ = f.Photo.isNull() ? u""_s : f.Photo;
+  ui_->ChkAl->setChecked(fiche.AlerteActive);
+  ui_->ChkAl->setEnabled(!fiche.AlerteActive);
+  ui_->LblAl->setEnabled(!fiche.AlerteActive);
 }
 
 void FrmNewMod::ProposerImpression(std::function<void(const Correspondant &)> imprimer) {
@@ -102,9 +92,7 @@ void FrmNewMod::ProposerImpression(std::function<void(const Correspondant &)> im
 
 void FrmNewMod::ImprimerPuisValider() {
   Prendre();
-  Correspondant fiche;
-  saisie_.Reporter(fiche);
-  imprimer_(fiche);
+  imprimer_(saisie_.fiche);
   Valider();
 }
 
@@ -126,8 +114,9 @@ void FrmNewMod::Valider() {
     return;
   }
   Prendre();
-  if (!saisie_.VilleSaisie.isEmpty())
-    TableVille(session_.base).Enregistrer(saisie_.VilleSaisie, saisie_.CodePostalSaisi);
+  saisie_.acceptee = !nom.trimmed().isEmpty();
+  if (const Correspondant &fiche = saisie_.fiche; !fiche.Ville.isEmpty())
+    TableVille(session_.base).Enregistrer(fiche.Ville, fiche.CodePostal);
   accept();
 }
 
@@ -136,26 +125,14 @@ void FrmNewMod::Prendre() {
     numero->setText(FormatTelephone(numero->text(), session_.reglages.SeparateurTel));
   QuitterChamp(ui_->TxtDN);
   QuitterChamp(ui_->TxtWeb);
-  const AdresseSaisie adresse = ui_->Champs->Adresse();
-  saisie_ = {.NomSaisi = ui_->txtName->text(),
-             .MailSaisi = ui_->TxtMail->text(),
-             .WebSaisi = ui_->TxtWeb->text(),
-             .TelSaisi = ui_->TxtPhone->text(),
-             .FaxSaisi = ui_->TxtFax->text(),
-             .PortableSaisi = ui_->TxtPort->text(),
-             .TelTravailSaisi = ui_->TxtPhoneT->text(),
-             .CategoriesSaisies = categories_->Marquees(),
-             .DDNSaisie = ui_->TxtDN->text(),
-             .LigneSaisie = adresse.lignes,
-             .CodePostalSaisi = adresse.codePostal,
-             .VilleSaisie = adresse.ville,
-             .PaysSaisi = adresse.pays,
-             .OptionSaisie = static_cast<quint8>(adresse.optionCP),
-             .RougeTelSaisi = ui_->ChkR_0->isChecked(),
-             .RougeTravailSaisi = ui_->ChkR_1->isChecked(),
-             .DataProtSaisie = MarqueDeProtection(),
-             .AjoutAlerte = ui_->ChkAl->isEnabled() && ui_->ChkAl->isChecked(),
-             .PhotoSaisie = photo_};
+  Correspondant &fiche = saisie_.fiche;
+  for (const auto &[ligne, texte] : Champs()) fiche.*texte = ligne->text();
+  fiche.ListeRougeTel = ui_->ChkR_0->isChecked();
+  fiche.ListeRougeTravail = ui_->ChkR_1->isChecked();
+  fiche.DataProt = MarqueDeProtection();
+  ui_->Champs->Adresse().Reporter(fiche);
+  fiche.Categories = ui_->Categories->Marquees();
+  saisie_.AjoutAlerte = ui_->ChkAl->isEnabled() && ui_->ChkAl->isChecked();
 }
 
 QString FrmNewMod::MarqueDeProtection() const {
@@ -165,7 +142,7 @@ QString FrmNewMod::MarqueDeProtection() const {
 }
 
 void FrmNewMod::reject() {
-  saisie_ = {};
+  saisie_.acceptee = false;
   QDialog::reject();
 }
 
@@ -185,11 +162,7 @@ void FrmNewMod::QuitterChamp(const QObject *champ) {
   if (champ == ui_->TxtDN && !DateSaisie(ui_->TxtDN->text()).isValid()) ui_->TxtDN->clear();
 }
 
-QString FrmNewMod::DossierPhotos() const {
-  return session_.dossiers.AppPath + u"/Photos"_s;
-}
-
 void FrmNewMod::ChoisirPhoto() {
-  photo_ = session_.plateforme.boites.Fichier(u"Photo"_s, DossierPhotos(),
-                                              u"Images (*.jpg *.bmp *.ico)"_s);
+  saisie_.fiche.Photo = session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.Photos(),
+                                                           u"Images (*.jpg *.bmp *.ico)"_s);
 }

@@ -7,7 +7,7 @@
 
 #include <memory>
 
-class GestionCategories;
+class QLineEdit;
 
 namespace Ui {
 class FrmNewMod;
@@ -33,7 +33,7 @@ class FrmNewMod : public QDialog {
   /// Offers to print the envelope of what is typed before it is recorded.
   void ProposerImpression(std::function<void(const Correspondant &)> imprimer);
 
-  /// What was typed, once the dialog has been accepted.
+  /// What was typed; nothing else of the record that was shown has changed.
   const FicheSaisie &Saisie() const { return saisie_; }
 
  public slots:
@@ -43,20 +43,24 @@ class FrmNewMod : public QDialog {
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
+  /// The fields that hold a text of the record as it is.
+  struct Champ {
+    QLineEdit *ligne;
+    QString Correspondant::*texte;
+  };
+  QList<Champ> Champs() const;
+
   void Brancher();
   void Valider();
   void Prendre();
   QString MarqueDeProtection() const;
   void QuitterChamp(const QObject *champ);
   void ImprimerPuisValider();
-  QString DossierPhotos() const;
   void ChoisirPhoto();
 
   Session &session_;
   Contexte contexte_;
   std::unique_ptr<Ui::FrmNewMod> ui_;
-  std::unique_ptr<GestionCategories> categories_;
   FicheSaisie saisie_;
-  QString photo_;
   std::function<void(const Correspondant &)> imprimer_;
 };

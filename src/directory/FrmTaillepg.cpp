@@ -1,14 +1,9 @@
 #include "directory/FrmTaillepg.h"
 
+#include "ui/Brancheur.h"
 #include "ui/Echelle.h"
-#include "ui/Garde.h"
 #include "ui/SelectionAuFocus.h"
-
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSlider>
+#include "ui_FrmTaillepg.h"
 
 #include <optional>
 
@@ -31,76 +26,45 @@ std::optional<int> Valeur(const QString &texte) {
 FrmTaillepg::FrmTaillepg(Boites &boites, qint32 taille, std::function<void(qint32)> apercu,
                          QWidget *parent)
     : QDialog(parent),
+      ui_(std::make_unique<Ui::FrmTaillepg>()),
       boites_(boites),
       taille_(taille),
-      apercu_(std::move(apercu)),
-      SLD(new QSlider(Qt::Horizontal, this)),
-      LBLValeur(new QLineEdit(this)) {
-  setObjectName(u"FrmTaillepg"_s);
-  setWindowTitle(u"Taille du programme à l'écran"_s);
-  SLD->setObjectName(u"SLD"_s);
-  SLD->setAccessibleName(windowTitle());
-  SLD->setRange(kMin, kMax);
-  SLD->setPageStep(25);
-  SLD->setTickInterval(50);
-  SLD->setTickPosition(QSlider::TicksBelow);
-  SLD->setValue(taille / kTwipsParPixel);
-  SLD->setMinimumWidth(fontMetrics().averageCharWidth() * 48);
-  LBLValeur->setObjectName(u"LBLValeur"_s);
-  LBLValeur->setAccessibleName(u"Taille, de %1 à %2"_s.arg(kMin).arg(kMax));
-  LBLValeur->setMaxLength(4);
-  LBLValeur->setAlignment(Qt::AlignRight);
-  LBLValeur->setFixedWidth(fontMetrics().averageCharWidth() * 9);
-  LBLValeur->setText(QString::number(SLD->value()));
-  new SelectionAuFocus(LBLValeur);
-  auto *note = new QLabel(
-      u"Seule la hauteur est modifiée, pour aperçu, par la variation du curseur."_s, this);
-  note->setObjectName(u"LblNote"_s);
-  auto *annuler = new QPushButton(u"&Annuler"_s, this);
-  annuler->setObjectName(u"Cmdann"_s);
-  auto *ok = new QPushButton(u"&OK"_s, this);
-  ok->setObjectName(u"CmdOK"_s);
-  ok->setDefault(true);
+      apercu_(std::move(apercu)) {
+  ui_->setupUi(this);
+  const int caractere = fontMetrics().averageCharWidth();
+  ui_->SLD->setRange(kMin, kMax);
+  ui_->SLD->setValue(taille / kTwipsParPixel);
+  ui_->SLD->setMinimumWidth(caractere * 48);
+  ui_->LBLValeur->setAccessibleName(u"Taille, de %1 à %2"_s.arg(kMin).arg(kMax));
+  ui_->LBLValeur->setFixedWidth(caractere * 9);
+  ui_->LBLValeur->setText(QString::number(ui_->SLD->value()));
+  new SelectionAuFocus(ui_->LBLValeur);
 
-  auto *reglage = new QHBoxLayout;
-  reglage->setSpacing(12);
-  reglage->addWidget(SLD, 1);
-  reglage->addWidget(LBLValeur, 0, Qt::AlignTop);
-  auto *boutons = new QHBoxLayout;
-  boutons->setSpacing(8);
-  boutons->addStretch();
-  boutons->addWidget(ok);
-  boutons->addWidget(annuler);
-  auto *colonne = new QVBoxLayout(this);
-  colonne->setSpacing(12);
-  colonne->setSizeConstraint(QLayout::SetFixedSize);
-  colonne->addLayout(reglage);
-  colonne->addWidget(note);
-  colonne->addLayout(boutons);
-
-  connect(SLD, &QSlider::valueChanged, this, &FrmTaillepg::Glisser);
-  connect(LBLValeur, &QLineEdit::textEdited, this, &FrmTaillepg::Taper);
-  connect(annuler, &QPushButton::clicked, this, &QDialog::reject);
-  connect(ok, &QPushButton::clicked, this, Garde(boites_, [this](bool) { Valider(); }));
+  connect(ui_->SLD, &QSlider::valueChanged, this, &FrmTaillepg::Glisser);
+  connect(ui_->LBLValeur, &QLineEdit::textEdited, this, &FrmTaillepg::Taper);
+  connect(ui_->Cmdann, &QPushButton::clicked, this, &QDialog::reject);
+  Brancheur(boites_, this)(ui_->CmdOK, &FrmTaillepg::Valider);
 }
 
+FrmTaillepg::~FrmTaillepg() = default;
+
 void FrmTaillepg::Glisser(int valeur) {
-  if (Valeur(LBLValeur->text()) != valeur) LBLValeur->setText(QString::number(valeur));
+  if (Valeur(ui_->LBLValeur->text()) != valeur) ui_->LBLValeur->setText(QString::number(valeur));
   taille_ = valeur * kTwipsParPixel;
   apercu_(taille_);
 }
 
 void FrmTaillepg::Taper(const QString &texte) {
-  if (const auto valeur = Valeur(texte)) SLD->setValue(*valeur);
+  if (const auto valeur = Valeur(texte)) ui_->SLD->setValue(*valeur);
 }
 
 void FrmTaillepg::Valider() {
-  if (Valeur(LBLValeur->text())) {
+  if (Valeur(ui_->LBLValeur->text())) {
     accept();
     return;
   }
   boites_.Information(u"Valeur non conforme !"_s);
-  LBLValeur->setText(QString::number(SLD->value()));
-  LBLValeur->setFocus();
-  LBLValeur->selectAll();
+  ui_->LBLValeur->setText(QString::number(ui_->SLD->value()));
+  ui_->LBLValeur->setFocus();
+  ui_->LBLValeur->selectAll();
 }

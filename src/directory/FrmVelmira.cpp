@@ -1,24 +1,19 @@
 #include "directory/FrmVelmira.h"
 
-#include "address/ChaineAdresse.h"
-#include "address/MiseEnLignes.h"
 #include "calendar/Saints.h"
-#include "directory/Age.h"
 #include "directory/Apparence.h"
-#include "directory/Categories.h"
 #include "directory/CommandesAppel.h"
-#include "directory/CommandesRecherche.h"
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
-#include "ui/Alignement.h"
+#include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Echelle.h"
-#include "ui/Garde.h"
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
+#include "ui/Theme.h"
 #include "ui_FrmVelmira.h"
 
 #include <QCloseEvent>
@@ -39,36 +34,28 @@ std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
 FrmVelmira::FrmVelmira(Session &session)
     : session_(session),
       ui_(Preparer(*this)),
-      liste_(session, {ui_->CboCat, ui_->TV, ui_->LblNomBE}, [this] { QuitterFiche(); }),
+      fiche_(session, *ui_->Fiche),
       commandes_(
-          session, liste_,
-          {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { EffacerFiche(); }}),
-      impression_(session, liste_, this),
+          session, *ui_->Liste,
+          {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { fiche_.Effacer(); }}),
+      impression_(session, *ui_->Liste, this),
       mnuInv_(new QMenu(this)),
       mnuInv2_(new QMenu(this)) {
   setWindowIcon(IconeProgramme());
-  RemplirBarre();
-  ui_->CmdFavoris->setIcon(Icone(u"bookmark-new"));
   const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
   ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
   ui_->Partage->setStretchFactor(1, 1);
-
-  Boites &boites = session_.plateforme.boites;
-  connect(ui_->Barre, &BarreBoutons::Survolee, ui_->LblBouton, &QLabel::setText);
-  connect(ui_->CboCat, &QComboBox::activated, this,
-          Garde(boites, [this](int) { liste_.Charger(); }));
-  connect(ui_->TV, &ArbreVelmiras::NoeudClique, this,
-          Garde(boites, [this](const QModelIndex &noeud, Qt::MouseButton bouton) {
-            NoeudClic(noeud, bouton);
-          }));
-  connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this,
-          Garde(boites, [this] { EnregistrerNotes(); }));
-  connect(ui_->CmdFavoris, &QToolButton::clicked, this,
-          Garde(boites, [this](bool) { commandes_.AjouterAuxFavoris(); }));
-  recherche_ = std::make_unique<CommandesRecherche>(boites, liste_, ui_->TxtRR, ui_->CmdCherche);
-  apparence_ =
-      std::make_unique<Apparence>(session_, *ui_, *this, [this] { emit RelanceDemandee(); });
-  BrancherMenus();
+  ui_->Fond->PoserPanneaux({ui_->PanneauCommandes, ui_->Liste, ui_->Fiche, ui_->PanneauJour});
+  ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
+  mnuInv_->setObjectName(u"mnuInv"_s);
+  mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
+  mnuInv2_->setObjectName(u"mnuInv2"_s);
+  mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
+  FaireCommandes();
+  RemplirBarre();
+  Brancher();
+  appel_->Appliquer();
+  Habiller(apparence_->LAspect());
   Charger();
 }
 
@@ -76,91 +63,104 @@ FrmVelmira::~FrmVelmira() {
   DebrancherEnfants(*this);
 }
 
+void FrmVelmira::FaireCommandes() {
+  const Ui::FrmVelmira &u = *ui_;
+  appel_ = new CommandesAppel(session_,
+                              {u.mnuTel,
+                               u.mnuMasquerTel,
+                               u.mnuPort->menuAction(),
+                               {u.mnuCom_0, u.mnuCom_1, u.mnuCom_2, u.mnuCom_3, u.mnuCom_4},
+                               u.mnuVolume,
+                               u.mnuADSL},
+                              *u.Fiche, this);
+  apparence_ = std::make_unique<Apparence>(
+      session_,
+      Apparence::Actions{u.mnuDDN, u.mnuAge, u.mnuRien, u.mnudegrade, u.mnuUni, u.mnuAgPolListe1,
+                         u.mnuAgPolListe2, u.mnuListe, u.mnuClickDroit, u.mnuEffet, u.mnuPlomex,
+                         u.mnuGras, u.mnuAdress, u.mnuPerso, u.mnuvit, u.mnuPG},
+      *this, [this] { emit RelanceDemandee(); });
+}
+
 void FrmVelmira::RemplirBarre() {
   BarreBoutons &barre = *ui_->Barre;
   barre.Preparer(session_.plateforme, u"ImgBouton"_s, false);
-  barre.Ajouter({u"contact-new",
-                 u"  Nouveau velmira"_s,
-                 [this] { Nouveau(); },
-                 {u"Nouveau\nvelmira"_s, kBulleBleue}});
-  barre.Ajouter({u"document-edit",
-                 u"  Modifie les données"_s,
-                 [this] { Modifier(); },
-                 {u"Modifier\nles données"_s, kBulleBleue}});
-  barre.Ajouter({u"edit-delete",
-                 u"  Supprime le velmira"_s,
-                 [this] { commandes_.SupprimerSelection(); },
-                 {u"Supprime\nle velmira"_s, kBulleRouge}});
+  barre.Ajouter({u"contact-new", u"  Nouveau velmira"_s, [this] { Nouveau(); },
+                 u"Nouveau\nvelmira"_s, kBulleBleue});
+  barre.Ajouter({u"document-edit", u"  Modifie les données"_s, [this] { Modifier(); },
+                 u"Modifier\nles données"_s, kBulleBleue});
+  barre.Ajouter({u"edit-delete", u"  Supprime le velmira"_s,
+                 [this] { commandes_.SupprimerSelection(); }, u"Supprime\nle velmira"_s,
+                 kBulleRouge});
   barre.Separer();
-  barre.Ajouter({u"zoom-in",
-                 u"  Agrandit les données"_s,
-                 [this] { Agrandir(); },
-                 {u"Agrandit\nles données"_s, kBulleNoire}});
-  barre.Ajouter({u"document-print",
-                 u"  Imprime la liste"_s,
-                 [this] { ImprimerListe(); },
-                 {u"Imprime\nla liste"_s, kBulleJaune}});
+  barre.Ajouter({u"zoom-in", u"  Agrandit les données"_s, [this] { Agrandir(); },
+                 u"Agrandit\nles données"_s, kBulleNoire});
+  barre.Ajouter({u"document-print", u"  Imprime la liste"_s, [this] { ImprimerListe(); },
+                 u"Imprime\nla liste"_s, kBulleJaune});
   barre.Separer();
-  barre.Ajouter({u"view-calendar",
-                 u"  Calendrier"_s,
-                 [this] { MontrerCalendrier(); },
-                 {u"Calendrier"_s, kBulleBleue}});
-  barre.Ajouter({u"color-picker",
-                 u"  Change la couleur du fond"_s,
-                 [this] { apparence_->ChoisirCouleur(); },
-                 {u"Couleur\ndu fond"_s, kBulleNoire}});
+  barre.Ajouter({u"view-calendar", u"  Calendrier"_s, [this] { MontrerCalendrier(); },
+                 u"Calendrier"_s, kBulleBleue});
+  barre.Ajouter({u"color-picker", u"  Change la couleur du fond"_s,
+                 [this] { apparence_->ChoisirCouleur(); }, u"Couleur\ndu fond"_s, kBulleNoire});
   barre.Separer();
-  barre.Ajouter({u"mail-message-new",
-                 u"  Imprimer une enveloppe"_s,
-                 [this] { AllerAuxEnveloppes(); },
-                 {u"Imprimer\nune\nenveloppe"_s, kBulleJaune},
+  barre.Ajouter({u"mail-message-new", u"  Imprimer une enveloppe"_s,
+                 [this] { AllerAuxEnveloppes(); }, u"Imprimer\nune\nenveloppe"_s, kBulleJaune,
                  QKeySequence(u"Ctrl+E"_s)});
-  barre.Ajouter({u"application-exit",
-                 u"  Quitter Velmira ?"_s,
-                 [this] { close(); },
-                 {u"Quitter ?"_s, kBulleNoire},
-                 QKeySequence(u"Ctrl+Q"_s)});
+  barre.Ajouter({u"application-exit", u"  Quitter Velmira ?"_s, [this] { close(); }, u"Quitter ?"_s,
+                 kBulleNoire, QKeySequence(u"Ctrl+Q"_s)});
   barre.Separer();
-  boutonAppel_ = barre.Ajouter({u"call-start",
-                                u"  Appeler...?"_s,
-                                [this] { appel_->Demander(); },
-                                {u"Appeler ...?"_s, kBulleJaune}});
-  barre.Ajouter({u"document-swap",
-                 u"  Importer ou exporter les données de Velmira"_s,
+  const QToolButton *appeler =
+      barre.Ajouter({u"call-start", u"  Appeler...?"_s, [this] { appel_->Demander(); },
+                     u"Appeler ...?"_s, kBulleJaune});
+  barre.Ajouter({u"document-swap", u"  Importer ou exporter les données de Velmira"_s,
                  [this] { ui_->Barre->Derouler(mnuInv_); },
-                 {u"Exporter\nou\nimporter \nles données"_s, kBulleRouge}});
-  barre.Ajouter({u"x-office-spreadsheet",
-                 u"  Exporter les données dans Excel"_s,
+                 u"Exporter\nou\nimporter \nles données"_s, kBulleRouge});
+  barre.Ajouter({u"x-office-spreadsheet", u"  Exporter les données dans Excel"_s,
                  [this] { emit ClasseurDemande(); },
-                 {u"Exporter les données dans un fichier Excel"_s, kBulleBrune}});
+                 u"Exporter les données dans un fichier Excel"_s, kBulleBrune});
   barre.Separer();
-  barre.Ajouter({u"appointment-reminder",
-                 u"  Module des alertes"_s,
-                 [this] { AllerAuxAlertes(); },
-                 {u"Module Alertes"_s, kBulleBrune}});
-  barre.Ajouter({u"note",
-                 u"  Memora"_s,
-                 [this] { ui_->Barre->Derouler(mnuInv3_); },
-                 {u"Memora"_s, kBulleRouge}});
+  barre.Ajouter({u"appointment-reminder", u"  Module des alertes"_s, [this] { AllerAuxAlertes(); },
+                 u"Module Alertes"_s, kBulleBrune});
+  barre.Ajouter({u"note", u"  Memora"_s, [this] { ui_->Barre->Derouler(mnuInv3_); }, u"Memora"_s,
+                 kBulleRouge});
+  connect(&barre, &BarreBoutons::Survolee, ui_->LblBouton, &QLabel::setText);
+  connect(appel_, &CommandesAppel::Montree, appeler, &QToolButton::setVisible);
+}
+
+void FrmVelmira::Brancher() {
+  ui_->Liste->Relier(session_, [this] { fiche_.Quitter(); });
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->Liste, &ListeVelmiras::Cliquee, &FrmVelmira::NoeudClic);
+  brancher(ui_->Liste, &ListeVelmiras::DoubleCliquee, &FrmVelmira::Modifier);
+  brancher(ui_->Liste, &ListeVelmiras::FavoriDemande, [this] { commandes_.AjouterAuxFavoris(); });
+  brancher(ui_->Fiche, &PanneauFiche::NotesQuittees, [this] { fiche_.EnregistrerNotes(); });
+  brancher(ui_->mnumodifier, &FrmVelmira::Modifier);
+  brancher(ui_->mnuSupprimer, [this] { commandes_.SupprimerSelection(); });
+  brancher(ui_->mnuAgrandir, &FrmVelmira::Agrandir);
+  brancher(ui_->mnuImpEnv, &FrmVelmira::AllerAuxEnveloppes);
+  brancher(ui_->mnuMasquer, &FrmVelmira::MasquerProteges);
+  brancher(apparence_.get(), &Apparence::Changee, [this] { Habiller(apparence_->LAspect()); });
+  brancher(apparence_.get(), &Apparence::NaissanceChangee,
+           [this] { ui_->Liste->Arbre().CliquerSelection(); });
+}
+
+void FrmVelmira::Habiller(const Aspect &aspect) {
+  setWindowTitle(aspect.titre);
+  QPalette palette;
+  palette.setColor(QPalette::Window, aspect.couleur);
+  palette.setColor(QPalette::WindowText, EncreSur(aspect.couleur));
+  ui_->PanneauCommandes->setPalette(palette);
+  ui_->Fond->Choisir(aspect.fondUni);
+  ui_->Liste->ChangerTaillePolice(aspect.points);
+  ui_->Fiche->ChangerTaillePolice(aspect.points);
+  ui_->Fiche->MettreAdresseEnGras(aspect.adresseEnGras);
+  ui_->Fiche->MontrerAdresseImportee(aspect.adresseImportee);
 }
 
 void FrmVelmira::Charger() {
-  const QString &appPath = session_.dossiers.AppPath;
   ChargerJour();
-  Ignorer([&] { CreerDossier(appPath + u"/Photos"_s); });
-  for (const QString &reste : {u"Anniversare.ini"_s, u"Dorvel.exe"_s})  // of older versions
-    Ignorer([&] { EffacerFichier(appPath + u'/' + reste); });
-  ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
-
-  const bool lue = Signaler(session_.plateforme.boites, [&] {
-    liste_.RemplirCategories();
-    ui_->CboCat->setCurrentIndex(session_.reglages.rtcolor.OuvrirSurFavoris ? 1 : 0);
-    liste_.Charger();
-  });
-  if (!lue) EffacerFiche();
-  const auto nombre = ui_->TV->Modele().NombreEnfants();
-  ui_->LblNomBE->setText(nombre > 0 ? QString::number(nombre) + u" enregistrement(s) "_s
-                                    : u"Pas d'enregistrement"_s);
+  if (!Signaler(session_.plateforme.boites,
+                [this] { ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris); }))
+    fiche_.Effacer();
 }
 
 void FrmVelmira::ChargerJour() {
@@ -171,45 +171,8 @@ void FrmVelmira::ChargerJour() {
     ui_->LblSaint->setText(SaintsDuJour(*saints, jour));
 }
 
-void FrmVelmira::BrancherMenus() {
-  const auto brancher = [this](QAction *action, auto commande) {
-    connect(action, &QAction::triggered, this, Garde(session_.plateforme.boites, commande));
-  };
-  brancher(ui_->mnuMasquer, [this](bool masquer) {
-    const Sablier sablier;
-    TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
-  });
-  brancher(ui_->mnumodifier, [this](bool) { Modifier(); });
-  connect(ui_->TV, &QTreeView::doubleClicked, this,
-          Garde(session_.plateforme.boites, [this](const QModelIndex &noeud) {
-            if (noeud != ui_->TV->Modele().Racine()) Modifier();
-          }));
-  brancher(ui_->mnuSupprimer, [this](bool) { commandes_.SupprimerSelection(); });
-  brancher(ui_->mnuAgrandir, [this](bool) { Agrandir(); });
-  brancher(ui_->mnuImpEnv, [this](bool) { AllerAuxEnveloppes(); });
-  appel_ = new CommandesAppel(
-      session_,
-      {ui_->mnuTel,
-       ui_->mnuMasquerTel,
-       ui_->mnuPort,
-       {ui_->mnuCom_0, ui_->mnuCom_1, ui_->mnuCom_2, ui_->mnuCom_3, ui_->mnuCom_4},
-       ui_->mnuVolume,
-       ui_->mnuADSL,
-       boutonAppel_,
-       ui_->Fiche},
-      this);
-  mnuInv_->setObjectName(u"mnuInv"_s);
-  mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
-  mnuInv2_->setObjectName(u"mnuInv2"_s);
-  mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
-}
-
-QPushButton *FrmVelmira::CmdExcel() const {
-  return ui_->CmdExcel;
-}
-
-QPushButton *FrmVelmira::CmdAnnExp() const {
-  return ui_->CmdAnnExp;
+ListeVelmiras &FrmVelmira::Liste() const {
+  return *ui_->Liste;
 }
 
 FrmVelmira::Actions FrmVelmira::LesActions() const {
@@ -227,81 +190,26 @@ void FrmVelmira::Raccrocher() {
   appel_->Raccrocher();
 }
 
-void FrmVelmira::QuitterFiche() {
-  EnregistrerNotes();
-  if (liste_.Categorie() != ToutesCategories()) ui_->TxtRR->clear();
-  EffacerFiche();
-}
-
-void FrmVelmira::EffacerFiche() {
-  IndexCourant = 0;
-  adresseAffichee_ = {};
-  session_.AdresseCourante.chaine.clear();
-  ui_->Fiche->Vider();
-}
-
-void FrmVelmira::EnregistrerNotes() {
-  if (IndexCourant == 0 || !ui_->Fiche->NotesModifiees()) return;
-  ui_->Fiche->NotesPrises();
-  TableAdresse(session_.base).EcrireCommentaires(IndexCourant, ui_->Fiche->Notes());
-}
-
-void FrmVelmira::NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton) {
-  EnregistrerNotes();
-  const Cle index = Index(noeud);
-  if (index == 0) {
-    EffacerFiche();
-    return;
-  }
-  const auto fiche = TableAdresse(session_.base).Lire(index);
-  if (!fiche) {
-    EffacerFiche();
-    session_.plateforme.boites.Information(TexteDisparu());
-    return;
-  }
-  MontrerFiche(*fiche);
-  if (ui_->mnuClickDroit->isChecked() && bouton == Qt::RightButton) mnuInv2_->popup(QCursor::pos());
-}
-
-void FrmVelmira::MontrerFiche(const Correspondant &fiche) {
-  IndexCourant = fiche.Index;
-  adresseAffichee_ = ComposerAdresse(AdresseSaisie::De(fiche));
-  session_.AdresseCourante = adresseAffichee_;
-  QString lignes = MettreEnLignes(adresseAffichee_, Role::Destinataire, session_.reglages).texte;
-  ui_->Fiche->Montrer(fiche,
-                      {.age = LigneAge(fiche.DDN),
-                       .adresse = lignes.replace(u'*', u'\n'),
-                       .alignementAdresse = AlignementTexte(session_.reglages.plomex.AlignA)});
-  if (!ui_->Fiche->MontrerPhoto(fiche.Photo)) {
-    TableAdresse(session_.base).EffacerPhoto(fiche.Index);
-    session_.plateforme.boites.Information(
-        u"Le chemin du fichier 'Photo' est incorrect, pensez à le modifier."_s);
-  }
-}
-
-QString FrmVelmira::LigneAge(const QString &ddn) const {
-  switch (session_.reglages.rtcolor.AffichageNaissance) {
-    case AffichageNaissance::Date:
-      return ddn;
-    case AffichageNaissance::Age:
-      return TexteAge(ddn, session_.plateforme.horloge.Maintenant().date());
-    default:
-      return u""_s;
-  }
+void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
+  fiche_.EnregistrerNotes();
+  if (index == 0)
+    fiche_.Effacer();
+  else if (fiche_.Montrer(index) && bouton == Qt::RightButton && ui_->mnuClickDroit->isChecked())
+    mnuInv2_->popup(QCursor::pos());
 }
 
 void FrmVelmira::Nouveau() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   commandes_.Nouveau();
 }
 
 void FrmVelmira::Modifier() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   commandes_.ModifierSelection();
 }
 
 void FrmVelmira::ImprimerListe() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   impression_.Imprimer();
 }
 
@@ -311,20 +219,20 @@ void FrmVelmira::MontrerCalendrier() {
 }
 
 void FrmVelmira::AllerAuxAlertes() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   RetourDeModule = true;
   emit AlertesDemandees();
 }
 
-void FrmVelmira::CliquerRacine() {
-  if (const QModelIndex racine = ui_->TV->Modele().Racine(); racine.isValid())
-    ui_->TV->SelectionnerEtCliquer(racine);
+void FrmVelmira::MasquerProteges(bool masquer) {
+  const Sablier sablier;
+  TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
 }
 
 void FrmVelmira::Agrandir() {
   const QModelIndex noeud = commandes_.NoeudChoisi();
   if (!noeud.isValid()) return;
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   const auto fiche = TableAdresse(session_.base).Lire(Index(noeud));
   loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
   connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
@@ -337,14 +245,14 @@ void FrmVelmira::Agrandir() {
 }
 
 void FrmVelmira::AllerAuxEnveloppes() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   RetourDeModule = true;
-  session_.AdresseCourante = adresseAffichee_;
+  fiche_.Adresser();
   emit EnveloppeDemandee();
 }
 
 void FrmVelmira::PreparerFermeture() {
-  EnregistrerNotes();
+  fiche_.EnregistrerNotes();
   appel_->Raccrocher();
   if (!ui_->mnuMasquer->isChecked()) return;
   TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
@@ -352,15 +260,14 @@ void FrmVelmira::PreparerFermeture() {
 }
 
 void FrmVelmira::VenirDevant() {
+  ArbreVelmiras &arbre = ui_->Liste->Arbre();
   if (premierPassage_) {
     premierPassage_ = false;
-    const ModeleListe &modele = ui_->TV->Modele();
-    if (modele.NombreEnfants() > 0)
-      ui_->TV->SelectionnerEtCliquer(modele.index(0, 0, modele.Racine()));
+    arbre.CliquerPremier();
   }
   if (RetourDeModule) {
     RetourDeModule = false;
-    ui_->TV->CliquerSelection();
+    arbre.CliquerSelection();
   }
 }
 

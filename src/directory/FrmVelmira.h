@@ -2,9 +2,9 @@
 
 #include "directory/CommandesFiche.h"
 #include "directory/CommandesImpression.h"
+#include "directory/FicheAffichee.h"
 #include "directory/ListeVelmiras.h"
 #include "session/Session.h"
-#include "storage/Lignes.h"
 
 #include <QMainWindow>
 
@@ -12,10 +12,8 @@
 
 class Apparence;
 class CommandesAppel;
-class CommandesRecherche;
 class FrmLoupe;
-class QPushButton;
-class QToolButton;
+struct Aspect;
 
 namespace Ui {
 class FrmVelmira;
@@ -32,10 +30,8 @@ class FrmVelmira : public QMainWindow {
   /// What the other windows may ask of the directory.
   Repertoire &LeRepertoire() { return commandes_; }
 
-  /// The left side, and the two buttons of the choice for the workbook below it.
-  ListeVelmiras &Liste() { return liste_; }
-  QPushButton *CmdExcel() const;
-  QPushButton *CmdAnnExp() const;
+  /// The left side.
+  ListeVelmiras &Liste() const;
 
   /// The items of its menus whose commands the program brings.
   struct Actions {
@@ -48,9 +44,6 @@ class FrmVelmira : public QMainWindow {
 
   /// Puts the menu of the sticky notes into the menu bar and under its button.
   void PoserMenuMemora(QMenu *menu);
-
-  /// Leaves the record: the root of the list is selected.
-  void CliquerRacine();
 
   /// Ends the call that is under way, if there is one.
   void Raccrocher();
@@ -74,43 +67,35 @@ class FrmVelmira : public QMainWindow {
   bool event(QEvent *evenement) override;
 
  private:
+  void FaireCommandes();
+  void RemplirBarre();
+  void Brancher();
+  void Habiller(const Aspect &aspect);
   void Charger();
   void ChargerJour();
-  void RemplirBarre();
-  void BrancherMenus();
   void VenirDevant();
-  void EnregistrerNotes();
 
-  /// The record on display is left: what was typed is saved, and the panel emptied.
-  void QuitterFiche();
-  void EffacerFiche();
-
-  void NoeudClic(const QModelIndex &noeud, Qt::MouseButton bouton);
-  void MontrerFiche(const Correspondant &fiche);
+  void NoeudClic(Cle index, Qt::MouseButton bouton);
   void Nouveau();
   void Modifier();
   void ImprimerListe();
   void MontrerCalendrier();
   void AllerAuxEnveloppes();
   void AllerAuxAlertes();
+  void MasquerProteges(bool masquer);
   void Agrandir();
-  QString LigneAge(const QString &ddn) const;
 
   Session &session_;
   std::unique_ptr<Ui::FrmVelmira> ui_;
-  ListeVelmiras liste_;
+  FicheAffichee fiche_;
   CommandesFiche commandes_;
   CommandesImpression impression_;
   std::unique_ptr<Apparence> apparence_;
-  std::unique_ptr<CommandesRecherche> recherche_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
-  QToolButton *boutonAppel_ = nullptr;
-  QMenu *mnuInv_;                    ///< pop-up of the exchange file
-  QMenu *mnuInv2_;                   ///< pop-up of the list
-  QMenu *mnuInv3_ = nullptr;         ///< of the sticky notes
-  Cle IndexCourant = 0;              ///< record on display, 0 for none
-  AdresseComposee adresseAffichee_;  ///< of the record on display
+  QMenu *mnuInv_;               ///< pop-up of the exchange file
+  QMenu *mnuInv2_;              ///< pop-up of the list
+  QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
   bool premierPassage_ = true;
 };

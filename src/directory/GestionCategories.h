@@ -3,37 +3,35 @@
 #include "platform/Boites.h"
 #include "storage/Tables.h"
 
-#include <QObject>
+#include <QWidget>
 
 #include <functional>
+#include <memory>
 
-class QComboBox;
-class QListWidget;
-class QPushButton;
+class Horloge;
+class QListWidgetItem;
+
+namespace Ui {
+class GestionCategories;
+}
 
 /// The categories in the editor: the list in which those of the record are marked, and the combo in
 /// which one is typed or chosen to be created, renamed or deleted.
-class GestionCategories : public QObject {
+class GestionCategories : public QWidget {
   Q_OBJECT
 
  public:
-  struct Controles {
-    QComboBox *categorie;
-    QListWidget *liste;
-    QPushButton *enregistrer, *modifier;
-  };
+  explicit GestionCategories(QWidget *parent = nullptr);
+  ~GestionCategories() override;
 
-  /// `changees` runs when the categories of the table have changed.
-  GestionCategories(Boites &boites, Base &base, const Controles &controles,
-                    std::function<void()> changees);
+  /// Before anything else: reads the categories. `changees` runs when those of the table have
+  /// changed.
+  void Relier(Boites &boites, Horloge &horloge, Base &base, std::function<void()> changees);
 
   /// Marks the categories of a record.
   void Marquer(const QString &categories);
   /// The marked ones as a category string.
   QString Marquees() const;
-
- protected:
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
   void Remplir();
@@ -46,11 +44,13 @@ class GestionCategories : public QObject {
   /// Gives the category strings that hold a name the value that a rule makes of them. The marks of
   /// the record that is being edited stay where the categories stay.
   void Balayer(const QString &nom, const std::function<QString(const QString &)> &regle);
-  bool Selectionner(const QString &nom);
+  /// The category in the list; null where it is not.
+  QListWidgetItem *Listee(const QString &nom) const;
+  void Selectionner(const QString &nom);
 
-  Boites &boites_;
-  Base &base_;
-  Controles c_;
+  std::unique_ptr<Ui::GestionCategories> ui_;
+  Boites *boites_ = nullptr;
+  Base *base_ = nullptr;
   std::function<void()> changees_;
   QString saisie_;  ///< what was typed before, without its completion
 };

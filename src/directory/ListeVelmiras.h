@@ -3,55 +3,80 @@
 #include "directory/ArbreVelmiras.h"
 #include "session/Session.h"
 
+#include <QWidget>
+
 #include <functional>
+#include <memory>
 
-class QComboBox;
-class QLabel;
+namespace Ui {
+class ListeVelmiras;
+}
 
-/// The left side of the directory: the categories in their combo, and the tree of the category that
-/// is chosen.
-class ListeVelmiras {
+/// The left side of the directory: the categories, the search by the beginning of a name or by an
+/// initial, and the tree of the category that is chosen.
+class ListeVelmiras : public QWidget {
+  Q_OBJECT
+
  public:
-  struct Controles {
-    QComboBox *categories;
-    ArbreVelmiras *arbre;
-    QLabel *compte;
-  };
+  explicit ListeVelmiras(QWidget *parent = nullptr);
+  ~ListeVelmiras() override;
 
-  /// `avant` runs before each filling of the tree; when it throws, the list stays as it is.
-  ListeVelmiras(Session &session, const Controles &controles, std::function<void()> avant);
+  /// Before anything else. `avant` runs before each filling of the tree; when it throws, the list
+  /// stays as it is.
+  void Relier(Session &session, std::function<void()> avant);
 
-  /// Collects the categories and fills the combo. The category on display stays chosen; -1 when it
-  /// has gone. The tree is left as it is.
+  /// The first filling of the whole: on the favourites, or on all. Throws `ErreurBase`.
+  void Ouvrir(bool surFavoris);
+
+  /// Collects the categories and fills the combo. The category on display stays chosen; none when
+  /// it has gone. The tree is left as it is.
   void RemplirCategories();
 
-  /// Fills the tree for the category of the combo. Throws `ErreurBase`.
-  void Charger();
-
-  /// Chooses a category as the user would.
+  /// Chooses a category as the user would, which fills the tree. Throws `ErreurBase`.
   void AfficherCategorie(const QString &categorie);
-  /// Chooses the names that begin with a letter: the quick search.
-  void AfficherInitiale(const QString &lettre);
 
   /// Puts a node in its place in the tree; the record is another's business.
   void Inserer(const NoeudListe &noeud);
   /// Takes a node off the tree; the record is another's business.
   void Retirer(const QModelIndex &noeud);
 
+  /// Leaves the record on display: the root is selected and clicked.
+  void CliquerRacine();
+
   /// The line that counts the records.
   void MettreAJourCompte();
 
-  ArbreVelmiras &Arbre() const { return *controles_.arbre; }
-  /// Text of the combo.
+  /// The boxes of the choice for the workbook, and the two buttons below it.
+  void MontrerChoix(bool montre);
+
+  /// Size in points of the font of the categories and of the tree.
+  void ChangerTaillePolice(int points);
+
+  ArbreVelmiras &Arbre() const;
+  /// The category that is chosen, a pseudo-category too.
   QString Categorie() const;
-  /// How many children the last filling gave and how many have been added since.
-  qsizetype NombreNoeuds() const { return NombreNoeuds_; }
+
+ signals:
+  /// A node has been clicked, see `ArbreVelmiras`: the key of its record, 0 for the root.
+  void Cliquee(Cle index, Qt::MouseButton bouton);
+  /// A record has been clicked twice.
+  void DoubleCliquee();
+  void FavoriDemande();
+  /// The choice for the workbook has been made, or given up.
+  void ExportDemande();
+  void ExportAbandonne();
 
  private:
-  Session &session_;
-  Controles controles_;
+  void Brancher();
+  void Charger();
+  void Chercher(const QString &debut);
+  void ChoisirInitiale();
+
+  std::unique_ptr<Ui::ListeVelmiras> ui_;
+  Session *session_ = nullptr;
   std::function<void()> avant_;
-  QString CategorieCourante;  ///< of the last filling
-  QString LettreRR;           ///< initial of the quick search
-  qsizetype NombreNoeuds_ = 0;
+  QString CategorieCourante;      ///< of the last filling
+  QString LettreRR;               ///< initial of the quick search
+  qsizetype NombreNoeuds = 0;     ///< children of the last filling, and those added since
+  bool RechercheEnCours = false;  ///< the box held something at its last change
 };

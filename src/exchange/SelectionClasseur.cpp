@@ -5,8 +5,6 @@
 #include "ui/Sablier.h"
 #include "ui/Travail.h"
 
-#include <QPushButton>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,18 +15,11 @@ QString TitreExport() {
 
 }  // namespace
 
-SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste, QPushButton *exporter,
-                                     QPushButton *annuler, std::function<void()> montrerPremier)
-    : session_(session),
-      liste_(liste),
-      CmdExcel(exporter),
-      CmdAnnExp(annuler),
-      montrerPremier_(std::move(montrerPremier)),
-      classeur_(session.plateforme.classeur) {
+SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste)
+    : session_(session), liste_(liste), classeur_(session.plateforme.classeur) {
   const Brancheur brancher(session_.plateforme.boites, this);
-  brancher(CmdExcel, &SelectionClasseur::Exporter);
-  brancher(CmdAnnExp, [this] { MontrerChoix(false); });
-  MontrerChoix(false);
+  brancher(&liste_, &ListeVelmiras::ExportDemande, &SelectionClasseur::Exporter);
+  brancher(&liste_, &ListeVelmiras::ExportAbandonne, [this] { liste_.MontrerChoix(false); });
 }
 
 void SelectionClasseur::Commencer() {
@@ -41,26 +32,20 @@ void SelectionClasseur::Commencer() {
   boites.Message(Boites::Genre::Information, TitreExport(),
                  u"Décochez les velmiras que vous ne voulez pas exporter"_s);
   liste_.Arbre().CocherTous(true);
-  MontrerChoix(true);
-}
-
-void SelectionClasseur::MontrerChoix(bool montre) {
-  CmdExcel->setVisible(montre);
-  CmdAnnExp->setVisible(montre);
-  liste_.Arbre().MontrerCoches(montre);
+  liste_.MontrerChoix(true);
 }
 
 void SelectionClasseur::Exporter() {
   {
     const Sablier sablier;
     const QList<Cle> choisis = liste_.Arbre().Coches();
-    const auto chemin = Travail(CmdExcel->window(), u"Lecture des velmiras"_s)
+    const auto chemin = Travail(liste_.window(), u"Lecture des velmiras"_s)
                             .Executer(session_.base, [&](Base &base, const Avance &avance) {
                               return classeur_.Ecrire(base, choisis, avance);
                             });
     if (!chemin) return;  // the choice stands for another try
     session_.plateforme.coquille.Ouvrir(*chemin);
   }
-  MontrerChoix(false);
-  montrerPremier_();
+  liste_.MontrerChoix(false);
+  liste_.CliquerRacine();
 }

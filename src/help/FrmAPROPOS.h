@@ -2,8 +2,14 @@
 
 #include <QDialog>
 
+#include <memory>
+
 class Coquille;
-class QLabel;
+class EtiquetteLien;
+
+namespace Ui {
+class FrmAPROPOS;
+}
 
 /// The about window: the version, who made the program and where they are to be found, and the
 /// licences.
@@ -12,11 +18,11 @@ class FrmAPROPOS : public QDialog {
 
  public:
   FrmAPROPOS(Coquille &coquille, QWidget *parent);
+  ~FrmAPROPOS() override;
 
  private:
-  QLabel *Texte(const QString &nom, const QString &texte);
-  QLabel *Lien(const QString &nom, const QString &adresse, const QString &texte,
-               const QString &description);
+  void Relier(EtiquetteLien *lien, const QString &adresse);
 
   Coquille &coquille_;
+  std::unique_ptr<Ui::FrmAPROPOS> ui_;
 };

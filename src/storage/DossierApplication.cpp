@@ -78,3 +78,9 @@ QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierI
   Ignorer([&] { CopierGuide(installe, utilisateur); });  // the program does without
   return utilisateur.path();
 }
+
+void EntretenirDossier(const Dossiers &dossiers) {
+  Ignorer([&] { CreerDossier(dossiers.Photos()); });
+  for (const QString &reste : {u"Anniversare.ini"_s, u"Dorvel.exe"_s})
+    Ignorer([&] { EffacerFichier(dossiers.AppPath + u'/' + reste); });
+}

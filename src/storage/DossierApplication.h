@@ -1,5 +1,7 @@
 #pragma once
 
+#include "storage/Dossiers.h"
+
 #include <QString>
 
 /// Finds the application folder, and fills it where that is due.
@@ -12,3 +14,7 @@
 /// `ErreurFichier`; not for the guide.
 QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierInstalle,
                        const QString &dossierUtilisateur);
+
+/// At each start: makes the folder of the photos and takes away what older versions have left
+/// there. Never fails.
+void EntretenirDossier(const Dossiers &dossiers);

@@ -24,5 +24,6 @@ struct Dossiers {
   QString CheminBase;        ///< folder of the database of this run
   QString CheminBaseConfig;  ///< folder that is recorded for it; may be out of reach for now
 
+  QString Photos() const { return AppPath + QStringLiteral("/Photos"); }
   QString Base() const { return FichierBase(CheminBase); }
 };

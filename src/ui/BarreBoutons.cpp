@@ -77,7 +77,8 @@ QToolButton *BarreBoutons::Ajouter(const CommandeBarre &commande) {
   bouton->setFocusPolicy(Qt::StrongFocus);
   bouton->setShortcut(commande.raccourci);
   bouton->installEventFilter(this);
-  if (!commande.bulle.texte.isEmpty()) PoserBulle(bouton, plateforme_->horloge, commande.bulle);
+  if (!commande.bulle.isEmpty())
+    PoserBulle(bouton, plateforme_->horloge, {commande.bulle, commande.teinte});
   const auto executer = [this, bouton, faire = commande.executer] {
     clique_ = bouton;
     faire();

@@ -18,7 +18,8 @@ struct CommandeBarre {
   const char16_t *icone;           ///< freedesktop name
   QString texte;                   ///< what it does; without its blanks its accessible name
   std::function<void()> executer;  ///< its failure is told to the user
-  AspectBulle bulle = {};          ///< none without a text
+  QString bulle = {};              ///< its tip, none when empty
+  TeinteBulle teinte = {};         ///< of the tip
   QKeySequence raccourci = {};
 };
 
