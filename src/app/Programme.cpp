@@ -77,7 +77,7 @@ class AttentePeinture : public QObject {
 }  // namespace
 
 Programme::Programme(Plateforme &plateforme, const QString &appPath)
-    : session_{plateforme, {}, {}, {}, {}} {
+    : session_{plateforme, {}, {}, {}} {
   session_.dossiers.AppPath = appPath;
 }
 
@@ -195,8 +195,8 @@ void Programme::PasserLentement() {
         std::chrono::milliseconds(std::max<qint16>(0, rtcolor.VitesseTransition)));
 }
 
-void Programme::VersEnveloppes() {
-  plomex_->MontrerAdresse();
+void Programme::VersEnveloppes(const AdresseComposee &adresse) {
+  plomex_->MontrerAdresse(adresse);
   Centrer(*plomex_, *velmira_);
   MettreDevant(*plomex_);
   PasserLentement();

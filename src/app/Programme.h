@@ -13,6 +13,7 @@ class FrmDepart;
 class FrmPlomex;
 class FrmVelmira;
 class SelectionClasseur;
+struct AdresseComposee;
 
 class Programme : public QObject {
   Q_OBJECT
@@ -38,7 +39,7 @@ class Programme : public QObject {
   void PoserMenusMemora();
   void MontrerPremiereFenetre();
   void OuvrirBase();
-  void VersEnveloppes();
+  void VersEnveloppes(const AdresseComposee &adresse);
   void VersRepertoire();
   /// The pause between the two windows, where the user has asked for it.
   void PasserLentement();

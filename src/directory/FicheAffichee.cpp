@@ -21,7 +21,6 @@ bool FicheAffichee::Montrer(Cle index) {
   }
   IndexCourant = fiche->Index;
   adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
-  Adresser();
   QString lignes = MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte;
   panneau_.Montrer(*fiche, {.age = LigneAge(fiche->DDN),
                             .adresse = lignes.replace(u'*', u'\n'),
@@ -62,10 +61,5 @@ void FicheAffichee::Quitter() {
 void FicheAffichee::Effacer() {
   IndexCourant = 0;
   adresse_ = {};
-  session_.AdresseCourante = {};
   panneau_.Vider();
-}
-
-void FicheAffichee::Adresser() {
-  session_.AdresseCourante = adresse_;
 }

@@ -6,8 +6,8 @@
 
 class PanneauFiche;
 
-/// The record on display. It shows in the panel, where its notes may be edited; its address is what
-/// the envelope window is given. Every verb but `Effacer` throws `ErreurBase`.
+/// The record on display. It shows in the panel, where its notes may be edited. Every verb but
+/// `Effacer` throws `ErreurBase`.
 class FicheAffichee {
  public:
   FicheAffichee(Session &session, PanneauFiche &panneau);
@@ -25,8 +25,8 @@ class FicheAffichee {
   /// The same, and nothing is written.
   void Effacer();
 
-  /// Makes its address the current one.
-  void Adresser();
+  /// Its address; an empty string for none.
+  const AdresseComposee &Adresse() const { return adresse_; }
 
  private:
   void MontrerPhoto(const Correspondant &fiche);

@@ -1,6 +1,7 @@
 #include "directory/FrmDepart.h"
 
 #include "ui/Icones.h"
+#include "ui/Theme.h"
 #include "ui_FrmDepart.h"
 
 #include <QLayout>
@@ -13,9 +14,7 @@ using namespace Qt::StringLiterals;
 FrmDepart::FrmDepart()
     : QWidget(nullptr, Qt::SplashScreen), ui_(std::make_unique<Ui::FrmDepart>()) {
   ui_->setupUi(this);
-  QPalette palette = this->palette();
-  palette.setColor(QPalette::WindowText, Qt::white);
-  setPalette(palette);
+  Colorer(this, Qt::white);
   QFont titre(u"Arial"_s);
   titre.setPixelSize(40);
   titre.setBold(true);

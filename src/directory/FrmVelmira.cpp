@@ -6,7 +6,6 @@
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
 #include "platform/Erreurs.h"
-#include "platform/Fichiers.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
@@ -56,7 +55,10 @@ FrmVelmira::FrmVelmira(Session &session)
   Brancher();
   appel_->Appliquer();
   Habiller(apparence_->LAspect());
-  Charger();
+  ChargerJour();
+  if (!Signaler(session_.plateforme.boites,
+                [this] { ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris); }))
+    fiche_.Effacer();
 }
 
 FrmVelmira::~FrmVelmira() {
@@ -145,22 +147,12 @@ void FrmVelmira::Brancher() {
 
 void FrmVelmira::Habiller(const Aspect &aspect) {
   setWindowTitle(aspect.titre);
-  QPalette palette;
-  palette.setColor(QPalette::Window, aspect.couleur);
-  palette.setColor(QPalette::WindowText, EncreSur(aspect.couleur));
-  ui_->PanneauCommandes->setPalette(palette);
+  Peindre(ui_->PanneauCommandes, aspect.couleur, EncreSur(aspect.couleur));
   ui_->Fond->Choisir(aspect.fondUni);
   ui_->Liste->ChangerTaillePolice(aspect.points);
   ui_->Fiche->ChangerTaillePolice(aspect.points);
   ui_->Fiche->MettreAdresseEnGras(aspect.adresseEnGras);
   ui_->Fiche->MontrerAdresseImportee(aspect.adresseImportee);
-}
-
-void FrmVelmira::Charger() {
-  ChargerJour();
-  if (!Signaler(session_.plateforme.boites,
-                [this] { ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris); }))
-    fiche_.Effacer();
 }
 
 void FrmVelmira::ChargerJour() {
@@ -247,8 +239,7 @@ void FrmVelmira::Agrandir() {
 void FrmVelmira::AllerAuxEnveloppes() {
   fiche_.EnregistrerNotes();
   RetourDeModule = true;
-  fiche_.Adresser();
-  emit EnveloppeDemandee();
+  emit EnveloppeDemandee(fiche_.Adresse());
 }
 
 void FrmVelmira::PreparerFermeture() {

@@ -53,8 +53,8 @@ class FrmVelmira : public QMainWindow {
   void PreparerFermeture();
 
  signals:
-  /// The envelope window is asked for; the address string of the record is the current one.
-  void EnveloppeDemandee();
+  /// The envelope window is asked for, with the address of the record on display.
+  void EnveloppeDemandee(const AdresseComposee &adresse);
   void AlertesDemandees();
   void FermetureDemandee();
   void ClasseurDemande();
@@ -71,7 +71,6 @@ class FrmVelmira : public QMainWindow {
   void RemplirBarre();
   void Brancher();
   void Habiller(const Aspect &aspect);
-  void Charger();
   void ChargerJour();
   void VenirDevant();
 

@@ -1,6 +1,7 @@
 #include "envelope/CommandesCommentaire.h"
 
 #include "ui/Brancheur.h"
+#include "ui/Theme.h"
 
 #include <QAction>
 
@@ -9,18 +10,15 @@ using namespace std::chrono_literals;
 
 namespace {
 
-void Peindre(QLabel *etiquette, const QString &texte, const QColor &fond) {
-  QPalette palette = etiquette->palette();
-  palette.setColor(QPalette::Window, fond);
-  palette.setColor(QPalette::WindowText, Qt::black);
-  etiquette->setPalette(palette);
+void Annoncer(QLabel *etiquette, const QString &texte, const QColor &fond) {
+  Peindre(etiquette, fond);
   etiquette->setAutoFillBackground(true);
   etiquette->setText(texte);
   etiquette->adjustSize();
 }
 
-void PeindreAjoute(QLabel *etiquette) {
-  Peindre(etiquette, u"Commentaire ajouté"_s, QColor(192, 192, 192));
+void AnnoncerAjoute(QLabel *etiquette) {
+  Annoncer(etiquette, u"Commentaire ajouté"_s, QColor(192, 192, 192));
 }
 
 }  // namespace
@@ -28,7 +26,7 @@ void PeindreAjoute(QLabel *etiquette) {
 CommandesCommentaire::CommandesCommentaire(Session &session, EtatEnveloppe &etat, QLabel *etiquette,
                                            const Actions &actions)
     : session_(session), etat_(etat), etiquette_(etiquette) {
-  PeindreAjoute(etiquette_);
+  AnnoncerAjoute(etiquette_);
   actions.annuler->setChecked(session_.reglages.rtcolor.AnnulerCommentaire);
   actions.interdire->setChecked(session_.reglages.rtcolor.InterdireCommentaire);
   const Brancheur brancher(session_.plateforme.boites, this);
@@ -70,10 +68,10 @@ void CommandesCommentaire::Effacer() {
 }
 
 void CommandesCommentaire::AnnoncerSuppression() {
-  Peindre(etiquette_, u"Commentaire supprimé !"_s, QColor(255, 0, 0));
+  Annoncer(etiquette_, u"Commentaire supprimé !"_s, QColor(255, 0, 0));
   etiquette_->show();
   session_.plateforme.horloge.Pause(2000ms);
-  PeindreAjoute(etiquette_);
+  AnnoncerAjoute(etiquette_);
   MajEtiquette();
 }
 

@@ -10,6 +10,7 @@
 #include "ui/Debrancher.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/Sablier.h"
+#include "ui/Theme.h"
 #include "ui_FrmCarnet.h"
 
 #include <QSignalBlocker>
@@ -32,13 +33,9 @@ FrmCarnet::FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &c
       mode_(mode),
       categorie_(categorie),
       ui_(std::make_unique<Ui::FrmCarnet>()),
-      selection_(repertoire.Selection()),
-      avant_(session.AdresseCourante) {
+      selection_(repertoire.Selection()) {
   ui_->setupUi(this);
-  QPalette papier = ui_->Papier->palette();
-  papier.setColor(QPalette::Window, QColor(255, 255, 215));
-  papier.setColor(QPalette::WindowText, Qt::black);
-  ui_->Papier->setPalette(papier);
+  Peindre(ui_->Papier, QColor(255, 255, 215));
   ui_->EtqA->ChangerEchelle(PixelsParMillimetre(*this));
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   ui_->EtqA->ChangerPolice(PoliceAdresse(plomex));
@@ -208,6 +205,5 @@ void FrmCarnet::reject() {
   Signaler(session_.plateforme.boites, [this] {
     if (repertoire_.Selection() != selection_) repertoire_.Selectionner(selection_);
   });
-  session_.AdresseCourante = avant_;
   QDialog::reject();
 }

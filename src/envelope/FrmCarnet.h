@@ -61,8 +61,7 @@ class FrmCarnet : public QDialog {
   Mode mode_;
   int &categorie_;
   std::unique_ptr<Ui::FrmCarnet> ui_;
-  Cle selection_;          ///< of the directory when the book was opened
-  AdresseComposee avant_;  ///< current address when the book was opened
+  Cle selection_;  ///< of the directory when the book was opened
   AdresseComposee adresse_;
   QList<AdresseComposee> adresses_;
 };

@@ -4,6 +4,7 @@
 #include "platform/Saisie.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/SelectionAuFocus.h"
+#include "ui/Theme.h"
 #include "ui_FrmConfigure.h"
 
 #include <QButtonGroup>
@@ -44,14 +45,6 @@ bool TientSur16Bits(int valeur) {
          valeur <= std::numeric_limits<qint16>::max();
 }
 
-void Colorer(QWidget *surface, const QColor &fond) {
-  QPalette palette = surface->palette();
-  palette.setColor(QPalette::Window, fond);
-  palette.setColor(QPalette::WindowText, Qt::black);
-  surface->setPalette(palette);
-  surface->setAutoFillBackground(true);
-}
-
 }  // namespace
 
 FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
@@ -64,9 +57,9 @@ FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
   auto *positions = new QButtonGroup(this);
   for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB}) positions->addButton(position);
   ui_->CboPrint->lineEdit()->setReadOnly(true);
-  Colorer(ui_->Pct, Qt::white);
-  Colorer(ui_->PctCB, QColor(245, 236, 210, 120));  // the hint shows through
-  for (QWidget *zone : {ui_->EtqA, ui_->EtqE}) Colorer(zone, QColor(205, 225, 240));
+  Peindre(ui_->Pct, Qt::white);
+  Peindre(ui_->PctCB, QColor(245, 236, 210, 120));  // the hint shows through
+  for (QWidget *zone : {ui_->EtqA, ui_->EtqE}) Peindre(zone, QColor(205, 225, 240));
 
   const std::array champs{ui_->TxtMH, ui_->TxtMD, ui_->TxtAX, ui_->TxtAY, ui_->TxtEX, ui_->TxtEY};
   for (QLineEdit *champ : champs) {

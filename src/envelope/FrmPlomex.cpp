@@ -114,8 +114,8 @@ void FrmPlomex::PoserMenuMemora(QMenu *menu) {
   menuBar()->insertMenu(ui_->mnuAide->menuAction(), menu);
 }
 
-void FrmPlomex::MontrerAdresse() {
-  zones_.MontrerAdresse();
+void FrmPlomex::MontrerAdresse(const AdresseComposee &adresse) {
+  zones_.EcrireAdresse(adresse);
   MajEtiquettes();
   RendreFocus();
 }

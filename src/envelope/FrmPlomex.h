@@ -27,8 +27,8 @@ class FrmPlomex : public QMainWindow {
   FrmPlomex(Session &session, Repertoire &repertoire);
   ~FrmPlomex() override;
 
-  /// Shows the current address, or the empty state when there is none.
-  void MontrerAdresse();
+  /// Shows an address, or the empty state for none: it becomes the current one.
+  void MontrerAdresse(const AdresseComposee &adresse);
 
   /// The menu "?", whose commands the program brings.
   QMenu *mnuAide() const;

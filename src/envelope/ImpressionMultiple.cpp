@@ -11,7 +11,6 @@ bool ImpressionMultiple::Imprimer(const QList<AdresseComposee> &adresses) {
   QList<LignesAdresse> lignes;
   for (const AdresseComposee &adresse : adresses)
     lignes.append(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
-  session_.AdresseCourante = adresses.constLast();
   FrmEnCours enCours(static_cast<int>(lignes.size()), fenetre_);
   enCours.show();
   for (int i = 0; i < lignes.size(); ++i) {

@@ -14,12 +14,7 @@ const QString kAdresseBlanche = QString(85, u' ');
 }  // namespace
 
 void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse) {
-  session_.AdresseCourante = adresse;
-  MontrerAdresse();
-}
-
-void ZonesEnveloppe::MontrerAdresse() {
-  const AdresseComposee &adresse = session_.AdresseCourante;
+  adresse_ = adresse;
   if (AdresseVide(adresse.chaine))
     ViderAdresse();
   else
@@ -58,8 +53,7 @@ void ZonesEnveloppe::Reformater() {
   else if (!etat_.ExpediteurCourant.chaine.isEmpty())
     MontrerExpediteur();
   if (vue_->Adresse()->text() != kAdresseBlanche)
-    EcrireLignesAdresse(
-        MettreEnLignes(session_.AdresseCourante, Role::Destinataire, session_.reglages));
+    EcrireLignesAdresse(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages));
 }
 
 void ZonesEnveloppe::Disposer() {

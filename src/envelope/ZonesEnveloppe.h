@@ -17,8 +17,6 @@ class ZonesEnveloppe {
 
   /// The address becomes the current one; an empty one leaves the zone in its empty state.
   void EcrireAdresse(const AdresseComposee &adresse);
-  /// Shows the current address.
-  void MontrerAdresse();
   /// The zone takes lines that have been formatted before: an envelope of a run.
   void EcrireLignesAdresse(const LignesAdresse &lignes);
   /// The empty state: a zone that holds it prints nothing.
@@ -46,5 +44,6 @@ class ZonesEnveloppe {
   Session &session_;
   EtatEnveloppe &etat_;
   VueEnveloppe *vue_;
+  AdresseComposee adresse_;   ///< the current one; an empty string for none
   bool paysPresent_ = false;  ///< what the address zone shows ends with a country
 };

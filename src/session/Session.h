@@ -1,6 +1,5 @@
 #pragma once
 
-#include "address/ChaineAdresse.h"
 #include "platform/Plateforme.h"
 #include "storage/Base.h"
 #include "storage/Dossiers.h"
@@ -13,5 +12,4 @@ struct Session {
   Dossiers dossiers;
   Base base;
   Reglages reglages;
-  AdresseComposee AdresseCourante;  ///< of the addressee; an empty string for none
 };

@@ -24,6 +24,14 @@ inline QColor EncreSur(const QColor &fond) {
   return luminance > 0.18 ? Qt::black : Qt::white;
 }
 
+/// Gives a widget a ground, and its texts an ink.
+inline void Peindre(QWidget *surface, const QColor &fond, const QColor &encre = Qt::black) {
+  QPalette palette = surface->palette();
+  palette.setColor(QPalette::Window, fond);
+  palette.setColor(QPalette::WindowText, encre);
+  surface->setPalette(palette);
+}
+
 /// Gives a label's text a colour.
 inline void Colorer(QWidget *etiquette, const QColor &couleur) {
   QPalette palette = etiquette->palette();
