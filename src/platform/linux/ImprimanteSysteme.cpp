@@ -183,7 +183,7 @@ class DocumentSysteme : public DocumentPeint {
 
   FinImpression Terminer() override {
     // The toolkit does not tell what the print server has refused.
-    const bool retiree = !QPrinterInfo::availablePrinterNames().contains(appareil_);
+    const bool retiree = QPrinterInfo::printerInfo(appareil_).isNull();
     const bool imprimee =
         !retiree && Dessiner(imprimante_) && imprimante_.printerState() != QPrinter::Error;
     return {imprimee ? Issue::Imprimee : Issue::Echouee};
