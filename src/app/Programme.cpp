@@ -5,7 +5,7 @@
 #include "alerts/MenuMemora.h"
 #include "app/Demarrage.h"
 #include "calendar/CommandesFetes.h"
-#include "directory/FrmDepart.h"
+#include "app/FrmDepart.h"
 #include "directory/FrmVelmira.h"
 #include "envelope/FrmPlomex.h"
 #include "exchange/CommandesEchange.h"

@@ -1,4 +1,4 @@
-#include "directory/FrmDepart.h"
+#include "app/FrmDepart.h"
 
 #include "ui/Icones.h"
 #include "ui/Theme.h"
