@@ -237,7 +237,6 @@ BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance 
       throw;
     }
     transaction.Valider();
-    // Outside of the transaction: events may be let through.
     const bool continuer = avance(lecteur.Position(), lecteur.Taille());
     bilan.arrete = fiche.has_value() && !continuer;
   }
