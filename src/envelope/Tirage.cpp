@@ -39,8 +39,10 @@ bool Tirage::Imprimer() {
   }
   const Sablier sablier;  // a print server may be slow to answer
   Imprimante &imprimante = session_.plateforme.imprimante;
-  const auto trouvee = TrouverImprimante(imprimante.Noms(), plomex.Imprimante);
-  const QString appareil = trouvee ? *trouvee : imprimante.ParDefaut();
+  // A printer that is gone leaves the one that was printed on last.
+  if (const auto trouvee = TrouverImprimante(imprimante.Noms(), plomex.Imprimante))
+    courante_ = *trouvee;
+  const QString appareil = courante_.isEmpty() ? imprimante.ParDefaut() : courante_;
   const FinImpression fin =
       ImprimerPage(imprimante, appareil, plomex, zones_.Etat(), zones_.Contenu());
   if (session_.reglages.rtcolor.AnnulerCommentaire) {

@@ -26,4 +26,5 @@ class Tirage {
   ZonesEnveloppe &zones_;
   CommandesCommentaire &commentaire_;
   QLabel *document_;
+  QString courante_;  ///< the printer that was printed on last; empty before
 };
