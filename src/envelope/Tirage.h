@@ -15,7 +15,7 @@ class Tirage {
          QLabel *document)
       : session_(session), zones_(zones), commentaire_(commentaire), document_(document) {}
 
-  /// Prints on the printer of the settings, or where that one is gone on the default one. False,
+  /// Prints on the printer of the settings; where it is gone, on the one printed on last. False,
   /// with a message, while the printer has not been told how it takes an envelope.
   bool Imprimer();
 
