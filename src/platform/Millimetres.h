@@ -1,5 +1,9 @@
 #pragma once
 
+#ifndef Q_MOC_RUN  // its parser stumbles over the concepts of that header
+#include <compare>
+#endif
+
 /// A length on paper. The unit is carried by the type, so that a place on the envelope cannot be
 /// mixed up with pixels, points or twips.
 struct Millimetres {
