@@ -31,8 +31,9 @@ class Mnemoniques {
   void Prendre(const QString &texte) {
     const QChar touche = Mnemonique(texte);
     if (touche.isNull()) return;
-    Exiger(!prises_.contains(touche), u"Alt+%1 stands for \"%2\" and for \"%3\""_s.arg(touche).arg(
-                                          prises_.value(touche), texte));
+    Exiger(!prises_.contains(touche),
+           u"Alt+%1 expected for one control, for \"%2\" and \"%3\" found"_s.arg(touche).arg(
+               prises_.value(touche), texte));
     prises_[touche] = texte;
   }
 
@@ -72,6 +73,6 @@ void VerifierAccessibilite(const QWidget &fenetre) {
     if ((widget->focusPolicy() & Qt::TabFocus) == 0 || EstInterne(widget)) continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);
     Exiger(acces != nullptr && !acces->text(QAccessible::Name).trimmed().isEmpty(),
-           u"%1 has no accessible name"_s.arg(widget->objectName()));
+           u"an accessible name of %1 expected, none found"_s.arg(widget->objectName()));
   }
 }

@@ -91,10 +91,11 @@ QList<Commande> Analyser(const QByteArray &scenario) {
   QList<Commande> commandes;
   const QStringList lignes = QString::fromUtf8(scenario).split(u'\n');
   for (int i = 0; i < lignes.size(); ++i) {
-    AnalyseLigne ligne(i + 1, lignes[i].trimmed());
+    const QString texte = lignes[i].trimmed();
+    AnalyseLigne ligne(i + 1, texte);
     const auto verbe = ligne.Suivant();
     if (!verbe) continue;
-    Commande commande{i + 1, verbe->texte, {}};
+    Commande commande{i + 1, texte, verbe->texte, {}};
     while (const auto mot = ligne.Suivant()) commande.mots.append(*mot);
     commandes.append(commande);
   }

@@ -22,6 +22,7 @@ struct Mot {
 
 struct Commande {
   int ligne = 0;  ///< from 1
+  QString texte;  ///< as it stands there
   QString verbe;
   QList<Mot> mots;
 };

@@ -41,19 +41,20 @@ void VerifierCellule(Scene &scene, const Mots &mots) {
 
 template <bool attendu>
 void VerifierGras(Scene &scene, const Mots &mots) {
-  Exiger(Lire(scene).EstGras(mots[0].texte) == attendu,
-         u"%1 is %2bold"_s.arg(mots[0].texte, attendu ? u"not "_s : u""_s));
+  const auto nom = [](bool gras) { return gras ? u"bold"_s : u"not bold"_s; };
+  ExigerEgal(mots[0].texte, nom(attendu), nom(Lire(scene).EstGras(mots[0].texte)));
 }
 
 }  // namespace
 
 void LecteurClasseur::Ouvrir(const QString &chemin) {
-  Exiger(!chemin.isEmpty(), u"no workbook has been opened"_s);
+  Exiger(!chemin.isEmpty(), u"an opened workbook expected, none found"_s);
   // Also of one that has been read already: it stands open on the user's screen.
-  Exiger(QFileInfo(chemin).isFile(), u"the workbook that was opened is no longer there"_s);
+  Exiger(QFileInfo(chemin).isFile(),
+         u"the opened workbook %1 expected, it is no longer there"_s.arg(chemin));
   if (chemin == chemin_) return;
   const QJsonDocument lu = QJsonDocument::fromJson(SortieDuLecteur(chemin));
-  Exiger(lu.isObject(), u"the reader of workbooks prints no JSON"_s);
+  Exiger(lu.isObject(), u"JSON expected from the reader of workbooks, something else found"_s);
   lu_ = lu.object();
   chemin_ = chemin;
 }
@@ -68,7 +69,7 @@ qsizetype LecteurClasseur::NombreLignes() const {
 
 QJsonObject LecteurClasseur::Cellule(const QString &nom) const {
   static const QRegularExpression kNom(u"^[A-Z]+[1-9][0-9]*$"_s);
-  Exiger(kNom.match(nom).hasMatch(), u"\"%1\" is no name of a cell"_s.arg(nom));
+  Exiger(kNom.match(nom).hasMatch(), u"the name of a cell expected, \"%1\" found"_s.arg(nom));
   return lu_[u"cellules"][nom].toObject();
 }
 

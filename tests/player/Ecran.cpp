@@ -71,7 +71,26 @@ void FermerSurgissante(const Controle &controle) {
   throw Reessayer{};
 }
 
+QString NomsMontres() {
+  QStringList noms;
+  for (const QWidget *fenetre : QApplication::topLevelWidgets())
+    if (fenetre->isVisible() && EstFrm(fenetre)) noms.append(fenetre->objectName());
+  return noms.isEmpty() ? u"none"_s : noms.join(u", "_s);
+}
+
+QString Etat(const QAction *action) {
+  if (!action->isVisible()) return u"a hidden one"_s;
+  return action->isEnabled() ? u"one in no menu that stands open"_s : u"a disabled one"_s;
+}
+
 }  // namespace
+
+QString Controle::Sinon(const QString &attendu) const {
+  return u"%1: %2 expected, %3 found"_s.arg(
+      nom, attendu,
+      widget == nullptr ? u"a menu item"_s
+                        : QString::fromLatin1(widget->metaObject()->className()));
+}
 
 Ecran::Ecran() {
   qApp->installEventFilter(this);
@@ -111,33 +130,36 @@ Controle Ecran::Trouver(const QString &nom) const {
     fenetre = Fenetre(nom.left(point));
   else if (QWidget *elle = Fenetre(nom))
     fenetre = elle;
-  Exiger(fenetre != nullptr, point >= 0
-                                 ? u"there is no window %1"_s.arg(nom.left(point))
-                                 : u"control %1: there is no window on the screen"_s.arg(nom));
+  Exiger(fenetre != nullptr,
+         u"%1: its window expected, on the screen: %2"_s.arg(nom, NomsMontres()));
 
   const QString objet = nom.mid(point + 1).replace(u'(', u'_').remove(u')');
   if (fenetre->objectName() == objet) return {nom, fenetre, fenetre, nullptr};
   if (auto *widget = Chercher<QWidget>(fenetre, objet)) return {nom, fenetre, widget, nullptr};
   if (auto *action = Chercher<QAction>(fenetre, objet)) return {nom, fenetre, nullptr, action};
-  throw Echec{u"there is no control %1 in %2"_s.arg(objet, fenetre->objectName())};
+  throw Echec{u"control %1 expected, none of this name in %2; on the screen: %3"_s.arg(
+      objet, fenetre->objectName(), NomsMontres())};
 }
 
 Controle Ecran::Atteindre(const QString &nom) const {
   const Controle controle = Trouver(nom);
   const QWidget *dialogue = QApplication::activeModalWidget();
   Exiger(dialogue == nullptr || dialogue == controle.fenetre,
-         u"%1 is behind the dialog %2"_s.arg(nom, dialogue ? dialogue->objectName() : QString()));
+         u"%1 expected within reach, it is behind the dialog %2"_s.arg(
+             nom, dialogue ? dialogue->objectName() : QString()));
   Exiger(controle.fenetre == FenetreActive() || nom.contains(u'.'),
-         u"%1 is not the active window"_s.arg(nom));
-  Exiger(controle.fenetre->isVisible(), u"%1: its window is hidden"_s.arg(nom));
+         u"%1 expected as the active window, on the screen: %2"_s.arg(nom, NomsMontres()));
+  Exiger(controle.fenetre->isVisible(),
+         u"%1 expected within reach, %2 is hidden; on the screen: %3"_s.arg(
+             nom, controle.fenetre->objectName(), NomsMontres()));
   FermerSurgissante(controle);
   if (controle.action != nullptr) {
     Exiger(EstAtteignable(controle.action),
-           u"the item %1 is hidden, disabled, or in no menu that stands open"_s.arg(nom));
+           u"%1: an item within reach expected, %2 found"_s.arg(nom, Etat(controle.action)));
     return controle;
   }
-  Exiger(controle.widget->isVisible(), u"%1 is hidden"_s.arg(nom));
-  Exiger(controle.widget->isEnabled(), u"%1 is disabled"_s.arg(nom));
+  Exiger(controle.widget->isVisible(), u"%1: visible expected, hidden found"_s.arg(nom));
+  Exiger(controle.widget->isEnabled(), u"%1: enabled expected, disabled found"_s.arg(nom));
   for (QWidget *parent = controle.widget->parentWidget(); parent; parent = parent->parentWidget())
     if (auto *zone = qobject_cast<QScrollArea *>(parent))
       zone->ensureWidgetVisible(controle.widget);

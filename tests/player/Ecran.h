@@ -19,6 +19,9 @@ struct Controle {
   Classe *En() const {
     return qobject_cast<Classe *>(widget);
   }
+
+  /// The failure of a command that needs another kind of control.
+  QString Sinon(const QString &attendu) const;
 };
 
 /// Thrown when a menu or a list that stood open has been closed, as a click beside it does: the

@@ -33,7 +33,7 @@ void Parcourir(const QAbstractItemView *vue, const QModelIndex &parent, int colo
 
 QAbstractItemView *Vue(const Controle &controle) {
   auto *vue = controle.En<QAbstractItemView>();
-  Exiger(vue != nullptr, u"%1 is neither a list nor a tree"_s.arg(controle.nom));
+  Exiger(vue != nullptr, controle.Sinon(u"a list or a tree"_s));
   return vue;
 }
 
@@ -62,15 +62,14 @@ QModelIndex Element(const Controle &controle, const Mot &mot) {
   const auto indice = mot.Est(u"racine") ? std::optional(0) : mot.Indice();
   if (indice) {
     Exiger(*indice >= 0 && *indice < elements.size(),
-           u"%1 has %2 items, %3 is none of them"_s.arg(controle.nom)
-               .arg(elements.size())
-               .arg(mot.texte));
+           u"%1: item %2 expected, %3 items found"_s.arg(controle.nom, mot.texte)
+               .arg(elements.size()));
     return elements[*indice];
   }
   int rang = mot.rang;
   for (const QModelIndex &element : elements)
     if (element.data().toString() == mot.texte && --rang == 0) return element;
-  throw Echec{u"%1 has no item \"%2\"%3 but \"%4\""_s.arg(
+  throw Echec{u"%1: item \"%2\"%3 expected, \"%4\" found"_s.arg(
       controle.nom, mot.texte, mot.rang > 1 ? u"#%1"_s.arg(mot.rang) : u""_s,
       Textes(elements).join(u"\" \""_s))};
 }
@@ -89,6 +88,7 @@ QModelIndexList Selection(const Controle &controle) {
 
 bool EstCoche(const QModelIndex &element) {
   const QVariant etat = element.data(Qt::CheckStateRole);
-  Exiger(etat.isValid(), u"the item \"%1\" has no box"_s.arg(element.data().toString()));
+  Exiger(etat.isValid(),
+         u"a box at the item \"%1\" expected, none found"_s.arg(element.data().toString()));
   return etat.value<Qt::CheckState>() == Qt::Checked;
 }

@@ -24,7 +24,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QWidget *Widget(const Controle &controle) {
-  Exiger(controle.widget != nullptr, u"%1 is a menu item"_s.arg(controle.nom));
+  Exiger(controle.widget != nullptr, controle.Sinon(u"a widget"_s));
   return controle.widget;
 }
 
@@ -73,7 +73,8 @@ QRect PlaceElement(const Controle &controle, const QModelIndex &element) {
   vue->scrollTo(element);
   const QRect place = vue->visualRect(element).intersected(vue->viewport()->rect());
   Exiger(!place.isEmpty(),
-         u"%1: the item \"%2\" is not to be seen"_s.arg(controle.nom, element.data().toString()));
+         u"%1: the item \"%2\" expected in sight, it cannot be brought there"_s.arg(
+             controle.nom, element.data().toString()));
   return place;
 }
 
@@ -133,7 +134,7 @@ Frappe FrappeNommee(QString nom) {
   const int fonction = QStringView(nom).mid(1).toInt(&nombre);
   if (nom.startsWith(u'F') && nombre && fonction >= 1 && fonction <= 12)
     return {static_cast<Qt::Key>(Qt::Key_F1 + fonction - 1), {}, avec};
-  Exiger(nom.size() == 1, u"unknown key \"%1\""_s.arg(entier));
+  Exiger(nom.size() == 1, u"a key expected, \"%1\" found"_s.arg(entier));
   Frappe frappe = FrappeDe(nom[0]);
   frappe.avec |= avec;
   if (avec.testFlag(Qt::ControlModifier)) frappe.texte.clear();
@@ -151,7 +152,7 @@ QWidget *ZoneDeSaisie(const Controle &controle) {
   const bool saisie = widget != nullptr && widget->metaObject()->indexOfSlot("selectAll()") >= 0 &&
                       qobject_cast<QAbstractItemView *>(widget) == nullptr;
   Exiger(saisie && !widget->property("readOnly").toBool(),
-         u"%1 takes no typed text"_s.arg(controle.nom));
+         controle.Sinon(u"what takes typed text"_s));
   return widget;
 }
 
@@ -166,7 +167,8 @@ QPoint PlaceDePrise(const Controle &controle, const QWidget *widget) {
   for (int y = kPas; y < widget->height(); y += kPas)
     for (int x = kPas; x < widget->width(); x += kPas)
       if (libre({x, y})) return {x, y};
-  throw Echec{u"%1 lies behind another control"_s.arg(controle.nom)};
+  throw Echec{
+      u"%1 expected in reach of the mouse, it lies behind another control"_s.arg(controle.nom)};
 }
 
 void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
@@ -217,7 +219,7 @@ void Cocher(const Controle &controle, bool etat) {
   const auto *bouton = controle.En<QAbstractButton>();
   const bool cochable =
       controle.action != nullptr ? controle.action->isCheckable() : bouton && bouton->isCheckable();
-  Exiger(cochable, u"%1 cannot be ticked"_s.arg(controle.nom));
+  Exiger(cochable, controle.Sinon(u"what can be ticked"_s));
   const auto coche = [&] {
     return controle.action != nullptr ? controle.action->isChecked() : bouton->isChecked();
   };
@@ -252,14 +254,15 @@ void Retirer(const Controle &controle, const Mot &mot) {
   const QModelIndex element = Element(controle, mot);
   const QAbstractItemView *vue = Vue(controle);
   Exiger(vue->selectionModel()->isSelected(element),
-         u"%1: \"%2\" is not selected"_s.arg(controle.nom, mot.texte));
+         u"%1: \"%2\" expected selected, \"%3\" found"_s.arg(
+             controle.nom, mot.texte, Textes(Selection(controle)).join(u"\" \""_s)));
   QTest::mouseClick(vue->viewport(), Qt::LeftButton, Qt::ControlModifier,
                     PlaceElement(controle, element).center());
 }
 
 void Derouler(const Controle &controle) {
   auto *combo = controle.En<QComboBox>();
-  Exiger(combo != nullptr, u"%1 is no combo"_s.arg(controle.nom));
+  Exiger(combo != nullptr, controle.Sinon(u"a combo"_s));
   if (combo->view()->isVisible()) return;
   combo->setFocus(Qt::MouseFocusReason);
   combo->showPopup();
@@ -277,8 +280,9 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
     Frapper(zone, FrappeNommee(uneLigne ? u"Fin"_s : u"Ctrl+Fin"_s));
   }
   for (const QChar signe : texte) {
-    Exiger(zone && zone->isVisible() && zone->isEnabled(),
-           u"%1 has gone while it was typed into"_s.arg(controle.nom));
+    Exiger(
+        zone && zone->isVisible() && zone->isEnabled(),
+        u"%1 expected to take \"%2\", it has gone before \"%3\""_s.arg(controle.nom, texte, signe));
     // The field of a combo leaves the focus, and so the keys, to the combo.
     Frapper(zone->focusProxy() != nullptr ? zone->focusProxy() : zone.data(), FrappeDe(signe));
   }
@@ -315,7 +319,8 @@ void Glisser(const Controle &controle, double dx, double dy) {
 void Quitter(const Controle &controle) {
   QWidget *foyer = QApplication::focusWidget();
   Exiger(foyer != nullptr && (foyer == controle.widget || Widget(controle)->isAncestorOf(foyer)),
-         u"%1 does not have the focus"_s.arg(controle.nom));
+         u"focus on %1 expected, on \"%2\" found"_s.arg(
+             controle.nom, foyer != nullptr ? foyer->objectName() : u"nothing"_s));
   foyer->clearFocus();
 }
 

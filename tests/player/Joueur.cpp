@@ -21,6 +21,11 @@ namespace {
 
 constexpr qint64 kLimite = 60'000;  // milliseconds for one command
 
+/// With the command, as it stands in the scenario, below the reason.
+Joueur::Faute FauteDe(const Commande &commande, const QString &raison) {
+  return {commande.ligne, raison + u"\n    "_s + commande.texte};
+}
+
 }  // namespace
 
 Joueur::Joueur(Application &application, QString fichier, Options options)
@@ -72,7 +77,7 @@ void Joueur::Pas() {
   } else if (PeutAvancer()) {
     ExecuterSuivante();
   } else if (depuis_.elapsed() > kLimite) {
-    Terminer(Faute{commandes_[suivante_ - 1].ligne, u"the command does not come to an end"_s});
+    Terminer(FauteDe(commandes_[suivante_ - 1], u"the command does not come to an end"_s));
   }
 }
 
@@ -122,7 +127,7 @@ void Joueur::ExecuterSuivante() {
   } catch (const Reessayer &) {
     suivante_ = celleCi;
   } catch (const Echec &echec) {
-    Terminer(Faute{commandes_[celleCi].ligne, echec.texte});
+    Terminer(FauteDe(commandes_[celleCi], echec.texte));
   }
   pile_.pop_back();
   if (pile_.empty()) scene_->Liberer();

@@ -40,7 +40,7 @@ QString TexteEtiquette(const QLabel &etiquette) {
 }
 
 const QWidget *Widget(const Controle &controle) {
-  Exiger(controle.widget != nullptr, u"%1 is a menu item"_s.arg(controle.nom));
+  Exiger(controle.widget != nullptr, controle.Sinon(u"a widget"_s));
   return controle.widget;
 }
 
@@ -94,7 +94,7 @@ QString Texte(const Controle &controle) {
     return mois->selectedDate().toString(u"dd/MM/yyyy"_s);
   if (const auto *menu = controle.En<QMenu>()) return SansMarque(menu->title());
   const QVariant texte = controle.widget->property("text");
-  Exiger(texte.isValid(), u"%1 has no text"_s.arg(controle.nom));
+  Exiger(texte.isValid(), controle.Sinon(u"what has a text"_s));
   return texte.toString();
 }
 
@@ -115,7 +115,7 @@ bool EstCoche(const Controle &controle) {
   const bool cochable = (controle.action != nullptr && controle.action->isCheckable()) ||
                         (bouton != nullptr && bouton->isCheckable()) ||
                         (groupe != nullptr && groupe->isCheckable());
-  Exiger(cochable, u"%1 cannot be ticked"_s.arg(controle.nom));
+  Exiger(cochable, controle.Sinon(u"what can be ticked"_s));
   if (controle.action != nullptr) return controle.action->isChecked();
   return bouton != nullptr ? bouton->isChecked() : groupe->isChecked();
 }
@@ -138,7 +138,7 @@ QColor CouleurFond(const Controle &controle) {
 
 QString AlignementDe(const Controle &controle) {
   const QVariant alignement = Widget(controle)->property("alignment");
-  Exiger(alignement.isValid(), u"%1 has no alignment"_s.arg(controle.nom));
+  Exiger(alignement.isValid(), controle.Sinon(u"what has an alignment"_s));
   const auto valeur = alignement.value<Qt::Alignment>();
   if (valeur.testFlag(Qt::AlignRight)) return u"droite"_s;
   return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;

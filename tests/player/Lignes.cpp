@@ -37,7 +37,9 @@ struct TableDuMonde {
   const ChampDeTable &Champ(const QString &cherche) const {
     for (const ChampDeTable &champ : champs)
       if (champ.nom == cherche) return champ;
-    throw Echec{u"table %1 has no field %2"_s.arg(nom, cherche)};
+    QStringList noms;
+    for (const ChampDeTable &champ : champs) noms.append(champ.nom);
+    throw Echec{u"table %1: field %2 expected, it has %3"_s.arg(nom, cherche, noms.join(u", "_s))};
   }
 };
 
@@ -49,13 +51,16 @@ ChampDeTable DecrireChamp(const Colonne<L, Champ> &colonne) {
 
 TableDuMonde TrouverTable(const QString &nom) {
   TableDuMonde trouvee;
+  QStringList noms;
   PourChaqueTable([&]<typename L>(Table<L> table) {
-    if (nom != QString::fromUtf16(Table<L>::nom)) return;
+    noms.append(QString::fromUtf16(Table<L>::nom));
+    if (nom != noms.constLast()) return;
     trouvee = {nom, Nom(table), {}};
     std::apply([&](const auto &...c) { (trouvee.champs.append(DecrireChamp(c)), ...); },
                Table<L>::colonnes);
   });
-  Exiger(!trouvee.champs.isEmpty(), u"there is no table %1"_s.arg(nom));
+  Exiger(!trouvee.champs.isEmpty(),
+         u"table %1 expected, there are %2"_s.arg(nom, noms.join(u", "_s)));
   return trouvee;
 }
 
@@ -118,7 +123,8 @@ void Modifier(const QString &chemin, const QString &texte, const QList<Affectati
     Transaction transaction(base);
     Requete requete(base, texte);
     for (const Affectation &valeur : valeurs) Lier(requete, valeur);
-    Exiger(requete.Lier(cle).Executer() == 1, u"there is no row %1"_s.arg(cle));
+    Exiger(requete.Lier(cle).Executer() == 1,
+           u"row %1 expected for \"%2\", none of this key found"_s.arg(cle).arg(texte));
     transaction.Valider();
   });
 }
@@ -179,7 +185,8 @@ QString LignesDuMonde::Champ(const QString &table, Cle cle, const QString &champ
   return Avec(chemin_, [&](Base &base) {
     Requete requete(base, u"SELECT %1 FROM %2 WHERE %3=?"_s.arg(c.sql, t.sql, t.Cle()));
     requete.Lier(cle);
-    Exiger(requete.Suivante(), u"table %1 has no row %2"_s.arg(t.nom).arg(cle));
+    Exiger(requete.Suivante(),
+           u"table %1: row %2 expected, none of this key found"_s.arg(t.nom).arg(cle));
     if (requete.Nul(0)) return QString();
     if (c.genre == Genre::Booleen) return requete.Entier(0) != 0 ? u"vrai"_s : u"faux"_s;
     const QString texte = requete.Texte(0);

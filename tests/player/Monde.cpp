@@ -19,12 +19,12 @@ void EcrireOctets(const QString &chemin, const QByteArray &octets) {
   QDir().mkpath(QFileInfo(chemin).path());
   QFile fichier(chemin);
   Exiger(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size(),
-         u"\"%1\" cannot be written"_s.arg(chemin));
+         u"\"%1\" cannot be written: %2"_s.arg(chemin, fichier.errorString()));
 }
 
 void Copier(const QString &source, const QString &cible) {
   const auto octets = LireFichier(source);
-  Exiger(octets.has_value(), u"there is no file \"%1\""_s.arg(source));
+  Exiger(octets.has_value(), u"file \"%1\" expected to be copied, it is not there"_s.arg(source));
   EcrireOctets(cible, *octets);
 }
 
@@ -96,7 +96,8 @@ void Monde::CreerDossier(const QString &nom) const {
 }
 
 void Monde::Effacer(const QString &nom) const {
-  Exiger(QFile::remove(Chemin(nom)), u"\"%1\" cannot be deleted"_s.arg(nom));
+  QFile fichier(Chemin(nom));
+  Exiger(fichier.remove(), u"\"%1\" cannot be deleted: %2"_s.arg(nom, fichier.errorString()));
 }
 
 std::optional<QStringList> Monde::Lire(const QString &nom) const {

@@ -23,7 +23,7 @@ Scene::~Scene() {
 }
 
 void Scene::Demarrer() {
-  Exiger(!EnMarche(), u"the program is running"_s);
+  Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France)});
@@ -41,21 +41,25 @@ void Scene::Demarrer() {
 }
 
 void Scene::Fermer() {
-  Exiger(EnMarche(), u"the program is not running"_s);
-  Exiger(QApplication::activeModalWidget() == nullptr, u"a dialog is open"_s);
+  Exiger(EnMarche(), u"a running program expected, it is closed"_s);
+  const QWidget *dialogue = QApplication::activeModalWidget();
+  Exiger(dialogue == nullptr, u"no dialog expected, %1 is open"_s.arg(
+                                  dialogue != nullptr ? dialogue->objectName() : QString()));
   if (QWidget *surgissante = QApplication::activePopupWidget()) {
     surgissante->close();
     throw Reessayer{};
   }
   QWidget *fenetre = ecran.FenetreActive();
-  Exiger(fenetre != nullptr, u"there is no window on the screen"_s);
+  Exiger(fenetre != nullptr, u"a window to close expected, none on the screen"_s);
+  const QString nom = fenetre->objectName();
   fenetre->close();
   constexpr int kTours = 20;
   for (int i = 0; i < kTours && !termine_; ++i) {
     LaisserPasser();
     if (!termine_) horloge.Avancer(100ms);
   }
-  Exiger(termine_, u"the program goes on after its close box"_s);
+  Exiger(termine_,
+         u"the end of the program expected after the close box of %1, it goes on"_s.arg(nom));
   if (horloge.Attentes() == 0) Liberer();
 }
 
@@ -76,8 +80,9 @@ void Scene::VerifierFin() const {
     throw Echec{u"no unchecked box expected at the end, %1 \"%2\" \"%3\" found"_s.arg(
         boite.genre, boite.titre, boite.texte)};
   for (const auto &reponse : boites.Reponses())
-    throw Echec{u"the answer \"%1\" was never asked for"_s.arg(reponse.texte)};
-  Exiger(!horloge.ResteAFaire(), u"no pause came for what was to be done in one"_s);
+    throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
+  Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);
   for (const QByteArray &reponse : port.Reponses())
-    throw Echec{u"the modem never came to answer \"%1\""_s.arg(QString::fromLatin1(reponse))};
+    throw Echec{u"the modem expected to answer \"%1\", it was never asked"_s.arg(
+        QString::fromLatin1(reponse))};
 }

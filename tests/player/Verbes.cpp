@@ -28,7 +28,12 @@ void Executer(Scene &scene, const Commande &commande) {
 
   const Verbe &verbe = Trouver(nom);
   Exiger(mots.size() >= verbe.minimum && mots.size() <= verbe.maximum,
-         u"%1: %2 words are too few or too many"_s.arg(nom).arg(mots.size()));
+         u"%1, words behind it: %2 expected, %3 found"_s
+             .arg(nom, verbe.maximum == Verbe::kSansLimite ? u"%1 or more"_s.arg(verbe.minimum)
+                       : verbe.maximum == verbe.minimum
+                           ? QString::number(verbe.minimum)
+                           : u"%1 to %2"_s.arg(verbe.minimum).arg(verbe.maximum))
+             .arg(mots.size()));
   verbe.faire(scene, mots);
 }
 

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 
+#include <array>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -16,10 +17,20 @@ Controle Trouver(const Scene &scene, const Mots &mots) {
   return scene.ecran.Trouver(mots[0].texte);
 }
 
-template <bool (*etat)(const Controle &), bool attendu>
+/// The words for a state and for its contrary.
+using Noms = std::array<const char16_t *, 2>;
+constexpr Noms kVisible{u"visible", u"hidden"}, kActif{u"enabled", u"disabled"},
+    kGras{u"bold", u"not bold"}, kFocus{u"the focus", u"none"}, kCoche{u"ticked", u"not ticked"};
+
+void ExigerEtat(const QString &quoi, bool attendu, bool trouve, const Noms &noms) {
+  ExigerEgal(quoi, QString::fromUtf16(noms[attendu ? 0 : 1]),
+             QString::fromUtf16(noms[trouve ? 0 : 1]));
+}
+
+template <bool (*etat)(const Controle &), const Noms &noms, bool attendu>
 void VerifierEtat(Scene &scene, const Mots &mots) {
   const Controle controle = Trouver(scene, mots);
-  Exiger(etat(controle) == attendu, u"%1 is not in the state expected"_s.arg(controle.nom));
+  ExigerEtat(controle.nom, attendu, etat(controle), noms);
 }
 
 bool EstGras(const Controle &controle) {
@@ -34,10 +45,10 @@ bool ALeFoyer(const Controle &controle) {
 
 template <bool attendu>
 void VerifierCase(Scene &scene, const Mots &mots) {
-  if (mots.size() == 1) return VerifierEtat<EstCoche, attendu>(scene, mots);
+  if (mots.size() == 1) return VerifierEtat<EstCoche, kCoche, attendu>(scene, mots);
   const QModelIndex element = Element(Trouver(scene, mots), mots[1]);
-  Exiger(EstCoche(element) == attendu,
-         u"%1: the box of \"%2\" is not in the state expected"_s.arg(mots[0].texte, mots[1].texte));
+  ExigerEtat(u"%1, box of \"%2\""_s.arg(mots[0].texte, mots[1].texte), attendu, EstCoche(element),
+             kCoche);
 }
 
 template <QColor (*lire)(const Controle &)>
@@ -91,33 +102,37 @@ const Bulle &BulleDe(const Scene &scene, const Mots &mots) {
 
 void VerifierBulle(Scene &scene, const Mots &mots) {
   const AspectBulle &aspect = BulleDe(scene, mots).Aspect();
-  ExigerEgal(u"text"_s, mots[1].texte, aspect.texte);
-  ExigerEgal(u"ground"_s, mots[2].texte.toLower(), QColor(aspect.teinte.fond).name());
-  ExigerEgal(u"colour"_s, mots[3].texte.toLower(), QColor(aspect.teinte.encre).name());
+  const QString elle = u"tip of "_s + mots[0].texte;
+  ExigerEgal(elle + u", text"_s, mots[1].texte, aspect.texte);
+  ExigerEgal(elle + u", ground"_s, mots[2].texte.toLower(), QColor(aspect.teinte.fond).name());
+  ExigerEgal(elle + u", colour"_s, mots[3].texte.toLower(), QColor(aspect.teinte.encre).name());
 }
 
-template <bool montree>
+template <bool attendue>
 void VerifierBulleMontree(Scene &scene, const Mots &mots) {
-  Exiger(BulleDe(scene, mots).EstMontree() == montree,
-         u"the tip of %1 is not in the state expected"_s.arg(mots[0].texte));
+  ExigerEtat(u"tip of "_s + mots[0].texte, attendue, BulleDe(scene, mots).EstMontree(), kVisible);
 }
 
 void VerifierFenetre(Scene &scene, const Mots &mots) {
   const QWidget *fenetre = scene.ecran.FenetreActive();
-  Exiger(fenetre != nullptr, u"there is no window on the screen"_s);
+  Exiger(fenetre != nullptr, u"window %1 expected, none on the screen"_s.arg(mots[0].texte));
   if (!mots[0].Joker()) ExigerEgal(u"active window"_s, mots[0].texte, fenetre->objectName());
   if (mots.size() > 1 && !mots[1].Joker())
-    ExigerEgal(u"title"_s, mots[1].texte, fenetre->windowTitle());
+    ExigerEgal(u"title of "_s + fenetre->objectName(), mots[1].texte, fenetre->windowTitle());
 }
 
 template <bool attendue>
 void VerifierMontree(Scene &, const Mots &mots) {
   const QString &nom = mots[0].texte;
-  Exiger(nom.startsWith(u"Frm"_s), u"%1 is no name of a window"_s.arg(nom));
+  Exiger(nom.startsWith(u"Frm"_s), u"a window, Frm..., expected, \"%1\" found"_s.arg(nom));
   const QWidget *fenetre = Ecran::Fenetre(nom);
   const bool montree = fenetre != nullptr && fenetre->isVisible() && !fenetre->isMinimized();
-  Exiger(montree == attendue,
-         attendue ? u"%1 is not on the screen"_s.arg(nom) : u"%1 is on the screen"_s.arg(nom));
+  Exiger(montree == attendue, u"%1: %2 expected, %3 found"_s.arg(
+                                  nom, attendue ? u"on the screen"_s : u"not on the screen"_s,
+                                  fenetre == nullptr       ? u"no such window"_s
+                                  : fenetre->isMinimized() ? u"minimised"_s
+                                  : montree                ? u"shown"_s
+                                                           : u"hidden"_s));
 }
 
 }  // namespace
@@ -129,13 +144,13 @@ QList<Verbe> VerbesDesControles() {
   return {
       {u"egal"_s, 2, 2,
        [](S &s, const M &m) { ExigerEgal(m[0].texte, m[1].texte, Texte(Trouver(s, m))); }},
-      {u"visible"_s, 1, 1, VerifierEtat<EstVisible, true>},
-      {u"cache"_s, 1, 1, VerifierEtat<EstVisible, false>},
-      {u"actif"_s, 1, 1, VerifierEtat<EstActif, true>},
-      {u"inactif"_s, 1, 1, VerifierEtat<EstActif, false>},
-      {u"gras"_s, 1, 1, VerifierEtat<EstGras, true>},
-      {u"maigre"_s, 1, 1, VerifierEtat<EstGras, false>},
-      {u"focus"_s, 1, 1, VerifierEtat<ALeFoyer, true>},
+      {u"visible"_s, 1, 1, VerifierEtat<EstVisible, kVisible, true>},
+      {u"cache"_s, 1, 1, VerifierEtat<EstVisible, kVisible, false>},
+      {u"actif"_s, 1, 1, VerifierEtat<EstActif, kActif, true>},
+      {u"inactif"_s, 1, 1, VerifierEtat<EstActif, kActif, false>},
+      {u"gras"_s, 1, 1, VerifierEtat<EstGras, kGras, true>},
+      {u"maigre"_s, 1, 1, VerifierEtat<EstGras, kGras, false>},
+      {u"focus"_s, 1, 1, VerifierEtat<ALeFoyer, kFocus, true>},
       {u"coche"_s, 1, 2, VerifierCase<true>},
       {u"decoche"_s, 1, 2, VerifierCase<false>},
       {u"couleur"_s, 2, 2, VerifierCouleur<CouleurTexte>},

@@ -37,7 +37,8 @@ void MettreCase(Scene &scene, const Mots &mots) {
   CocherElement(controle, element, etat);
   LaisserPasser();
   Exiger(!element.isValid() || EstCoche(element) == etat,
-         u"%1: the box of \"%2\" does not follow a click"_s.arg(controle.nom, mots[1].texte));
+         u"%1, box of \"%2\": %3 expected after a click, the contrary found"_s.arg(
+             controle.nom, mots[1].texte, etat ? u"ticked"_s : u"not ticked"_s));
 }
 
 template <bool remplacer>
@@ -47,7 +48,7 @@ void TaperTexte(Scene &scene, const Mots &mots) {
 
 QWidget *FenetreActive(const Scene &scene) {
   QWidget *fenetre = scene.ecran.FenetreActive();
-  Exiger(fenetre != nullptr, u"there is no window on the screen"_s);
+  Exiger(fenetre != nullptr, u"a window on the screen expected, none found"_s);
   return fenetre;
 }
 

@@ -4,6 +4,7 @@
 #include "player/Lignes.h"
 #include "player/Verbes.h"
 
+#include <QDir>
 #include <QFileInfo>
 
 #include <algorithm>
@@ -22,7 +23,9 @@ Trace Premiere(std::deque<Trace> &traces, const QString &manque) {
 }
 
 void VerifierBoite(Scene &scene, const Mots &mots) {
-  const auto boite = Premiere(scene.boites.Vues(), u"a box expected, none found"_s);
+  const auto boite =
+      Premiere(scene.boites.Vues(),
+               u"box \"%1\" expected, none found"_s.arg(Textes(mots, 0).join(u"\" \""_s)));
   const std::array trouve{boite.genre, boite.titre, boite.texte};
   constexpr std::array kQuoi{u"kind", u"title", u"text"};
   for (std::size_t i = 0; i < trouve.size(); ++i) {
@@ -33,8 +36,10 @@ void VerifierBoite(Scene &scene, const Mots &mots) {
           attendu.texte, trouve[i]);
   }
   if (mots.size() == 3) return;
-  Exiger(mots.size() == 5 && mots[3].Est(u"defaut"), u"defaut X expected behind the text"_s);
-  ExigerEgal(u"default of the box"_s, mots[4].texte, boite.defaut);
+  Exiger(mots.size() == 5 && mots[3].Est(u"defaut"),
+         u"defaut X expected behind the text, \"%1\" found"_s.arg(Textes(mots, 3).join(u' ')));
+  ExigerEgal(u"box %1 \"%2\", its default"_s.arg(boite.genre, boite.texte), mots[4].texte,
+             boite.defaut);
 }
 
 void VerifierAucuneBoite(Scene &scene, const Mots &) {
@@ -44,26 +49,31 @@ void VerifierAucuneBoite(Scene &scene, const Mots &) {
 }
 
 void VerifierPause(Scene &scene, const Mots &mots) {
-  const auto pause = Premiere(scene.horloge.Pauses(), u"a pause expected, none found"_s);
+  const auto pause =
+      Premiere(scene.horloge.Pauses(), u"pause %1 expected, none found"_s.arg(mots[0].texte));
   ExigerEgal(u"pause"_s, QString::number(Nombre(mots[0])), QString::number(pause.count()));
 }
 
 void VerifierOuvert(Scene &scene, const Mots &mots) {
-  const QString document = Premiere(scene.coquille.Ouverts(), u"an opening expected, none found"_s);
+  const QString document = Premiere(scene.coquille.Ouverts(),
+                                    u"opening of \"%1\" expected, none found"_s.arg(mots[0].texte));
   if (QFileInfo(document).fileName() != mots[0].texte)
     ExigerEgal(u"opened"_s, mots[0].texte, document);
 }
 
 void VerifierLance(Scene &scene, const Mots &mots) {
   ExigerEgal(u"started"_s, scene.monde.Chemin(mots[0].texte),
-             Premiere(scene.coquille.Lances(), u"a start expected, none found"_s));
+             Premiere(scene.coquille.Lances(),
+                      u"start of \"%1\" expected, none found"_s.arg(mots[0].texte)));
 }
 
 void VerifierDemarrage(Scene &scene, const Mots &mots) {
   const bool present = mots[1].Est(u"present");
-  Exiger(present || mots[1].Est(u"absent"), u"demarrage: present or absent expected"_s);
-  Exiger(QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte)) == present,
-         u"\"%1\" is %2 in the start list"_s.arg(mots[0].texte, present ? u"not"_s : u"still"_s));
+  Exiger(present || mots[1].Est(u"absent"),
+         u"demarrage: present or absent expected, \"%1\" found"_s.arg(mots[1].texte));
+  const bool trouve = QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte));
+  ExigerEgal(u"\"%1\" in the start list"_s.arg(mots[0].texte), mots[1].texte,
+             trouve ? u"present"_s : u"absent"_s);
 }
 
 void VerifierLignes(Scene &scene, const Mots &mots) {
@@ -77,13 +87,21 @@ QString Champ(const Scene &scene, const Mots &mots) {
 
 void VerifierNul(Scene &scene, const Mots &mots) {
   const QString valeur = Champ(scene, mots);
-  Exiger(valeur.isNull(), u"%1: null expected, \"%2\" found"_s.arg(mots[2].texte, valeur));
+  Exiger(valeur.isNull(), u"%1 %2, %3: nul expected, \"%4\" found"_s.arg(
+                              mots[0].texte, mots[1].texte, mots[2].texte, valeur));
+}
+
+/// That a file is missing, and what lies in its folder.
+QString Absent(const Scene &scene, const QString &nom) {
+  const QDir dossier = QFileInfo(scene.monde.Chemin(nom)).dir();
+  return u"file %1 expected, its folder holds \"%2\""_s.arg(
+      nom, dossier.entryList(QDir::AllEntries | QDir::NoDotAndDotDot).join(u"\" \""_s));
 }
 
 void VerifierMemesOctets(const Scene &scene, const QString &nom, const QString &autre) {
   const auto octets = LireFichier(scene.monde.Chemin(nom));
   const auto attendus = LireFichier(scene.monde.Chemin(autre));
-  Exiger(octets && attendus, u"the file %1 is not there"_s.arg(octets ? autre : nom));
+  Exiger(octets && attendus, Absent(scene, octets ? autre : nom));
   const auto [ici, la] =
       std::mismatch(octets->begin(), octets->end(), attendus->begin(), attendus->end());
   Exiger(ici == octets->end() && la == attendus->end(),
@@ -98,17 +116,22 @@ void VerifierFichier(Scene &scene, const Mots &mots) {
   const QString &nom = mots[0].texte;
   const auto lignes = scene.monde.Lire(nom);
   if (mots[1].Est(u"absent") && mots.size() == 2)
-    return Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)), u"the file %1 is there"_s.arg(nom));
-  Exiger(lignes.has_value(), u"the file %1 is not there"_s.arg(nom));
+    return Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)),
+                  u"no file %1 expected, %2 bytes found"_s.arg(nom).arg(
+                      QFileInfo(scene.monde.Chemin(nom)).size()));
+  Exiger(lignes.has_value(), Absent(scene, nom));
   if (mots[1].Est(u"present") && mots.size() == 2) return;
   if (mots[1].Est(u"egal") && mots.size() == 3)
     return VerifierMemesOctets(scene, nom, mots[2].texte);
   if (mots[1].Est(u"lignes"))
     return ExigerEgal(nom, Textes(mots, 2).join(u"\r\n"_s), lignes->join(u"\r\n"_s));
-  Exiger(mots[1].Est(u"ligne") && mots.size() == 4,
-         u"fichier: present, absent, egal FILE, lignes ... or ligne i \"a\" expected"_s);
+  Exiger(
+      mots[1].Est(u"ligne") && mots.size() == 4,
+      u"fichier: present, absent, egal FILE, lignes ... or ligne i \"a\" expected, \"%1\" found"_s
+          .arg(Textes(mots, 1).join(u' ')));
   const int i = Nombre(mots[2]);
-  Exiger(i >= 1 && i <= lignes->size(), u"%1 has %2 lines"_s.arg(nom).arg(lignes->size()));
+  Exiger(i >= 1 && i <= lignes->size(),
+         u"line %1 of %2 expected, it has %3"_s.arg(i).arg(nom).arg(lignes->size()));
   ExigerEgal(u"line %1 of %2"_s.arg(i).arg(nom), mots[3].texte, lignes->at(i - 1));
 }
 
@@ -120,12 +143,13 @@ void CompterPages(Scene &scene, const Mots &mots) {
 
 void ChoisirPage(Scene &scene, const Mots &mots) {
   const int n = Nombre(mots[0]);
-  Exiger(n >= 1 && n <= scene.pages.size(), u"%1 pages were counted"_s.arg(scene.pages.size()));
+  Exiger(n >= 1 && n <= scene.pages.size(),
+         u"page %1 expected, %2 were counted"_s.arg(n).arg(scene.pages.size()));
   scene.page = n - 1;
 }
 
 const PageImprimee &Page(const Scene &scene) {
-  Exiger(scene.page >= 0, u"no page has been counted"_s);
+  Exiger(scene.page >= 0, u"a page expected, none has been counted"_s);
   return scene.pages[scene.page];
 }
 
@@ -139,8 +163,10 @@ QList<LigneImprimee> LignesDePage(const Scene &scene) {
 /// The lines of the preview, in millimetres of the envelope.
 QList<LigneImprimee> LignesDApercu(const Scene &scene) {
   constexpr double kReduction = 1.18;
-  const auto *apercu = qobject_cast<const FrmVueAV *>(scene.ecran.FenetreActive());
-  Exiger(apercu != nullptr, u"the preview is not the active window"_s);
+  const QWidget *active = scene.ecran.FenetreActive();
+  const auto *apercu = qobject_cast<const FrmVueAV *>(active);
+  Exiger(apercu != nullptr, u"active window: FrmVueAV expected, %1 found"_s.arg(
+                                active != nullptr ? active->objectName() : u"none"_s));
   QList<LigneImprimee> lignes;
   for (const LignePlacee &ligne : apercu->Lignes())
     lignes.append({ligne.texte, Millimetres(ligne.x.valeur * kReduction),
@@ -160,7 +186,7 @@ QList<LigneImprimee> LignesDeTexte(const QList<LigneImprimee> &lignes, const QSt
   for (const LigneImprimee &ligne : lignes)
     if (ligne.texte == texte) trouvees.append(ligne);
   Exiger(!trouvees.isEmpty(),
-         u"no line \"%1\", but \"%2\""_s.arg(texte, TextesDe(lignes).join(u"\" \""_s)));
+         u"line \"%1\" expected, \"%2\" found"_s.arg(texte, TextesDe(lignes).join(u"\" \""_s)));
   return trouvees;
 }
 
@@ -214,13 +240,17 @@ void VerifierToutes(Scene &scene, const Mots &mots) {
 
 template <Lignes lignes>
 void VerifierAbsente(Scene &scene, const Mots &mots) {
-  Exiger(!TextesDe(lignes(scene)).contains(mots[0].texte),
-         u"the line \"%1\" is there"_s.arg(mots[0].texte));
+  const QStringList trouvees = TextesDe(lignes(scene));
+  Exiger(!trouvees.contains(mots[0].texte),
+         u"no line \"%1\" expected, \"%2\" found"_s.arg(mots[0].texte, trouvees.join(u"\" \""_s)));
 }
 
 template <Orientation orientation>
 void VerifierOrientation(Scene &scene, const Mots &) {
-  Exiger(Page(scene).orientation == orientation, u"the page lies in the other orientation"_s);
+  const auto nom = [](Orientation o) {
+    return o == Orientation::Portrait ? u"portrait"_s : u"paysage"_s;
+  };
+  ExigerEgal(u"page"_s, nom(orientation), nom(Page(scene).orientation));
 }
 
 }  // namespace

@@ -8,7 +8,7 @@ namespace {
 
 /// The world changes only while nobody works in it.
 const Monde &MondeAuRepos(const Scene &scene) {
-  Exiger(!scene.EnMarche(), u"the program is running"_s);
+  Exiger(!scene.EnMarche(), u"a program that is closed expected, it is running"_s);
   return scene.monde;
 }
 
@@ -96,7 +96,7 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) { s.horloge.Avancer(std::chrono::milliseconds(Nombre(m[0]))); }},
       {u"pendant-pause"_s, 1, kSansLimite,
        [](S &s, const M &m) {
-         s.horloge.PendantPause([&s, commande = Commande{0, m[0].texte, m.sliced(1)}] {
+         s.horloge.PendantPause([&s, commande = Commande{0, {}, m[0].texte, m.sliced(1)}] {
            try {
              Executer(s, commande);
            } catch (const Echec &echec) {
