@@ -250,10 +250,11 @@ int MemoireEnveloppes() {
   ClasseurSysteme classeur;
   Plateforme plateforme{horloge,   boites, coquille, imprimante,  polices,
                         demarrage, port,   classeur, u"mesure"_s, QLocale()};
-  Session session{plateforme, {}, {}, {}, {}};
+  Session session{plateforme, {}, {}, {}};
   session.reglages.plomex = ReglagesTirage();
+  EtatEnveloppe etat;
   VueEnveloppe vue;
-  ZonesEnveloppe zones(session, &vue);
+  ZonesEnveloppe zones(session, etat, &vue);
   zones.EcrireExpediteur(ComposerAdresse({.lignes = {kExpediteur[0], kExpediteur[1]}}));
   QList<AdresseComposee> adresses;
   for (int numero = 1; numero <= kEnveloppes; ++numero) {
@@ -263,8 +264,7 @@ int MemoireEnveloppes() {
     adresses.append(ComposerAdresse(adresse));
   }
   const auto imprimer = [&] {
-    ImprimerPage(imprimante, Imprimante::NomPdf(), session.reglages.plomex, session.enveloppe,
-                 zones.Contenu());
+    ImprimerPage(imprimante, Imprimante::NomPdf(), session.reglages.plomex, etat, zones.Contenu());
     return true;
   };
   ImpressionMultiple(session, zones, imprimer, &vue).Imprimer(adresses);
