@@ -26,13 +26,14 @@ bool MemeFichier(const QString &un, const QString &autre) {
   return std::filesystem::equivalent(chemin(un), chemin(autre), erreur);
 }
 
-/// False when the file is missing or no database of ours. Throws when somebody keeps it: nobody may
-/// take it for something else then and put a file in its place.
+/// False when the file is missing or no database of ours. Throws when it may be one that cannot be
+/// read now: nobody may put a file in its place then, or copy it half written.
 bool Ouvrir(Base &base, const QString &chemin) {
   try {
     base.Ouvrir(chemin);
   } catch (const ErreurBase &erreur) {
-    if (erreur.Genre() == GenreErreur::Occupee) throw;
+    const GenreErreur genre = erreur.Genre();
+    if (genre != GenreErreur::Endommagee && genre != GenreErreur::Autre) throw;
   }
   return base.Ouverte();
 }

@@ -7,5 +7,6 @@
 /// and they see them; one that is missing or is no database of ours is replaced by a new file. A
 /// source of another kind is copied as it is. A file onto itself changes nothing.
 ///
-/// Throws `ErreurBase` or `ErreurFichier`; the destination is then as it was.
+/// Throws `ErreurBase` or `ErreurFichier`, also when another program keeps either for itself; the
+/// destination is then as it was.
 void TransfererBase(const QString &source, const QString &destination);

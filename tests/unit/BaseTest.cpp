@@ -132,10 +132,10 @@ TEST_F(BaseTest, FichierRefuse) {
        }},
       {"same tables, no mark", [&] { nouvelle({u"PRAGMA application_id=0"_s}); }},
       {"newer", [&] { nouvelle({u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1)}); }},
-      {"no table", [&] { nouvelle({u"DROP TABLE \"ListeAlerte\""_s}); }},
-      {"no column", [&] { nouvelle({u"ALTER TABLE \"Adresse\" DROP COLUMN \"DataProt\""_s}); }},
+      {"no table", [&] { nouvelle({u"DROP TABLE ListeAlerte"_s}); }},
+      {"no column", [&] { nouvelle({u"ALTER TABLE Adresse DROP COLUMN DataProt"_s}); }},
       {"column renamed",
-       [&] { nouvelle({u"ALTER TABLE \"Alerte\" RENAME COLUMN \"Disponible\" TO \"D\""_s}); }},
+       [&] { nouvelle({u"ALTER TABLE Alerte RENAME COLUMN Disponible TO D"_s}); }},
   };
   for (const auto &c : cas) {
     SCOPED_TRACE(c.nom);
@@ -220,7 +220,7 @@ TEST_F(BaseTest, OrdreDesColonnes) {
   };
   for (const auto &[table, colonnes] : cas) {
     QStringList noms;
-    Requete requete(base, u"PRAGMA table_info(\"%1\")"_s.arg(table));
+    Requete requete(base, u"PRAGMA table_info(%1)"_s.arg(table));
     while (requete.Suivante()) noms.append(requete.Texte(1));
     EXPECT_EQ(noms.join(u' '), colonnes);
   }
@@ -248,7 +248,7 @@ TEST_F(BaseTest, AllerRetour) {
   ASSERT_TRUE(relu);
   for (int i = 0; i < noms.size(); ++i) {
     EXPECT_EQ((*relu).*champs[i], noms[i]);
-    Requete requete(base, u"SELECT \"Adresse\".\"%1\" FROM \"Adresse\""_s.arg(noms[i]));
+    Requete requete(base, u"SELECT Adresse.[%1] FROM Adresse"_s.arg(noms[i]));
     ASSERT_TRUE(requete.Suivante());
     EXPECT_EQ(requete.Texte(0), noms[i]);
   }
@@ -265,7 +265,7 @@ TEST_F(BaseTest, AllerRetour) {
   EXPECT_TRUE(mele2->Fax.isNull());
   EXPECT_FALSE(adresses.Lire(99));
 
-  Requete(base, u"INSERT INTO \"Adresse\" DEFAULT VALUES"_s).Executer();
+  Requete(base, u"INSERT INTO Adresse DEFAULT VALUES"_s).Executer();
   const auto nul = adresses.Lire(3);
   ASSERT_TRUE(nul);
   for (auto champ : champs) EXPECT_TRUE(((*nul).*champ).isNull());
@@ -303,7 +303,7 @@ TEST_F(BaseTest, Categories) {
 
 TEST_F(BaseTest, CleJamaisRedonnee) {
   Ouvrir(3);
-  Requete(base, u"DELETE FROM \"Adresse\""_s).Executer();
+  Requete(base, u"DELETE FROM Adresse"_s).Executer();
   base.Ouvrir(CheminMdb());
   EXPECT_EQ(AjouterLigne(base, Nomme(u"A"_s)), 4);
 }
@@ -363,7 +363,7 @@ TEST_F(BaseTest, LigneSupprimeeParUnAutre) {
   adresses.EcrireCommentaires(2, u"l'été"_s);
   EXPECT_EQ(TableAdresse(autre).Lire(2)->Commentaires, u"l'été"_s);
   EXPECT_NE(TableAdresse(autre).Lire(1)->Commentaires, u"l'été"_s);
-  Requete(autre, u"DELETE FROM \"Adresse\" WHERE \"Index\"=2"_s).Executer();
+  Requete(autre, u"DELETE FROM Adresse WHERE [Index]=2"_s).Executer();
   EXPECT_THROW(adresses.EcrireCommentaires(2, u"perdu"_s), ErreurBase);
   EXPECT_NO_THROW(adresses.EcrireCommentaires(1, u"suite"_s)) << "no transaction is left open";
   EXPECT_EQ(Cles(autre), QList<Cle>{1});
@@ -453,7 +453,7 @@ TEST_F(BaseTest, ProgrammeTueAuMilieuDUneTransaction) {
       base.Ouvrir(CheminMdb());
       Requete(base, u"PRAGMA cache_size=5"_s).Executer();
       Transaction transaction(base);
-      Requete(base, u"UPDATE \"Adresse\" SET \"Commentaires\"='perdu'"_s).Executer();
+      Requete(base, u"UPDATE Adresse SET Commentaires='perdu'"_s).Executer();
       for (int i = 0; i < 300; ++i) AjouterLigne(base, Nomme(u"Fantôme %1"_s.arg(i)));
       ::kill(::getpid(), SIGKILL);
     } catch (...) {

@@ -137,7 +137,7 @@ TEST_F(EchangeTest, FusionRemplitLesManques) {
   const Cle durand = Ajouter(present);
   present.Ligne1 = u"autre"_s;
   const Cle homonyme = Ajouter(present);
-  Requete(base_, uR"(UPDATE "Adresse" SET "OptionAdresse"=NULL WHERE "Index"=?)"_s)
+  Requete(base_, u"UPDATE Adresse SET OptionAdresse=NULL WHERE [Index]=?"_s)
       .Lier(homonyme)
       .Executer();
 
@@ -158,7 +158,7 @@ TEST_F(EchangeTest, FusionRemplitLesManques) {
   EXPECT_FALSE(lu.Ville.isNull()) << "an empty line is put into a null field";
   EXPECT_TRUE(Lire(homonyme).CodePostal.isNull());
 
-  Requete(base_, uR"(DELETE FROM "Adresse" WHERE "Index"=?)"_s).Lier(durand).Executer();
+  Requete(base_, u"DELETE FROM Adresse WHERE [Index]=?"_s).Lier(durand).Executer();
   Importer(Fiche("Durand \xE9lo", {{16, "1"}}));
   EXPECT_EQ(Lire(homonyme).OptionAdresse, 1) << "null is a gap";
 }
@@ -183,7 +183,7 @@ TEST_F(EchangeTest, NomsReconnus) {
   };
   for (const auto &c : cas) {
     SCOPED_TRACE(c.fichier.toStdString());
-    Requete(base_, uR"(DELETE FROM "Adresse")"_s).Executer();
+    Requete(base_, u"DELETE FROM Adresse"_s).Executer();
     Correspondant v;
     v.NomVelmira = QString::fromUtf16(c.present);
     const Cle index = Ajouter(v);
@@ -209,7 +209,7 @@ TEST_F(EchangeTest, FichierCoupe) {
     SCOPED_TRACE(n);
     QByteArray coupe = QByteArrayList(lignes.mid(0, n)).join('\n');
     if (n % 2 == 1) coupe += '\n';  // with or without the last line's end
-    Requete(base_, uR"(DELETE FROM "Adresse")"_s).Executer();
+    Requete(base_, u"DELETE FROM Adresse"_s).Executer();
     EXPECT_EQ(Importer(coupe).traites, n == 0 ? 0 : n <= 24 ? 1 : 2);
     const QStringList noms = Noms();
     ASSERT_EQ(noms.size(), n == 0 ? 0 : n <= 24 ? 1 : 2);
@@ -258,7 +258,7 @@ TEST_F(EchangeTest, Valeurs) {
   };
   for (const auto &c : cas) {
     SCOPED_TRACE(std::to_string(c.ligne) + " " + c.texte.toStdString());
-    Requete(base_, uR"(DELETE FROM "Adresse")"_s).Executer();
+    Requete(base_, u"DELETE FROM Adresse"_s).Executer();
     const QByteArray octets = Fiche("Avant") + Fiche("Ici", {{c.ligne, c.texte}}) + Fiche("Apres");
     if (c.valeur < 0) {
       try {

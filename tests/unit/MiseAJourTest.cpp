@@ -321,7 +321,7 @@ TEST_F(MiseAJourTest, BasesDeChaqueAge) {
 TEST_F(MiseAJourTest, NotesEndommagees) {
   CreerAncienne(u"ancien.mdb"_s, 3);
   FichierNu(Chemin(u"ancien.mdb"_s))
-      .Executer(u"UPDATE Adresse SET Commentaires=?, Web='ex.fr' WHERE \"Index\"<3"_s,
+      .Executer(u"UPDATE Adresse SET Commentaires=?, Web='ex.fr' WHERE [Index]<3"_s,
                 {QString(40'000, u'n')});
   QByteArray octets = Octets(u"ancien.mdb"_s);
   constexpr qsizetype kPage = 4096,
@@ -392,7 +392,7 @@ TEST_F(MiseAJourTest, AuDemarrage) {
   EXPECT_EQ(Octets(u"app/Alarme.ini"_s), "1,0,2\r\n");
   Base base;
   base.Ouvrir(Chemin(u"Velmira.mdb"_s));
-  Requete requete(base, u"SELECT count(*), max(\"Index\"), max(Tel) FROM Adresse"_s);
+  Requete requete(base, u"SELECT count(*), max([Index]), max(Tel) FROM Adresse"_s);
   ASSERT_TRUE(requete.Suivante());
   EXPECT_EQ(requete.Entier(0), 1200);
   EXPECT_EQ(requete.Entier(1), 1200);
@@ -414,7 +414,7 @@ TEST_F(MiseAJourTest, CibleQuiALignes) {
       .Executer(u"INSERT INTO Adresse (NomVelmira) VALUES ('Fantôme'), ('Fantôme')"_s);
   Demarrer();
   EXPECT_EQ(
-      FichierNu(Chemin(u"Velmira.mdb"_s)).Executer(u"SELECT \"Index\", NomVelmira FROM Adresse"_s),
+      FichierNu(Chemin(u"Velmira.mdb"_s)).Executer(u"SELECT [Index], NomVelmira FROM Adresse"_s),
       (QStringList{u"1|Durand 1"_s, u"2|Durand 2"_s, u"3|Durand 3"_s}));
 }
 
