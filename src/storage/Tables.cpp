@@ -1,5 +1,6 @@
 #include "storage/Tables.h"
 
+#include "storage/Conflits.h"
 #include "storage/Enonces.h"
 
 #include <QMap>
@@ -60,18 +61,37 @@ bool ModifierLigne(Base &base, const L &ligne, const ChoixColonnes<L> &choix) {
   return requete.Lier(ligne.*std::get<0>(kTable.colonnes).champ).Executer() > 0;
 }
 
+template <typename L>
+std::optional<L> ModifierChangees(Base &base, const L &montree, const L &saisie,
+                                  const QString &disparue) {
+  auto stockee = LireLigne<L>(base, saisie.*std::get<0>(Table<L>::colonnes).champ);
+  if (!stockee) throw ErreurBase(disparue);
+  const auto [changees, conflits] = Comparer(montree, saisie, *stockee);
+  if (conflits.any()) return stockee;
+  if (changees.any()) ModifierLigne(base, saisie, changees);
+  return std::nullopt;
+}
+
 template Cle AjouterLigne(Base &, const Correspondant &);
 template bool ModifierLigne(Base &, const Correspondant &, const ChoixColonnes<Correspondant> &);
+template std::optional<Correspondant> ModifierChangees(Base &, const Correspondant &,
+                                                       const Correspondant &, const QString &);
 template Cle AjouterLigne(Base &, const Expediteur &);
 template bool ModifierLigne(Base &, const Expediteur &, const ChoixColonnes<Expediteur> &);
+template std::optional<Expediteur> ModifierChangees(Base &, const Expediteur &, const Expediteur &,
+                                                    const QString &);
 template Cle AjouterLigne(Base &, const VilleCode &);
 template bool ModifierLigne(Base &, const VilleCode &, const ChoixColonnes<VilleCode> &);
 template Cle AjouterLigne(Base &, const TypeAlerte &);
 template bool ModifierLigne(Base &, const TypeAlerte &, const ChoixColonnes<TypeAlerte> &);
 template Cle AjouterLigne(Base &, const PersonneAlerte &);
 template bool ModifierLigne(Base &, const PersonneAlerte &, const ChoixColonnes<PersonneAlerte> &);
+template std::optional<PersonneAlerte> ModifierChangees(Base &, const PersonneAlerte &,
+                                                        const PersonneAlerte &, const QString &);
 template Cle AjouterLigne(Base &, const Evenement &);
 template bool ModifierLigne(Base &, const Evenement &, const ChoixColonnes<Evenement> &);
+template std::optional<Evenement> ModifierChangees(Base &, const Evenement &, const Evenement &,
+                                                   const QString &);
 
 std::optional<Correspondant> TableAdresse::Lire(Cle index) const {
   return LireLigne<Correspondant>(base_, index);

@@ -25,6 +25,14 @@ Cle AjouterLigne(Base &base, const L &ligne);
 template <typename L>
 bool ModifierLigne(Base &base, const L &ligne, const ChoixColonnes<L> &choix);
 
+/// Writes the columns in which `saisie` differs from `montree`, the row as it was shown, and
+/// nothing else. Where another user has changed one of them to something else meanwhile nothing is
+/// written and the stored row is given back. Stands in the caller's transaction. Throws
+/// `ErreurBase`, also, with the words `disparue`, when another user has deleted the row.
+template <typename L>
+std::optional<L> ModifierChangees(Base &base, const L &montree, const L &saisie,
+                                  const QString &disparue);
+
 /// What the user is told of a record that another user has deleted meanwhile.
 QString TexteDisparu();
 

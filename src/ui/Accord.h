@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Boites.h"
+#include "storage/Conflits.h"
+
+#include <optional>
+
+/// Writes what a user has changed of a row, and asks where another has changed the same meanwhile.
+/// `ecrire(montree, saisie)` writes the columns in which the two differ; where one of them is in
+/// conflict it writes nothing and gives the stored row back. False when the user goes back to the
+/// entry; nothing is written then. What `ecrire` throws passes through.
+template <typename L, typename Ecrire>
+bool EcrireEnAccord(Boites &boites, L montree, L saisie, const Libelles<L> &libelles,
+                    Ecrire &&ecrire) {
+  // Again after an answer: the row may have changed once more while the question stood.
+  while (const std::optional<L> stockee = ecrire(montree, saisie)) {
+    const auto conflits = Comparer(montree, saisie, *stockee).conflits;
+    const auto choix = boites.QuestionAnnulable(
+        Boites::Titre(), TexteConflit(ChampsEnConflit(conflits, saisie, *stockee, libelles)));
+    if (choix == Boites::Choix::Annuler) return false;
+    if (choix == Boites::Choix::Non) Recopier(saisie, *stockee, conflits);
+    Recopier(montree, *stockee, conflits);
+  }
+  return true;
+}
