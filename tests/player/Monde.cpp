@@ -66,7 +66,10 @@ QString Monde::Chemin(const QString &nom) const {
 }
 
 QString Monde::Completer(QString texte) const {
-  return texte.replace(u"{app}"_s, App()).replace(u"{home}"_s, Home());
+  constexpr int kLong = 33'000;
+  return texte.replace(u"{app}"_s, App())
+      .replace(u"{home}"_s, Home())
+      .replace(u"{long}"_s, QString(kLong, u'x'));
 }
 
 void Monde::Installer() const {

@@ -22,7 +22,8 @@ class Monde {
 
   /// The full path of a name: `app/...`, `home/...`, a full path, or a name in `app/`.
   QString Chemin(const QString &nom) const;
-  /// Puts the two folders in the place of `{app}` and `{home}`.
+  /// Puts the two folders in the place of `{app}` and `{home}`, and in that of `{long}` more
+  /// letters than the toolkit's fields hold by themselves.
   QString Completer(QString texte) const;
 
   void Installer() const;
