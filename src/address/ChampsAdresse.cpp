@@ -5,6 +5,8 @@
 #include "ui/Garde.h"
 #include "ui_ChampsAdresse.h"
 
+#include <limits>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -17,6 +19,9 @@ ChampsAdresse::ChampsAdresse(QWidget *parent)
     : QWidget(parent), ui_(std::make_unique<Ui::ChampsAdresse>()) {
   ui_->setupUi(this);
   txt_ = {ui_->Txt_0, ui_->Txt_1, ui_->Txt_2, ui_->Txt_3, ui_->Txt_4, ui_->Txt_5, ui_->Txt_6};
+  // Nothing of a stored line is cut by being shown.
+  for (QLineEdit *champ : findChildren<QLineEdit *>())
+    champ->setMaxLength(std::numeric_limits<int>::max());
   ui_->Opt_0->setChecked(true);
 }
 

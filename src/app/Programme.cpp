@@ -212,7 +212,7 @@ void Programme::VersRepertoire() {
 void Programme::FermerPuis(std::function<void()> suite) {
   const auto fermer = [this, suite = std::move(suite)] {
     if (fermeture_) return;
-    velmira_->PreparerFermeture();  // a failure keeps the window open for a second try
+    if (!velmira_->PreparerFermeture()) return;  // it stays open for a second try
     fermeture_ = true;
     Signaler(session_.plateforme.boites,
              [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });

@@ -2,7 +2,9 @@
 
 #include "directory/Categories.h"
 #include "directory/FrmNewMod.h"
+#include "directory/LibellesFiche.h"
 #include "directory/Liste.h"
+#include "ui/Accord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +12,17 @@ namespace {
 
 // The key of a new record is handed on in one byte.
 constexpr Cle kCleNouvelleMax = 255;
+
+/// A new row holds no nulls: a null mark of protection would hide it from everybody.
+Correspondant SansNul(Correspondant fiche) {
+  const auto remplir = [&]<typename Champ>(Champ Correspondant::*champ) {
+    if constexpr (std::is_same_v<Champ, QString>)
+      if ((fiche.*champ).isNull()) fiche.*champ = u""_s;
+  };
+  std::apply([&](const auto &...colonne) { (remplir(colonne.champ), ...); },
+             Table<Correspondant>::colonnes);
+  return fiche;
+}
 
 }  // namespace
 
@@ -35,28 +48,29 @@ void CommandesFiche::AfficherTous() {
   liste_.AfficherCategorie(ToutesCategories());
 }
 
-std::optional<Correspondant> CommandesFiche::Saisir(
-    FrmNewMod &editeur, const std::function<void(FicheSaisie &)> &ecrire) {
-  while (editeur.exec() == QDialog::Accepted && editeur.Saisie().acceptee) {
-    FicheSaisie saisie = editeur.Saisie();
-    if (Signaler(session_.plateforme.boites, [&] { ecrire(saisie); })) return saisie.fiche;
-  }
-  return std::nullopt;
+bool CommandesFiche::Saisir(FrmNewMod &editeur,
+                            const std::function<bool(const FicheSaisie &)> &ecrire) {
+  bool ecrite = false;
+  while (!ecrite && editeur.exec() == QDialog::Accepted && editeur.Saisie().acceptee)
+    Signaler(session_.plateforme.boites, [&] { ecrite = ecrire(editeur.Saisie()); });
+  return ecrite;
 }
 
 std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, const Ajout &ajout) {
   FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
                     {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
-  Correspondant depart = ajout.depart;
-  depart.Commentaires = depart.AdresseImportee = u""_s;  // empty, not null
-  depart.AlerteActive = ajout.alerte;                    // shown ticked, and not to be unticked
+  Correspondant depart = SansNul(ajout.depart);
+  depart.AlerteActive = ajout.alerte;  // shown ticked, and not to be unticked
   editeur.Montrer(depart);
   if (ajout.imprimer) editeur.ProposerImpression(ajout.imprimer);
-  return Saisir(editeur, [&](FicheSaisie &saisie) {
-    saisie.fiche.AlerteActive = ajout.alerte || saisie.AjoutAlerte;
-    saisie.fiche.Index =
-        TableAdresse(session_.base).Ajouter(saisie.fiche, saisie.fiche.AlerteActive);
+  Correspondant ajoutee;
+  const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
+    ajoutee = saisie.fiche;
+    ajoutee.AlerteActive = ajout.alerte || saisie.AjoutAlerte;
+    ajoutee.Index = TableAdresse(session_.base).Ajouter(ajoutee, ajoutee.AlerteActive);
+    return true;
   });
+  return ecrite ? std::optional(ajoutee) : std::nullopt;
 }
 
 void CommandesFiche::Nouveau() {
@@ -102,7 +116,8 @@ void CommandesFiche::ModifierSelection() {
 }
 
 bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
-  const auto ancienne = TableAdresse(session_.base).Lire(index);
+  TableAdresse table(session_.base);
+  const auto ancienne = table.Lire(index);
   if (!ancienne) {
     session_.plateforme.boites.Information(TexteDisparu());
     if (Selection() == index) fenetre_.partie();
@@ -111,11 +126,16 @@ bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
   FrmNewMod editeur(session_, u"  Modifier Velmira"_s,
                     {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
   editeur.Montrer(*ancienne);
-  const auto fiche = Saisir(editeur, [&](const FicheSaisie &saisie) {
-    TableAdresse(session_.base).Modifier(saisie.fiche, saisie.AjoutAlerte);
+  const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
+    return EcrireEnAccord(session_.plateforme.boites, saisie.montree, saisie.fiche, LibellesFiche(),
+                          [&](const Correspondant &montree, const Correspondant &fiche) {
+                            return table.Modifier(montree, fiche, saisie.AjoutAlerte);
+                          });
   });
-  if (!fiche) return false;
-  if (const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index); ancien.isValid()) {
+  if (!ecrite) return false;
+  const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index);
+  // Read again: another user may have had a part in it.
+  if (const auto fiche = table.Lire(index); fiche && ancien.isValid()) {
     liste_.Retirer(ancien);
     liste_.Inserer({NomListe(fiche->NomVelmira), index});
   }
@@ -191,13 +211,8 @@ void CommandesFiche::AjouterAuxFavoris() {
   if (boites.Question(Boites::Titre(), u"Ajouter "_s + nom + u" à vos favoris ?"_s) !=
       Boites::Reponse::Oui)
     return;
-  TableAdresse table(session_.base);
-  const auto fiche = table.Lire(Index(noeud));
-  if (fiche && fiche->Categories.contains(Favoris())) {
+  if (TableAdresse(session_.base).AjouterCategorie(Index(noeud), Favoris()))
+    boites.Information(nom + u" a été ajouté à vos favoris."_s);
+  else
     boites.Attention(nom + u" est déjà enregistré comme favori !"_s);
-    return;
-  }
-  const QString debut = fiche && !fiche->Categories.isEmpty() ? fiche->Categories : u"*"_s;
-  table.EcrireCategories(Index(noeud), debut + Favoris() + u'*');
-  boites.Information(nom + u" a été ajouté à vos favoris."_s);
 }

@@ -45,10 +45,9 @@ class CommandesFiche : public Repertoire {
  private:
   /// Runs the editor for a new correspondent and writes it. Nothing for a cancel.
   std::optional<Correspondant> SaisirNouveau(QWidget *parent, const Ajout &ajout);
-  /// Runs the editor and writes what it gives, which is given back. A writing that fails is told,
-  /// and the editor comes again with what was typed. Nothing for a cancel.
-  std::optional<Correspondant> Saisir(FrmNewMod &editeur,
-                                      const std::function<void(FicheSaisie &)> &ecrire);
+  /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
+  /// again with what was typed; so it does where `ecrire` gives false. False for a cancel.
+  bool Saisir(FrmNewMod &editeur, const std::function<bool(const FicheSaisie &)> &ecrire);
   void QuitterCategorieVide();
 
   Session &session_;

@@ -3,9 +3,13 @@
 #include "address/AdresseSaisie.h"
 #include "address/MiseEnLignes.h"
 #include "directory/Age.h"
+#include "directory/LibellesFiche.h"
 #include "directory/PanneauFiche.h"
 #include "storage/Tables.h"
+#include "ui/Accord.h"
 #include "ui/Alignement.h"
+
+#include <QScopedValueRollback>
 
 using namespace Qt::StringLiterals;
 
@@ -13,13 +17,18 @@ FicheAffichee::FicheAffichee(Session &session, PanneauFiche &panneau)
     : session_(session), panneau_(panneau) {}
 
 bool FicheAffichee::Montrer(Cle index) {
-  const auto fiche = TableAdresse(session_.base).Lire(index);
+  auto fiche = TableAdresse(session_.base).Lire(index);
   if (!fiche) {
     Effacer();
     session_.plateforme.boites.Information(TexteDisparu());
     return false;
   }
-  IndexCourant = fiche->Index;
+  const bool enSaisie = Index() == index && panneau_.NotesModifiees();
+  if (enSaisie)
+    fiche->Commentaires = montree_.Commentaires;
+  else
+    panneau_.MontrerNotes(fiche->Commentaires);
+  montree_ = *fiche;
   adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
   QString lignes = MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte;
   panneau_.Montrer(*fiche, {.age = LigneAge(fiche->DDN),
@@ -31,7 +40,9 @@ bool FicheAffichee::Montrer(Cle index) {
 
 void FicheAffichee::MontrerPhoto(const Correspondant &fiche) {
   if (panneau_.MontrerPhoto(fiche.Photo)) return;
-  TableAdresse(session_.base).EffacerPhoto(fiche.Index);
+  Correspondant sansPhoto = fiche;
+  sansPhoto.Photo = u""_s;
+  TableAdresse(session_.base).Modifier(fiche, sansPhoto);
   session_.plateforme.boites.Information(
       u"Le chemin du fichier 'Photo' est incorrect, pensez à le modifier."_s);
 }
@@ -47,19 +58,72 @@ QString FicheAffichee::LigneAge(const QString &ddn) const {
   }
 }
 
-void FicheAffichee::EnregistrerNotes() {
-  if (IndexCourant == 0 || !panneau_.NotesModifiees()) return;
-  panneau_.NotesPrises();
-  TableAdresse(session_.base).EcrireCommentaires(IndexCourant, panneau_.Notes());
+bool FicheAffichee::EcrireNotes() {
+  if (Index() == 0 || !panneau_.NotesModifiees()) return true;
+  Correspondant ecrite = montree_;
+  ecrite.Commentaires = panneau_.Notes();
+  const auto ecrire = [&](const Correspondant &montree, const Correspondant &saisie) {
+    ecrite = saisie;
+    return TableAdresse(session_.base).Modifier(montree, saisie);
+  };
+  if (ecrite.Commentaires != montree_.Commentaires &&
+      !EcrireEnAccord(session_.plateforme.boites, montree_, ecrite, LibellesFiche(), ecrire)) {
+    panneau_.PrendreFocusNotes();
+    return false;
+  }
+  montree_.Commentaires = ecrite.Commentaires;
+  if (panneau_.Notes() == ecrite.Commentaires)
+    panneau_.NotesPrises();
+  else
+    panneau_.MontrerNotes(ecrite.Commentaires);
+  return true;
 }
 
-void FicheAffichee::Quitter() {
-  EnregistrerNotes();
-  Effacer();
+QString FicheAffichee::EchecNotes(const Erreur &erreur) const {
+  return u"Les notes de « %1 » n'ont pas pu être enregistrées :\n%2\n\n"_s.arg(montree_.NomVelmira,
+                                                                               erreur.Texte());
+}
+
+void FicheAffichee::NotesQuittees() {
+  if (ecriture_) return;  // a box of the writing itself has taken the focus
+  notesQuittees_ = true;
+  // A box in the middle of a change of focus would eat the click that has made it.
+  QMetaObject::invokeMethod(
+      &panneau_, [this] { EcrireNotesQuittees(); }, Qt::QueuedConnection);
+}
+
+void FicheAffichee::EcrireNotesQuittees() {
+  if (!notesQuittees_ || ecriture_) return;
+  notesQuittees_ = false;
+  const QScopedValueRollback ecriture(ecriture_, true);
+  try {
+    EcrireNotes();
+  } catch (const Erreur &erreur) {
+    session_.plateforme.boites.Erreur(
+        EchecNotes(erreur) +
+        u"Elles restent à l'écran : leur enregistrement sera tenté de nouveau dès que vous les "
+        "quitterez."_s);
+  }
+}
+
+bool FicheAffichee::LibererNotes() {
+  notesQuittees_ = false;
+  const QScopedValueRollback ecriture(ecriture_, true);
+  try {
+    return EcrireNotes();
+  } catch (const Erreur &erreur) {
+    if (session_.plateforme.boites.Question(
+            Boites::Titre(),
+            EchecNotes(erreur) + u"Voulez-vous y renoncer ? Sinon, elles restent à l'écran."_s,
+            Boites::Reponse::Non) != Boites::Reponse::Oui)
+      return false;
+  }
+  panneau_.MontrerNotes(montree_.Commentaires);
+  return true;
 }
 
 void FicheAffichee::Effacer() {
-  IndexCourant = 0;
+  montree_ = {};
   adresse_ = {};
   panneau_.Vider();
 }

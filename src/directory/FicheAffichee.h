@@ -6,34 +6,47 @@
 
 class PanneauFiche;
 
-/// The record on display. It shows in the panel, where its notes may be edited. Every verb but
-/// `Effacer` throws `ErreurBase`.
+/// The record on display. It shows in the panel, where its notes may be edited. Notes that cannot
+/// be written stay on the screen until the user gives them up.
 class FicheAffichee {
  public:
   FicheAffichee(Session &session, PanneauFiche &panneau);
 
-  /// Shows a record. False for one that another user has deleted meanwhile, which is told: nothing
-  /// is on display then.
+  /// Shows a record. Notes that are being typed into the same one stay as they are. False for one
+  /// that another user has deleted meanwhile, which is told: nothing is on display then. Throws
+  /// `ErreurBase`.
   bool Montrer(Cle index);
 
-  /// Writes the notes, if they have been changed. When that fails they stay on the screen, and are
-  /// not written again.
-  void EnregistrerNotes();
+  /// For the moment when the focus leaves the notes: writes them once what has taken it there is
+  /// done. A failure is told.
+  void NotesQuittees();
 
-  /// Nothing is on display any more; what was typed is written before.
-  void Quitter();
-  /// The same, and nothing is written.
+  /// Before the record gives way to another, and before what needs its notes written: writes them,
+  /// if they have been changed. The user is asked where another has changed them too, and where
+  /// they cannot be written. False when they are to stay, and the record on display with them.
+  bool LibererNotes();
+
+  /// Nothing is on display any more. What was typed is not written.
   void Effacer();
+
+  /// Key of the record on display, 0 for none.
+  Cle Index() const { return montree_.Index; }
 
   /// Its address; an empty string for none.
   const AdresseComposee &Adresse() const { return adresse_; }
 
  private:
+  /// False when the user goes back to the notes. Throws `ErreurBase`.
+  bool EcrireNotes();
+  void EcrireNotesQuittees();
+  QString EchecNotes(const Erreur &erreur) const;
   void MontrerPhoto(const Correspondant &fiche);
   QString LigneAge(const QString &ddn) const;
 
   Session &session_;
   PanneauFiche &panneau_;
-  Cle IndexCourant = 0;  ///< 0 for none
+  Correspondant montree_;  ///< as it is shown; its key is 0 for none
   AdresseComposee adresse_;
+  bool notesQuittees_ = false;  ///< and not written since
+  bool ecriture_ = false;       ///< the notes are being written: a box may stand before the window
 };

@@ -4,7 +4,9 @@
 
 /// What the editor hands over.
 struct FicheSaisie {
-  Correspondant fiche;       ///< as it was shown, with what the form shows as it was typed
+  /// As it was shown; its categories as the user's own sweeps have left them since.
+  Correspondant montree;
+  Correspondant fiche;       ///< the same, with what the user has changed
   bool AjoutAlerte = false;  ///< the person is to be added to those of the alerts
   bool acceptee = false;     ///< false after a cancel, and for a name of blanks: nothing is written
 };

@@ -1,6 +1,7 @@
 #include "directory/FrmNewMod.h"
 
 #include "platform/Saisie.h"
+#include "storage/Conflits.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "ui/Brancheur.h"
@@ -12,6 +13,10 @@
 #include <QCalendarWidget>
 #include <QDir>
 #include <QEvent>
+
+#include <algorithm>
+#include <array>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -34,6 +39,8 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
   ui_->Categories->Relier(boites, session_.plateforme.horloge, session_.base,
                           contexte_.categoriesChangees);
   ui_->DTP->setDate(session_.plateforme.horloge.Maintenant().date());
+  // Nothing of a stored field is cut by being shown.
+  for (const Champ &champ : Champs()) champ.ligne->setMaxLength(std::numeric_limits<int>::max());
   Brancher();
 }
 
@@ -70,18 +77,19 @@ QList<FrmNewMod::Champ> FrmNewMod::Champs() const {
 }
 
 void FrmNewMod::Montrer(const Correspondant &fiche) {
-  saisie_ = {.fiche = fiche};
-  if (fiche.Photo.isNull()) saisie_.fiche.Photo = u""_s;
+  saisie_ = {.montree = fiche, .fiche = fiche};
+  photo_ = fiche.Photo;
   for (const auto &[ligne, texte] : Champs()) ligne->setText(fiche.*texte);
   ui_->ChkR_0->setChecked(fiche.ListeRougeTel);
   ui_->ChkR_1->setChecked(fiche.ListeRougeTravail);
   ui_->ChkDP->setChecked(!fiche.DataProt.isEmpty());
   ui_->Champs->Montrer(AdresseSaisie::De(fiche));
-  ui_->Categories->Marquer(fiche.Categories);
+  ui_->Categories->Montrer(fiche.Categories);
   // A person who stands among those of the alerts cannot be added a second time from here.
   ui_->ChkAl->setChecked(fiche.AlerteActive);
   ui_->ChkAl->setEnabled(!fiche.AlerteActive);
   ui_->LblAl->setEnabled(!fiche.AlerteActive);
+  depart_ = Formulaire();
 }
 
 void FrmNewMod::ProposerImpression(std::function<void(const Correspondant &)> imprimer) {
@@ -121,18 +129,34 @@ void FrmNewMod::Valider() {
 }
 
 void FrmNewMod::Prendre() {
-  for (QLineEdit *numero : {ui_->TxtPhone, ui_->TxtFax, ui_->TxtPort, ui_->TxtPhoneT})
-    numero->setText(FormatTelephone(numero->text(), session_.reglages.SeparateurTel));
+  FormaterNumeros();
   QuitterChamp(ui_->TxtDN);
   QuitterChamp(ui_->TxtWeb);
-  Correspondant &fiche = saisie_.fiche;
+  saisie_.montree.Categories = ui_->Categories->Montrees();
+  saisie_.fiche = saisie_.montree;
+  const Correspondant formulaire = Formulaire();
+  Recopier(saisie_.fiche, formulaire, Comparer(depart_, formulaire, formulaire).changees);
+  saisie_.fiche.Categories = ui_->Categories->Marquees();
+  saisie_.AjoutAlerte = ui_->ChkAl->isEnabled() && ui_->ChkAl->isChecked();
+}
+
+Correspondant FrmNewMod::Formulaire() const {
+  Correspondant fiche;
   for (const auto &[ligne, texte] : Champs()) fiche.*texte = ligne->text();
   fiche.ListeRougeTel = ui_->ChkR_0->isChecked();
   fiche.ListeRougeTravail = ui_->ChkR_1->isChecked();
   fiche.DataProt = MarqueDeProtection();
+  fiche.Photo = photo_;
   ui_->Champs->Adresse().Reporter(fiche);
-  fiche.Categories = ui_->Categories->Marquees();
-  saisie_.AjoutAlerte = ui_->ChkAl->isEnabled() && ui_->ChkAl->isChecked();
+  return fiche;
+}
+
+void FrmNewMod::FormaterNumeros() {
+  const std::array numeros{&Correspondant::Tel, &Correspondant::Fax, &Correspondant::Portable,
+                           &Correspondant::TelTravail};
+  for (const auto &[ligne, texte] : Champs())
+    if (std::ranges::find(numeros, texte) != numeros.end() && ligne->text() != depart_.*texte)
+      ligne->setText(FormatTelephone(ligne->text(), session_.reglages.SeparateurTel));
 }
 
 QString FrmNewMod::MarqueDeProtection() const {
@@ -158,11 +182,14 @@ bool FrmNewMod::eventFilter(QObject *objet, QEvent *evenement) {
 }
 
 void FrmNewMod::QuitterChamp(const QObject *champ) {
-  if (champ == ui_->TxtWeb && ui_->TxtWeb->text() == kDebutWeb) ui_->TxtWeb->clear();
-  if (champ == ui_->TxtDN && !DateSaisie(ui_->TxtDN->text()).isValid()) ui_->TxtDN->clear();
+  const QString web = ui_->TxtWeb->text(), date = ui_->TxtDN->text();
+  if (champ == ui_->TxtWeb && web == kDebutWeb && web != depart_.Web) ui_->TxtWeb->clear();
+  if (champ == ui_->TxtDN && !DateSaisie(date).isValid() && date != depart_.DDN)
+    ui_->TxtDN->clear();
 }
 
 void FrmNewMod::ChoisirPhoto() {
-  saisie_.fiche.Photo = session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.Photos(),
-                                                           u"Images (*.jpg *.bmp *.ico)"_s);
+  photo_ = session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.Photos(),
+                                              u"Images (*.jpg *.bmp *.ico)"_s);
+  if (photo_.isNull()) photo_ = u""_s;
 }

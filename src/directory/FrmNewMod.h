@@ -33,7 +33,7 @@ class FrmNewMod : public QDialog {
   /// Offers to print the envelope of what is typed before it is recorded.
   void ProposerImpression(std::function<void(const Correspondant &)> imprimer);
 
-  /// What was typed; nothing else of the record that was shown has changed.
+  /// What was typed; whatever of the record was not touched is as it was shown, to the letter.
   const FicheSaisie &Saisie() const { return saisie_; }
 
  public slots:
@@ -53,6 +53,10 @@ class FrmNewMod : public QDialog {
   void Brancher();
   void Valider();
   void Prendre();
+  /// What the form holds; notes and imported address are not in it.
+  Correspondant Formulaire() const;
+  /// Gives the numbers that have been changed their stored form.
+  void FormaterNumeros();
   QString MarqueDeProtection() const;
   void QuitterChamp(const QObject *champ);
   void ImprimerPuisValider();
@@ -61,6 +65,8 @@ class FrmNewMod : public QDialog {
   Session &session_;
   Contexte contexte_;
   std::unique_ptr<Ui::FrmNewMod> ui_;
+  Correspondant depart_;  ///< what the form held before anything was typed
+  QString photo_;
   FicheSaisie saisie_;
   std::function<void(const Correspondant &)> imprimer_;
 };

@@ -129,12 +129,16 @@ void FrmVelmira::RemplirBarre() {
 }
 
 void FrmVelmira::Brancher() {
-  ui_->Liste->Relier(session_, [this] { fiche_.Quitter(); });
+  ui_->Liste->Relier(session_, [this] {
+    if (!fiche_.LibererNotes()) return false;
+    fiche_.Effacer();
+    return true;
+  });
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->Liste, &ListeVelmiras::Cliquee, &FrmVelmira::NoeudClic);
   brancher(ui_->Liste, &ListeVelmiras::DoubleCliquee, &FrmVelmira::Modifier);
   brancher(ui_->Liste, &ListeVelmiras::FavoriDemande, [this] { commandes_.AjouterAuxFavoris(); });
-  brancher(ui_->Fiche, &PanneauFiche::NotesQuittees, [this] { fiche_.EnregistrerNotes(); });
+  connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, [this] { fiche_.NotesQuittees(); });
   brancher(ui_->mnumodifier, &FrmVelmira::Modifier);
   brancher(ui_->mnuSupprimer, [this] { commandes_.SupprimerSelection(); });
   brancher(ui_->mnuAgrandir, &FrmVelmira::Agrandir);
@@ -183,7 +187,11 @@ void FrmVelmira::Raccrocher() {
 }
 
 void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) {
+    ArbreVelmiras &arbre = ui_->Liste->Arbre();
+    arbre.setCurrentIndex(arbre.Modele().Enfant(fiche_.Index()));
+    return;
+  }
   if (index == 0)
     fiche_.Effacer();
   else if (fiche_.Montrer(index) && bouton == Qt::RightButton && ui_->mnuClickDroit->isChecked())
@@ -191,17 +199,17 @@ void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
 }
 
 void FrmVelmira::Nouveau() {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   commandes_.Nouveau();
 }
 
 void FrmVelmira::Modifier() {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   commandes_.ModifierSelection();
 }
 
 void FrmVelmira::ImprimerListe() {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   impression_.Imprimer();
 }
 
@@ -211,7 +219,7 @@ void FrmVelmira::MontrerCalendrier() {
 }
 
 void FrmVelmira::AllerAuxAlertes() {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   RetourDeModule = true;
   emit AlertesDemandees();
 }
@@ -224,7 +232,7 @@ void FrmVelmira::MasquerProteges(bool masquer) {
 void FrmVelmira::Agrandir() {
   const QModelIndex noeud = commandes_.NoeudChoisi();
   if (!noeud.isValid()) return;
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   const auto fiche = TableAdresse(session_.base).Lire(Index(noeud));
   loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
   connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
@@ -237,17 +245,18 @@ void FrmVelmira::Agrandir() {
 }
 
 void FrmVelmira::AllerAuxEnveloppes() {
-  fiche_.EnregistrerNotes();
+  if (!fiche_.LibererNotes()) return;
   RetourDeModule = true;
   emit EnveloppeDemandee(fiche_.Adresse());
 }
 
-void FrmVelmira::PreparerFermeture() {
-  fiche_.EnregistrerNotes();
+bool FrmVelmira::PreparerFermeture() {
+  if (!fiche_.LibererNotes()) return false;
   appel_->Raccrocher();
-  if (!ui_->mnuMasquer->isChecked()) return;
+  if (!ui_->mnuMasquer->isChecked()) return true;
   TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
   ui_->mnuMasquer->setChecked(false);
+  return true;
 }
 
 void FrmVelmira::VenirDevant() {

@@ -49,8 +49,8 @@ class FrmVelmira : public QMainWindow {
   void Raccrocher();
 
   /// Saves what has been typed into the notes, and shows the user's protected records to the others
-  /// again. Throws `ErreurBase`; what was typed stays on the screen then, and is not saved again.
-  void PreparerFermeture();
+  /// again. False when notes that cannot be written are to stay on the screen. Throws `ErreurBase`.
+  bool PreparerFermeture();
 
  signals:
   /// The envelope window is asked for, with the address of the record on display.

@@ -17,6 +17,10 @@ bool EstReservee(const QString &nom) {
   return nom == Favoris() || nom == ToutesCategories();
 }
 
+QStringList Noms(const QString &categories) {
+  return categories.split(u'*', Qt::SkipEmptyParts);
+}
+
 }  // namespace
 
 GestionCategories::GestionCategories(QWidget *parent)
@@ -61,22 +65,32 @@ void GestionCategories::Remplir() {
   ui_->LstCat->addItems(categories.mid(1));  // all but the pseudo-category at the head
 }
 
+void GestionCategories::Montrer(const QString &categories) {
+  montrees_ = categories;
+  Marquer(categories);
+}
+
 void GestionCategories::Marquer(const QString &categories) {
-  for (const QString &nom : categories.split(u'*', Qt::SkipEmptyParts)) Selectionner(nom);
+  for (const QString &nom : Noms(categories))
+    if (QListWidgetItem *listee = Listee(nom)) listee->setSelected(true);
 }
 
 QListWidgetItem *GestionCategories::Listee(const QString &nom) const {
   return ui_->LstCat->findItems(nom, Qt::MatchExactly).value(0);
 }
 
-void GestionCategories::Selectionner(const QString &nom) {
-  if (QListWidgetItem *listee = Listee(nom)) listee->setSelected(true);
-}
-
 QString GestionCategories::Marquees() const {
+  QStringList restantes = Noms(montrees_);
   QString categories;
-  for (int i = 0; i < ui_->LstCat->count(); ++i)
-    if (ui_->LstCat->item(i)->isSelected()) categories += ui_->LstCat->item(i)->text() + u'*';
+  bool changees = false;
+  for (int i = 0; i < ui_->LstCat->count(); ++i) {
+    const QListWidgetItem *listee = ui_->LstCat->item(i);
+    const bool montree = restantes.removeAll(listee->text()) > 0;
+    changees |= listee->isSelected() != montree;
+    if (listee->isSelected()) categories += listee->text() + u'*';
+  }
+  if (!changees) return montrees_;
+  for (const QString &cachee : restantes) categories += cachee + u'*';
   return categories.isEmpty() ? u""_s : u'*' + categories;
 }
 
@@ -107,7 +121,7 @@ void GestionCategories::Enregistrer() {
   }
   if (nom.isEmpty() || EstReservee(nom)) return;
   ui_->LstCat->addItem(nom);
-  Selectionner(nom);
+  Listee(nom)->setSelected(true);
   RemplirCombo(ListerCategories(*base_, false));
 }
 
@@ -150,8 +164,13 @@ void GestionCategories::Balayer(const QString &nom,
     const Sablier sablier;
     TableAdresse(*base_).ChangerCategories(nom, regle);
   }
-  const QString marquees = Marquees();
+  QString marquees = Marquees();
+  for (QString *categories : {&montrees_, &marquees})
+    if (categories->contains(nom)) *categories = regle(*categories);
   Remplir();
+  for (const QString &nouvelle : Noms(marquees))  // one that no record holds yet
+    if (Listee(nouvelle) == nullptr && nouvelle != RechercheRapide())
+      ui_->LstCat->addItem(nouvelle);
   Marquer(marquees);
   changees_();
 }
@@ -161,6 +180,5 @@ void GestionCategories::Renommer(const QString &nom) {
   const QString nouveau = boites_->Saisie(Boites::Titre(), u"Faites votre modification :"_s, nom);
   if (nouveau.isEmpty()) return;
   Balayer(nom, [&](QString categories) { return categories.replace(nom, nouveau); });
-  Selectionner(nouveau);
   ui_->LstCat->setFocus();
 }

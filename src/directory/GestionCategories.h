@@ -29,8 +29,10 @@ class GestionCategories : public QWidget {
   void Relier(Boites &boites, Horloge &horloge, Base &base, std::function<void()> changees);
 
   /// Marks the categories of a record.
-  void Marquer(const QString &categories);
-  /// The marked ones as a category string.
+  void Montrer(const QString &categories);
+  /// Those that were shown, as the user's own renamings and deletions have left them since.
+  const QString &Montrees() const { return montrees_; }
+  /// The marked ones as a category string: the one that was shown while no mark has been changed.
   QString Marquees() const;
 
  private:
@@ -41,16 +43,17 @@ class GestionCategories : public QWidget {
   void ModifierOuSupprimer();
   void Supprimer(const QString &nom);
   void Renommer(const QString &nom);
-  /// Gives the category strings that hold a name the value that a rule makes of them. The marks of
-  /// the record that is being edited stay where the categories stay.
+  /// Gives the category strings that hold a name the value that a rule makes of them, also those of
+  /// the record that is being edited.
   void Balayer(const QString &nom, const std::function<QString(const QString &)> &regle);
   /// The category in the list; null where it is not.
   QListWidgetItem *Listee(const QString &nom) const;
-  void Selectionner(const QString &nom);
+  void Marquer(const QString &categories);
 
   std::unique_ptr<Ui::GestionCategories> ui_;
   Boites *boites_ = nullptr;
   Base *base_ = nullptr;
   std::function<void()> changees_;
+  QString montrees_;
   QString saisie_;  ///< what was typed before, without its completion
 };

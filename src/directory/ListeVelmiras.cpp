@@ -22,7 +22,7 @@ ListeVelmiras::~ListeVelmiras() {
   DebrancherEnfants(*this);
 }
 
-void ListeVelmiras::Relier(Session &session, std::function<void()> avant) {
+void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   session_ = &session;
   avant_ = std::move(avant);
   Brancher();
@@ -79,7 +79,10 @@ void ListeVelmiras::RemplirCategories() {
 }
 
 void ListeVelmiras::Charger() {
-  avant_();
+  if (!avant_()) {
+    ui_->CboCat->setCurrentText(CategorieCourante);
+    return;
+  }
   if (Categorie() != ToutesCategories()) ui_->TxtRR->clear();
   QComboBox *combo = ui_->CboCat;
   if (combo->currentIndex() < 0) return;
@@ -131,7 +134,7 @@ void ListeVelmiras::Chercher(const QString &debut) {
 void ListeVelmiras::ChoisirInitiale() {
   FrmClavier clavier(ui_->CmdCherche);
   clavier.exec();
-  if (!clavier.Lettre()) return;
+  if (!clavier.Lettre() || !avant_()) return;
   LettreRR = *clavier.Lettre();
   QComboBox *combo = ui_->CboCat;
   if (combo->itemText(0) != RechercheRapide()) combo->insertItem(0, RechercheRapide());

@@ -21,9 +21,9 @@ class ListeVelmiras : public QWidget {
   explicit ListeVelmiras(QWidget *parent = nullptr);
   ~ListeVelmiras() override;
 
-  /// Before anything else. `avant` runs before each filling of the tree; when it throws, the list
-  /// stays as it is.
-  void Relier(Session &session, std::function<void()> avant);
+  /// Before anything else. `avant` runs before each filling of the tree; when it gives false or
+  /// throws, the list stays as it is.
+  void Relier(Session &session, std::function<bool()> avant);
 
   /// The first filling of the whole: on the favourites, or on all. Throws `ErreurBase`.
   void Ouvrir(bool surFavoris);
@@ -74,7 +74,7 @@ class ListeVelmiras : public QWidget {
 
   std::unique_ptr<Ui::ListeVelmiras> ui_;
   Session *session_ = nullptr;
-  std::function<void()> avant_;
+  std::function<bool()> avant_;
   QString CategorieCourante;      ///< of the last filling
   QString LettreRR;               ///< initial of the quick search
   qsizetype NombreNoeuds = 0;     ///< children of the last filling, and those added since

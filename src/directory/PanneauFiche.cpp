@@ -3,6 +3,7 @@
 #include "ui/CouleurNumero.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
+#include "ui/TexteExact.h"
 #include "ui_PanneauFiche.h"
 
 #include <QEvent>
@@ -52,6 +53,7 @@ PanneauFiche::~PanneauFiche() = default;
 void PanneauFiche::Vider() {
   Montrer({}, {});
   MontrerPhoto({});
+  MontrerNotes({});
   ui_->TxtComments->setReadOnly(true);
 }
 
@@ -69,8 +71,6 @@ void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichag
   ui_->LblAdresse->setText(AdresseMontrable(affichage.adresse));
   ui_->LblAdresse->setAlignment(affichage.alignementAdresse | Qt::AlignTop);
   ui_->LblAdresseR->setText(AdresseMontrable(fiche.AdresseImportee));
-  ui_->TxtComments->setPlainText(fiche.Commentaires);
-  ui_->TxtComments->setReadOnly(false);
   MajAffichage();
 }
 
@@ -116,8 +116,13 @@ void PanneauFiche::ActiverNumerotation(bool active) {
   MajAffichage();
 }
 
+void PanneauFiche::MontrerNotes(const QString &notes) {
+  MontrerTexte(*ui_->TxtComments, notes);
+  ui_->TxtComments->setReadOnly(false);
+}
+
 QString PanneauFiche::Notes() const {
-  return ui_->TxtComments->toPlainText();
+  return TexteExact(*ui_->TxtComments);
 }
 
 bool PanneauFiche::NotesModifiees() const {
@@ -126,6 +131,10 @@ bool PanneauFiche::NotesModifiees() const {
 
 void PanneauFiche::NotesPrises() {
   ui_->TxtComments->document()->setModified(false);
+}
+
+void PanneauFiche::PrendreFocusNotes() {
+  ui_->TxtComments->setFocus();
 }
 
 bool PanneauFiche::eventFilter(QObject *objet, QEvent *evenement) {

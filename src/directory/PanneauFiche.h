@@ -29,6 +29,7 @@ class PanneauFiche : public QWidget {
   ~PanneauFiche() override;
 
   void Vider();
+  /// All but the notes and the portrait.
   void Montrer(const Correspondant &fiche, const Affichage &affichage);
   /// Gives false when the file is no picture; the frame is then empty. An empty path is no failure.
   bool MontrerPhoto(const QString &chemin);
@@ -41,10 +42,14 @@ class PanneauFiche : public QWidget {
   /// Whether the numbers have their dial buttons.
   void ActiverNumerotation(bool active);
 
+  /// Opens the notes for entry.
+  void MontrerNotes(const QString &notes);
+  /// To the letter where they have not been changed.
   QString Notes() const;
-  /// The notes have been changed since they were shown or last taken.
+  /// Something has been typed into the notes since they were shown or last taken.
   bool NotesModifiees() const;
   void NotesPrises();
+  void PrendreFocusNotes();
 
  signals:
   void NotesQuittees();

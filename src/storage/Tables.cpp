@@ -14,12 +14,6 @@ namespace {
 constexpr Table<Correspondant> kAdresse;
 constexpr Table<Expediteur> kExpediteur;
 
-/// What the editor gives; the others are written by commands of their own.
-ChoixColonnes<Correspondant> Saisis() {
-  return Sauf(&Correspondant::Commentaires, &Correspondant::AdresseImportee,
-              &Correspondant::AlerteActive);
-}
-
 void AjouterPersonne(Base &base, const Correspondant &fiche) {
   if (fiche.NomVelmira.trimmed().isEmpty()) return;
   AjouterLigne(
@@ -140,17 +134,16 @@ Cle TableAdresse::Ajouter(const Correspondant &fiche, bool alerte) {
   return index;
 }
 
-void TableAdresse::Modifier(const Correspondant &fiche, bool alerte) {
-  Correspondant ecrite = fiche;
-  auto choix = Saisis();
-  if (alerte) {
-    ecrite.AlerteActive = true;
-    choix |= Seulement(&Correspondant::AlerteActive);
-  }
+std::optional<Correspondant> TableAdresse::Modifier(const Correspondant &montree,
+                                                    const Correspondant &saisie, bool alerte) {
+  Correspondant ecrite = saisie;
+  ecrite.AlerteActive |= alerte;
   Transaction transaction(base_);
-  if (!ModifierLigne(base_, ecrite, choix)) throw ErreurBase(TexteDisparu());
-  if (alerte) AjouterPersonne(base_, fiche);
+  const auto avant = Lire(saisie.Index);
+  if (auto stockee = ModifierChangees(base_, montree, ecrite, TexteDisparu())) return stockee;
+  if (alerte && !avant->AlerteActive) AjouterPersonne(base_, *Lire(saisie.Index));
   transaction.Valider();
+  return std::nullopt;
 }
 
 void TableAdresse::ChangerCategories(const QString &nom,
@@ -221,25 +214,17 @@ void TableAdresse::MasquerProteges(const QString &utilisateur, bool masquer) {
   transaction.Valider();
 }
 
-void TableAdresse::EcrireChamp(Cle index, QString Correspondant::*champ, const QString &valeur) {
-  Correspondant fiche;
-  fiche.Index = index;
-  fiche.*champ = valeur;
+bool TableAdresse::AjouterCategorie(Cle index, const QString &nom) {
   Transaction transaction(base_);
-  if (!ModifierLigne(base_, fiche, Seulement(champ))) throw ErreurBase(TexteDisparu());
+  auto fiche = Lire(index);
+  if (!fiche) throw ErreurBase(TexteDisparu());
+  QString &categories = fiche->Categories;
+  if (categories.contains(nom)) return false;
+  if (!categories.endsWith(u'*')) categories += u'*';
+  categories += nom + u'*';
+  ModifierLigne(base_, *fiche, Seulement(&Correspondant::Categories));
   transaction.Valider();
-}
-
-void TableAdresse::EcrireCommentaires(Cle index, const QString &texte) {
-  EcrireChamp(index, &Correspondant::Commentaires, texte);
-}
-
-void TableAdresse::EcrireCategories(Cle index, const QString &categories) {
-  EcrireChamp(index, &Correspondant::Categories, categories);
-}
-
-void TableAdresse::EffacerPhoto(Cle index) {
-  EcrireChamp(index, &Correspondant::Photo, u""_s);
+  return true;
 }
 
 QList<Expediteur> TableExpediteur::Tous() const {

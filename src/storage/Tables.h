@@ -59,10 +59,13 @@ class TableAdresse {
   /// Adds a correspondent and, for `alerte`, the person to those of the alerts.
   Cle Ajouter(const Correspondant &fiche, bool alerte);
 
-  /// Writes what the editor gives, and nothing else: notes and imported address stay. With `alerte`
-  /// the record is marked and the person added to those of the alerts. Throws when another user has
-  /// deleted the record meanwhile.
-  void Modifier(const Correspondant &fiche, bool alerte);
+  /// Writes the columns in which `saisie` differs from `montree`, the row as it was shown, as
+  /// `ModifierChangees` does: where another user has changed one of them meanwhile nothing is
+  /// written and the stored row is given back. With `alerte` the record is marked and the person
+  /// added to those of the alerts, unless another user has done so meanwhile. Throws also when
+  /// another user has deleted the record.
+  std::optional<Correspondant> Modifier(const Correspondant &montree, const Correspondant &saisie,
+                                        bool alerte = false);
 
   /// False when another user has deleted it meanwhile.
   bool Supprimer(Cle index);
@@ -80,15 +83,14 @@ class TableAdresse {
   bool ReformaterTelephones(const std::function<QString(const QString &)> &regle,
                             const Avance &avance);
 
-  /// A record that another user has deleted meanwhile throws.
-  void EcrireCommentaires(Cle index, const QString &texte);
-  void EcrireCategories(Cle index, const QString &categories);
-  void EffacerPhoto(Cle index);
+  /// Puts a record into a category. False, and nothing is written, where its category string holds
+  /// that name already, be it as a part of another one. Throws also when another user has deleted
+  /// the record.
+  bool AjouterCategorie(Cle index, const QString &nom);
 
  private:
   void Parcourir(const QString &condition,
                  const std::function<void(EntreeListe &&)> &visiteur) const;
-  void EcrireChamp(Cle index, QString Correspondant::*champ, const QString &valeur);
 
   Base &base_;
 };

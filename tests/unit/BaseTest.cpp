@@ -355,30 +355,40 @@ TEST_F(BaseTest, DeuxiemeEcrivainAttend) {
   EXPECT_EQ(Cles(base).size(), 3);
 }
 
+/// As the notes are written; a row that has gone is taken as it stood in `montree`.
+void EcrireNotes(Base &base, const Correspondant &montree, const QString &texte) {
+  Correspondant saisie = montree;
+  saisie.Commentaires = texte;
+  EXPECT_FALSE(TableAdresse(base).Modifier(montree, saisie)) << "nobody else has changed them";
+}
+
 TEST_F(BaseTest, LigneSupprimeeParUnAutre) {
   Ouvrir(2);
   Base autre;
   autre.Ouvrir(CheminMdb());
   TableAdresse adresses(base);
-  adresses.EcrireCommentaires(2, u"l'été"_s);
+  const Correspondant premier = *adresses.Lire(1), second = *adresses.Lire(2);
+  EcrireNotes(base, second, u"l'été"_s);
   EXPECT_EQ(TableAdresse(autre).Lire(2)->Commentaires, u"l'été"_s);
   EXPECT_NE(TableAdresse(autre).Lire(1)->Commentaires, u"l'été"_s);
   Requete(autre, u"DELETE FROM Adresse WHERE [Index]=2"_s).Executer();
-  EXPECT_THROW(adresses.EcrireCommentaires(2, u"perdu"_s), ErreurBase);
-  EXPECT_NO_THROW(adresses.EcrireCommentaires(1, u"suite"_s)) << "no transaction is left open";
+  EXPECT_THROW(EcrireNotes(base, second, u"perdu"_s), ErreurBase);
+  EXPECT_THROW(adresses.AjouterCategorie(2, u"Favoris"_s), ErreurBase);
+  EXPECT_NO_THROW(EcrireNotes(base, premier, u"suite"_s)) << "no transaction is left open";
   EXPECT_EQ(Cles(autre), QList<Cle>{1});
 }
 
 TEST_F(BaseTest, DisquePleinPendantLEcriture) {
   Ouvrir(200);
   const QByteArray avant = Octets(mdb);
+  const Correspondant premier = *TableAdresse(base).Lire(1);
   {
     const DisquePlein plein(static_cast<rlim_t>(avant.size()));
-    EXPECT_THROW(TableAdresse(base).EcrireCommentaires(1, QString(100'000, u'x')), ErreurBase);
+    EXPECT_THROW(EcrireNotes(base, premier, QString(100'000, u'x')), ErreurBase);
   }
   EXPECT_EQ(Cles(base).size(), 200);
   EXPECT_EQ(TableAdresse(base).Lire(1)->Commentaires, u""_s);
-  EXPECT_NO_THROW(TableAdresse(base).EcrireCommentaires(1, u"suite"_s));
+  EXPECT_NO_THROW(EcrireNotes(base, premier, u"suite"_s));
 
   // In the middle of many writings the engine takes back what it has: no later one may stay alone.
   Requete(base, u"UPDATE Adresse SET Tel='12', Commentaires='"_s + QString(800, u'n') + u'\'')

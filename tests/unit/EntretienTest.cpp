@@ -58,7 +58,7 @@ TEST_F(Entretien, NumerosDeTous) {
     auto fiche = table.Lire(index);
     fiche->Tel = tel;
     fiche->Fax = fax;
-    table.Modifier(*fiche, false);
+    ModifierLigne(base, *fiche, Seulement(&Correspondant::Tel, &Correspondant::Fax));
   };
   ecrire(1, u"1"_s, QString());
   ecrire(2, u"2"_s, u""_s);
