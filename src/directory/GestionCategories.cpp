@@ -165,9 +165,9 @@ void GestionCategories::Balayer(const QString &nom,
     TableAdresse(*base_).ChangerCategories(nom, regle);
   }
   QString marquees = Marquees();
+  Remplir();  // a failure leaves the marks beside what was shown
   for (QString *categories : {&montrees_, &marquees})
     if (categories->contains(nom)) *categories = regle(*categories);
-  Remplir();
   for (const QString &nouvelle : Noms(marquees))  // one that no record holds yet
     if (Listee(nouvelle) == nullptr && nouvelle != RechercheRapide())
       ui_->LstCat->addItem(nouvelle);
