@@ -5,7 +5,6 @@
 #include "directory/ImpressionListe.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
-#include "ui/Sablier.h"
 #include "ui/Travail.h"
 
 #include <QDir>
@@ -42,7 +41,6 @@ void CommandesImpression::Imprimer() {
 void CommandesImpression::Imprimer(const ChoixListe &choix) {
   FinImpression fin;
   try {
-    const Sablier sablier;
     const QList<Cle> cles = Cles(liste_.Arbre().Modele());
     const CadreListe cadre{.NomPerso = session_.reglages.rtcolor.NomPerso,
                            .nombre = cles.size(),

@@ -3,7 +3,6 @@
 #include "exchange/EchangeTexte.h"
 #include "platform/Erreurs.h"
 #include "ui/Brancheur.h"
-#include "ui/Sablier.h"
 #include "ui/Travail.h"
 
 #include <QDir>
@@ -46,17 +45,13 @@ void CommandesEchange::Exporter() {
   if (boites.Question(Boites::Titre(), u"Etes vous prêt à continuer ?"_s) != Boites::Reponse::Oui)
     return;
 
-  bool fini = false;
-  {
-    const Sablier sablier;
-    repertoire_.AfficherTous();
-    fini = Travail(fenetre_, u"Exportation"_s)
-               .Executer(session_.base, [this](Base &base, const Avance &avance) {
-                 const auto octets = ExporterVelmiras(base, avance);
-                 if (octets) fichier_.Remplacer(*octets);
-                 return octets.has_value();
-               });
-  }
+  repertoire_.AfficherTous();
+  const bool fini = Travail(fenetre_, u"Exportation"_s)
+                        .Executer(session_.base, [this](Base &base, const Avance &avance) {
+                          const auto octets = ExporterVelmiras(base, avance);
+                          if (octets) fichier_.Remplacer(*octets);
+                          return octets.has_value();
+                        });
   boites.Information(fini ? u"Le fichier Velmira.txt a été créé avec succès !"_s
                           : u"Exportation arrêtée."_s);
 }
@@ -74,14 +69,11 @@ void CommandesEchange::Importer() {
 
   // What was imported before a failure stays, and is listed too.
   Signaler(boites, [&] {
-    BilanImport bilan;
-    {
-      const Sablier sablier;
-      bilan = Travail(fenetre_, u"Importation"_s)
-                  .Executer(session_.base, [this](Base &base, const Avance &avance) {
-                    return ImporterVelmiras(base, fichier_.Lire(), avance);
-                  });
-    }
+    const BilanImport bilan =
+        Travail(fenetre_, u"Importation"_s)
+            .Executer(session_.base, [this](Base &base, const Avance &avance) {
+              return ImporterVelmiras(base, fichier_.Lire(), avance);
+            });
     if (bilan.arrete)
       boites.Information(u"Importation arrêtée : %1 velmira(s) traité(s)."_s.arg(bilan.traites));
     else

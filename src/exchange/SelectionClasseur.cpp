@@ -2,7 +2,6 @@
 
 #include "directory/ChoixEtendue.h"
 #include "ui/Brancheur.h"
-#include "ui/Sablier.h"
 #include "ui/Travail.h"
 
 using namespace Qt::StringLiterals;
@@ -36,16 +35,13 @@ void SelectionClasseur::Commencer() {
 }
 
 void SelectionClasseur::Exporter() {
-  {
-    const Sablier sablier;
-    const QList<Cle> choisis = liste_.Arbre().Coches();
-    const auto chemin = Travail(liste_.window(), u"Lecture des velmiras"_s)
-                            .Executer(session_.base, [&](Base &base, const Avance &avance) {
-                              return classeur_.Ecrire(base, choisis, avance);
-                            });
-    if (!chemin) return;  // the choice stands for another try
-    session_.plateforme.coquille.Ouvrir(*chemin);
-  }
+  const QList<Cle> choisis = liste_.Arbre().Coches();
+  const auto chemin = Travail(liste_.window(), u"Lecture des velmiras"_s)
+                          .Executer(session_.base, [&](Base &base, const Avance &avance) {
+                            return classeur_.Ecrire(base, choisis, avance);
+                          });
+  if (!chemin) return;  // the choice stands for another try
+  session_.plateforme.coquille.Ouvrir(*chemin);
   liste_.MontrerChoix(false);
   liste_.CliquerRacine();
 }

@@ -1,13 +1,16 @@
 #include "ui/Travail.h"
 
 #include "ui/FrmAvancement.h"
+#include "ui/Sablier.h"
 
 #include <QEventLoop>
 #include <QTimer>
 
 #include <chrono>
 #include <exception>
+#include <optional>
 #include <thread>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -49,9 +52,11 @@ void Travail::Lancer(const std::function<void(const Avance &)> &tache) const {
   });
   QObject::connect(&avancement, &FrmAvancement::ArretDemande, &boucle, [&] { fil.request_stop(); });
 
+  std::optional<Sablier> sablier(std::in_place);
   QTimer::singleShot(kAttente, &boucle, &QEventLoop::quit);
   boucle.exec(QEventLoop::ExcludeUserInputEvents);
   if (!fini) {
+    sablier.reset();  // it would lie over the button that stops
     avancement.show();
     boucle.exec();
   }

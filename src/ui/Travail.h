@@ -20,8 +20,9 @@ class QWidget;
 ///           return ExporterVelmiras(base, avance);
 ///         });
 ///
-/// The windows go on painting and take no input: for half a second it is held back, then
-/// `FrmAvancement` stands before them, which shows the progress and lets the user stop.
+/// The windows go on painting and take no input: for half a second it is held back under the
+/// hourglass, then `FrmAvancement` stands before them, which shows the progress and lets the user
+/// stop.
 class Travail {
  public:
   /// `titre` names the work.

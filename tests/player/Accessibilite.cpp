@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QAccessible>
 #include <QGroupBox>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMap>
@@ -53,6 +54,8 @@ void VerifierMenu(const QMenu &menu) {
 }  // namespace
 
 void VerifierAccessibilite(const QWidget &fenetre) {
+  Exiger(!fenetre.isModal() || QGuiApplication::overrideCursor() == nullptr,
+         u"no hourglass over %1 expected, one found"_s.arg(fenetre.objectName()));
   Mnemoniques mnemoniques;
   for (const auto *barre : fenetre.findChildren<QMenuBar *>()) {
     if (barre->window() != &fenetre) continue;
