@@ -51,14 +51,18 @@ void CommandesBase::ChangerLiaison() {
   const QString separateur = dialogue.Separateur();
   EnregistrerLiaison(separateur);
 
-  boites.Information(u"Votre base de données doit être mise à jour."_s);
-  programme_.afficherRacine();
-  if (Reformater(ancien, separateur)) {
-    boites.Information(u"La base a été mise à jour avec succès."_s);
-  } else {
-    EnregistrerLiaison(ancien);
-    boites.Information(u"Mise à jour arrêtée : rien n'a été changé."_s);
+  bool faite = false;
+  try {
+    boites.Information(u"Votre base de données doit être mise à jour."_s);
+    programme_.afficherRacine();
+    faite = Reformater(ancien, separateur);
+  } catch (...) {
+    RendreLiaison(ancien);
+    throw;
   }
+  if (!faite) RendreLiaison(ancien);
+  boites.Information(faite ? u"La base a été mise à jour avec succès."_s
+                           : u"Mise à jour arrêtée : rien n'a été changé."_s);
 }
 
 void CommandesBase::EnregistrerLiaison(const QString &separateur) {
@@ -68,10 +72,14 @@ void CommandesBase::EnregistrerLiaison(const QString &separateur) {
   session_.reglages.SeparateurTel = separateur;
 }
 
+void CommandesBase::RendreLiaison(const QString &ancien) {
+  session_.reglages.SeparateurTel = ancien;
+  Signaler(session_.plateforme.boites, [&] { EnregistrerLiaison(ancien); });
+}
+
 bool CommandesBase::Reformater(const QString &ancien, const QString &separateur) {
-  const Sablier sablier;
   const auto regle = [&](const QString &numero) {
-    return FormatTelephone(SansLiaison(numero, ancien), separateur);
+    return FormatTelephone(numero, separateur, ancien);
   };
   return Travail(fenetre_, u"Mise à jour des numéros"_s)
       .Executer(session_.base, [&](Base &base, const Avance &avance) {

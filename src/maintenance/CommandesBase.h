@@ -38,7 +38,10 @@ class CommandesBase : public QObject {
   void Recuperer();
 
   void EnregistrerLiaison(const QString &separateur);
-  /// Gives all numbers the new separator. False when the user has stopped it: none has changed.
+  /// After a rewriting that was not done: the numbers bear the old separator still. Never throws.
+  void RendreLiaison(const QString &ancien);
+  /// Gives all numbers the new separator. False when the user has stopped it, and throws when it
+  /// fails: none has changed then.
   bool Reformater(const QString &ancien, const QString &separateur);
 
   /// One choice of the folder; false when it has to be made again.

@@ -1,28 +1,58 @@
 #include "storage/Telephone.h"
 
+#include <QHash>
+#include <QSet>
+
 #include <algorithm>
+#include <utility>
 
-QString FormatTelephone(QString texte, const QString &separateur) {
-  if (texte.isEmpty()) return texte;
-  // The position goes on while the text shrinks: what stands behind a removed sign is passed over.
-  const qsizetype longueur = texte.size();
-  for (qsizetype i = 0; i < longueur && i < texte.size(); ++i)
-    if (const QChar signe = texte[i]; signe < u'0' || signe > u'9') texte.remove(signe);
+namespace {
 
-  QString resultat;
-  qsizetype i = 0;
-  if (texte.size() % 2 == 1) {
-    resultat = texte.left(1) + separateur;
-    i = 1;
-  }
-  for (; i + 1 < texte.size(); i += 2) resultat += texte.mid(i, 2) + separateur;
-  resultat.chop(separateur.size());
-  return resultat;
+bool EstChiffre(QChar c) {
+  return c >= u'0' && c <= u'9';
 }
 
-QString SansLiaison(QString numero, const QString &separateur) {
-  const bool chiffre =
-      std::ranges::any_of(separateur, [](QChar c) { return c >= u'0' && c <= u'9'; });
-  if (!separateur.isEmpty() && !chiffre) numero.remove(separateur);
-  return numero;
+QString EnPaires(const QString &nombre, const QString &separateur) {
+  const qsizetype seul = nombre.size() % 2;
+  QString forme = nombre.left(seul);
+  for (qsizetype i = seul; i < nombre.size(); i += 2) {
+    if (i > 0) forme += separateur;
+    forme += QStringView(nombre).mid(i, 2);
+  }
+  return forme;
+}
+
+QString SansLiaison(const QString &texte, const QString &separateur) {
+  if (separateur.size() < 2) return texte;
+  const QString nombre = texte.split(separateur).join(QString());
+  // Digits may be the number's own: they go only out of a text that has the stored form.
+  const bool chiffre = std::ranges::any_of(separateur, EstChiffre);
+  return !chiffre || EnPaires(nombre, separateur) == texte ? nombre : texte;
+}
+
+/// Sign after sign, each wherever it stands. The position goes on while the text shrinks: what
+/// stands behind a removed sign is passed over, as many characters as were taken away before it and
+/// one more.
+QString SansSignes(QString texte) {
+  QHash<QChar, qsizetype> passes;  // how often each sign stands in what has been passed
+  QSet<QChar> retires;
+  qsizetype aPasser = 0;
+  for (const QChar c : std::as_const(texte)) {
+    if (retires.contains(c)) continue;
+    if (aPasser == 0 && !EstChiffre(c)) {
+      retires.insert(c);
+      aPasser = passes.value(c) + 1;
+      continue;
+    }
+    if (aPasser > 0) --aPasser;
+    if (!EstChiffre(c)) ++passes[c];
+  }
+  texte.removeIf([&retires](QChar c) { return retires.contains(c); });
+  return texte;
+}
+
+}  // namespace
+
+QString FormatTelephone(const QString &texte, const QString &separateur, const QString &ancien) {
+  return texte.isEmpty() ? texte : EnPaires(SansSignes(SansLiaison(texte, ancien)), separateur);
 }

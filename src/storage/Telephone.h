@@ -3,10 +3,12 @@
 #include <QString>
 
 /// Stored form of a telephone number: digits in pairs joined by `separateur`, a lone digit in
-/// front. A sign that stands directly behind a removed one stays. Never fails; an empty text stays
-/// empty.
-QString FormatTelephone(QString texte, const QString &separateur);
+/// front. `ancien`, the separator that the text may bear, is taken out before as a whole where it
+/// has several signs; one of a single sign goes like any other sign. A sign that stands directly
+/// behind a removed one stays. Never fails; an empty text stays empty.
+QString FormatTelephone(const QString &texte, const QString &separateur, const QString &ancien);
 
-/// Takes the separator out of a stored number, as a whole: sign by sign, `FormatTelephone` would
-/// leave some of one that has several. One with digits stays, as it cannot be told from the number.
-QString SansLiaison(QString numero, const QString &separateur);
+/// The same for a text that may bear the separator in force.
+inline QString FormatTelephone(const QString &texte, const QString &separateur) {
+  return FormatTelephone(texte, separateur, separateur);
+}

@@ -45,12 +45,29 @@ TEST(TelephoneTest, FormeEnregistree) {
       {u"02 40 12 34 56", u" ", u"02 40 12 34 56"},
       {u"1 23", u".", u"1.23"},
       {u"02 - 40 - 12", u" - ", u"02 - 40 - 12"},
-      {u"02. 40", u". ", u"0. 2 . 40"},
-      {u"02. 40. 12", u". ", u"02. 40. 12"},
+      {u"02. 40", u". ", u"02. 40"},
+      {u"36 / 39", u" / ", u"36 / 39"},
+      {u"1 / 23", u" / ", u"1 / 23"},
+      {u"01-.23", u"-.", u"01-.23"},
+      // digits of a separator may be the number's own
+      {u"369939", u"99", u"369939"},
+      {u"0699123456", u"99", u"069999991299349956"},
+      {u"02940", u"9", u"0929940"},
   };
   for (const auto &c : cas)
     EXPECT_EQ(FormatTelephone(QString::fromUtf16(c.texte), QString::fromUtf16(c.separateur)),
               QString::fromUtf16(c.forme))
         << '"' << QString::fromUtf16(c.texte).toStdString() << "\" \""
         << QString::fromUtf16(c.separateur).toStdString() << '"';
+  EXPECT_EQ(FormatTelephone(u"36 / 39"_s, u"."_s, u" / "_s), u"36.39"_s)
+      << "another takes its place";
+}
+
+// A text that was pasted by mistake takes no longer than its length.
+TEST(TelephoneTest, TexteDUnMillionDeSignes) {
+  QString texte, liaisons;
+  for (int i = 0; i < 1'000'000; ++i) texte += QChar(0x3000 + i % 0x8000);
+  for (int i = 0; i < 250'000; ++i) liaisons += u"12 / "_s;
+  EXPECT_EQ(FormatTelephone(texte + u"1"_s, u" "_s).back(), u'1');
+  EXPECT_EQ(FormatTelephone(liaisons, u" / "_s).size(), 5 * 250'000 - 3);
 }
