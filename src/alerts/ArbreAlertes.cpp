@@ -1,5 +1,6 @@
 #include "alerts/ArbreAlertes.h"
 
+#include "storage/Noms.h"
 #include "ui/Icones.h"
 
 #include <QContextMenuEvent>
@@ -20,7 +21,7 @@ struct Element : QTreeWidgetItem {
 };
 
 QString TextePersonne(const PersonneAlerte &personne) {
-  const QString nom = personne.Nom.toUpper();
+  const QString nom = EnCapitales(personne.Nom);
   return personne.DDN.isEmpty() ? nom : nom + u"    (DDN : "_s + personne.DDN + u')';
 }
 
@@ -66,7 +67,7 @@ void ArbreAlertes::Montrer(const QList<PersonneEvenements> &personnes, bool seul
 void ArbreAlertes::MontrerSupprimees(const QList<PersonneAlerte> &personnes) {
   QList<QTreeWidgetItem *> noeuds;
   for (const PersonneAlerte &personne : personnes)
-    noeuds.append(new Element({personne.Nom.toUpper(), personne}));
+    noeuds.append(new Element({EnCapitales(personne.Nom), personne}));
   Remplacer(noeuds);
 }
 

@@ -1,6 +1,7 @@
 #include "alerts/ListeAlertes.h"
 
 #include "alerts/PersonnesAlerte.h"
+#include "storage/Noms.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui_ListeAlertes.h"
@@ -110,7 +111,7 @@ void ListeAlertes::SupprimerSelection() {
   if (!noeud) return;
   const QString genre = noeud->Personne() != nullptr ? u"le velmira  "_s : u"l'alerte  "_s;
   if (boites_->Question(u"Confirmation de suppression"_s,
-                        u"Supprimer "_s + genre + u'"' + noeud->texte.toUpper() + u"\" ?"_s,
+                        u"Supprimer "_s + genre + u'"' + EnCapitales(noeud->texte) + u"\" ?"_s,
                         Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
   Supprimer({*noeud});

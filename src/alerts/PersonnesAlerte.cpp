@@ -1,6 +1,7 @@
 #include "alerts/PersonnesAlerte.h"
 
 #include "platform/Saisie.h"
+#include "storage/Noms.h"
 #include "storage/Tables.h"
 
 using namespace Qt::StringLiterals;
@@ -29,7 +30,7 @@ bool PersonnesAlerte::Ajouter() {
   const QString nom = boites_.Saisie(kTitre, u"Nom du velmira pour alerte :"_s, u""_s);
   if (nom.trimmed().isEmpty()) return false;
   const QString ddn = DemanderDDN(u"Date de naissance (facultatif) :"_s, kForme);
-  TablesAlertes(base_).AjouterPersonne(nom.toUpper(), ddn);
+  TablesAlertes(base_).AjouterPersonne(EnCapitales(nom), ddn);
   return true;
 }
 
@@ -42,7 +43,7 @@ bool PersonnesAlerte::Modifier(Cle personne) {
   }
   const QString nom = boites_.Saisie(kTitre, u"Modifier le nom du velmira ?"_s, fiche->Nom);
   if (nom.trimmed().isEmpty()) return false;
-  fiche->Nom = nom.toUpper();
+  fiche->Nom = EnCapitales(nom);
   fiche->DDN = DemanderDDN(u"Renseigner la date de naissance (facultatif) :"_s,
                            fiche->DDN.isEmpty() ? kForme : fiche->DDN);
   tables.ModifierPersonne(*fiche);

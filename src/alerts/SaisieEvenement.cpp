@@ -1,6 +1,7 @@
 #include "alerts/SaisieEvenement.h"
 
 #include "alerts/ComboEvenements.h"
+#include "storage/Noms.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui_SaisieEvenement.h"
@@ -103,7 +104,7 @@ void SaisieEvenement::Proposer(const PersonneAlerte &personne) {
   cible_ = nouveau;
   // Behind a name with a birth date stand the blanks that part them in the list as well.
   const QString blancs(personne.DDN.isEmpty() ? 3 : 6, u' ');
-  ui_->LblVelmira->setText(personne.Nom.toUpper() + blancs);
+  ui_->LblVelmira->setText(EnCapitales(personne.Nom) + blancs);
   ui_->cboAlerte->setCurrentIndex(-1);
   if (!personne.DDN.isEmpty()) ChoisirJour(personne.DDN);
 }

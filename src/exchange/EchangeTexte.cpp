@@ -3,6 +3,7 @@
 #include "platform/PageDeCode.h"
 #include "platform/Saisie.h"
 #include "storage/ExtraitAdresse.h"
+#include "storage/Noms.h"
 #include "storage/Tables.h"
 
 #include <QHash>
@@ -83,12 +84,6 @@ bool EstACompleter(const LigneStockee &present, int place, Champ L::*, const QSt
     return false;
 }
 
-/// Character by character: "Weiß" is not the name of "Weiss".
-QString Majuscules(QString nom) {
-  for (QChar &c : nom) c = c.toUpper();
-  return nom;
-}
-
 /// The lines of a file, ended by CR LF, LF or CR.
 class LecteurLignes {
  public:
@@ -144,13 +139,13 @@ class Fusion {
   explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) {
     TableAdresse(base_).PourChaque([&](EntreeListe &&entree) {
       if (entree.NomVelmira.isNull()) return;
-      const QString nom = Majuscules(std::move(entree.NomVelmira));
+      const QString nom = EnCapitales(std::move(entree.NomVelmira));
       if (!premiers_.contains(nom)) premiers_.insert(nom, entree.Index);
     });
   }
 
   void Integrer(const Fiche &fiche) {
-    const QString nom = Majuscules(fiche.lignes.first());
+    const QString nom = EnCapitales(fiche.lignes.first());
     const auto connu = premiers_.constFind(nom);
     if (connu == premiers_.cend() || !Completer(*connu, fiche))
       premiers_.insert(nom, Ajouter(fiche));

@@ -2,6 +2,7 @@
 
 #include "platform/Fichiers.h"
 #include "storage/Lignes.h"
+#include "storage/Noms.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/SourceSqlite.h"
@@ -98,7 +99,7 @@ class Copie {
 
   void Copier() {
     PourChaqueLigne(Table<PersonneAlerte>{}, [this](const PersonneAlerte &personne) {
-      if (personne.Disponible) alertes_.insert(personne.Nom.toUpper());
+      if (personne.Disponible) alertes_.insert(EnCapitales(personne.Nom));
     });
     PourChaqueTable([this](auto table) { CopierTable(table); });
     avancement_(copiees_);
@@ -154,7 +155,7 @@ class Copie {
     // A database of the first versions held a yes or no here.
     QString &protection = fiche.DataProt;
     if (protection.isNull() || protection == u"No"_s || protection == u"0"_s) protection = u""_s;
-    if (alertes_.contains(fiche.NomVelmira.toUpper())) fiche.AlerteActive = true;
+    if (alertes_.contains(EnCapitales(fiche.NomVelmira))) fiche.AlerteActive = true;
   }
 
   SourceAncienne &source_;

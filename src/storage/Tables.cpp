@@ -2,6 +2,7 @@
 
 #include "storage/Conflits.h"
 #include "storage/Enonces.h"
+#include "storage/Noms.h"
 
 #include <QMap>
 
@@ -281,7 +282,7 @@ void TableVille::Enregistrer(const QString &ville, const QString &code) {
   QStringList cles;
   QString codes;
   for (const VilleCode &ligne : Toutes()) {
-    if (ligne.Ville.toUpper() != ville.toUpper()) continue;
+    if (!MemeNom(ligne.Ville, ville)) continue;
     memes.append(ligne);
     cles.append(QString::number(ligne.Index));
     if (!codes.contains(ligne.CodePostal)) codes += ligne.CodePostal + u'*';
@@ -301,7 +302,7 @@ void TableVille::Relier() {
   Transaction transaction(base_);
   Requete(base_, u"UPDATE Ville SET Liens=''"_s).Executer();
   QMap<QString, QList<VilleCode>> villes;
-  for (const VilleCode &ligne : Toutes()) villes[ligne.Ville.toUpper()].append(ligne);
+  for (const VilleCode &ligne : Toutes()) villes[EnCapitales(ligne.Ville)].append(ligne);
   for (auto ville = villes.cbegin(); ville != villes.cend(); ++ville) {
     if (ville->size() < 2 || ville.key().contains(u'"')) continue;
     QStringList cles;

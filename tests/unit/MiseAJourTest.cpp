@@ -167,17 +167,24 @@ TEST_F(MiseAJourTest, ValeursDUneFiche) {
 
 TEST_F(MiseAJourTest, AlerteActive) {
   SourceDonnee source;
-  for (const auto &[nom, active] :
-       {std::pair{u"Élodie Martin"_s, 0}, {u"Paul"_s, 0}, {u"Zoé"_s, 1}, {u"Luc"_s, 0}})
+  for (const auto &[nom, active] : {std::pair{u"Élodie Martin"_s, 0},
+                                    {u"Paul"_s, 0},
+                                    {u"Zoé"_s, 1},
+                                    {u"Luc"_s, 0},
+                                    {u"Weiß"_s, 0},
+                                    {u"Weiss"_s, 0}})
     source.tables[u"Adresse"_s].append(Fiche({{10, QVariant(nom)}, {25, QVariant(active)}}));
-  source.tables[u"Listecoal"_s] = {
-      {1, u"ÉLODIE martin"_s, u""_s, 1}, {2, u"Paul"_s, u""_s, 0}, {3, u"Luc"_s, u"01/02/1980"_s}};
+  source.tables[u"Listecoal"_s] = {{1, u"ÉLODIE martin"_s, u""_s, 1},
+                                   {2, u"Paul"_s, u""_s, 0},
+                                   {3, u"Luc"_s, u"01/02/1980"_s},
+                                   {4, u"WEISS"_s, u""_s, 1}};
   Copier(source);
   QStringList actives;
   for (const QString &ligne : Cible(u"Adresse")) actives += ligne.section(u'|', 25);
-  EXPECT_EQ(actives, (QStringList{u"1"_s, u"0"_s, u"1"_s, u"1"_s})) << "no mark: in force";
-  EXPECT_EQ(Cible(u"Listecoal"),
-            (QStringList{u"1|ÉLODIE martin||1"_s, u"2|Paul||0"_s, u"3|Luc|01/02/1980|1"_s}));
+  EXPECT_EQ(actives, (QStringList{u"1"_s, u"0"_s, u"1"_s, u"1"_s, u"0"_s, u"1"_s}))
+      << "no mark: in force";
+  EXPECT_EQ(Cible(u"Listecoal"), (QStringList{u"1|ÉLODIE martin||1"_s, u"2|Paul||0"_s,
+                                              u"3|Luc|01/02/1980|1"_s, u"4|WEISS||1"_s}));
 }
 
 TEST_F(MiseAJourTest, ClesEtRenvois) {
