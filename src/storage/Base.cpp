@@ -61,7 +61,9 @@ void Base::Verifier() {
   if (entier(u"PRAGMA user_version"_s) > kVersion)
     throw ErreurBase(u"il vient d'une version plus récente de Velmira."_s);
   Requete(*this, u"PRAGMA synchronous=FULL"_s).Executer();
-  PourChaqueTable([this](auto table) {
+  PourChaqueTable([this]<typename L>(Table<L> table) {
+    const QString nom = QString::fromUtf16(Table<L>::nom);
+    if (!connexion_->ATable(nom)) throw ErreurBase(u"il n'a pas de table %1."_s.arg(nom));
     Requete(*this, u"SELECT "_s + ListeColonnes(table) + u" FROM "_s + Nom(table) + u" LIMIT 0"_s)
         .Suivante();
   });

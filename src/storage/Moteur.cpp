@@ -105,3 +105,11 @@ void Connexion::Executer(const QString &texte) const {
   const auto requete = Preparer(texte);
   if (!requete->exec()) throw ErreurMoteur(requete->lastError());
 }
+
+bool Connexion::ATable(const QString &nom) const {
+  const auto requete = Preparer(
+      u"SELECT 1 FROM sqlite_master WHERE type='table' AND rootpage>0 AND name=? COLLATE NOCASE"_s);
+  requete->addBindValue(nom);
+  if (!requete->exec()) throw ErreurMoteur(requete->lastError());
+  return requete->next();
+}

@@ -35,6 +35,9 @@ class Connexion {
   std::unique_ptr<QSqlQuery> Preparer(const QString &texte) const;
   void Executer(const QString &texte) const;
 
+  /// Whether the file has this table, as rows of its own: a view of this name may have no end.
+  bool ATable(const QString &nom) const;
+
  private:
   void Fermer();
 

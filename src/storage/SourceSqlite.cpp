@@ -41,6 +41,7 @@ SourceSqlite::SourceSqlite(const QString &chemin)
 SourceSqlite::~SourceSqlite() = default;
 
 QStringList SourceSqlite::Colonnes(const QString &table) const {
+  if (!connexion_->ATable(table)) return {};
   const auto requete = connexion_->Preparer(u"PRAGMA table_info("_s + Entre(table) + u')');
   Lancer(*requete);
   QStringList noms;

@@ -133,6 +133,13 @@ TEST_F(BaseTest, FichierRefuse) {
       {"same tables, no mark", [&] { nouvelle({u"PRAGMA application_id=0"_s}); }},
       {"newer", [&] { nouvelle({u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1)}); }},
       {"no table", [&] { nouvelle({u"DROP TABLE ListeAlerte"_s}); }},
+      {"endless view in the place of a table",
+       [&] {
+         nouvelle(
+             {u"DROP TABLE Ville"_s,
+              u"CREATE VIEW Ville AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 "
+              "FROM n) SELECT i AS [Index], '' AS CodePostal, '' AS Ville, '' AS Liens FROM n"_s});
+       }},
       {"no column", [&] { nouvelle({u"ALTER TABLE Adresse DROP COLUMN DataProt"_s}); }},
       {"column renamed",
        [&] { nouvelle({u"ALTER TABLE Alerte RENAME COLUMN Disponible TO D"_s}); }},

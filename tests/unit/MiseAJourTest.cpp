@@ -448,6 +448,16 @@ TEST_F(MiseAJourTest, Echecs) {
          vide();
        },
        1},
+      {"old one has an endless view in the place of a table",
+       [&] {
+         CreerAncienne(u"Velmira.mdb"_s, 3, {{u"Ville"_s, 0}});
+         FichierNu(Chemin(u"Velmira.mdb"_s))
+             .Executer(
+                 u"CREATE VIEW Ville AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 "
+                 "FROM n) SELECT i AS rowid, i FROM n"_s);
+         vide();
+       },
+       1},
       {"old one lacks a needed column",
        [&] {
          CreerAncienne(u"Velmira.mdb"_s, 3, {{u"Expediteur"_s, 10}});
