@@ -4,12 +4,25 @@
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 QString Fichier(const QString &appPath) {
   return appPath + u"/Civilite.txt"_s;
+}
+
+/// The list of titles may have blanks behind them.
+QString SansFin(QString titre) {
+  while (!titre.isEmpty() && titre.back().isSpace()) titre.chop(1);
+  return titre;
+}
+
+/// Whether a title stands at the front of a line, and is not the beginning of another word.
+bool CommencePar(const QString &ligne, const QString &titre) {
+  return ligne.startsWith(titre) && (ligne.size() == titre.size() || ligne[titre.size()].isSpace());
 }
 
 }  // namespace
@@ -34,12 +47,12 @@ void EcrireTitres(const QString &appPath, const QStringList &titres) {
 }
 
 QString RemplacerTitre(const QString &ligne, const QStringList &titres, const QString &titre) {
-  QString reste = ligne;
-  for (qsizetype i = 1; i <= ligne.size(); ++i)
-    if (titres.contains(ligne.left(i))) {
-      reste = ligne.mid(i).trimmed();
-      break;
-    }
-  if (titre.isEmpty()) return reste;
-  return reste.isEmpty() ? titre : titre + u' ' + reste;
+  qsizetype pris = 0;
+  for (const QString &ancien : titres)
+    if (const QString nu = SansFin(ancien); CommencePar(ligne, nu))
+      pris = std::max(pris, nu.size());
+  if (pris == 0 && titre.isEmpty()) return ligne;
+  const QString reste = ligne.mid(pris).trimmed();
+  const QString nouveau = SansFin(titre);
+  return nouveau.isEmpty() || reste.isEmpty() ? nouveau + reste : nouveau + u' ' + reste;
 }

@@ -10,6 +10,7 @@ QStringList LireTitres(const QString &appPath);
 /// Replaces the file; empty titles are left out. Throws `ErreurFichier`.
 void EcrireTitres(const QString &appPath, const QStringList &titres);
 
-/// A first address line with another title at its front. The old one goes when it is one of
-/// `titres`; an empty title takes it away and puts none.
+/// A first address line with another title at its front, one blank behind it. The old one goes when
+/// it is one of `titres` and a blank or the line's end follows it; of several the longest. An empty
+/// title takes it away and puts none.
 QString RemplacerTitre(const QString &ligne, const QStringList &titres, const QString &titre);

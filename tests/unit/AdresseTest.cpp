@@ -3,6 +3,7 @@
 #include "Outils.h"
 #include "address/ChaineAdresse.h"
 #include "address/MiseEnLignes.h"
+#include "address/Titres.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/Raccourci.h"
 #include "storage/Requete.h"
@@ -117,6 +118,33 @@ TEST(MiseEnLignesTest, OptionsDuProgramme) {
   r.plomex = {};
   r.plomex.SautLigne = Drapeau::DepuisNombre(7);
   EXPECT_EQ(lignes(u"A*B*C$1*V$ ", OptionCP::CodeDevant, Role::Destinataire), u"A**B**C**1, V"_s);
+}
+
+TEST(Titres, TitreRemplace) {
+  const QStringList titres{u"M."_s, u"M. et Mme"_s, u"Mme"_s, u"Docteur  "_s, u"  "_s};
+  const struct {
+    const char16_t *ligne, *titre, *attendu;
+  } cas[] = {
+      {u"Paul", u"M.", u"M. Paul"},
+      {u"M. Paul", u"Mme", u"Mme Paul"},
+      {u"M. et Mme Paul", u"M.", u"M. Paul"},  // the longest
+      {u"Mmemosyne", u"M.", u"M. Mmemosyne"},
+      {u"Mme\u00A0Paul", u"M.", u"M. Paul"},
+      {u"Docteur Paul", u"Mme", u"Mme Paul"},
+      {u"Paul", u"Docteur  ", u"Docteur Paul"},
+      {u"Docteur   Paul", u"Docteur  ", u"Docteur Paul"},
+      {u"Mme", u"M.", u"M."},
+      {u"M. Paul", u"", u"Paul"},
+      {u" Paul ", u"", u" Paul "},
+      {u"Dr", u"", u"Dr"},
+      {u"", u"M.", u"M."},
+  };
+  for (const auto &c : cas)
+    EXPECT_EQ(RemplacerTitre(QString::fromUtf16(c.ligne), titres, QString::fromUtf16(c.titre)),
+              QString::fromUtf16(c.attendu))
+        << QString::fromUtf16(c.ligne).toStdString();
+  const QString longue(1'000'000, u'M');  // takes no longer than its length
+  EXPECT_EQ(RemplacerTitre(longue, titres, u"M."_s), u"M. "_s + longue);
 }
 
 TEST(Raccourci, Touches) {
