@@ -21,6 +21,16 @@ bool ALeChiffre(const QString &texte) {
   return texte.size() >= kFin && texte[texte.size() - kFin] == u'\r';
 }
 
+/// The file has a "?" for every character that its code page lacks; the sender's row has them.
+QString ChaineEntiere(const QString &chaine, Base &base) {
+  if (!chaine.contains(u'?') || !base.Ouverte()) return chaine;
+  for (const Expediteur &expediteur : TableExpediteur(base).Tous()) {
+    const QString entiere = ComposerAdresse(AdresseSaisie::De(expediteur)).chaine;
+    if (expediteur.ParDefaut && DepuisPageDeCode(VersPageDeCode(entiere)) == chaine) return entiere;
+  }
+  return chaine;
+}
+
 }  // namespace
 
 void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur) {
@@ -48,5 +58,7 @@ std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base
     RemplacerFichier(chemin, VersPageDeCode(ligne + u"\r\n0\r\n"_s));
     return LireExpediteurDefaut(appPath, base);
   }
-  return AdresseComposee{texte.chopped(kFin), OptionDe(texte.right(kChiffre).trimmed().toInt())};
+  QString chaine = texte.chopped(kFin);
+  Ignorer([&] { chaine = ChaineEntiere(chaine, base); });
+  return AdresseComposee{chaine, OptionDe(texte.right(kChiffre).trimmed().toInt())};
 }

@@ -15,8 +15,9 @@ void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &exped
 /// Deletes the file, if there is one.
 void OublierExpediteurDefaut(const QString &appPath);
 
-/// Reads the file. One of the older form without the digit is completed by "0" and written back.
-/// One that holds no address string is the choice of no sender, or damaged: it is deleted and no
-/// sender of the table stays the default one. Nothing when there is no such file. Throws
+/// Reads the file; what its code page lacks is taken from the row of the default sender, where that
+/// is the same but for it. One of the older form without the digit is completed by "0" and written
+/// back. One that holds no address string is the choice of no sender, or damaged: it is deleted and
+/// no sender of the table stays the default one. Nothing when there is no such file. Throws
 /// `ErreurFichier` and `ErreurBase`.
 std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base);

@@ -213,6 +213,31 @@ TEST_F(ExpediteurDefautTest, Fichier) {
   }
 }
 
+// The file has "?" for what its code page lacks.
+TEST_F(ExpediteurDefautTest, HorsDeLaPageDeCode) {
+  CreerBaseVide(Chemin(u"Velmira.mdb"_s));
+  Base base;
+  base.Ouvrir(Chemin(u"Velmira.mdb"_s));
+  Expediteur dvorak;
+  dvorak.Ligne1 = u"Antonín Dvořák 🎻"_s;
+  dvorak.Ville = u"Łódź"_s;
+  AjouterLigne(base, dvorak);
+  dvorak.ParDefaut = true;
+  const Cle cle = AjouterLigne(base, dvorak);
+  const QString chaine = ComposerAdresse(AdresseSaisie::De(dvorak)).chaine;
+  EcrireExpediteurDefaut(Chemin(), {chaine, OptionCP::VilleDevant});
+  const auto lu = LireExpediteurDefaut(Chemin(), base);
+  ASSERT_TRUE(lu);
+  EXPECT_EQ(lu->chaine, chaine);
+  EXPECT_EQ(lu->optionCP, OptionCP::VilleDevant) << "as the file says";
+
+  // Another row says nothing of the file, nor does one that is not the default sender's.
+  dvorak.Index = cle;
+  dvorak.Ville = u"Łódź 2"_s;
+  TableExpediteur(base).Modifier(dvorak);
+  EXPECT_EQ(LireExpediteurDefaut(Chemin(), base)->chaine, u"Antonín Dvo?ák ?$?ód?$ "_s);
+}
+
 TEST_F(ExpediteurDefautTest, SansBase) {
   Base fermee;
   Poser(u"Defaut.ini"_s, "\r\n0\r\n");
