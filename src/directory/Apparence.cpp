@@ -92,7 +92,7 @@ void Apparence::Cocher() {
   a.mnuPlomex->setChecked(plomex.Enveloppe);
   a.mnuListe->setChecked(rtcolor.OuvrirSurFavoris);
   a.mnuAdress->setChecked(plomex.Adresse);
-  a.mnuAdress->setEnabled(session_.reglages.sauvan.AdressesPresentes);
+  PermettreAdresseImportee();
   a.mnuGras->setChecked(plomex.AdresseEnGras);
   a.mnuClickDroit->setChecked(rtcolor.MenuClicDroit);
   a.mnuEffet->setChecked(rtcolor.EffetVisuel);
@@ -139,7 +139,7 @@ void Apparence::DemanderNom() {
   Boites &boites = session_.plateforme.boites;
   QString &nom = session_.reglages.rtcolor.NomPerso;
   const QString reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
-  if (reponse.isEmpty() || RefuserGuillemet(boites, reponse)) return;
+  if (reponse.trimmed().isEmpty() || RefuserInenregistrable(boites, reponse)) return;
   nom = reponse;
   emit Changee();
   EcrireRTColor();
@@ -201,8 +201,14 @@ void Apparence::ChoisirNaissance(AffichageNaissance affichage) {
   emit NaissanceChangee();
 }
 
+void Apparence::PermettreAdresseImportee() {
+  const Reglages &reglages = session_.reglages;
+  actions_.mnuAdress->setEnabled(reglages.sauvan.AdressesPresentes || reglages.plomex.Adresse);
+}
+
 void Apparence::BasculerAdresseImportee(bool importee) {
   session_.reglages.plomex.Adresse = importee;
+  PermettreAdresseImportee();
   emit Changee();
   if (importee)
     session_.plateforme.boites.Information(

@@ -58,6 +58,9 @@ class Apparence : public QObject {
   void ChoisirTaille();
   void ChoisirNaissance(AffichageNaissance affichage);
   void BasculerAdresseImportee(bool importee);
+  /// Where there are imported addresses to show; a tick that hides the others can always be taken
+  /// away.
+  void PermettreAdresseImportee();
   void EcrireRTColor();
 
   Session &session_;

@@ -94,8 +94,10 @@ FrmConfigure::~FrmConfigure() = default;
 
 void FrmConfigure::Montrer(const QStringList &imprimantes) {
   ui_->CboPrint->addItems(imprimantes);
-  ui_->CboPrint->setCurrentIndex(static_cast<int>(imprimantes.indexOf(plomex_.Imprimante)));
-  ui_->CboPrint->setEditText(plomex_.Imprimante);  // also one that is gone
+  const QString imprimante =
+      NomComplet(imprimantes, plomex_.Imprimante, kLongueurImprimante).value_or(plomex_.Imprimante);
+  ui_->CboPrint->setCurrentIndex(static_cast<int>(imprimantes.indexOf(imprimante)));
+  ui_->CboPrint->setEditText(imprimante);  // also one that is gone
   ui_->TxtMH->setText(Texte(plomex_.MargeHaute));
   ui_->TxtMD->setText(Texte(plomex_.MargeDroite));
   ui_->TxtAX->setText(Texte(plomex_.MargeMAX));

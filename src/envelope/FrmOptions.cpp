@@ -90,8 +90,10 @@ void FrmOptions::Montrer(const QStringList &polices) {
   for (QComboBox *liste : {ui_->CboPolicesA, ui_->CboPolicesE}) liste->addItems(triees);
   ui_->LblPolices->setText(QString::number(polices.size()) + u" polices"_s);
 
-  Selectionner(ui_->CboPolicesA, p.PoliceA);
-  Selectionner(ui_->CboPolicesE, p.PoliceE);
+  Selectionner(ui_->CboPolicesA,
+               NomComplet(polices, p.PoliceA, kLongueurPolice).value_or(p.PoliceA));
+  Selectionner(ui_->CboPolicesE,
+               NomComplet(polices, p.PoliceE, kLongueurPolice).value_or(p.PoliceE));
   Selectionner(ui_->CboTailleA, TexteTaille(p.TailleA));
   Selectionner(ui_->CboTailleE, TexteTaille(p.TailleE));
   ui_->ChkGA->setChecked(p.GrasA);
@@ -111,7 +113,7 @@ void FrmOptions::Montrer(const QStringList &polices) {
 }
 
 void FrmOptions::Confirmer() {
-  if (RefuserGuillemet(boites_, ui_->TxtLiaison->text())) {
+  if (RefuserInenregistrable(boites_, ui_->TxtLiaison->text())) {
     ui_->TxtLiaison->setFocus();
     return;
   }

@@ -99,10 +99,31 @@ void FrmPlomex::Charger() {
     ui_->CboFormat->addItem(QString::fromUtf16(format.libelle));
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
   ui_->LblDocument->hide();
+  Signaler(session_.plateforme.boites, [this] { CompleterNoms(); });
   zones_.ViderAdresse();
   Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });
   ChoisirFormat(kFormatDL);
   MajEtiquettes();
+}
+
+void FrmPlomex::CompleterNoms() {
+  // The system is asked only where it has to be: a print server may be slow to answer.
+  const auto completer = [this](QString &nom, qsizetype longueur, const auto &noms) {
+    if (!PeutEtreAbrege(nom, longueur)) return;
+    if (const auto complet = NomComplet(noms(), nom, longueur))
+      nom = *complet;
+    else
+      introuvables_.append(nom);
+  };
+  ReglagesPlomex &plomex = session_.reglages.plomex;
+  completer(plomex.Imprimante, kLongueurImprimante,
+            [this] { return session_.plateforme.imprimante.Noms(); });
+  for (QString *police : {&plomex.PoliceA, &plomex.PoliceE})
+    completer(*police, kLongueurPolice, [this] { return session_.plateforme.polices.Familles(); });
+}
+
+QString FrmPlomex::AvecMarque(const QString &nom) const {
+  return introuvables_.contains(nom) ? nom + u" (introuvable)"_s : nom;
 }
 
 QMenu *FrmPlomex::mnuAide() const {
@@ -122,14 +143,17 @@ void FrmPlomex::MontrerAdresse(const AdresseComposee &adresse) {
 
 void FrmPlomex::MajEtiquettes() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
-  ui_->LblImprimante->setText(plomex.Imprimante);
+  ui_->LblImprimante->setText(AvecMarque(plomex.Imprimante));
   ui_->LblOrientation->setText(
       plomex.Orientation == OrientationFeuille::Portrait  ? u"Orientation en mode portrait"_s
       : plomex.Orientation == OrientationFeuille::Paysage ? u"Orientation en mode paysage"_s
                                                           : u""_s);
-  ui_->LblPolice->setText(u"Police "_s + plomex.PoliceA + u"   "_s +
+  const QString policeE = introuvables_.contains(plomex.PoliceE)
+                              ? u"   expéditeur : "_s + AvecMarque(plomex.PoliceE)
+                              : QString();
+  ui_->LblPolice->setText(u"Police "_s + AvecMarque(plomex.PoliceA) + u"   "_s +
                           QString::number(plomex.TailleA) + u"   "_s +
-                          (plomex.GrasA ? u"G"_s : u""_s));
+                          (plomex.GrasA ? u"G"_s : u""_s) + policeE);
   const auto touche = LibelleRaccourci(plomex.Raccourci);
   ui_->LblRaccourci->setText(touche ? u"Raccourci pour imprimer : "_s + touche->nom : u""_s);
 

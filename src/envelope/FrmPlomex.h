@@ -46,6 +46,11 @@ class FrmPlomex : public QMainWindow {
 
  private:
   void Charger();
+  /// Printer and fonts whose names the settings have cut get them whole, where the system has one
+  /// such name only.
+  void CompleterNoms();
+  /// A name as it is shown: whether it could not be completed is told with it.
+  QString AvecMarque(const QString &nom) const;
   void Brancher();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
@@ -77,6 +82,7 @@ class FrmPlomex : public QMainWindow {
   QToolButton *imprimer_ = nullptr;
   QMenu *mnuInv3_ = nullptr;  ///< of the sticky notes
   QList<QShortcut *> raccourcis_;
-  int format_ = 0;           ///< index of the format in force
-  int categorieCarnet_ = 0;  ///< index of the category chosen last in the address book
+  QStringList introuvables_;  ///< names that were cut, and could not be completed at the load
+  int format_ = 0;            ///< index of the format in force
+  int categorieCarnet_ = 0;   ///< index of the category chosen last in the address book
 };

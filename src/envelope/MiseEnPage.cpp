@@ -8,9 +8,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a buffer of 40 characters of the settings keeps of a printer's name.
-constexpr qsizetype kNomCoupe = 39;
-
 /// One of the two text zones: where it begins, how it is written.
 struct Zone {
   QStringList lignes;
@@ -161,14 +158,6 @@ bool ImpressionConfiguree(const ReglagesPlomex &p) {
   return p.Orientation != OrientationFeuille::NonConfiguree &&
          p.BordImprime != BordImprime::NonConfigure &&
          p.PositionEnveloppe != PositionEnveloppe::NonConfiguree;
-}
-
-std::optional<QString> TrouverImprimante(const QStringList &noms, const QString &nom) {
-  if (noms.contains(nom)) return nom;
-  if (nom.size() == kNomCoupe)
-    for (const QString &candidat : noms)
-      if (candidat.startsWith(nom)) return candidat;
-  return std::nullopt;
 }
 
 FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &p,

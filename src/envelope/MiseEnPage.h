@@ -71,10 +71,6 @@ bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &eta
 /// Whether the printer has been told how it takes an envelope.
 bool ImpressionConfiguree(const ReglagesPlomex &plomex);
 
-/// The printer of this name; else, where the name is as long as its settings file holds, the first
-/// that begins with it; else none.
-std::optional<QString> TrouverImprimante(const QStringList &noms, const QString &nom);
-
 /// Prints one page on the device of this name.
 FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil,
                            const ReglagesPlomex &plomex, const EtatEnveloppe &etat,

@@ -40,7 +40,7 @@ bool Tirage::Imprimer() {
   const Sablier sablier;  // a print server may be slow to answer
   Imprimante &imprimante = session_.plateforme.imprimante;
   // A printer that is gone leaves the one that was printed on last.
-  if (const auto trouvee = TrouverImprimante(imprimante.Noms(), plomex.Imprimante))
+  if (const auto trouvee = NomComplet(imprimante.Noms(), plomex.Imprimante, kLongueurImprimante))
     courante_ = *trouvee;
   const QString appareil = courante_.isEmpty() ? imprimante.ParDefaut() : courante_;
   const FinImpression fin =

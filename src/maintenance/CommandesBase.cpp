@@ -7,6 +7,7 @@
 #include "storage/Telephone.h"
 #include "storage/TransfertBase.h"
 #include "ui/Brancheur.h"
+#include "ui/Guillemet.h"
 #include "ui/Sablier.h"
 #include "ui/Travail.h"
 
@@ -107,7 +108,7 @@ void CommandesBase::ChangerChemin() {
       "faire votre choix."_s);
   if (!actuel.isEmpty() && !EstDossierDeDonnees(actuel))
     boites.Information(u"Le répertoire enregistré \""_s + QDir::toNativeSeparators(actuel) +
-                       u"\" est invalide. \nIl faut le définir à nouveau."_s);
+                       u"\"est invalide. \nIl faut le définir à nouveau."_s);
   boites.Information(
       u"Si vous désirez choisir un répertoire sur le serveur (utilisation réseau), et qu'il "
       "n'existe pas, il vous faudra, en premier lieu, le créer.\n\n"
@@ -121,6 +122,7 @@ bool CommandesBase::ChoisirChemin() {
   const QString dossier = boites.Dossier(
       u"Sélectionnez le répertoire (...\\...\\DataVelmira), sur votre disque ou sur le serveur."_s);
   if (dossier.isEmpty()) return CreerDossierBase() || Renoncer();
+  if (RefuserInenregistrable(boites, QDir::toNativeSeparators(dossier))) return false;
   if (!EstDossierDeDonnees(dossier)) {
     boites.Information(
         u"Le répertoire choisi n'est pas DataVelmira.\n\n"

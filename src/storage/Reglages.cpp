@@ -3,11 +3,14 @@
 #include "platform/Enregistrement.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "platform/PageDeCode.h"
 #include "platform/Sections.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <limits>
 #include <tuple>
 #include <type_traits>
@@ -20,7 +23,8 @@ template <typename Valeur>
 struct CleIni {
   const char16_t *nom;
   Valeur ReglagesPlomex::*valeur;
-  qsizetype taille = 30;  ///< of the buffer that takes the text, its closing zero included
+  /// Of the buffer that takes the text, its closing zero included.
+  qsizetype taille = kLongueurPolice + 1;
 };
 template <typename Valeur>
 CleIni(const char16_t *, Valeur ReglagesPlomex::*) -> CleIni<Valeur>;
@@ -31,7 +35,7 @@ CleIni(const char16_t *, Valeur ReglagesPlomex::*, qsizetype) -> CleIni<Valeur>;
 constexpr auto kClesPlomex = [] {
   using P = ReglagesPlomex;
   return std::tuple{
-      CleIni{u"Imprimante", &P::Imprimante, 40},
+      CleIni{u"Imprimante", &P::Imprimante, kLongueurImprimante + 1},
       CleIni{u"Orientation", &P::Orientation},
       CleIni{u"Bord imprimé", &P::BordImprime},
       CleIni{u"Position enveloppe", &P::PositionEnveloppe},
@@ -267,6 +271,19 @@ void LireReglages(const QString &appPath, Reglages &reglages) {
   LirePlomex(appPath, reglages.plomex);
   if (QFileInfo(sauvan).isFile() && reglages.sauvan.AdressesPresentes.EstNul())
     reglages.plomex.Adresse = false;
+}
+
+bool PeutEtreAbrege(const QString &nom, qsizetype longueur) {
+  return nom.size() == longueur || nom.contains(u'?');
+}
+
+std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, qsizetype longueur) {
+  if (noms.contains(nom)) return nom;
+  QStringList candidats;
+  std::ranges::copy_if(noms, std::back_inserter(candidats), [&](const QString &candidat) {
+    return DepuisPageDeCode(VersPageDeCode(candidat)).left(longueur) == nom;
+  });
+  return candidats.size() == 1 ? std::optional(candidats.first()) : std::nullopt;
 }
 
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {

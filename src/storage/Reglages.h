@@ -8,6 +8,7 @@
 #include "platform/Millimetres.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -135,6 +136,17 @@ struct Reglages {
 /// `RTColor.ini` is written with its own, if that can be done. What `Sauvan.cfg` says of the
 /// imported addresses, when it is there, holds over the tick that `Plomex.ini` stores.
 void LireReglages(const QString &appPath, Reglages &reglages);
+
+/// What the names of a printer and of a font are cut to when they are read.
+inline constexpr qsizetype kLongueurImprimante = 39, kLongueurPolice = 29;
+
+/// Whether a name of `Plomex.ini` may be less than what was stored: cut to `longueur`, or with a
+/// "?" for a character that the code page lacks.
+bool PeutEtreAbrege(const QString &nom, qsizetype longueur);
+
+/// Which of the system's names a name of `Plomex.ini` stands for: the same one, else the only one
+/// that the file would give back so. None when there is no such name, or are several.
+std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, qsizetype longueur);
 
 /// Writes the 33 keys, each in its place; whatever else the file holds stays.
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex);

@@ -293,16 +293,3 @@ TEST(MiseEnPage, ImpressionConfiguree) {
     EXPECT_EQ(ImpressionConfiguree(p), manque == 0) << manque;
   }
 }
-
-TEST(MiseEnPage, TrouverImprimante) {
-  const QString nom50 = u"Imprimante laser du premier etage, porte 12, droite"_s;
-  const QString coupe = nom50.left(39);
-  for (const QString &nom : {u"Partie"_s, u""_s, u"pdf"_s, u"PD"_s, nom50, coupe})
-    EXPECT_EQ(TrouverImprimante({u"HP"_s, u"PDF"_s}, nom), std::nullopt) << nom.toStdString();
-  EXPECT_EQ(TrouverImprimante({u"HP"_s, u"PDF"_s}, u"PDF"_s), u"PDF"_s);
-  EXPECT_EQ(TrouverImprimante({}, u"PDF"_s), std::nullopt);
-  EXPECT_EQ(TrouverImprimante({nom50 + u"2"_s, nom50}, nom50), nom50);
-  EXPECT_EQ(TrouverImprimante({u"HP"_s, nom50, nom50 + u"2"_s}, coupe), nom50);
-  EXPECT_EQ(TrouverImprimante({nom50, coupe}, coupe), coupe);
-  EXPECT_EQ(TrouverImprimante({nom50}, nom50.left(38)), std::nullopt);
-}

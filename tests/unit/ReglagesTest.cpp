@@ -104,6 +104,23 @@ TEST_F(ReglagesTest, PlomexTextesCoupes) {
   EXPECT_EQ(p.PoliceA, QString::fromLatin1(long50.left(29)));
 }
 
+TEST(NomComplet, SeulementCeQueLeFichierRendrait) {
+  const QString long50 = u"Imprimante laser du premier etage, porte 12, droite"_s;
+  const QString coupe = long50.left(kLongueurImprimante);
+  const auto complet = [](const QStringList &noms, const QString &nom) {
+    return NomComplet(noms, nom, kLongueurImprimante).value_or(u"aucun"_s);
+  };
+  for (const QString &nom : {u"Partie"_s, u""_s, u"pdf"_s, u"PD"_s, long50, coupe, u"PD?"_s})
+    EXPECT_EQ(complet({u"HP"_s, u"PDF"_s}, nom), u"aucun"_s) << nom.toStdString();
+  EXPECT_EQ(complet({u"HP"_s, u"PDF"_s}, u"PDF"_s), u"PDF"_s);
+  EXPECT_EQ(complet({long50 + u"2"_s, long50}, long50), long50);
+  EXPECT_EQ(complet({u"HP"_s, long50}, coupe), long50);
+  EXPECT_EQ(complet({u"HP"_s, long50, long50 + u"2"_s}, coupe), u"aucun"_s) << "one of two";
+  EXPECT_EQ(complet({long50, coupe}, coupe), coupe);
+  EXPECT_EQ(complet({long50}, long50.left(38)), u"aucun"_s);
+  EXPECT_EQ(complet({u"HP"_s, u"印刷 2"_s}, u"?? 2"_s), u"印刷 2"_s);
+}
+
 TEST_F(ReglagesTest, PlomexValeursHorsNorme) {
   Reglages r;
   r.plomex = LirePlomex(kPlomex);
