@@ -4,20 +4,38 @@
 #include <QByteArray>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 /// The whole content, or nothing when it is not a readable file.
 std::optional<QByteArray> LireFichier(const QString &chemin);
 
-/// Replaces the file: after a crash there stands either the old content or the new one, on the
-/// disk. Throws `ErreurFichier`; the old file is then untouched.
-void RemplacerFichier(const QString &chemin, const QByteArray &contenu);
+// What is written and renamed stands on the disk afterwards. Where only the flush of the folder has
+// failed, that is thrown too, with the new file in its place.
 
-/// Deletes, renames, makes a folder (with those above it). They throw `ErreurFichier`; a rename
-/// never replaces a file.
+/// Replaces the file: after a crash there stands either the old content or the new one. Throws
+/// `ErreurFichier`; the old file is then untouched.
+void RemplacerFichier(const QString &chemin, const QByteArray &contenu);
+/// The same with a content that `remplir` puts into the empty file whose path it gets; what it
+/// throws comes out.
+using Remplissage = std::function<void(const QString &)>;
+void RemplacerFichierPar(const QString &chemin, const Remplissage &remplir);
+/// Makes a file of a name that none bears; false where one does. Throws `ErreurFichier`. Never is
+/// there anything else than the whole content under that name.
+bool CreerFichier(const QString &chemin, const QByteArray &contenu);
+/// How the names begin that files bear until they are whole: what a kill leaves of them.
+QString PrefixeProvisoire();
+
+/// Deletes, moves, also to another disk. They throw `ErreurFichier`; a move never replaces a file.
 void EffacerFichier(const QString &chemin);
 void RenommerFichier(const QString &ancien, const QString &nouveau);
 /// Renames within a folder and replaces what bears the new name, in one step. Throws
 /// `ErreurFichier`; both files are then as they were.
 void RemplacerParRenommage(const QString &ancien, const QString &nouveau);
-void CreerDossier(const QString &chemin);
+
+enum class Acces {
+  Herite,  ///< what the folder above gives
+  Prive,   ///< its owner alone
+};
+/// Makes a folder, with those above it. One that is there stays as it is. Throws `ErreurFichier`.
+void CreerDossier(const QString &chemin, Acces acces = Acces::Herite);

@@ -1,6 +1,7 @@
 // Files, code page, records, sections, typed texts.
 
 #include "Outils.h"
+#include "commun/PanneDeDossier.h"
 #include "platform/Enregistrement.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
@@ -173,4 +174,54 @@ TEST_F(FichiersTest, RenommerEffacerCreer) {
   EXPECT_THROW(CreerDossier(Chemin(u"c/d"_s)), ErreurFichier);
   CreerDossier(Chemin(u"x/y"_s));
   EXPECT_NO_THROW(CreerDossier(Chemin(u"x/y"_s)));
+  CreerDossier(Chemin(u"x/moi/seul"_s), Acces::Prive);
+  const auto groupe = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+  for (const QString &nom : {u"x/moi"_s, u"x/moi/seul"_s})
+    EXPECT_FALSE(QFile::permissions(Chemin(nom)) & groupe) << nom.toStdString();
+  EXPECT_TRUE(QFile::permissions(Chemin(u"x"_s)) & groupe);
+}
+
+TEST_F(FichiersTest, NouveauxNoms) {
+  EXPECT_TRUE(CreerFichier(Chemin(u"f"_s), "un"));
+  EXPECT_FALSE(CreerFichier(Chemin(u"f"_s), "deux"));
+  {
+    const DisquePlein plein(100);
+    EXPECT_THROW(CreerFichier(Chemin(u"g"_s), QByteArray(9000, 'b')), ErreurFichier);
+  }
+  EXPECT_EQ(Octets(u"f"_s), QByteArray("un"));
+  EXPECT_EQ(Contenu(), QStringList{u"f"_s});
+
+  // A link is followed, and permissions stay.
+  QFile::setPermissions(Chemin(u"f"_s), QFile::ReadOwner | QFile::WriteOwner);
+  ASSERT_TRUE(QFile::link(Chemin(u"f"_s), Chemin(u"lien"_s)));
+  RemplacerFichier(Chemin(u"lien"_s), "trois");
+  EXPECT_TRUE(QFileInfo(Chemin(u"lien"_s)).isSymLink());
+  EXPECT_EQ(Octets(u"f"_s), QByteArray("trois"));
+  EXPECT_FALSE(QFile::permissions(Chemin(u"f"_s)) & QFile::ReadOther);
+}
+
+TEST_F(FichiersTest, VersUnAutreDisque) {
+  const QTemporaryDir ailleurs(u"/dev/shm/velmira-XXXXXX"_s);
+  Poser(u"a"_s, "a");
+  const QString loin = ailleurs.filePath(u"a"_s);
+  RenommerFichier(Chemin(u"a"_s), loin);
+  EXPECT_EQ(LireFichier(loin), QByteArray("a"));
+  EXPECT_EQ(Contenu(), QStringList());
+  Poser(u"a"_s, "b");
+  EXPECT_THROW(RenommerFichier(Chemin(u"a"_s), loin), ErreurFichier);
+  EXPECT_EQ(LireFichier(loin), QByteArray("a"));
+  EXPECT_EQ(Octets(u"a"_s), QByteArray("b"));
+}
+
+TEST_F(FichiersTest, DossierQuiNeVaPasSurLeDisque) {
+  Poser(u"f"_s, "ancien");
+  {
+    const PanneDeDossier panne(EIO);
+    EXPECT_THROW(RemplacerFichier(Chemin(u"f"_s), "nouveau"), ErreurFichier);
+    EXPECT_THROW(CreerDossier(Chemin(u"d"_s)), ErreurFichier);
+    EXPECT_THROW(EffacerFichier(Chemin(u"f"_s)), ErreurFichier);
+  }
+  const PanneDeDossier sans(EINVAL);  // a file system that knows no such thing
+  EXPECT_NO_THROW(RemplacerFichier(Chemin(u"f"_s), "nouveau"));
+  EXPECT_EQ(Contenu(), (QStringList{u"d"_s, u"f"_s}));
 }

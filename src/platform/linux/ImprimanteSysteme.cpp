@@ -5,7 +5,7 @@
 #include "platform/Fichiers.h"
 
 #include <QBuffer>
-#include <QFile>
+#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
@@ -84,27 +84,15 @@ class DocumentPeint : public Document {
   std::vector<std::vector<Ligne>> pages_{1};
 };
 
-/// Takes the first name that is free by making an empty file of it; nothing when the folder takes
-/// no file.
-QString ReserverNom(const QString &dossier, const QString &debut) {
-  for (int numero = 1;; ++numero) {
-    QString chemin = u"%1/%2 n%3.pdf"_s.arg(dossier, debut, QString::number(numero));
-    QFile fichier(chemin);
-    if (fichier.open(QIODevice::NewOnly)) return chemin;
-    if (!fichier.exists()) return {};
-  }
-}
-
-/// The path of the new file; empty when it could not be written.
+/// The path of the new file, of the first name that is free; empty when it could not be written.
 QString EcrirePdf(const QString &dossier, const QString &debut, const QByteArray &contenu) {
-  QString chemin;
   try {
     CreerDossier(dossier);
-    chemin = ReserverNom(dossier, debut);
-    if (!chemin.isEmpty()) RemplacerFichier(chemin, contenu);
-    return chemin;
+    for (int numero = 1;; ++numero) {
+      QString chemin = u"%1/%2 n%3.pdf"_s.arg(dossier, debut, QString::number(numero));
+      if (!QFileInfo::exists(chemin) && CreerFichier(chemin, contenu)) return chemin;
+    }
   } catch (const Erreur &) {
-    if (!chemin.isEmpty()) Ignorer([&] { EffacerFichier(chemin); });
     return {};
   }
 }
