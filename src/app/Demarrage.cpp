@@ -52,13 +52,15 @@ bool Demarrage::TrouverCheminData() {
       "l'emplacement diffère selon les versions de Windows :\n\n"
       "- Dans \"Documents And settings\" sous XP\n"
       "- Dans \"Utilisateurs ou Users\" pour les versions ultérieures (Seven, 8)"_s);
-  const QString dossier = DemanderDossier();
-  if (dossier.isEmpty()) return false;
-  CreerCheminData(dossier);
+  if (!DemanderDossier()) return false;
+  // Before a base is put beside it: the swap's own would be taken for a delivered one.
+  FinirEchange(dossiers_.CheminData);
+  Signaler(boites_, [&] { DeplacerBaseProche(dossiers_); });
+  Signaler(boites_, [&] { EcrireCheminData(dossiers_.AppPath, dossiers_.CheminData); });
   return true;
 }
 
-QString Demarrage::DemanderDossier() {
+bool Demarrage::DemanderDossier() {
   for (;;) {
     const QString dossier = SelRepertoire(
         boites_, u"Sélectionnez uniquement le répertoire à votre NOM D'UTILISATEUR"_s);
@@ -68,7 +70,10 @@ QString Demarrage::DemanderDossier() {
           "enregistré : \"%1\".\nChoisissez-en un autre."_s.arg(dossier));
       continue;
     }
-    if (!dossier.isEmpty() && !DossierRefuse(dossier)) return dossier;
+    if (!dossier.isEmpty() && !DossierRefuse(dossier)) {
+      if (CreerCheminData(dossier)) return true;
+      continue;
+    }
 
     const bool manque = dossier.isEmpty();
     const QString question = manque
@@ -77,15 +82,20 @@ QString Demarrage::DemanderDossier() {
     if (boites_.Question(Boites::Titre(), question) == Boites::Reponse::Oui) continue;
     boites_.Critique(manque ? u"Lancement du programme interrompu par défaut de renseignement !"_s
                             : u"Lancement du programme interrompu par erreur de renseignement !"_s);
-    return {};
+    return false;
   }
 }
 
-void Demarrage::CreerCheminData(const QString &dossier) {
+bool Demarrage::CreerCheminData(const QString &dossier) {
   dossiers_.CheminData = CheminDataDe(dossier);
-  Signaler(boites_, [&] { CreerDossier(dossiers_.CheminData); });
-  Signaler(boites_, [&] { DeplacerBaseProche(dossiers_); });
-  Signaler(boites_, [&] { EcrireCheminData(dossiers_.AppPath, dossiers_.CheminData); });
+  try {
+    CreerDossier(dossiers_.CheminData, Acces::Prive);
+    return true;
+  } catch (const ErreurFichier &erreur) {
+    boites_.Attention(erreur.Texte() +
+                      u"\n\nRien n'a été enregistré. Choisissez un autre répertoire."_s);
+    return false;
+  }
 }
 
 void Demarrage::TrouverCheminBase() {
@@ -118,16 +128,22 @@ void Demarrage::EnregistrerCheminBase() {
   Signaler(boites_, [&] { EcrireCheminBase(dossiers_.AppPath, dossiers_.CheminBaseConfig); });
 }
 
+bool Demarrage::FinirEchange(const QString &dossier) {
+  if (!AttendreEchange(dossier)) return true;
+  Signaler(boites_, [&] { ConvertirAlarme(dossiers_.AppPath); });
+  return Signaler(boites_, [&] { PoserBaseLivree(dossier); });
+}
+
 void Demarrage::PreparerBase() {
-  Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
   const QString &dossier = dossiers_.CheminBase;
-  if (!ContientBaseLivree(dossier)) return;
+  if (!FinirEchange(dossier)) return;
   if (ContientBase(dossier)) {
-    MAJ_BDD();
+    Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
+    if (ContientBaseLivree(dossier)) MAJ_BDD();
     return;
   }
-  if (EchangeInterrompu(dossier)) Signaler(boites_, [&] { ConvertirAlarme(dossiers_.AppPath); });
-  Signaler(boites_, [&] { PoserBaseLivree(dossier); });
+  const bool livree = Signaler(boites_, [&] { RemplacerBaseLivree(dossiers_); });
+  if (livree && ContientBaseLivree(dossier)) Signaler(boites_, [&] { PoserBaseLivree(dossier); });
 }
 
 void Demarrage::MAJ_BDD() {

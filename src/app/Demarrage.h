@@ -25,11 +25,15 @@ class Demarrage {
 
  private:
   bool TrouverCheminData();
-  /// The user's own folder, ending in a separator; empty when the launch is stopped.
-  QString DemanderDossier();
-  void CreerCheminData(const QString &dossier);
+  /// Asks for the user's own folder until the data folder stands in it. False when the launch is
+  /// stopped.
+  bool DemanderDossier();
+  /// False when it cannot be made, which has been told.
+  bool CreerCheminData(const QString &dossier);
   void TrouverCheminBase();
   void EnregistrerCheminBase();
+  /// Finishes the swap of an upgrade that was killed. False when that fails, which has been told.
+  bool FinirEchange(const QString &dossier);
   void PreparerBase();
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.

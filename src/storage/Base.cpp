@@ -60,7 +60,9 @@ void Base::Verifier() {
     throw ErreurBase(u"il vient d'un autre programme."_s);
   if (entier(u"PRAGMA user_version"_s) > kVersion)
     throw ErreurBase(u"il vient d'une version plus récente de Velmira."_s);
-  Requete(*this, u"PRAGMA synchronous=FULL"_s).Executer();
+  // The end of a transaction is on the disk with the name of its journal gone, also for a machine
+  // that loses its power.
+  Requete(*this, u"PRAGMA synchronous=EXTRA"_s).Executer();
   PourChaqueTable([this]<typename L>(Table<L> table) {
     const QString nom = QString::fromUtf16(Table<L>::nom);
     if (!connexion_->ATable(nom)) throw ErreurBase(u"il n'a pas de table %1."_s.arg(nom));

@@ -4,11 +4,11 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "storage/Dossiers.h"
+#include "storage/Schema.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
-#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 
@@ -16,16 +16,6 @@ namespace {
 
 const QString kInstallation = u"Installation.cfg"_s;   // schema version of the last base laid
 const QString kEditionGuide = u"guide/edition.txt"_s;  // differs wherever the guide does
-
-/// Schema version that a database file bears: bytes 60 to 63 of its header, big-endian (the file
-/// format of SQLite, "user version"); -1 for no such file.
-qint32 VersionBase(const QString &chemin) {
-  constexpr qsizetype kPlace = 60;
-  QFile fichier(chemin);
-  if (!fichier.open(QIODevice::ReadOnly)) return -1;
-  const QByteArray entete = fichier.read(kPlace + 4);
-  return entete.size() < kPlace + 4 ? -1 : qFromBigEndian<qint32>(entete.constData() + kPlace);
-}
 
 void Copier(const QString &source, const QString &cible) {
   const auto contenu = LireFichier(source);
@@ -68,7 +58,7 @@ QString TrouverAppPath(const QString &dossierExecutable, const QString &dossierI
       if (installe.filePath(nom) != baseVide && !utilisateur.exists(nom))
         Copier(installe.filePath(nom), utilisateur.filePath(nom));
 
-  const qint32 version = VersionBase(baseVide);
+  const qint32 version = VersionDuFichier(baseVide);
   if (version > posee) Copier(baseVide, FichierBaseLivree(utilisateur.path()));
   if (!marque || version > posee) {
     RedacteurEnregistrement redacteur;

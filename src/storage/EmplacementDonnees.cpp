@@ -132,6 +132,21 @@ void DeplacerBaseProche(const Dossiers &dossiers) {
 }
 
 void DeplacerBaseLivree(const Dossiers &dossiers) {
-  if (ContientBaseLivree(dossiers.AppPath))
+  if (ContientBaseLivree(dossiers.AppPath) && !ContientBaseLivree(dossiers.CheminBase))
     RenommerFichier(FichierBaseLivree(dossiers.AppPath), FichierBaseLivree(dossiers.CheminBase));
+}
+
+void RemplacerBaseLivree(const Dossiers &dossiers) {
+  if (dossiers.AppPath == dossiers.CheminBase || !ContientBaseLivree(dossiers.AppPath)) return;
+  const QString source = FichierBaseLivree(dossiers.AppPath);
+  const QString cible = FichierBaseLivree(dossiers.CheminBase);
+  // What an upgrade that was killed has left beside the old one would be put into the new one. The
+  // old one has lost its way back then; but it is replaced, now or at the next start.
+  if (const QString journal = cible + u"-journal"_s; EstFichier(journal)) EffacerFichier(journal);
+  const auto contenu = LireFichier(source);
+  if (!contenu)
+    throw ErreurFichier(
+        u"Le fichier « %1 » ne peut pas être lu."_s.arg(QDir::toNativeSeparators(source)));
+  RemplacerFichier(cible, *contenu);
+  EffacerFichier(source);
 }

@@ -57,7 +57,9 @@ QString CheminDataDe(const QString &dossier);
 QString CreerDossierDeDonnees(const QString &lieu);
 
 /// What older versions and installations leave in the application folder goes to its place: a
-/// user's database to his data folder, a delivered one to the folder of the database. Nothing
-/// happens where there is none. They throw `ErreurFichier`.
+/// user's database to his data folder, a delivered one to the folder of the database, where none
+/// stands yet. Nothing happens where there is none. They throw `ErreurFichier`.
 void DeplacerBaseProche(const Dossiers &dossiers);
 void DeplacerBaseLivree(const Dossiers &dossiers);
+/// The same over a delivered one that is left there. Not while another program may be filling it.
+void RemplacerBaseLivree(const Dossiers &dossiers);

@@ -1,6 +1,7 @@
 #include "storage/MiseAJour.h"
 
 #include "platform/Fichiers.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/Lignes.h"
 #include "storage/Noms.h"
 #include "storage/Requete.h"
@@ -174,9 +175,6 @@ void ConvertirAlarme(const QString &appPath) {
 
 void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
                 const std::function<void(qsizetype)> &avancement) {
-  // With EXTRA the end of the transaction is on the disk before a file is renamed, also for a
-  // machine that loses its power.
-  Requete(cible, u"PRAGMA synchronous=EXTRA"_s).Executer();
   Copie copie(source, cible, regles, avancement);
   Transaction transaction(cible);
   copie.Vider();
@@ -185,22 +183,33 @@ void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
 }
 
 void EchangerBases(const Dossiers &dossiers) {
-  const QString ancien = CheminAncien(dossiers.CheminBase);
+  const QString &dossier = dossiers.CheminBase;
+  const QString ancien = CheminAncien(dossier);
   // From here on the full base alone, without one of the user's beside it, tells the next start
   // what to finish: only a base whose copy is over ever stands so. The notice is rewritten behind
   // this line, since a copy that is begun anew needs the one number that the rewriting drops.
-  RemplacerParRenommage(dossiers.Base(), ancien);
   try {
+    RemplacerParRenommage(dossiers.Base(), ancien);
     ConvertirAlarme(dossiers.AppPath);
-    RenommerFichier(FichierBaseLivree(dossiers.CheminBase), dossiers.Base());
+    RenommerFichier(FichierBaseLivree(dossier), dossiers.Base());
   } catch (const Erreur &) {
-    Ignorer([&] { RenommerFichier(ancien, dossiers.Base()); });
+    // A renaming may have been done, and only its flush have failed.
+    if (!ContientBaseLivree(dossier))
+      Ignorer([&] { RenommerFichier(dossiers.Base(), FichierBaseLivree(dossier)); });
+    if (!ContientBase(dossier)) Ignorer([&] { RenommerFichier(ancien, dossiers.Base()); });
     throw;
   }
 }
 
 MiseAJourBase::MiseAJourBase(const Dossiers &dossiers)
-    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {}
+    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {
+  const qint32 livree = VersionDuFichier(FichierBaseLivree(
+      ContientBaseLivree(dossiers.AppPath) ? dossiers.AppPath : dossiers.CheminBase));
+  if (livree >= 0 && source_->Version() > livree)
+    throw ErreurBase(
+        u"Elle vient d'une version de Velmira plus récente que celle qui est installée : elle y "
+        "perdrait des données. Installez la même version sur tous les postes."_s);
+}
 
 MiseAJourBase::~MiseAJourBase() = default;
 
@@ -209,6 +218,8 @@ void MiseAJourBase::Executer(const QString &separateurTel,
   // Held until the swap is over: nobody writes what would not be copied, and a second user's
   // upgrade waits and then finds that there is nothing left to do.
   source_->Reserver();
+  if (!source_->EstEnPlace()) return;
+  RemplacerBaseLivree(dossiers_);
   const QString livree = FichierBaseLivree(dossiers_.CheminBase);
   if (!QFileInfo(livree).isFile()) return;
 
@@ -226,6 +237,12 @@ void PoserBaseLivree(const QString &cheminBase) {
   // What a killed upgrade left half written is taken back under the name that its journal knows.
   Ignorer([&] { Base().Ouvrir(livree); });
   RenommerFichier(livree, FichierBase(cheminBase));
+}
+
+bool AttendreEchange(const QString &cheminBase) {
+  if (!EchangeInterrompu(cheminBase)) return false;
+  Ignorer([&] { SourceSqlite(CheminAncien(cheminBase)).Reserver(); });
+  return EchangeInterrompu(cheminBase);
 }
 
 bool EchangeInterrompu(const QString &cheminBase) {

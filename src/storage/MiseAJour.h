@@ -31,13 +31,15 @@ void EchangerBases(const Dossiers &dossiers);
 /// The whole of it, for the database of a run.
 class MiseAJourBase {
  public:
-  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded.
+  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded, or has a
+  /// newer schema than what was delivered.
   explicit MiseAJourBase(const Dossiers &dossiers);
   ~MiseAJourBase();
 
-  /// Copies it into the delivered one and swaps the two. Nobody writes into it meanwhile; where
-  /// another program's upgrade has ended before, nothing is left to do. Throws `ErreurBase` or
-  /// `ErreurFichier`; the two are then as they were.
+  /// Copies it into the delivered one and swaps the two. The one that still waits in the
+  /// application folder replaces one left over before. Nobody writes into the user's meanwhile;
+  /// where another program's upgrade has ended before, nothing is left to do. Throws `ErreurBase`
+  /// or `ErreurFichier`; the two are then as they were.
   void Executer(const QString &separateurTel, const std::function<void(qsizetype)> &avancement);
 
  private:
@@ -48,8 +50,12 @@ class MiseAJourBase {
 /// Makes the delivered database the user's own, where he has none. Throws `ErreurFichier`.
 void PoserBaseLivree(const QString &cheminBase);
 
-/// Whether a kill has come between the two renames of `EchangerBases`.
+/// Whether a kill has come between the two renames of `EchangerBases`, or another program stands
+/// between them now.
 bool EchangeInterrompu(const QString &cheminBase);
+/// The same once such a program is over: whether there is a swap to be finished, which is done by
+/// `PoserBaseLivree`.
+bool AttendreEchange(const QString &cheminBase);
 
 /// Rewrites an `Alarme.ini` of the older form. Throws `ErreurFichier`.
 void ConvertirAlarme(const QString &appPath);

@@ -4,6 +4,7 @@
 #include "storage/Moteur.h"
 
 #include <QFile>
+#include <QtEndian>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -38,6 +39,11 @@ QString Creation(Table<L> table) {
   return u"CREATE TABLE "_s + Nom(table) + u" ("_s + colonnes.join(u", ") + u')';
 }
 
+// The header of the engine's format: the sign of such a file at its head, the "user version" in
+// big-endian order at byte 60.
+constexpr qsizetype kPlaceVersion = 60;
+constexpr QByteArrayView kSigne("SQLite format 3\0", 16);
+
 }  // namespace
 
 void CreerBaseVide(const QString &chemin) {
@@ -47,4 +53,13 @@ void CreerBaseVide(const QString &chemin) {
   base.Executer(u"PRAGMA application_id=%1"_s.arg(Base::kApplication));
   base.Executer(u"PRAGMA user_version=%1"_s.arg(Base::kVersion));
   PourChaqueTable([&base](auto table) { base.Executer(Creation(table)); });
+}
+
+qint32 VersionDuFichier(const QString &chemin) {
+  QFile fichier(chemin);
+  if (!fichier.open(QIODevice::ReadOnly)) return -1;
+  const QByteArray entete = fichier.read(kPlaceVersion + qsizetype{sizeof(qint32)});
+  if (entete.size() < kPlaceVersion + qsizetype{sizeof(qint32)} || !entete.startsWith(kSigne))
+    return -1;
+  return qFromBigEndian<qint32>(entete.constData() + kPlaceVersion);
 }

@@ -46,3 +46,7 @@ QString OrdreDesCles(Table<L>) {
 /// Makes an empty database with the six tables: what is delivered as `Velmira_base.mdb`. Throws
 /// `ErreurBase`; a file of that name must not exist.
 void CreerBaseVide(const QString &chemin);
+
+/// The schema version that a database file bears which nobody has open, from its header; -1 for no
+/// such file.
+qint32 VersionDuFichier(const QString &chemin);

@@ -32,7 +32,8 @@ struct SourceSqlite::Lecture {
 };
 
 SourceSqlite::SourceSqlite(const QString &chemin)
-    : connexion_(std::make_unique<Connexion>(chemin, Connexion::Fichier::Present, kAttente)) {
+    : chemin_(chemin),
+      connexion_(std::make_unique<Connexion>(chemin, Connexion::Fichier::Present, kAttente)) {
   for (const QString &table : {u"Adresse"_s, u"Expediteur"_s, u"Ville"_s})
     if (Colonnes(table).isEmpty())
       throw ErreurBase(u"Le fichier « %1 » n'a pas de table %2."_s.arg(chemin, table));
@@ -51,6 +52,21 @@ QStringList SourceSqlite::Colonnes(const QString &table) const {
 
 void SourceSqlite::Reserver() {
   connexion_->Executer(u"BEGIN IMMEDIATE"_s);
+}
+
+bool SourceSqlite::EstEnPlace() const {
+  try {
+    Connexion(chemin_, Connexion::Fichier::Present, 0ms).Executer(u"BEGIN IMMEDIATE"_s);
+  } catch (const ErreurBase &erreur) {
+    return erreur.Genre() == GenreErreur::Occupee;  // by this one
+  }
+  return false;
+}
+
+qint32 SourceSqlite::Version() const {
+  const auto requete = connexion_->Preparer(u"PRAGMA user_version"_s);
+  Lancer(*requete);
+  return requete->next() ? requete->value(0).toInt() : 0;
 }
 
 bool SourceSqlite::Ouvrir(const QString &table) {

@@ -22,6 +22,10 @@ class SourceSqlite : public SourceAncienne {
 
   /// Keeps every other program from writing as long as this lives. Waits for one that does.
   void Reserver();
+  /// Whether the file still bears the name that it was opened by; asked while it is kept.
+  bool EstEnPlace() const;
+  /// Its schema version. Throws `ErreurBase`.
+  qint32 Version() const;
 
   bool Ouvrir(const QString &table) override;
   bool Suivante() override;
@@ -33,6 +37,7 @@ class SourceSqlite : public SourceAncienne {
   bool SuivanteUneAUne();
   QStringList Colonnes(const QString &table) const;
 
+  QString chemin_;
   std::unique_ptr<Connexion> connexion_;
   std::unique_ptr<Lecture> lecture_;
 };

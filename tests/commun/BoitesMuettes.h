@@ -10,6 +10,7 @@
 class BoitesMuettes : public Boites {
  public:
   QStringList vues;
+  QString dossier;                        ///< what a picker of folders gives
   std::function<void()> pendant = [] {};  ///< done while a box is shown
 
   void Message(Genre, const QString &, const QString &texte) override { Noter(texte); }
@@ -26,7 +27,7 @@ class BoitesMuettes : public Boites {
   Choix QuestionAnnulable(const QString &, const QString &) override { return Choix::Annuler; }
   QString Fichier(const QString &, const QString &, const QString &) override { return {}; }
   std::optional<Couleur> ChoixCouleur(const Couleur &) override { return std::nullopt; }
-  QString Dossier(const QString &) override { return {}; }
+  QString Dossier(const QString &) override { return dossier; }
 
  private:
   void Noter(const QString &texte) {

@@ -1,6 +1,8 @@
 // The application folder and the places that data may have.
 
 #include "Outils.h"
+#include "app/Demarrage.h"
+#include "commun/BoitesMuettes.h"
 #include "platform/Erreurs.h"
 #include "storage/Base.h"
 #include "storage/DossierApplication.h"
@@ -127,6 +129,19 @@ TEST_F(DossierApplicationTest, SansFichiersInstalles) {
   Poser(u"obstacle"_s, "");
   EXPECT_THROW(TrouverAppPath(Chemin(u"bin"_s), Chemin(u"installe"_s), Chemin(u"obstacle/v"_s)),
                ErreurFichier);
+}
+
+// The user's data are nobody else's; those on a share are for whom the share lets in.
+TEST_F(DossierApplicationTest, DroitsDesDossiers) {
+  const auto autres = QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther;
+  BoitesMuettes boites;
+  boites.dossier = Chemin();
+  Dossiers dossiers;
+  dossiers.AppPath = Chemin(u"bin"_s);
+  ASSERT_TRUE(Demarrage(boites, dossiers, [](const QString &) {}).Executer());
+  EXPECT_EQ(dossiers.CheminData, Chemin(u"DataTrevona/DataVelmira"_s));
+  EXPECT_FALSE(QFile::permissions(dossiers.CheminData) & autres);
+  EXPECT_TRUE(QFile::permissions(CreerDossierDeDonnees(Chemin())) & autres);
 }
 
 TEST(EmplacementDonneesTest, DossierRefuse) {

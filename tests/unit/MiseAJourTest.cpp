@@ -4,6 +4,7 @@
 #include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
 #include "commun/BoitesMuettes.h"
+#include "commun/PanneDeDossier.h"
 #include "platform/Fichiers.h"
 #include "storage/MiseAJour.h"
 #include "storage/Requete.h"
@@ -558,6 +559,80 @@ TEST_F(MiseAJourTest, EchangeInterrompu) {
     EXPECT_EQ(Octets(dossier + u"Ancien_Velmira.mdb"_s), "ancien");
     EXPECT_EQ(Octets(u"app/Alarme.ini"_s), "1,0,2\r\n");
   }
+}
+
+// What stands at a first start: the swap is finished before any base of the application folder
+// comes near it.
+TEST_F(MiseAJourTest, EchangeInterrompuAuPremierDemarrage) {
+  const QString donnees = u"Paul/DataTrevona/DataVelmira/"_s;
+  ASSERT_TRUE(QDir().mkpath(Chemin(donnees)));
+  ASSERT_TRUE(QDir().mkdir(Chemin(u"app"_s)));
+  for (const QString &nom :
+       {donnees + u"Velmira_base.mdb"_s, u"app/Velmira.mdb"_s, u"app/Velmira_base.mdb"_s}) {
+    PoserBaseVide(nom);
+    FichierNu(Chemin(nom)).Executer(u"INSERT INTO Adresse (NomVelmira) VALUES (?)"_s, {nom});
+  }
+  Poser(donnees + u"Ancien_Velmira.mdb"_s, "ancien");
+  boites.dossier = Chemin(u"Paul"_s);
+  Demarrer();
+  EXPECT_EQ(Noms(donnees + u"Velmira.mdb"_s), QStringList{donnees + u"Velmira_base.mdb"_s});
+  EXPECT_TRUE(Existe(u"app/Velmira.mdb"_s)) << "the other one is kept";
+}
+
+// A base of a newer schema is told at each start, and nothing of it goes.
+TEST_F(MiseAJourTest, BasePlusRecente) {
+  Installer();
+  PoserBaseVide(u"Velmira.mdb"_s);
+  {
+    FichierNu fichier(Chemin(u"Velmira.mdb"_s));
+    fichier.Executer(u"ALTER TABLE Adresse ADD COLUMN Nouvelle"_s);
+    fichier.Executer(u"PRAGMA user_version=2"_s);
+  }
+  PoserBaseVide(u"Velmira_base.mdb"_s);
+  const QByteArray avant = Octets(u"Velmira.mdb"_s);
+  Demarrer();
+  ASSERT_EQ(boites.vues.size(), 1);
+  EXPECT_TRUE(boites.vues[0].startsWith(u"erreur : "_s));
+  EXPECT_EQ(Octets(u"Velmira.mdb"_s), avant);
+  EXPECT_FALSE(Existe(u"Ancien_Velmira.mdb"_s));
+}
+
+// One that was left over, half written even, does not keep the delivered one from its place; with a
+// user's base beside it and without.
+TEST_F(MiseAJourTest, BaseLivreeQuiTraine) {
+  for (const bool avecBase : {true, false}) {
+    SCOPED_TRACE(avecBase);
+    for (const QString &nom : {u"Velmira.mdb"_s, u"Ancien_Velmira.mdb"_s})
+      QFile::remove(Chemin(nom));
+    Installer();
+    if (avecBase) CreerAncienne(u"Velmira.mdb"_s, 3);
+    Poser(u"Velmira_base.mdb"_s, "coupée");
+    Poser(u"Velmira_base.mdb-journal"_s, "d'une écriture interrompue");
+    PoserBaseVide(u"app/Velmira_base.mdb"_s);
+    boites.vues.clear();
+    Demarrer();
+    EXPECT_EQ(boites.vues, avecBase ? faite : QStringList());
+    EXPECT_EQ(Noms(u"Velmira.mdb"_s).size(), avecBase ? 3 : 0);
+    EXPECT_FALSE(Existe(u"app/Velmira_base.mdb"_s));
+    EXPECT_FALSE(Bases().contains(u"Velmira_base.mdb"_s));
+    EXPECT_FALSE(Bases().contains(u"Velmira_base.mdb-journal"_s));
+  }
+}
+
+// Its flush fails: the swap is taken back, and the run has its base.
+TEST_F(MiseAJourTest, EchangeQuiNeVaPasSurLeDisque) {
+  Installer();
+  CreerAncienne(u"Velmira.mdb"_s, 3);
+  PoserBaseVide(u"Velmira_base.mdb"_s);
+  const QByteArray ancienne = Octets(u"Velmira.mdb"_s);
+  dossiers.AppPath = Chemin(u"app"_s);
+  dossiers.CheminBase = Chemin();
+  {
+    const PanneDeDossier panne(EIO);
+    EXPECT_THROW(EchangerBases(dossiers), ErreurFichier);
+  }
+  EXPECT_EQ(Bases(), (QStringList{u"Velmira.mdb"_s, u"Velmira_base.mdb"_s}));
+  EXPECT_EQ(Octets(u"Velmira.mdb"_s), ancienne);
 }
 
 // The old file has been moved away by hand after a kill: what was half copied is no first base.
