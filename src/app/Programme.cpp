@@ -14,7 +14,9 @@
 #include "help/ToucheAide.h"
 #include "maintenance/CommandesBase.h"
 #include "platform/Erreurs.h"
+#include "storage/Balayage.h"
 #include "storage/DossierApplication.h"
+#include "storage/Tables.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
@@ -109,6 +111,7 @@ void Programme::Charger() {
   LireReglages(session_.dossiers.AppPath, session_.reglages);
   EntretenirDossier(session_.dossiers);
   OuvrirBase();
+  BalayerRestes(session_.dossiers, session_.plateforme.horloge.Maintenant());
 
   echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
   velmira_ = std::make_unique<FrmVelmira>(session_);
@@ -147,7 +150,7 @@ void Programme::PoserCommandes() {
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
                     {[velmira] { velmira->Liste().CliquerRacine(); },
                      [this](std::function<void()> suite) { FermerPuis(std::move(suite)); },
-                     [this] { Terminer(); }},
+                     [this] { return Enregistrer(); }, [this] { Terminer(); }},
                     velmira);
   classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,
@@ -173,6 +176,14 @@ void Programme::OuvrirBase() {
   } catch (const ErreurBase &erreur) {
     session_.plateforme.boites.Critique(erreur.Texte());
   }
+  if (session_.base.Ouverte()) Signaler(session_.plateforme.boites, [this] { RendreMarques(); });
+}
+
+void Programme::RendreMarques() {
+  const QString &utilisateur = session_.plateforme.utilisateur;
+  TableAdresse adresses(session_.base);
+  if (!utilisateur.isEmpty() && adresses.ADesMasques(utilisateur))
+    adresses.MasquerProteges(utilisateur, false);
 }
 
 void Programme::MontrerPremiereFenetre() {
@@ -212,10 +223,8 @@ void Programme::VersRepertoire() {
 void Programme::FermerPuis(std::function<void()> suite) {
   const auto fermer = [this, suite = std::move(suite)] {
     if (fermeture_) return;
-    if (!velmira_->PreparerFermeture()) return;  // it stays open for a second try
+    if (!Enregistrer()) return;  // it stays open for a second try
     fermeture_ = true;
-    Signaler(session_.plateforme.boites,
-             [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });
     depart_->AnnoncerFermeture();
     depart_->show();
     session_.plateforme.horloge.Pause(500ms);
@@ -223,6 +232,13 @@ void Programme::FermerPuis(std::function<void()> suite) {
   };
   // Later: the window that asks is still at work.
   QMetaObject::invokeMethod(this, Garde(session_.plateforme.boites, fermer), Qt::QueuedConnection);
+}
+
+bool Programme::Enregistrer() {
+  if (!velmira_->PreparerFermeture()) return false;
+  Signaler(session_.plateforme.boites,
+           [this] { EcrireReglages(session_.dossiers.AppPath, session_.reglages.plomex); });
+  return true;
 }
 
 void Programme::Terminer() {

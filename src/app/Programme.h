@@ -39,6 +39,8 @@ class Programme : public QObject {
   void PoserMenusMemora();
   void MontrerPremiereFenetre();
   void OuvrirBase();
+  /// Makes visible again what a run that died while hiding has left hidden.
+  void RendreMarques();
   void VersEnveloppes(const AdresseComposee &adresse);
   void VersRepertoire();
   /// The pause between the two windows, where the user has asked for it.
@@ -48,6 +50,9 @@ class Programme : public QObject {
   /// settings are written. When that fails it is told, and the program goes on without `suite`;
   /// otherwise `suite` is its last act, its windows gone and the database closed.
   void FermerPuis(std::function<void()> suite);
+  /// Writes what was typed and the settings, and shows the records that were hidden. False when the
+  /// user goes on with what could not be written.
+  bool Enregistrer();
   /// Ends the program at once; nothing more is written.
   void Terminer();
   /// The end of both.

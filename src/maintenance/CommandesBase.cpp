@@ -14,6 +14,8 @@
 #include <QAction>
 #include <QDir>
 
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -196,6 +198,27 @@ QString CommandesBase::DossierATransferer(const QString &invite) {
   return {};
 }
 
+bool CommandesBase::Copier(const QString &source, const QString &destination) {
+  Boites &boites = session_.plateforme.boites;
+  std::optional<QString> echec;
+  {
+    const Sablier sablier;
+    session_.base.Fermer();
+    try {
+      TransfererBase(FichierBase(source), FichierBase(destination));
+    } catch (const Erreur &erreur) {
+      echec = erreur.Texte();
+    }
+  }
+  Signaler(boites, [&] { session_.base.Ouvrir(session_.dossiers.Base()); });
+  if (echec)
+    boites.Critique(
+        u"Les données n'ont pas été transférées : le répertoire de destination « %1 » est resté "
+        u"tel "
+        "qu'il était.\n\n%2"_s.arg(QDir::toNativeSeparators(destination), *echec));
+  return !echec;
+}
+
 void CommandesBase::Transferer() {
   Boites &boites = session_.plateforme.boites;
   if (!Accepte(u"ATTENTION !\n\n"
@@ -222,12 +245,7 @@ void CommandesBase::Transferer() {
       u"Désignez le répertoire de destination dans lequel seront transférées les données."_s);
   if (destination.isEmpty()) return;
   if (!Accepte(u"Lancer le transfert ?"_s, Boites::Reponse::Non)) return;
-  {
-    const Sablier sablier;
-    session_.base.Fermer();
-    Ignorer([&] { TransfererBase(FichierBase(source), FichierBase(destination)); });
-    Ignorer([&] { session_.base.Ouvrir(session_.dossiers.Base()); });
-  }
+  if (!programme_.enregistrer() || !Copier(source, destination)) return;
   boites.Information(
       u"Les données ont été transférées avec succès.\n"
       "Le programme doit être fermé et relancé."_s);

@@ -25,7 +25,8 @@ class CommandesBase : public QObject {
     /// Closes the program as its close box does, and then does what it is given; when the closing
     /// fails, that is told and nothing follows.
     std::function<void(std::function<void()>)> fermerPuis;
-    std::function<void()> terminer;  ///< ends the program at once; nothing more is written
+    std::function<bool()> enregistrer;  ///< writes what a closing writes; false: it is refused
+    std::function<void()> terminer;     ///< ends the program at once; nothing more is written
   };
 
   CommandesBase(Session &session, const Actions &actions, Programme programme, QWidget *fenetre);
@@ -54,6 +55,9 @@ class CommandesBase : public QObject {
   void EnregistrerChemin(const QString &chemin);
   /// A data folder for the copy; empty, with the message that says so, when the procedure ends.
   QString DossierATransferer(const QString &invite);
+  /// Copies the database of one folder over that of another. False when that fails, which has been
+  /// told.
+  bool Copier(const QString &source, const QString &destination);
   bool Accepte(const QString &question, Boites::Reponse defaut = Boites::Reponse::Oui);
 
   Session &session_;

@@ -64,6 +64,10 @@ QString AdresseMoteur(const QString &chemin) {
   return Adresse(chemin, u"rw"_s);
 }
 
+QString AdresseEnLecture(const QString &chemin) {
+  return Adresse(chemin, u"ro"_s);
+}
+
 ErreurBase ErreurMoteur(const QSqlError &erreur) {
   const GenreErreur genre = Genre(erreur.nativeErrorCode().toInt());
   const QString phrase = Phrase(genre);

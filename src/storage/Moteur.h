@@ -16,6 +16,9 @@ class QSqlQuery;
 /// The file as the engine takes it: to be read and written, never to be made. Writing is asked for
 /// even by who only reads: what a killed program left half written is taken back at the opening.
 QString AdresseMoteur(const QString &chemin);
+/// The same to be read alone: no lock but a reader's is ever taken. Cannot be opened while a killed
+/// program's writing waits to be taken back.
+QString AdresseEnLecture(const QString &chemin);
 
 /// The failure with its kind, a sentence for the user and the engine's own words.
 ErreurBase ErreurMoteur(const QSqlError &erreur);

@@ -215,6 +215,11 @@ void TableAdresse::MasquerProteges(const QString &utilisateur, bool masquer) {
   transaction.Valider();
 }
 
+bool TableAdresse::ADesMasques(const QString &utilisateur) const {
+  Requete requete(base_, u"SELECT 1 FROM Adresse WHERE DataProt=? LIMIT 1"_s);
+  return requete.Lier(utilisateur).Suivante();
+}
+
 bool TableAdresse::AjouterCategorie(Cle index, const QString &nom) {
   Transaction transaction(base_);
   auto fiche = Lire(index);

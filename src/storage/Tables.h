@@ -76,6 +76,8 @@ class TableAdresse {
   /// The records that `utilisateur` has protected are hidden from the other users, or shown to
   /// them. No other mark is touched.
   void MasquerProteges(const QString &utilisateur, bool masquer);
+  /// Whether there are records that only this user sees.
+  bool ADesMasques(const QString &utilisateur) const;
 
   /// Gives the four telephone numbers of every record the form that `regle` makes of them; null and
   /// empty ones stay. A record that the table refuses is passed over; at any other failure nothing

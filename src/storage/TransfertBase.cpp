@@ -9,7 +9,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QTemporaryDir>
 
 #include <filesystem>
 #include <system_error>
@@ -27,7 +26,7 @@ bool MemeFichier(const QString &un, const QString &autre) {
 }
 
 /// False when the file is missing or no database of ours. Throws when it may be one that cannot be
-/// read now: nobody may put a file in its place then, or copy it half written.
+/// read now: nobody may put a file in its place then.
 bool Ouvrir(Base &base, const QString &chemin) {
   try {
     base.Ouvrir(chemin);
@@ -46,7 +45,7 @@ qint64 Version(Base &base, const QString &schema) {
 /// Gives `base` the rows of another database of the same schema, and nothing else. False when the
 /// schemas differ.
 bool PrendreLignes(Base &base, const QString &source) {
-  Requete(base, u"ATTACH ? AS origine"_s).Lier(AdresseMoteur(source)).Executer();
+  Requete(base, u"ATTACH ? AS origine"_s).Lier(AdresseEnLecture(source)).Executer();
   if (Version(base, u"origine"_s) != Version(base, u"main"_s)) return false;
   Transaction transaction(base);
   const auto remplacer = [&base](const QString &table, const QString &colonnes) {
@@ -61,34 +60,25 @@ bool PrendreLignes(Base &base, const QString &source) {
   return true;
 }
 
-/// The file as one that nobody is writing to.
-QByteArray Octets(const QString &chemin) {
-  const QTemporaryDir dossier;
-  const QString copie = dossier.filePath(u"copie.mdb"_s);
-  Base base;
-  const bool notre = Ouvrir(base, chemin);
-  if (notre) Requete(base, u"VACUUM INTO ?"_s).Lier(copie).Executer();
-  const auto octets = LireFichier(notre ? copie : chemin);
-  if (!octets)
-    throw ErreurFichier(
-        u"Le fichier « %1 » ne peut pas être lu."_s.arg(QDir::toNativeSeparators(chemin)));
-  return *octets;
+/// Makes a new file of it, as of one that nobody is writing to.
+void RemplacerPar(Base &origine, const QString &destination) {
+  RemplacerFichierPar(destination, [&](const QString &copie) {
+    Requete(origine, u"VACUUM INTO ?"_s).Lier(copie).Executer();
+    // What an interrupted writing has left beside the old file would be put into the new one.
+    const QString journal = destination + u"-journal"_s;
+    if (QFileInfo::exists(journal)) EffacerFichier(journal);
+  });
 }
 
 }  // namespace
 
 void TransfererBase(const QString &source, const QString &destination) {
   if (MemeFichier(source, destination)) return;
-  {
-    Base cible, origine;
-    if (Ouvrir(origine, source) && Ouvrir(cible, destination)) {
-      origine.Fermer();
-      if (PrendreLignes(cible, source)) return;
-    }
-  }
-  const QByteArray octets = Octets(source);
-  // What an interrupted writing has left beside the old file would be put into the new one.
-  const QString journal = destination + u"-journal"_s;
-  if (QFileInfo::exists(journal)) EffacerFichier(journal);
-  RemplacerFichier(destination, octets);
+  Base origine, cible;
+  origine.Ouvrir(source);
+  if (!origine.Ouverte())
+    throw ErreurFichier(u"Le fichier « %1 » n'existe pas."_s.arg(QDir::toNativeSeparators(source)));
+  if (Ouvrir(cible, destination) && PrendreLignes(cible, source)) return;
+  cible.Fermer();
+  RemplacerPar(origine, destination);
 }

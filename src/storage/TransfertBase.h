@@ -4,9 +4,9 @@
 
 /// Puts the database of one file into the place of another, whole, whoever works on either at this
 /// time. A destination that others may have open takes the rows of the source in one transaction,
-/// and they see them; one that is missing or is no database of ours is replaced by a new file. A
-/// source of another kind is copied as it is. A file onto itself changes nothing.
+/// and they see them; one that is missing or is no database of ours is replaced by a new file. The
+/// source is only read, also while others write to it. A file onto itself changes nothing.
 ///
-/// Throws `ErreurBase` or `ErreurFichier`, also when another program keeps either for itself; the
-/// destination is then as it was.
+/// Throws `ErreurBase` or `ErreurFichier`, also for a source that is no database of ours and when
+/// another program keeps either for itself; the destination is then as it was.
 void TransfererBase(const QString &source, const QString &destination);

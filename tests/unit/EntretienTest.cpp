@@ -1,14 +1,19 @@
-// What concerns the database as a whole: all telephone numbers at once, and the copy to another
-// folder.
+// What concerns the database as a whole: all telephone numbers at once, the copy to another folder,
+// and what runs that died have left.
 
 #include "Outils.h"
+#include "storage/Balayage.h"
 #include "storage/Base.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 #include "storage/TransfertBase.h"
 
+#include <QDateTime>
+
 #include <filesystem>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -126,11 +131,22 @@ TEST_F(Entretien, TransfertVersUnAutreFichier) {
     EXPECT_EQ(NomsDe(but), QStringList{u"Albert"_s}) << but.toStdString();
   }
   EXPECT_FALSE(Existe(u"etranger-journal"_s));
+}
 
-  // Whatever the source is, it arrives.
-  Poser(u"ancienne"_s, "une base d'un autre programme");
-  TransfererBase(Chemin(u"ancienne"_s), Chemin(u"absent"_s));
-  EXPECT_EQ(Octets(u"absent"_s), Octets(u"ancienne"_s));
+// Somebody is writing into the source: he does not wait, and what he has not ended does not count.
+TEST_F(Entretien, TransfertDUneSourceOuSEcrit) {
+  Creer(u"source"_s, {u"Albert"_s});
+  Creer(u"but"_s, {u"Claude"_s});
+  Base ecrivain;
+  ecrivain.Ouvrir(Chemin(u"source"_s));
+  Transaction transaction(ecrivain);
+  AjouterLigne(ecrivain, Correspondant());
+  for (const QString &but : {u"but"_s, u"neuf"_s}) {
+    TransfererBase(Chemin(u"source"_s), Chemin(but));
+    EXPECT_EQ(NomsDe(but), QStringList{u"Albert"_s}) << but.toStdString();
+  }
+  transaction.Valider();
+  EXPECT_EQ(NomsDe(u"source"_s).size(), 2);
 }
 
 TEST_F(Entretien, TransfertQuiNeVaPas) {
@@ -142,7 +158,9 @@ TEST_F(Entretien, TransfertQuiNeVaPas) {
     TransfererBase(Chemin(u"source"_s), Chemin(meme));
   EXPECT_EQ(Octets(u"source"_s), avant);
 
-  EXPECT_THROW(TransfererBase(Chemin(u"disparue"_s), Chemin(u"source"_s)), Erreur);
+  Poser(u"etrangere"_s, "une base d'un autre programme");
+  for (const QString &mauvaise : {u"disparue"_s, u"etrangere"_s})
+    EXPECT_THROW(TransfererBase(Chemin(mauvaise), Chemin(u"source"_s)), Erreur);
   EXPECT_EQ(Octets(u"source"_s), avant);
 
   Creer(u"but"_s, {});
@@ -160,6 +178,87 @@ TEST_F(Entretien, TransfertQuiNeVaPas) {
     EXPECT_THROW(TransfererBase(Chemin(u"source"_s), Chemin(u"but"_s)), Erreur);
   }
   EXPECT_EQ(NomsDe(u"but"_s), QStringList());
+}
+
+TEST_F(Entretien, RestesBalayes) {
+  for (const QString &nom : {u"app"_s, u"base"_s, u"tmp"_s, u"tmp/Velmira-aZbYcX"_s,
+                             u"tmp/Velmira-dWeVfU"_s, u"partage"_s})
+    ASSERT_TRUE(QDir().mkdir(Chemin(nom)));
+  Creer(u"base/Velmira.mdb"_s, {u"Albert"_s});
+  Creer(u"partage/Velmira.mdb"_s, {u"Berthe"_s});
+  const auto journal = [this](const QString &dossier) {
+    return QFile::encodeName(Chemin(dossier + u"/Velmira.mdb-journal"_s)) + '\0';
+  };
+  const QStringList partent{
+      u"app/Plomex.ini.aBcDeF"_s,        u"app/.velmira-0123456789abc"_s,
+      u"base/.velmira-0123456789abc"_s,  u"tmp/Velmira-aZbYcX/copie.mdb"_s,
+      u"base/Velmira.mdb-mj0123AB9CD"_s,
+  };
+  const QStringList restent{
+      u"app/Plomex.ini.backup"_s,
+      u"app/Plomex.ini.BackUp"_s,
+      u"base/Velmira.mdb.aBcDeF"_s,
+      u"base/.velmira-notes"_s,
+      u"tmp/Velmira-dWeVfU/classeur.xlsx"_s,
+      u"base/Velmira.mdb-mj0123AB9CE"_s,  // of a base that is out of reach
+      u"base/Velmira.mdb-mj0123AB9CF"_s,  // of no base that anybody knows
+  };
+  for (const QString &nom : partent + restent) Poser(nom, "reste");
+  Poser(u"base/Velmira.mdb-mj0123AB9CD"_s, journal(u"base"_s) + journal(u"partage"_s));
+  Poser(u"base/Velmira.mdb-mj0123AB9CE"_s, journal(u"base"_s) + journal(u"ailleurs"_s));
+  const QByteArray tmp = qgetenv("TMPDIR");
+  qputenv("TMPDIR", QFile::encodeName(Chemin(u"tmp"_s)));
+  const Dossiers dossiers{Chemin(u"app"_s), Chemin(u"base"_s), Chemin(u"base"_s), {}};
+  const auto laissees = [this](const QStringList &noms) {
+    QStringList la = noms;
+    la.removeIf([this](const QString &nom) { return !Existe(nom); });
+    return la;
+  };
+  BalayerRestes(dossiers, QDateTime::currentDateTime());
+  EXPECT_EQ(laissees(partent + restent), partent + restent) << "another run may be at work on them";
+  BalayerRestes(dossiers, QDateTime::currentDateTime().addDays(2));
+  EXPECT_EQ(laissees(partent), QStringList());
+  EXPECT_FALSE(Existe(u"tmp/Velmira-aZbYcX"_s));
+  EXPECT_EQ(laissees(restent), restent);
+  qputenv("TMPDIR", tmp);
+}
+
+// Killed in the middle of a writing over two bases: both are taken back before the file that says
+// so goes, also the one in another folder.
+TEST_F(Entretien, EcritureSurDeuxBasesInachevee) {
+  for (const QString &nom : {u"un"_s, u"deux"_s}) {
+    ASSERT_TRUE(QDir().mkdir(Chemin(nom)));
+    Creer(nom + u"/Velmira.mdb"_s, {u"Albert"_s});
+  }
+  Poser(u"un/Velmira.mdb-mj0123AB9CD"_s,
+        QFile::encodeName(Chemin(u"un/Velmira.mdb-journal"_s)) + '\0' +
+            QFile::encodeName(Chemin(u"deux/Velmira.mdb-journal"_s)) + '\0');
+  const pid_t enfant = ::fork();
+  ASSERT_GE(enfant, 0);
+  if (enfant == 0) {
+    try {
+      Base base;
+      base.Ouvrir(Chemin(u"deux/Velmira.mdb"_s));
+      Requete(base, u"PRAGMA cache_size=5"_s).Executer();
+      Transaction transaction(base);
+      for (int i = 0; i < 300; ++i) {
+        Correspondant fantome;
+        fantome.Commentaires = QString(1000, u'x');
+        AjouterLigne(base, fantome);
+      }
+      ::kill(::getpid(), SIGKILL);
+    } catch (...) {
+    }
+    ::_exit(1);
+  }
+  int etat = 0;
+  ASSERT_EQ(::waitpid(enfant, &etat, 0), enfant);
+  ASSERT_TRUE(Existe(u"deux/Velmira.mdb-journal"_s));
+  const Dossiers dossiers{Chemin(u"un"_s), Chemin(u"un"_s), Chemin(u"un"_s), {}};
+  BalayerRestes(dossiers, QDateTime::currentDateTime().addDays(2));
+  EXPECT_FALSE(Existe(u"deux/Velmira.mdb-journal"_s));
+  EXPECT_FALSE(Existe(u"un/Velmira.mdb-mj0123AB9CD"_s));
+  EXPECT_EQ(NomsDe(u"deux/Velmira.mdb"_s), QStringList{u"Albert"_s});
 }
 
 }  // namespace

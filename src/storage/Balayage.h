@@ -1,0 +1,10 @@
+#pragma once
+
+#include "storage/Dossiers.h"
+
+class QDateTime;
+
+/// Takes away what runs that died have left, where it is surely ours and older than a day: files
+/// that were not whole yet, private copies of the base, super-journals of the engine that no
+/// journal needs any more. Never fails.
+void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant);
