@@ -1,36 +1,33 @@
 #include "directory/LibellesFiche.h"
 
+#include "address/LibellesAdresse.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
 
 const Libelles<Correspondant> &LibellesFiche() {
   using C = Correspondant;
-  static const Libelles<C> kLibelles{
-      {Ordinal(&C::NomVelmira), {u"Nom et prénom dans la liste"_s}},
-      {Ordinal(&C::Ligne1), {u"Nom et prénom, première ligne de l'adresse"_s}},
-      {Ordinal(&C::Ligne2), {u"Adresse, ligne 2"_s}},
-      {Ordinal(&C::Ligne3), {u"Adresse, ligne 3"_s}},
-      {Ordinal(&C::Ligne4), {u"Adresse, ligne 4"_s}},
-      {Ordinal(&C::Ligne5), {u"Adresse, ligne 5"_s}},
-      {Ordinal(&C::CodePostal), {u"Code postal"_s}},
-      {Ordinal(&C::Ville), {u"Ville"_s}},
-      {Ordinal(&C::Pays), {u"Pays"_s}},
-      {Ordinal(&C::OptionAdresse), {u"Place du code postal"_s}},
-      {Ordinal(&C::Categories),
-       {u"Catégories"_s,
-        [](const C &fiche) {
-          return fiche.Categories.split(u'*', Qt::SkipEmptyParts).join(u", "_s);
-        }}},
-      {Ordinal(&C::Tel), {u"Téléphone domicile"_s}},
-      {Ordinal(&C::TelTravail), {u"Téléphone travail"_s}},
-      {Ordinal(&C::Portable), {u"Portable"_s}},
-      {Ordinal(&C::Fax), {u"Fax"_s}},
-      {Ordinal(&C::Mail), {u"Adresse email"_s}},
-      {Ordinal(&C::Web), {u"Adresse web"_s}},
-      {Ordinal(&C::DDN), {u"Né(e) le"_s}},
-      {Ordinal(&C::Photo), {u"Photo"_s}},
-      {Ordinal(&C::Commentaires), {u"Notes"_s}},
-      {Ordinal(&C::DataProt), {u"Données protégées en cas d'utilisation réseau"_s}}};
+  static const Libelles<C> kLibelles = [] {
+    Libelles<C> libelles{
+        {Ordinal(&C::NomVelmira), {u"Nom et prénom dans la liste"_s}},
+        {Ordinal(&C::Categories),
+         {u"Catégories"_s,
+          [](const C &fiche) {
+            return fiche.Categories.split(u'*', Qt::SkipEmptyParts).join(u", "_s);
+          }}},
+        {Ordinal(&C::Tel), {u"Téléphone domicile"_s}},
+        {Ordinal(&C::TelTravail), {u"Téléphone travail"_s}},
+        {Ordinal(&C::Portable), {u"Portable"_s}},
+        {Ordinal(&C::Fax), {u"Fax"_s}},
+        {Ordinal(&C::Mail), {u"Adresse email"_s}},
+        {Ordinal(&C::Web), {u"Adresse web"_s}},
+        {Ordinal(&C::DDN), {u"Né(e) le"_s}},
+        {Ordinal(&C::Photo), {u"Photo"_s}},
+        {Ordinal(&C::Commentaires), {u"Notes"_s}},
+        {Ordinal(&C::DataProt), {u"Données protégées en cas d'utilisation réseau"_s}}};
+    libelles.merge(LibellesAdresse<C>());
+    return libelles;
+  }();
   return kLibelles;
 }

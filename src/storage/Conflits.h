@@ -18,21 +18,24 @@ struct Ecarts {
   ChoixColonnes<L> conflits;  ///< of these, what another has changed to something else
 };
 
-/// Compares a row as it was shown, as the user has left it and as it is stored by now. A null text
-/// is an empty one.
+/// The columns in which two rows differ. A null text is an empty one.
+template <typename L>
+ChoixColonnes<L> Differences(const L &une, const L &autre) {
+  ChoixColonnes<L> differences;
+  std::size_t ordinal = 0;
+  std::apply(
+      [&](const auto &...colonne) {
+        (differences.set(ordinal++, une.*colonne.champ != autre.*colonne.champ), ...);
+      },
+      Table<L>::colonnes);
+  return differences;
+}
+
+/// Compares a row as it was shown, as the user has left it and as it is stored by now.
 template <typename L>
 Ecarts<L> Comparer(const L &montree, const L &saisie, const L &stockee) {
-  Ecarts<L> ecarts;
-  std::size_t ordinal = 0;
-  const auto comparer = [&](auto champ) {
-    const bool changee = saisie.*champ != montree.*champ;
-    const bool ailleurs = stockee.*champ != montree.*champ && stockee.*champ != saisie.*champ;
-    ecarts.changees[ordinal] = changee;
-    ecarts.conflits[ordinal] = changee && ailleurs;
-    ++ordinal;
-  };
-  std::apply([&](const auto &...colonne) { (comparer(colonne.champ), ...); }, Table<L>::colonnes);
-  return ecarts;
+  const auto changees = Differences(montree, saisie);
+  return {changees, changees & Differences(montree, stockee) & Differences(saisie, stockee)};
 }
 
 /// Gives the chosen columns of `vers` the values of `depuis`.

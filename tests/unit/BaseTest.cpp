@@ -2,6 +2,7 @@
 
 #include "Outils.h"
 #include "storage/Base.h"
+#include "storage/Conflits.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
@@ -383,6 +384,34 @@ TEST_F(BaseTest, LigneSupprimeeParUnAutre) {
   EXPECT_THROW(adresses.AjouterCategorie(2, u"Favoris"_s), ErreurBase);
   EXPECT_NO_THROW(EcrireNotes(base, premier, u"suite"_s)) << "no transaction is left open";
   EXPECT_EQ(Cles(autre), QList<Cle>{1});
+}
+
+TEST_F(BaseTest, LigneChangeeParUnAutre) {
+  Ouvrir(1);
+  const Correspondant montree = *TableAdresse(base).Lire(1);
+  Correspondant autre = montree, saisie = montree, memes = montree;
+  autre.Ville = u"Lyon"_s;
+  autre.Photo = QString();  // null is as empty as ""
+  autre.Commentaires = QString(500, u'n') + u" la sienne"_s;
+  ModifierLigne(base, autre, Sauf<Correspondant>());
+  memes.Ville = u"Lyon"_s;
+  memes.Mail = u"a@b.fr"_s;
+  memes.Photo = u""_s;
+  EXPECT_FALSE(ModifierChangees(base, montree, memes, {})) << "the same change is no conflict";
+  saisie.Ville = u"Lyon"_s;
+  saisie.Tel = u"1"_s;
+  saisie.Commentaires = QString(500, u'n') + u" la mienne"_s;
+  const auto stockee = ModifierChangees(base, montree, saisie, {});
+  ASSERT_TRUE(stockee);
+  EXPECT_EQ(stockee->Mail, u"a@b.fr"_s);
+  EXPECT_EQ(TableAdresse(base).Lire(1)->Tel, montree.Tel) << "nothing is written before the answer";
+  const auto conflits = Comparer(montree, saisie, *stockee).conflits;
+  EXPECT_EQ(conflits, Seulement(&Correspondant::Commentaires));
+  const QString texte = TexteConflit(ChampsEnConflit(
+      conflits, saisie, *stockee, {{Ordinal(&Correspondant::Commentaires), {u"Notes"_s}}}));
+  EXPECT_TRUE(texte.contains(u"Notes"_s) && texte.contains(u"la mienne"_s) &&
+              texte.contains(u"la sienne"_s))
+      << "long texts differ before the user's eyes too: " << texte.toStdString();
 }
 
 TEST_F(BaseTest, DisquePleinPendantLEcriture) {
