@@ -9,6 +9,7 @@
 #include <QHash>
 
 #include <array>
+#include <limits>
 
 using namespace Qt::StringLiterals;
 
@@ -136,8 +137,13 @@ QString Debut(const QString &texte) {
 
 class Fusion {
  public:
-  explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) {
-    TableAdresse(base_).PourChaque([&](EntreeListe &&entree) {
+  explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) { Rattraper(); }
+
+  /// Takes in what others have added since the last block. At the beginning of each, so that two
+  /// imports at once give no name twice.
+  void Rattraper() {
+    TableAdresse(base_).PourChaqueApres(derniere_, [&](EntreeListe &&entree) {
+      derniere_ = entree.Index;
       if (entree.NomVelmira.isNull()) return;
       const QString nom = EnCapitales(std::move(entree.NomVelmira));
       if (!premiers_.contains(nom)) premiers_.insert(nom, entree.Index);
@@ -147,7 +153,7 @@ class Fusion {
   void Integrer(const Fiche &fiche) {
     const QString nom = EnCapitales(fiche.lignes.first());
     const auto connu = premiers_.constFind(nom);
-    if (connu == premiers_.cend() || !Completer(*connu, fiche))
+    if (connu == premiers_.cend() || !Completer(*connu, nom, fiche))
       premiers_.insert(nom, Ajouter(fiche));
   }
 
@@ -167,15 +173,18 @@ class Fusion {
     PourChaqueChamp([&](int place, auto champ) {
       if (place < fiche.lignes.size()) Lire(fiche, place, champ, correspondant);
     });
-    return AjouterLigne(base_, correspondant);
+    return derniere_ = AjouterLigne(base_, correspondant);
   }
 
-  /// False when another user has deleted the row meanwhile.
-  bool Completer(Cle index, const Fiche &fiche) {
+  /// False when another user has deleted the row meanwhile, or given it another name.
+  bool Completer(Cle index, const QString &nom, const Fiche &fiche) {
     L correspondant;
     correspondant.Index = index;
     ChoixColonnes<L> pris;
-    const bool trouve = extrait_.Lire(index, [&](const LigneStockee &present) {
+    bool memeNom = false;
+    extrait_.Lire(index, [&](const LigneStockee &present) {
+      memeNom = EnCapitales(present.Texte(0)) == nom;
+      if (!memeNom) return;
       PourChaqueChamp([&](int place, auto champ) {
         if (place >= fiche.lignes.size() ||
             !EstACompleter(present, place, champ, fiche.lignes[place]))
@@ -184,12 +193,13 @@ class Fusion {
         pris.set(Ordinal(champ));
       });
     });
-    return trouve && (pris.none() || ModifierLigne(base_, correspondant, pris));
+    return memeNom && (pris.none() || ModifierLigne(base_, correspondant, pris));
   }
 
   Base &base_;
   ExtraitAdresse extrait_;
-  QHash<QString, Cle> premiers_;  ///< key of the first row of each name
+  QHash<QString, Cle> premiers_;                    ///< key of the first row of each name
+  Cle derniere_ = std::numeric_limits<Cle>::min();  ///< of the rows that are known
 };
 
 }  // namespace
@@ -221,6 +231,7 @@ BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance 
   auto fiche = FicheSuivante(lecteur);
   while (fiche && !bilan.arrete) {
     Transaction transaction(base);
+    fusion.Rattraper();
     try {
       for (qsizetype n = 0; fiche && n < kBloc; ++n) {
         fusion.Integrer(*fiche);

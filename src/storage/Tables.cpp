@@ -15,6 +15,16 @@ namespace {
 constexpr Table<Correspondant> kAdresse;
 constexpr Table<Expediteur> kExpediteur;
 
+QString Entrees(const QString &condition) {
+  return u"SELECT [Index], NomVelmira, Categories, DataProt FROM Adresse"_s + condition +
+         OrdreDesCles(kAdresse);
+}
+
+void Visiter(Requete &requete, const std::function<void(EntreeListe &&)> &visiteur) {
+  while (requete.Suivante())
+    visiteur({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
+}
+
 void AjouterPersonne(Base &base, const Correspondant &fiche) {
   if (fiche.NomVelmira.trimmed().isEmpty()) return;
   AjouterLigne(
@@ -100,12 +110,16 @@ void TableAdresse::PourChaqueAdresse(const std::function<void(EntreeListe &&)> &
   Parcourir(u" WHERE Ligne1<>''"_s, visiteur);
 }
 
+void TableAdresse::PourChaqueApres(Cle cle,
+                                   const std::function<void(EntreeListe &&)> &visiteur) const {
+  Requete requete(base_, Entrees(u" WHERE [Index]>?"_s));
+  Visiter(requete.Lier(cle), visiteur);
+}
+
 void TableAdresse::Parcourir(const QString &condition,
                              const std::function<void(EntreeListe &&)> &visiteur) const {
-  Requete requete(base_, u"SELECT [Index], NomVelmira, Categories, DataProt FROM Adresse"_s +
-                             condition + OrdreDesCles(kAdresse));
-  while (requete.Suivante())
-    visiteur({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
+  Requete requete(base_, Entrees(condition));
+  Visiter(requete, visiteur);
 }
 
 qsizetype TableAdresse::Nombre() const {

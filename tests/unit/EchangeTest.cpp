@@ -8,6 +8,9 @@
 #include "storage/Tables.h"
 
 #include <QRandomGenerator>
+#include <QSet>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -308,4 +311,30 @@ TEST_F(EchangeTest, Arret) {
   Importer(octets);
   EXPECT_EQ(Noms().size(), 1201);
   EXPECT_FALSE(ExporterVelmiras(base_, arreter));
+}
+
+// Between two blocks of an import another one runs whole, and a user renames a record.
+TEST_F(EchangeTest, DeuxALaFois) {
+  const Cle connu = Ajouter([] {
+    Correspondant v;
+    v.NomVelmira = u"1100"_s;
+    return v;
+  }());
+  QByteArray octets;
+  for (int i = 0; i < 1200; ++i) octets += Fiche(QByteArray::number(i), {{8, "Nantes"}});
+  bool premier = true;
+  ImporterVelmiras(base_, octets, [&](qsizetype, qsizetype) {
+    if (!std::exchange(premier, false)) return true;
+    Base autre;
+    autre.Ouvrir(Chemin(u"Velmira.mdb"_s));
+    ImporterVelmiras(autre, octets + Fiche("encore"), SansArret);
+    Requete(autre, u"UPDATE Adresse SET NomVelmira='Durand', Ville='' WHERE [Index]=?"_s)
+        .Lier(connu)
+        .Executer();
+    return true;
+  });
+  const QStringList noms = Noms();
+  EXPECT_EQ(noms.size(), 1202);
+  EXPECT_EQ(QSet<QString>(noms.begin(), noms.end()).size(), 1202);
+  EXPECT_EQ(Lire(connu).Ville, u""_s) << "a renamed record is another one";
 }
