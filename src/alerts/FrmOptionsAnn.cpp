@@ -4,6 +4,7 @@
 #include "alerts/Echeance.h"
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
+#include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui_FrmOptionsAnn.h"
@@ -72,18 +73,24 @@ void FrmOptionsAnn::Brancher() {
 }
 
 void FrmOptionsAnn::Choisir(const ArbreAlertes::Noeud &noeud) {
-  if (const auto *personne = noeud.Personne()) {
-    ui_->CadreSaisie->Proposer(*personne);
-    return;
-  }
   // As it is now: another user may have changed it since the list was read.
-  if (const auto joint =
-          TablesAlertes(session_.base).LireEvenement(noeud.Evenement()->evenement.ID)) {
-    ui_->CadreSaisie->Montrer(*joint);
+  const TablesAlertes tables(session_.base);
+  if (const auto *personne = noeud.Personne()) {
+    if (const auto lue = tables.LirePersonne(personne->ID))
+      ui_->CadreSaisie->Proposer(*lue);
+    else
+      AnnoncerDisparition(TexteDisparu());
     return;
   }
+  if (const auto joint = tables.LireEvenement(noeud.Evenement()->evenement.ID))
+    ui_->CadreSaisie->Montrer(*joint);
+  else
+    AnnoncerDisparition(TexteAlerteDisparue());
+}
+
+void FrmOptionsAnn::AnnoncerDisparition(const QString &texte) {
   ui_->Liste->Remplir();
-  session_.plateforme.boites.Information(TexteAlerteDisparue());
+  session_.plateforme.boites.Information(texte);
 }
 
 void FrmOptionsAnn::AjouterVelmira() {

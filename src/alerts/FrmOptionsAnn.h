@@ -30,6 +30,8 @@ class FrmOptionsAnn : public QDialog {
   void LireOptions();
 
   void Choisir(const ArbreAlertes::Noeud &noeud);
+  /// What was chosen has gone: the list is read again.
+  void AnnoncerDisparition(const QString &texte);
   void AjouterVelmira();
 
   void VenirDevant();

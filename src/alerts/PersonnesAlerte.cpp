@@ -3,6 +3,7 @@
 #include "platform/Saisie.h"
 #include "storage/Noms.h"
 #include "storage/Tables.h"
+#include "ui/Accord.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,6 +11,9 @@ namespace {
 
 const QString kTitre = u"Alertes"_s;
 const QString kForme = u"JJ/MM/AAAA"_s;
+
+const Libelles<PersonneAlerte> kLibelles{{Ordinal(&PersonneAlerte::Nom), {u"Nom du velmira"_s}},
+                                         {Ordinal(&PersonneAlerte::DDN), {u"Date de naissance"_s}}};
 
 }  // namespace
 
@@ -36,18 +40,31 @@ bool PersonnesAlerte::Ajouter() {
 
 bool PersonnesAlerte::Modifier(Cle personne) {
   TablesAlertes tables(base_);
-  auto fiche = tables.LirePersonne(personne);
-  if (!fiche) {
+  const auto lue = tables.LirePersonne(personne);
+  if (!lue) {
     boites_.Information(TexteDisparu());
     return true;
   }
-  const QString nom = boites_.Saisie(kTitre, u"Modifier le nom du velmira ?"_s, fiche->Nom);
-  if (nom.trimmed().isEmpty()) return false;
-  fiche->Nom = EnCapitales(nom);
-  fiche->DDN = DemanderDDN(u"Renseigner la date de naissance (facultatif) :"_s,
-                           fiche->DDN.isEmpty() ? kForme : fiche->DDN);
-  tables.ModifierPersonne(*fiche);
-  return true;
+  QString nom = lue->Nom, ddn = lue->DDN;
+  bool questions = false;
+  const auto ecrire = [&](const PersonneAlerte &montree, const PersonneAlerte &saisie) {
+    auto stockee = tables.ModifierPersonne(montree, saisie);
+    questions |= stockee.has_value();
+    return stockee;
+  };
+  for (;;) {
+    const QString reponse = boites_.Saisie(kTitre, u"Modifier le nom du velmira ?"_s, nom);
+    if (reponse.trimmed().isEmpty()) return questions;
+    nom = reponse;
+    ddn = DemanderDDN(u"Renseigner la date de naissance (facultatif) :"_s,
+                      ddn.isEmpty() ? kForme : ddn);
+    PersonneAlerte saisie = *lue;
+    saisie.Nom = EnCapitales(nom);
+    saisie.DDN = ddn;
+    ChoixColonnes<PersonneAlerte> cedees;  // a name that was confirmed is only written in capitals
+    cedees.set(Ordinal(&PersonneAlerte::Nom), nom == lue->Nom);
+    if (EcrireEnAccord(boites_, *lue, saisie, kLibelles, ecrire, cedees)) return true;
+  }
 }
 
 QString PersonnesAlerte::DemanderDDN(const QString &invite, const QString &defaut) {

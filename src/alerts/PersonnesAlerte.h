@@ -13,7 +13,7 @@ class PersonnesAlerte {
 
   /// Asks for a person who exists only here.
   bool Ajouter();
-  /// Asks for another name and birth date.
+  /// Asks for another name and birth date. What another user has changed meanwhile counts too.
   bool Modifier(Cle personne);
 
  private:

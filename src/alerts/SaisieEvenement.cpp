@@ -2,12 +2,14 @@
 
 #include "alerts/ComboEvenements.h"
 #include "storage/Noms.h"
+#include "ui/Accord.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui_SaisieEvenement.h"
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -31,6 +33,20 @@ std::array<int, 3> Parties(const QString &date) {
 void Choisir(QComboBox *liste, int valeur, int premiere) {
   const int index = valeur - premiere;
   liste->setCurrentIndex(index >= 0 && index < liste->count() ? index : -1);
+}
+
+Libelles<Evenement> LibellesEvenement(const TablesAlertes &tables) {
+  const auto type = [&tables](const Evenement &evenement) {
+    const auto types = tables.Types();
+    const auto trouve = std::ranges::find(types, evenement.Alerte, &TypeAlerte::ID);
+    return trouve == types.end() ? QString() : trouve->Type_alerte;
+  };
+  return {{Ordinal(&Evenement::Alerte), {u"Evènement"_s, type}},
+          {Ordinal(&Evenement::Date), {u"Date de l'évènement"_s}},
+          {Ordinal(&Evenement::Annuel), {u"Alerte annuelle"_s}},
+          {Ordinal(&Evenement::Age), {u"Indiquer âge dans l'alerte"_s}},
+          {Ordinal(&Evenement::Delai), {u"Début de l'alerte avant la date, en jours"_s}},
+          {Ordinal(&Evenement::Actif), {u"Générer une alerte"_s}}};
 }
 
 }  // namespace
@@ -123,6 +139,7 @@ void SaisieEvenement::Montrer(const EvenementJoint &joint) {
   ui_->ChkAnn->setChecked(evenement.Age);
   ui_->ChkGA->setChecked(evenement.Actif);
   SuivreAnnuelle();
+  affiche_ = Saisi().value_or(evenement);
 }
 
 QDate SaisieEvenement::DateChoisie() const {
@@ -155,12 +172,26 @@ void SaisieEvenement::Enregistrer() {
     return;
   }
   evenement->Alerte = *type;
+  if (Ecrire(*evenement)) emit EvenementsChanges();
+}
+
+bool SaisieEvenement::Ecrire(const Evenement &saisi) {
   TablesAlertes tables(*base_);
-  if (evenement->ID == 0)
-    tables.AjouterEvenement(*evenement);
-  else
-    tables.ModifierEvenement(*evenement);
-  emit EvenementsChanges();
+  if (saisi.ID == 0) {
+    tables.AjouterEvenement(saisi);
+    return true;
+  }
+  const auto touchees = Differences(affiche_, saisi);
+  // The year of a date is the one of its saving, whether it was touched or not.
+  const auto dates = Seulement(&Evenement::Date);
+  Evenement change = *cible_;
+  Recopier(change, saisi, touchees | dates);
+  return EcrireEnAccord(
+      *boites_, *cible_, change, LibellesEvenement(tables),
+      [&](const Evenement &montre, const Evenement &aEcrire) {
+        return tables.ModifierEvenement(montre, aEcrire);
+      },
+      dates & ~touchees);
 }
 
 void SaisieEvenement::ExpliquerTypes() {

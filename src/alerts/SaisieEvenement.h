@@ -44,11 +44,15 @@ class SaisieEvenement : public QGroupBox {
   /// What the fields say, but for the key of the type; nothing when something is missing.
   std::optional<Evenement> Saisi() const;
   void Enregistrer();
+  /// Adds the event, or writes what the user has changed of it; false when the user goes back to
+  /// the entry.
+  bool Ecrire(const Evenement &saisi);
   void ExpliquerTypes();
 
   std::unique_ptr<Ui::SaisieEvenement> ui_;
   Boites *boites_ = nullptr;
   Base *base_ = nullptr;
   const Horloge *horloge_ = nullptr;
-  std::optional<Evenement> cible_;  ///< without a key: the event is to be added
+  std::optional<Evenement> cible_;  ///< as it was read; without a key: it is to be added
+  Evenement affiche_;               ///< what the fields made of it
 };

@@ -50,7 +50,7 @@ std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base
   const QString texte = DepuisPageDeCode(*octets);
   if (!texte.contains(u'$')) {
     EffacerFichier(chemin);
-    if (base.Ouverte()) TableExpediteur(base).ChoisirDefaut(0);
+    if (base.Ouverte()) TableExpediteur(base).OublierDefaut();
     return std::nullopt;
   }
   if (!ALeChiffre(texte)) {

@@ -1,8 +1,10 @@
 #include "envelope/FrmNouveau.h"
 
+#include "address/LibellesAdresse.h"
 #include "directory/Repertoire.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "storage/Tables.h"
+#include "ui/Accord.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
@@ -15,6 +17,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitreExpediteur = u"   Expéditeur"_s;
+
+Expediteur Ligne(const AdresseSaisie &adresse) {
+  Expediteur expediteur;
+  adresse.Reporter(expediteur);
+  return expediteur;
+}
 
 }  // namespace
 
@@ -138,20 +146,27 @@ void FrmNouveau::EnregistrerExpediteur() {
     vide->setFocus();
     return;
   }
-  if (modifie_ != 0)
-    EnregistrerChangement(modifie_);
+  if (modifie_.Index != 0)
+    EnregistrerChangement();
   else
     EnregistrerNouveau();
 }
 
-void FrmNouveau::EnregistrerChangement(Cle index) {
-  const AdresseSaisie adresse = ui_->Champs->Adresse();
-  Expediteur expediteur;
-  expediteur.Index = index;
-  adresse.Reporter(expediteur);
-  TableExpediteur(session_.base).Modifier(expediteur);
-  if (ui_->LstExp->Defaut() == index) {
-    const AdresseComposee composee = ComposerAdresse(adresse);
+void FrmNouveau::EnregistrerChangement() {
+  TableExpediteur table(session_.base);
+  const Cle index = modifie_.Index;
+  const Expediteur saisi = Ligne(ui_->Champs->Adresse());
+  Expediteur change = modifie_;
+  Recopier(change, saisi, Differences(Ligne(affichee_), saisi));
+  if (!EcrireEnAccord(session_.plateforme.boites, modifie_, change, LibellesAdresse<Expediteur>(),
+                      [&](const Expediteur &montre, const Expediteur &aEcrire) {
+                        return table.Modifier(montre, aEcrire);
+                      }))
+    return;
+  // As it stands now: another user may have had a part in it.
+  const auto ecrit = table.Lire(index);
+  if (ecrit && ui_->LstExp->Defaut() == index) {
+    const AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*ecrit));
     EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
     zones_.EcrireExpediteur(composee);
   }
@@ -163,19 +178,26 @@ void FrmNouveau::EnregistrerChangement(Cle index) {
 void FrmNouveau::EnregistrerNouveau() {
   const AdresseSaisie adresse = ui_->Champs->Adresse();
   const AdresseComposee composee = ComposerAdresse(adresse);
-  Expediteur expediteur;
-  adresse.Reporter(expediteur);
+  Expediteur expediteur = Ligne(adresse);
   expediteur.ParDefaut =
       session_.plateforme.boites.Question(
           Boites::Titre(), u"Enregister cet expéditeur par défaut ?"_s) == Boites::Reponse::Oui;
-  const Cle index = TableExpediteur(session_.base).Ajouter(expediteur);
+  TableExpediteur table(session_.base);
+  const auto ajouter = [&](Cle montre) { return table.Ajouter(expediteur, montre); };
+  const auto choix = ui_->LstExp->AccorderDefaut(expediteur.Ligne1, ajouter);
+  if (choix == Boites::Choix::Annuler) return;
+  if (choix == Boites::Choix::Non) {
+    expediteur.ParDefaut = false;
+    ajouter(0);
+  }
   if (expediteur.ParDefaut) EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
   zones_.EcrireExpediteur(composee);
-  ui_->LstExp->Remplir(index);
+  ui_->LstExp->Remplir(expediteur.Index);
 }
 
 void FrmNouveau::CommencerNouveau() {
-  Saisir(u"  Nouvel expéditeur"_s, 0);
+  modifie_ = {};
+  Saisir(u"  Nouvel expéditeur"_s);
   ui_->Champs->Vider();
   ui_->Champs->PrendreFocus();
 }
@@ -187,7 +209,11 @@ void FrmNouveau::CommencerModification() {
     return;
   }
   if (*choisi == 0) return;
-  Saisir(u"  Modification d'adresse expéditeur"_s, *choisi);
+  const auto lu = RelireChoisi(*choisi);
+  if (!lu) return;
+  modifie_ = *lu;
+  affichee_ = ui_->Champs->Adresse();
+  Saisir(u"  Modification d'adresse expéditeur"_s);
 }
 
 void FrmNouveau::SupprimerExpediteur() {
@@ -196,7 +222,7 @@ void FrmNouveau::SupprimerExpediteur() {
     session_.plateforme.boites.Information(u"Sélectionnez l'adresse à supprimer !"_s);
     return;
   }
-  if (*choisi == 0 ||
+  if (*choisi == 0 || !RelireChoisi(*choisi) ||
       session_.plateforme.boites.Question(
           Boites::Titre(), u"Supprimer "_s + ui_->LstExp->selectedItems().first()->text(),
           Boites::Reponse::Non) != Boites::Reponse::Oui)
@@ -215,9 +241,19 @@ void FrmNouveau::MontrerChoisi() {
   ui_->Champs->Montrer(expediteur ? AdresseSaisie::De(*expediteur) : AdresseSaisie());
 }
 
+std::optional<Expediteur> FrmNouveau::RelireChoisi(Cle index) {
+  const auto lu = TableExpediteur(session_.base).Lire(index);
+  ui_->LstExp->Relire();
+  if (lu)
+    ui_->Champs->Montrer(AdresseSaisie::De(*lu));
+  else
+    session_.plateforme.boites.Information(TexteExpediteurDisparu());
+  return lu;
+}
+
 void FrmNouveau::EssayerOption(std::optional<OptionCP> option) {
-  if (modifie_ == 0 || ui_->LstExp->Defaut() != modifie_) return;
-  const auto expediteur = TableExpediteur(session_.base).Lire(modifie_);
+  if (modifie_.Index == 0 || ui_->LstExp->Defaut() != modifie_.Index) return;
+  const auto expediteur = TableExpediteur(session_.base).Lire(modifie_.Index);
   if (!expediteur) return;
   AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*expediteur));
   if (option) composee.optionCP = *option;
@@ -228,9 +264,8 @@ void FrmNouveau::RendreOption() {
   EssayerOption(std::nullopt);
 }
 
-void FrmNouveau::Saisir(const QString &titre, Cle modifie) {
+void FrmNouveau::Saisir(const QString &titre) {
   enSaisie_ = true;
-  modifie_ = modifie;
   setWindowTitle(titre);
   ui_->Champs->MontrerTitres(true);
   ui_->Champs->Verrouiller(false);
@@ -241,7 +276,7 @@ void FrmNouveau::Saisir(const QString &titre, Cle modifie) {
 
 void FrmNouveau::QuitterSaisie(const QString &titre) {
   enSaisie_ = false;
-  modifie_ = 0;
+  modifie_ = {};
   setWindowTitle(titre);
   ui_->Champs->MontrerTitres(false);
   ui_->Champs->Verrouiller(true);

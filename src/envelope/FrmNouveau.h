@@ -1,5 +1,6 @@
 #pragma once
 
+#include "address/AdresseSaisie.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
@@ -41,19 +42,22 @@ class FrmNouveau : public QDialog {
 
   void EnregistrerAdresse();
   void EnregistrerExpediteur();
-  void EnregistrerChangement(Cle index);
+  void EnregistrerChangement();
   void EnregistrerNouveau();
   void CommencerNouveau();
   void CommencerModification();
   void SupprimerExpediteur();
   void MontrerChoisi();
+  /// Reads the list again and shows the chosen sender as it is now. Nothing, with a word to the
+  /// user, when another has deleted it.
+  std::optional<Expediteur> RelireChoisi(Cle index);
   /// Of the default sender it is tried at once; nothing stands for the order of the table.
   void EssayerOption(std::optional<OptionCP> option);
   /// An order of the postal line that was tried goes out of the file again.
   void RendreOption();
 
   /// A sender is typed in or changed: the fields are open, the other commands shut.
-  void Saisir(const QString &titre, Cle modifie);
+  void Saisir(const QString &titre);
   void QuitterSaisie(const QString &titre);
 
   Session &session_;
@@ -61,6 +65,7 @@ class FrmNouveau : public QDialog {
   ZonesEnveloppe &zones_;
   Mode mode_;
   std::unique_ptr<Ui::FrmNouveau> ui_;
-  bool enSaisie_ = false;  ///< a sender is typed in or changed
-  Cle modifie_ = 0;        ///< the one that is changed; 0 for a new one
+  bool enSaisie_ = false;    ///< a sender is typed in or changed
+  Expediteur modifie_ = {};  ///< the one that is changed, as it was read; without a key a new one
+  AdresseSaisie affichee_ = {};  ///< what the fields made of it
 };

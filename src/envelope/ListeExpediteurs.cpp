@@ -1,6 +1,7 @@
 #include "envelope/ListeExpediteurs.h"
 
 #include "envelope/ExpediteurDefaut.h"
+#include "storage/Conflits.h"
 #include "storage/Tables.h"
 #include "ui/Garde.h"
 
@@ -9,6 +10,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+const QString kAucun = u"aucun"_s;
 
 Cle Index(const QListWidgetItem *element) {
   return element->data(Qt::UserRole).toLongLong();
@@ -49,6 +52,7 @@ void ListeExpediteurs::Remplir(std::optional<Cle> choisi) {
     personne->setCheckState(Qt::Checked);
     defaut = personne;
   }
+  coche_ = Index(defaut);
   setCurrentItem(aChoisir != nullptr ? aChoisir : defaut);
 }
 
@@ -59,15 +63,41 @@ std::optional<Cle> ListeExpediteurs::Choisi() const {
 }
 
 Cle ListeExpediteurs::Defaut() const {
-  for (int i = 1; i < count(); ++i)
-    if (item(i)->checkState() == Qt::Checked) return Index(item(i));
-  return 0;
+  return coche_.value_or(0);
+}
+
+Boites::Choix ListeExpediteurs::AccorderDefaut(
+    const QString &nom, const std::function<std::optional<Cle>(Cle montre)> &ecrire) {
+  auto choix = Boites::Choix::Oui;
+  Cle montre = Defaut();
+  while (const auto autre = ecrire(montre)) {
+    const auto sien = TableExpediteur(session_->base).Lire(*autre);
+    choix = session_->plateforme.boites.QuestionAnnulable(
+        Boites::Titre(),
+        TexteConflit({{u"Expéditeur par défaut"_s, nom, sien ? sien->Ligne1 : kAucun}}));
+    // Behind the click that has asked for it, whose item would go.
+    QMetaObject::invokeMethod(this, Garde(session_->plateforme.boites, [this] { Relire(); }),
+                              Qt::QueuedConnection);
+    if (choix != Boites::Choix::Oui) break;
+    montre = *autre;
+  }
+  return choix;
+}
+
+void ListeExpediteurs::Relire() {
+  const bool aucuneCoche = !coche_;
+  Remplir(Choisi());
+  if (aucuneCoche && coche_ == 0) MontrerCoche(std::nullopt);
+  emit itemSelectionChanged();
 }
 
 void ListeExpediteurs::SupprimerChoisi() {
   const QListWidgetItem *element = selectedItems().first();
   TableExpediteur(session_->base).Supprimer(Index(element));
-  if (element->checkState() == Qt::Checked) OublierExpediteurDefaut(session_->dossiers.AppPath);
+  if (coche_ == Index(element)) {
+    OublierExpediteurDefaut(session_->dossiers.AppPath);
+    coche_.reset();
+  }
   const QSignalBlocker silence(this);
   delete element;
   clearSelection();
@@ -75,20 +105,33 @@ void ListeExpediteurs::SupprimerChoisi() {
 
 void ListeExpediteurs::Cocher(QListWidgetItem *element) {
   const bool coche = element->checkState() == Qt::Checked;
-  const QString &appPath = session_->dossiers.AppPath;
+  const Cle index = Index(element), voulu = coche ? index : 0;
+  MontrerCoche(coche_);  // until it is written
   TableExpediteur table(session_->base);
-  const auto expediteur = table.Lire(Index(element));
+  const auto choix = AccorderDefaut(voulu != 0 ? element->text() : kAucun,
+                                    [&](Cle montre) { return table.ChangerDefaut(montre, voulu); });
+  if (choix == Boites::Choix::Annuler) return;
+  if (choix == Boites::Choix::Oui)
+    Suivre(index, coche);
+  else if (const Cle sien = table.Defaut())
+    Suivre(sien, true);
+}
+
+void ListeExpediteurs::Suivre(Cle index, bool coche) {
+  const auto expediteur = TableExpediteur(session_->base).Lire(index);
   const AdresseComposee adresse =
       expediteur ? ComposerAdresse(AdresseSaisie::De(*expediteur)) : AdresseComposee();
-  {
-    const QSignalBlocker silence(this);
-    for (int i = 0; i < count(); ++i)
-      if (item(i) != element) item(i)->setCheckState(Qt::Unchecked);
-  }
-  table.ChoisirDefaut(coche ? Index(element) : 0);
+  MontrerCoche(coche ? std::optional(index) : std::nullopt);
   if (coche)
-    EcrireExpediteurDefaut(appPath, adresse);
+    EcrireExpediteurDefaut(session_->dossiers.AppPath, adresse);
   else
-    OublierExpediteurDefaut(appPath);
+    OublierExpediteurDefaut(session_->dossiers.AppPath);
   change_(adresse);
+}
+
+void ListeExpediteurs::MontrerCoche(std::optional<Cle> coche) {
+  const QSignalBlocker silence(this);
+  for (int i = 0; i < count(); ++i)
+    item(i)->setCheckState(Index(item(i)) == coche ? Qt::Checked : Qt::Unchecked);
+  coche_ = coche;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "address/ChaineAdresse.h"
+#include "platform/Boites.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
@@ -24,17 +25,32 @@ class ListeExpediteurs : public QListWidget {
   /// unless another is to be.
   void Remplir(std::optional<Cle> choisi = {});
 
+  /// Reads the table again; what is chosen stays so where it is still there.
+  void Relire();
+
   /// Key of the chosen sender; 0 for item 0, nothing when none is chosen.
   std::optional<Cle> Choisi() const;
   /// Key of the default sender, 0 for none.
   Cle Defaut() const;
+
+  /// Has `ecrire` choose the default sender named `nom`. It is given the default one on display and
+  /// gives the stored one back where another user has chosen that meanwhile, without having
+  /// written; the user is asked then. Oui: it is written; Non: the other's stays; Annuler: back to
+  /// the entry.
+  Boites::Choix AccorderDefaut(const QString &nom,
+                               const std::function<std::optional<Cle>(Cle montre)> &ecrire);
 
   /// Takes the chosen sender off table and list, and the file where it is the default one.
   void SupprimerChoisi();
 
  private:
   void Cocher(QListWidgetItem *element);
+  /// Ticks the sender of this key alone; nothing for none, not even item 0.
+  void MontrerCoche(std::optional<Cle> coche);
+  /// File, ticks and envelope follow the box of a sender.
+  void Suivre(Cle index, bool coche);
 
   Session *session_ = nullptr;
   std::function<void(const AdresseComposee &)> change_;
+  std::optional<Cle> coche_;  ///< the box that is ticked as table and file have it
 };

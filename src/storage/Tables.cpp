@@ -37,6 +37,10 @@ QString TexteDisparu() {
   return u"Ce correspondant n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
 }
 
+QString TexteExpediteurDisparu() {
+  return u"Cet expéditeur n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
+}
+
 template <typename L>
 Cle AjouterLigne(Base &base, const L &ligne) {
   static const QString kTexte = u"INSERT INTO "_s + Nom(Table<L>{}) + u" ("_s +
@@ -255,20 +259,22 @@ std::optional<Expediteur> TableExpediteur::Lire(Cle index) const {
   return LireLigne<Expediteur>(base_, index);
 }
 
-Cle TableExpediteur::Ajouter(const Expediteur &expediteur) {
+std::optional<Cle> TableExpediteur::Ajouter(Expediteur &expediteur, Cle defautMontre) {
   Transaction transaction(base_);
+  if (const Cle stocke = Defaut(); expediteur.ParDefaut && stocke != defautMontre) return stocke;
   const Cle index = AjouterLigne(base_, expediteur);
   if (expediteur.ParDefaut) MettreDefaut(index);
   transaction.Valider();
-  return index;
+  expediteur.Index = index;
+  return std::nullopt;
 }
 
-void TableExpediteur::Modifier(const Expediteur &expediteur) {
+std::optional<Expediteur> TableExpediteur::Modifier(const Expediteur &montre,
+                                                    const Expediteur &saisi) {
   Transaction transaction(base_);
-  if (!ModifierLigne(base_, expediteur, Sauf(&Expediteur::ParDefaut)))
-    throw ErreurBase(
-        u"Cet expéditeur n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s);
-  transaction.Valider();
+  auto stocke = ModifierChangees(base_, montre, saisi, TexteExpediteurDisparu());
+  if (!stocke) transaction.Valider();
+  return stocke;
 }
 
 void TableExpediteur::Supprimer(Cle index) {
@@ -277,9 +283,25 @@ void TableExpediteur::Supprimer(Cle index) {
   transaction.Valider();
 }
 
-void TableExpediteur::ChoisirDefaut(Cle index) {
+Cle TableExpediteur::Defaut() const {
+  Requete requete(base_,
+                  u"SELECT [Index] FROM Expediteur WHERE ParDefaut<>0 ORDER BY [Index] LIMIT 1"_s);
+  return requete.Suivante() ? requete.Entier(0) : 0;
+}
+
+std::optional<Cle> TableExpediteur::ChangerDefaut(Cle defautMontre, Cle index) {
+  if (index == defautMontre) return std::nullopt;
   Transaction transaction(base_);
+  if (index != 0 && !Lire(index)) throw ErreurBase(TexteExpediteurDisparu());
+  if (const Cle stocke = Defaut(); stocke != defautMontre && stocke != index) return stocke;
   MettreDefaut(index);
+  transaction.Valider();
+  return std::nullopt;
+}
+
+void TableExpediteur::OublierDefaut() {
+  Transaction transaction(base_);
+  MettreDefaut(0);
   transaction.Valider();
 }
 

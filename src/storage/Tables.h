@@ -36,6 +36,9 @@ std::optional<L> ModifierChangees(Base &base, const L &montree, const L &saisie,
 /// What the user is told of a record that another user has deleted meanwhile.
 QString TexteDisparu();
 
+/// The same of a sender.
+QString TexteExpediteurDisparu();
+
 /// Table `Adresse`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableAdresse {
  public:
@@ -130,17 +133,25 @@ class TableExpediteur {
   QList<Expediteur> Tous() const;
   std::optional<Expediteur> Lire(Cle index) const;
 
-  /// Adds a sender; when it is the default one no other stays it.
-  Cle Ajouter(const Expediteur &expediteur);
+  /// Adds a sender and gives it its key; when it is the default one no other stays it. Where that
+  /// would put aside another default one than `defautMontre` (0 for none), which another user has
+  /// chosen meanwhile, nothing is written and that one's key is given back, 0 for none.
+  std::optional<Cle> Ajouter(Expediteur &expediteur, Cle defautMontre);
 
-  /// Writes the address; whether it is the default one stays. Throws when another user has deleted
-  /// the sender meanwhile.
-  void Modifier(const Expediteur &expediteur);
+  /// Writes what the user has changed of the address, as `ModifierChangees` does; whether it is the
+  /// default one stays. Throws also when another user has deleted the sender.
+  std::optional<Expediteur> Modifier(const Expediteur &montre, const Expediteur &saisi);
 
   void Supprimer(Cle index);
 
-  /// Makes this sender the default one and no other; 0 for none.
-  void ChoisirDefaut(Cle index);
+  /// Key of the default sender, the first where several are marked; 0 for none.
+  Cle Defaut() const;
+  /// Makes this sender the default one and no other; 0 for none. As in `Ajouter`, nothing is
+  /// written over what another user has chosen meanwhile. Throws also when another user has deleted
+  /// the sender.
+  std::optional<Cle> ChangerDefaut(Cle defautMontre, Cle index);
+  /// No sender stays the default one.
+  void OublierDefaut();
 
  private:
   void MettreDefaut(Cle index);

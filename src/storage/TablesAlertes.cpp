@@ -82,16 +82,13 @@ void TablesAlertes::AjouterPersonne(const QString &nom, const QString &ddn) {
   transaction.Valider();
 }
 
-void TablesAlertes::ModifierPersonne(const PersonneAlerte &personne) {
+std::optional<PersonneAlerte> TablesAlertes::ModifierPersonne(const PersonneAlerte &montree,
+                                                              const PersonneAlerte &saisie) {
   Transaction transaction(base_);
-  const auto changees = Requete(base_, u"UPDATE Listecoal SET Nom=?, DDN=?"_s + ParCle(kPersonne) +
-                                           u" AND Disponible<>0"_s)
-                            .Lier(personne.Nom)
-                            .Lier(personne.DDN)
-                            .Lier(personne.ID)
-                            .Executer();
-  if (changees == 0) throw ErreurBase(TexteDisparu());
-  transaction.Valider();
+  if (!LirePersonne(saisie.ID)) throw ErreurBase(TexteDisparu());
+  auto stockee = ModifierChangees(base_, montree, saisie, TexteDisparu());
+  if (!stockee) transaction.Valider();
+  return stockee;
 }
 
 void TablesAlertes::Reinscrire(const QList<Cle> &personnes) {
@@ -147,12 +144,13 @@ void TablesAlertes::AjouterEvenement(const Evenement &evenement) {
   transaction.Valider();
 }
 
-void TablesAlertes::ModifierEvenement(const Evenement &evenement) {
+std::optional<Evenement> TablesAlertes::ModifierEvenement(const Evenement &montre,
+                                                          const Evenement &saisi) {
   Transaction transaction(base_);
-  ExigerType(evenement.Alerte);
-  if (!ModifierLigne(base_, evenement, Sauf(&Evenement::Nom)))
-    throw ErreurBase(TexteAlerteDisparue());
-  transaction.Valider();
+  ExigerType(saisi.Alerte);
+  auto stocke = ModifierChangees(base_, montre, saisi, TexteAlerteDisparue());
+  if (!stocke) transaction.Valider();
+  return stocke;
 }
 
 void TablesAlertes::Supprimer(const QList<Cle> &personnes, const QList<Cle> &evenements) {

@@ -44,8 +44,10 @@ class TablesAlertes {
   /// A person in force.
   std::optional<PersonneAlerte> LirePersonne(Cle personne) const;
   void AjouterPersonne(const QString &nom, const QString &ddn);
-  /// Writes name and birth date. Throws when another user has deleted the person meanwhile.
-  void ModifierPersonne(const PersonneAlerte &personne);
+  /// Writes what the user has changed of a person, as `ModifierChangees` does. Throws also when
+  /// another user has deleted the person.
+  std::optional<PersonneAlerte> ModifierPersonne(const PersonneAlerte &montree,
+                                                 const PersonneAlerte &saisie);
   /// Brings deleted people back.
   void Reinscrire(const QList<Cle> &personnes);
 
@@ -57,9 +59,9 @@ class TablesAlertes {
   std::optional<EvenementJoint> LireEvenement(Cle evenement) const;
   /// Throws when another user has deleted the person or the type meanwhile.
   void AjouterEvenement(const Evenement &evenement);
-  /// Writes all but the person. Throws when another user has deleted the event or the type
-  /// meanwhile.
-  void ModifierEvenement(const Evenement &evenement);
+  /// Writes what the user has changed of an event, as `ModifierChangees` does. Throws also when
+  /// another user has deleted the event or the type.
+  std::optional<Evenement> ModifierEvenement(const Evenement &montre, const Evenement &saisi);
 
   /// Deletes people with all their events, and events. What has gone already is left out.
   void Supprimer(const QList<Cle> &personnes, const QList<Cle> &evenements);

@@ -233,8 +233,9 @@ TEST_F(ExpediteurDefautTest, HorsDeLaPageDeCode) {
 
   // Another row says nothing of the file, nor does one that is not the default sender's.
   dvorak.Index = cle;
+  const Expediteur avant = dvorak;
   dvorak.Ville = u"Łódź 2"_s;
-  TableExpediteur(base).Modifier(dvorak);
+  TableExpediteur(base).Modifier(avant, dvorak);
   EXPECT_EQ(LireExpediteurDefaut(Chemin(), base)->chaine, u"Antonín Dvo?ák ?$?ód?$ "_s);
 }
 

@@ -2,10 +2,15 @@
 // commands that fail half-way.
 
 #include "Outils.h"
+#include "alerts/PersonnesAlerte.h"
+#include "commun/BoitesMuettes.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
 #include "storage/TablesAlertes.h"
+
+#include <functional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -98,21 +103,20 @@ TEST_F(AlertesTest, ArbreDeCeQuiEstEnVigueur) {
 
 TEST_F(AlertesTest, EvenementEcritEtRelu) {
   Peupler();
-  tables.ModifierEvenement({.ID = 4,
-                            .Nom = 3,
-                            .Alerte = 1,
-                            .Date = u"02/02/2027"_s,
-                            .Annuel = false,
-                            .Age = true,
-                            .Delai = 31,
-                            .Actif = false});
+  tables.ModifierEvenement(tables.LireEvenement(4)->evenement, {.ID = 4,
+                                                                .Nom = 1,
+                                                                .Alerte = 1,
+                                                                .Date = u"02/02/2027"_s,
+                                                                .Annuel = false,
+                                                                .Age = true,
+                                                                .Delai = 31,
+                                                                .Actif = false});
   const auto joint = tables.LireEvenement(4);
   ASSERT_TRUE(joint);
   const Evenement &relu = joint->evenement;
   EXPECT_EQ(
       std::tuple(relu.Nom, relu.Alerte, relu.Date, relu.Annuel, relu.Age, relu.Delai, relu.Actif),
-      std::tuple(1, 1, u"02/02/2027"_s, false, true, 31, false))
-      << "the person stays";
+      std::tuple(1, 1, u"02/02/2027"_s, false, true, 31, false));
   EXPECT_EQ(std::tuple(joint->Nom, joint->DDN, joint->Type_alerte),
             std::tuple(u"Paul"_s, u"25/12/1960"_s, u"Anniversaire"_s));
   EXPECT_EQ(tables.LireEvenement(1)->evenement.Delai, 3);
@@ -176,14 +180,70 @@ TEST_F(AlertesTest, SupprimeEntreTempsParUnAutre) {
   parti.ID = 1;
   sansType.Alerte = 2;
   sansPersonne.Nom = 2;
-  EXPECT_THROW(tables.ModifierEvenement(parti), ErreurBase);
-  EXPECT_THROW(tables.ModifierEvenement(sansType), ErreurBase);
+  EXPECT_THROW(tables.ModifierEvenement(parti, parti), ErreurBase);
+  EXPECT_THROW(tables.ModifierEvenement(bon, sansType), ErreurBase);
   EXPECT_THROW(tables.AjouterEvenement(sansType), ErreurBase);
   EXPECT_THROW(tables.AjouterEvenement(sansPersonne), ErreurBase);
-  EXPECT_THROW(tables.ModifierPersonne({2, u"B"_s, u""_s, true}), ErreurBase);
+  EXPECT_THROW(tables.ModifierPersonne({2, u"B"_s, u""_s, true}, {2, u"C"_s, u""_s, true}),
+               ErreurBase);
   EXPECT_FALSE(tables.LirePersonne(2));
   EXPECT_EQ(Etat(), avant);
-  EXPECT_NO_THROW(tables.ModifierEvenement(bon)) << "no transaction is left open";
+  EXPECT_NO_THROW(tables.ModifierEvenement(bon, bon)) << "no transaction is left open";
+}
+
+/// The user's entries; before each of them another user may write.
+struct BoitesDeDeux : BoitesMuettes {
+  QList<std::pair<QString, std::function<void()>>> saisies;
+  QList<Choix> choix;
+  QStringList defauts, questions;
+
+  QString Saisie(const QString &, const QString &, const QString &defaut) override {
+    defauts.append(defaut);
+    const auto [reponse, avant] = saisies.takeFirst();
+    if (avant) avant();
+    return reponse;
+  }
+  Choix QuestionAnnulable(const QString &, const QString &texte) override {
+    questions.append(texte);
+    return choix.takeFirst();
+  }
+};
+
+// While the user types a name and a birth date, another changes the same person.
+TEST_F(AlertesTest, PersonneChangeeParDeux) {
+  Peupler();
+  const auto autre = [this](const QString &nom, const QString &ddn) {
+    return [this, nom, ddn] {
+      Sql(u"UPDATE Listecoal SET Nom='%1', DDN='%2' WHERE ID=1"_s.arg(nom, ddn));
+    };
+  };
+  const auto personne = [this] {
+    const auto lue = tables.LirePersonne(1);
+    return lue->Nom + u' ' + lue->DDN;
+  };
+  BoitesDeDeux boites;
+  PersonnesAlerte personnes(boites, base);
+  // A name that was only confirmed gives way.
+  boites.saisies = {{u"Paul"_s, {}}, {u"01/01/1961"_s, autre(u"Paule"_s, u"25/12/1960"_s)}};
+  EXPECT_TRUE(personnes.Modifier(1));
+  EXPECT_EQ(personne(), u"Paule 01/01/1961"_s);
+  // Back to the entry, which proposes what was typed; then one's own.
+  boites.choix = {Boites::Choix::Annuler, Boites::Choix::Oui};
+  boites.defauts.clear();
+  boites.saisies = {{u"Zoé"_s, {}},
+                    {u"01/01/1961"_s, autre(u"Léa"_s, u"02/02/1962"_s)},
+                    {u"Zoé"_s, {}},
+                    {u"01/01/1961"_s, {}}};
+  EXPECT_TRUE(personnes.Modifier(1));
+  EXPECT_EQ(boites.defauts[2], u"Zoé"_s);
+  EXPECT_EQ(boites.questions.size(), 2);
+  EXPECT_TRUE(boites.questions[0].contains(u"ZOÉ"_s) && boites.questions[0].contains(u"Léa"_s));
+  EXPECT_EQ(personne(), u"ZOÉ 02/02/1962"_s);
+  // Theirs.
+  boites.choix = {Boites::Choix::Non};
+  boites.saisies = {{u"Max"_s, {}}, {u"03/03/1963"_s, autre(u"Léa"_s, u"02/02/1962"_s)}};
+  EXPECT_TRUE(personnes.Modifier(1));
+  EXPECT_EQ(personne(), u"Léa 03/03/1963"_s);
 }
 
 // Each command is stopped by the last row that it touches.
