@@ -11,6 +11,8 @@
 struct AdresseComposee {
   QString chaine;
   OptionCP optionCP = OptionCP::CodeDevant;
+
+  friend bool operator==(const AdresseComposee &, const AdresseComposee &) = default;
 };
 
 /// The one rule that builds an address string. Empty items are left out; an address with nothing in

@@ -206,8 +206,8 @@ void Programme::PasserLentement() {
         std::chrono::milliseconds(std::max<qint16>(0, rtcolor.VitesseTransition)));
 }
 
-void Programme::VersEnveloppes(const AdresseComposee &adresse) {
-  plomex_->MontrerAdresse(adresse);
+void Programme::VersEnveloppes(Cle fiche, const AdresseComposee &adresse) {
+  plomex_->MontrerAdresse(adresse, fiche);
   Centrer(*plomex_, *velmira_);
   MettreDevant(*plomex_);
   PasserLentement();

@@ -2,6 +2,7 @@
 // One run of the program: it makes the session and the windows, and the wires between them.
 
 #include "session/Session.h"
+#include "storage/Lignes.h"
 
 #include <QObject>
 
@@ -41,7 +42,7 @@ class Programme : public QObject {
   void OuvrirBase();
   /// Makes visible again what a run that died while hiding has left hidden.
   void RendreMarques();
-  void VersEnveloppes(const AdresseComposee &adresse);
+  void VersEnveloppes(Cle fiche, const AdresseComposee &adresse);
   void VersRepertoire();
   /// The pause between the two windows, where the user has asked for it.
   void PasserLentement();

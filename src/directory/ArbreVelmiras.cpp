@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 
 ArbreVelmiras::ArbreVelmiras(QWidget *parent) : QTreeView(parent) {
   setModel(&modele_);
@@ -17,6 +18,44 @@ ArbreVelmiras::ArbreVelmiras(QWidget *parent) : QTreeView(parent) {
 void ArbreVelmiras::Remplir(const QString &titre, std::vector<NoeudListe> noeuds) {
   modele_.Remplir(titre, std::move(noeuds));
   expand(modele_.Racine());
+}
+
+/// The records in sight and those below them, from the top; none while the root is in sight.
+QList<Cle> ArbreVelmiras::Visibles() const {
+  QList<Cle> cles;
+  const QModelIndex haut = indexAt({0, 0});
+  if (haut.parent().isValid())
+    for (QModelIndex noeud = haut; noeud.isValid(); noeud = noeud.siblingAtRow(noeud.row() + 1))
+      cles.append(Index(noeud));
+  return cles;
+}
+
+void ArbreVelmiras::Accorder(const QString &titre, std::vector<NoeudListe> noeuds) {
+  if (modele_.Montre(titre, noeuds)) return;
+  const QModelIndex choisi = Selection();
+  const bool selection = choisi.isValid();
+  const Cle index = Index(choisi);
+  const QList<Cle> visibles = Visibles();
+  const int gauche = horizontalScrollBar()->value();
+
+  modele_.Accorder(titre, std::move(noeuds));
+  expand(modele_.Racine());
+  const QModelIndex reste = modele_.Enfant(index);
+  if (selection) setCurrentIndex(reste.isValid() ? reste : modele_.Racine());
+  scrollToTop();
+  for (const Cle cle : visibles)
+    if (const QModelIndex noeud = modele_.Enfant(cle); noeud.isValid()) {
+      scrollTo(noeud, PositionAtTop);
+      break;
+    }
+  horizontalScrollBar()->setValue(gauche);
+}
+
+void ArbreVelmiras::Selectionner(Cle index) {
+  if (Index(Selection()) == index) return;
+  const QModelIndex noeud = index == 0 ? modele_.Racine() : modele_.Enfant(index);
+  setCurrentIndex(noeud);
+  if (!noeud.isValid()) clearSelection();
 }
 
 QModelIndex ArbreVelmiras::Selection() const {

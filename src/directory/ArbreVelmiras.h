@@ -16,9 +16,15 @@ class ArbreVelmiras : public QTreeView {
   ModeleListe &Modele() { return modele_; }
 
   void Remplir(const QString &titre, std::vector<NoeudListe> noeuds);
+  /// The list as it is now: of those who are still listed the selected one, the ticks and who
+  /// stands at the top stay; the root is selected in the place of one who has gone. No node is
+  /// clicked.
+  void Accorder(const QString &titre, std::vector<NoeudListe> noeuds);
 
   /// The selected node; invalid when there is none.
   QModelIndex Selection() const;
+  /// Selects the node of a record, the root for 0, and clicks nothing.
+  void Selectionner(Cle index);
   void SelectionnerEtCliquer(const QModelIndex &noeud);
   /// Selects and clicks the first record; without one nothing happens.
   void CliquerPremier();
@@ -41,6 +47,7 @@ class ArbreVelmiras : public QTreeView {
 
  private:
   bool BasculerSous(const QMouseEvent &evenement);
+  QList<Cle> Visibles() const;
 
   ModeleListe modele_;
 };

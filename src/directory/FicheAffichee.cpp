@@ -8,8 +8,11 @@
 #include "storage/Tables.h"
 #include "ui/Accord.h"
 #include "ui/Alignement.h"
+#include "ui/Sablier.h"
 
 #include <QScopedValueRollback>
+
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -17,25 +20,45 @@ FicheAffichee::FicheAffichee(Session &session, PanneauFiche &panneau)
     : session_(session), panneau_(panneau) {}
 
 bool FicheAffichee::Montrer(Cle index) {
-  auto fiche = TableAdresse(session_.base).Lire(index);
+  auto sablier = std::make_optional<Sablier>();
+  const auto fiche = TableAdresse(session_.base).Lire(index);
+  sablier.reset();
   if (!fiche) {
     Effacer();
-    session_.plateforme.boites.Information(TexteDisparu());
     return false;
   }
-  const bool enSaisie = Index() == index && panneau_.NotesModifiees();
-  if (enSaisie)
-    fiche->Commentaires = montree_.Commentaires;
-  else
-    panneau_.MontrerNotes(fiche->Commentaires);
-  montree_ = *fiche;
-  adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
-  QString lignes = MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte;
-  panneau_.Montrer(*fiche, {.age = LigneAge(fiche->DDN),
-                            .adresse = lignes.replace(u'*', u'\n'),
-                            .alignementAdresse = AlignementTexte(session_.reglages.plomex.AlignA)});
+  MontrerTextes(*fiche);
   MontrerPhoto(*fiche);
   return true;
+}
+
+std::optional<Correspondant> FicheAffichee::Relire() const {
+  return TableAdresse(session_.base).Lire(Index());
+}
+
+void FicheAffichee::Actualiser(const Correspondant &fiche) {
+  if (fiche == montree_) return;
+  if (fiche.Photo != montree_.Photo) panneau_.MontrerPhoto(fiche.Photo);
+  MontrerTextes(fiche);
+}
+
+void FicheAffichee::MontrerTextes(Correspondant fiche) {
+  const bool meme = Index() == fiche.Index;
+  if (meme && NotesEnSuspens())
+    fiche.Commentaires = montree_.Commentaires;  // what is being typed is held against these
+  else if (!meme || fiche.Commentaires != montree_.Commentaires)
+    panneau_.MontrerNotes(fiche.Commentaires);
+  montree_ = std::move(fiche);
+  adresse_ = ComposerAdresse(AdresseSaisie::De(montree_));
+  QString lignes = MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte;
+  panneau_.Montrer(montree_,
+                   {.age = LigneAge(montree_.DDN),
+                    .adresse = lignes.replace(u'*', u'\n'),
+                    .alignementAdresse = AlignementTexte(session_.reglages.plomex.AlignA)});
+}
+
+bool FicheAffichee::NotesEnSuspens() const {
+  return Index() != 0 && panneau_.NotesModifiees();
 }
 
 void FicheAffichee::MontrerPhoto(const Correspondant &fiche) {
@@ -59,11 +82,12 @@ QString FicheAffichee::LigneAge(const QString &ddn) const {
 }
 
 bool FicheAffichee::EcrireNotes() {
-  if (Index() == 0 || !panneau_.NotesModifiees()) return true;
+  if (!NotesEnSuspens()) return true;
   Correspondant ecrite = montree_;
   ecrite.Commentaires = panneau_.Notes();
   const auto ecrire = [&](const Correspondant &montree, const Correspondant &saisie) {
     ecrite = saisie;
+    const Sablier sablier;
     return TableAdresse(session_.base).Modifier(montree, saisie);
   };
   if (ecrite.Commentaires != montree_.Commentaires &&

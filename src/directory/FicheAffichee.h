@@ -4,6 +4,8 @@
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
+#include <optional>
+
 class PanneauFiche;
 
 /// The record on display. It shows in the panel, where its notes may be edited. Notes that cannot
@@ -13,9 +15,14 @@ class FicheAffichee {
   FicheAffichee(Session &session, PanneauFiche &panneau);
 
   /// Shows a record. Notes that are being typed into the same one stay as they are. False for one
-  /// that another user has deleted meanwhile, which is told: nothing is on display then. Throws
-  /// `ErreurBase`.
+  /// that another user has deleted meanwhile: nothing is on display then. Throws `ErreurBase`.
   bool Montrer(Cle index);
+
+  /// The record on display as the table has it now; nothing where it has gone. Throws `ErreurBase`.
+  std::optional<Correspondant> Relire() const;
+  /// Shows what another user has made of the record on display. What has not changed is not
+  /// touched.
+  void Actualiser(const Correspondant &fiche);
 
   /// For the moment when the focus leaves the notes: writes them once what has taken it there is
   /// done. A failure is told.
@@ -25,6 +32,9 @@ class FicheAffichee {
   /// if they have been changed. The user is asked where another has changed them too, and where
   /// they cannot be written. False when they are to stay, and the record on display with them.
   bool LibererNotes();
+
+  /// Something has been typed that is not in the table yet.
+  bool NotesEnSuspens() const;
 
   /// Nothing is on display any more. What was typed is not written.
   void Effacer();
@@ -40,6 +50,7 @@ class FicheAffichee {
   bool EcrireNotes();
   void EcrireNotesQuittees();
   QString EchecNotes(const Erreur &erreur) const;
+  void MontrerTextes(Correspondant fiche);
   void MontrerPhoto(const Correspondant &fiche);
   QString LigneAge(const QString &ddn) const;
 

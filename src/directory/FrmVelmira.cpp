@@ -15,12 +15,18 @@
 #include "ui/Theme.h"
 #include "ui_FrmVelmira.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
+#include <QScopeGuard>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
+
+constexpr auto kVeille = 3s;  // between two looks at what the others have changed
 
 std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
   auto ui = std::make_unique<Ui::FrmVelmira>();
@@ -34,12 +40,16 @@ FrmVelmira::FrmVelmira(Session &session)
     : session_(session),
       ui_(Preparer(*this)),
       fiche_(session, *ui_->Fiche),
-      commandes_(
-          session, *ui_->Liste,
-          {this, [this] { return ui_->mnuMasquer->isChecked(); }, [this] { fiche_.Effacer(); }}),
+      commandes_(session, *ui_->Liste,
+                 {this, [this] { return ui_->mnuMasquer->isChecked(); },
+                  [this] {
+                    fiche_.Effacer();
+                    AccorderSelection();
+                  }}),
       impression_(session, *ui_->Liste, this),
       mnuInv_(new QMenu(this)),
-      mnuInv2_(new QMenu(this)) {
+      mnuInv2_(new QMenu(this)),
+      niveau_(QThread::currentThread()->loopLevel()) {
   setWindowIcon(IconeProgramme());
   const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
   ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
@@ -56,9 +66,12 @@ FrmVelmira::FrmVelmira(Session &session)
   appel_->Appliquer();
   Habiller(apparence_->LAspect());
   ChargerJour();
-  if (!Signaler(session_.plateforme.boites,
-                [this] { ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris); }))
-    fiche_.Effacer();
+  const bool ouverte = Signaler(session_.plateforme.boites, [this] {
+    changements_ = session_.base.Changements();
+    ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris);
+  });
+  if (!ouverte) changements_ = 0;
+  Veiller();
 }
 
 FrmVelmira::~FrmVelmira() {
@@ -90,9 +103,8 @@ void FrmVelmira::RemplirBarre() {
                  u"Nouveau\nvelmira"_s, kBulleBleue});
   barre.Ajouter({u"document-edit", u"  Modifie les données"_s, [this] { Modifier(); },
                  u"Modifier\nles données"_s, kBulleBleue});
-  barre.Ajouter({u"edit-delete", u"  Supprime le velmira"_s,
-                 [this] { commandes_.SupprimerSelection(); }, u"Supprime\nle velmira"_s,
-                 kBulleRouge});
+  barre.Ajouter({u"edit-delete", u"  Supprime le velmira"_s, [this] { Supprimer(); },
+                 u"Supprime\nle velmira"_s, kBulleRouge});
   barre.Separer();
   barre.Ajouter({u"zoom-in", u"  Agrandit les données"_s, [this] { Agrandir(); },
                  u"Agrandit\nles données"_s, kBulleNoire});
@@ -140,7 +152,7 @@ void FrmVelmira::Brancher() {
   brancher(ui_->Liste, &ListeVelmiras::FavoriDemande, [this] { commandes_.AjouterAuxFavoris(); });
   connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, [this] { fiche_.NotesQuittees(); });
   brancher(ui_->mnumodifier, &FrmVelmira::Modifier);
-  brancher(ui_->mnuSupprimer, [this] { commandes_.SupprimerSelection(); });
+  brancher(ui_->mnuSupprimer, &FrmVelmira::Supprimer);
   brancher(ui_->mnuAgrandir, &FrmVelmira::Agrandir);
   brancher(ui_->mnuImpEnv, &FrmVelmira::AllerAuxEnveloppes);
   brancher(ui_->mnuMasquer, &FrmVelmira::MasquerProteges);
@@ -186,16 +198,51 @@ void FrmVelmira::Raccrocher() {
   appel_->Raccrocher();
 }
 
+void FrmVelmira::AccorderSelection() {
+  ui_->Liste->Arbre().Selectionner(fiche_.Index());
+}
+
 void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
-  if (!fiche_.LibererNotes()) {
-    ArbreVelmiras &arbre = ui_->Liste->Arbre();
-    arbre.setCurrentIndex(arbre.Modele().Enfant(fiche_.Index()));
-    return;
-  }
-  if (index == 0)
+  const auto accord = qScopeGuard([this] { AccorderSelection(); });
+  if (!fiche_.LibererNotes()) return;
+  if (index == 0) {
     fiche_.Effacer();
-  else if (fiche_.Montrer(index) && bouton == Qt::RightButton && ui_->mnuClickDroit->isChecked())
+  } else if (!fiche_.Montrer(index)) {
+    Ignorer([this] { Actualiser(); });
+    session_.plateforme.boites.Information(TexteDisparu());
+  } else if (bouton == Qt::RightButton && ui_->mnuClickDroit->isChecked()) {
     mnuInv2_->popup(QCursor::pos());
+  }
+}
+
+void FrmVelmira::Actualiser() {
+  if (!session_.base.Ouverte()) return;
+  const qint64 changements = session_.base.Changements();
+  if (changements == changements_) return;
+  const bool suspens = fiche_.NotesEnSuspens();
+  const auto fiche = fiche_.Relire();
+  const bool fidele = ui_->Liste->Actualiser(suspens ? fiche_.Index() : 0);
+  changements_ = fidele ? changements : 0;
+  if (fiche && ui_->Liste->Arbre().Modele().Enfant(fiche_.Index()).isValid())
+    fiche_.Actualiser(*fiche);
+  else if (!suspens && fiche_.Index() != 0)
+    fiche_.Effacer();
+  AccorderSelection();
+}
+
+void FrmVelmira::ActualiserAuRepos() {
+  if (QThread::currentThread()->loopLevel() != niveau_ ||
+      QApplication::activePopupWidget() != nullptr)
+    return;
+  Ignorer([this] {
+    const Attente attente(session_.base, 0ms);
+    Actualiser();
+  });
+}
+
+void FrmVelmira::Veiller() {
+  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
+  if (isActiveWindow()) ActualiserAuRepos();
 }
 
 void FrmVelmira::Nouveau() {
@@ -206,6 +253,17 @@ void FrmVelmira::Nouveau() {
 void FrmVelmira::Modifier() {
   if (!fiche_.LibererNotes()) return;
   commandes_.ModifierSelection();
+}
+
+void FrmVelmira::Supprimer() {
+  const Cle choisie = fiche_.Index();
+  Actualiser();
+  if (choisie != fiche_.Index())
+    session_.plateforme.boites.Information(
+        u"Ce correspondant n'est plus dans la liste : un autre utilisateur l'a supprimé ou modifié "
+        "entre-temps."_s);
+  else
+    commandes_.SupprimerSelection();
 }
 
 void FrmVelmira::ImprimerListe() {
@@ -225,6 +283,12 @@ void FrmVelmira::AllerAuxAlertes() {
 }
 
 void FrmVelmira::MasquerProteges(bool masquer) {
+  auto retour = qScopeGuard([this, masquer] { ui_->mnuMasquer->setChecked(!masquer); });
+  EcrireMarques(masquer);
+  retour.dismiss();
+}
+
+void FrmVelmira::EcrireMarques(bool masquer) {
   const Sablier sablier;
   TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, masquer);
 }
@@ -247,15 +311,16 @@ void FrmVelmira::Agrandir() {
 void FrmVelmira::AllerAuxEnveloppes() {
   if (!fiche_.LibererNotes()) return;
   RetourDeModule = true;
-  emit EnveloppeDemandee(fiche_.Adresse());
+  emit EnveloppeDemandee(fiche_.Index(), fiche_.Adresse());
 }
 
 bool FrmVelmira::PreparerFermeture() {
   if (!fiche_.LibererNotes()) return false;
   appel_->Raccrocher();
-  if (!ui_->mnuMasquer->isChecked()) return true;
-  TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, false);
-  ui_->mnuMasquer->setChecked(false);
+  // A database that cannot be written keeps nobody in the program, whatever comes after the end.
+  if (ui_->mnuMasquer->isChecked() &&
+      Signaler(session_.plateforme.boites, [this] { EcrireMarques(false); }))
+    ui_->mnuMasquer->setChecked(false);
   return true;
 }
 
@@ -269,6 +334,8 @@ void FrmVelmira::VenirDevant() {
     RetourDeModule = false;
     arbre.CliquerSelection();
   }
+  // Later: what brought the window here may be at work.
+  QMetaObject::invokeMethod(this, &FrmVelmira::ActualiserAuRepos, Qt::QueuedConnection);
 }
 
 bool FrmVelmira::event(QEvent *evenement) {

@@ -49,12 +49,13 @@ class FrmVelmira : public QMainWindow {
   void Raccrocher();
 
   /// Saves what has been typed into the notes, and shows the user's protected records to the others
-  /// again. False when notes that cannot be written are to stay on the screen. Throws `ErreurBase`.
+  /// again; when that fails it is told. False when notes that cannot be written are to stay on the
+  /// screen.
   bool PreparerFermeture();
 
  signals:
-  /// The envelope window is asked for, with the address of the record on display.
-  void EnveloppeDemandee(const AdresseComposee &adresse);
+  /// The envelope window is asked for, with the address of the record on display; key 0 for none.
+  void EnveloppeDemandee(Cle fiche, const AdresseComposee &adresse);
   void AlertesDemandees();
   void FermetureDemandee();
   void ClasseurDemande();
@@ -74,14 +75,26 @@ class FrmVelmira : public QMainWindow {
   void ChargerJour();
   void VenirDevant();
 
+  /// Shows what other users have changed since the last time. Throws `ErreurBase`; it is made up
+  /// for at the next time.
+  void Actualiser();
+  /// The same where no command of the user's is under way, and without waiting for anybody.
+  void ActualiserAuRepos();
+  /// The same every few seconds while the window is the one in front.
+  void Veiller();
+  /// The list selects the record on display, whatever was asked for.
+  void AccorderSelection();
+
   void NoeudClic(Cle index, Qt::MouseButton bouton);
   void Nouveau();
   void Modifier();
+  void Supprimer();
   void ImprimerListe();
   void MontrerCalendrier();
   void AllerAuxEnveloppes();
   void AllerAuxAlertes();
   void MasquerProteges(bool masquer);
+  void EcrireMarques(bool masquer);
   void Agrandir();
 
   Session &session_;
@@ -97,4 +110,6 @@ class FrmVelmira : public QMainWindow {
   QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
   bool premierPassage_ = true;
+  const int niveau_;        ///< of the event loop that no command runs in
+  qint64 changements_ = 0;  ///< of the database when it was shown last
 };

@@ -18,6 +18,8 @@ struct FiltreListe {
 struct NoeudListe {
   QString texte;
   Cle index = 0;
+
+  friend bool operator==(const NoeudListe &, const NoeudListe &) = default;
 };
 
 /// A name as the list shows it: 25 characters at most, without blanks at its ends.

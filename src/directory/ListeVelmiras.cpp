@@ -6,7 +6,12 @@
 #include "ui/Bulle.h"
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
+#include "ui/Sablier.h"
 #include "ui_ListeVelmiras.h"
+
+#include <QScopeGuard>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -34,7 +39,7 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
 
 void ListeVelmiras::Brancher() {
   const Brancheur brancher(session_->plateforme.boites, this);
-  brancher(ui_->CboCat, &QComboBox::activated, &ListeVelmiras::Charger);
+  brancher(ui_->CboCat, &QComboBox::activated, [this] { Charger(Categorie(), LettreRR); });
   brancher(ui_->TxtRR, &QLineEdit::textEdited, &ListeVelmiras::Chercher);
   // Emptied by another category too, which ends the search.
   connect(ui_->TxtRR, &QLineEdit::textChanged, this, [this](const QString &texte) {
@@ -46,7 +51,8 @@ void ListeVelmiras::Brancher() {
             emit Cliquee(Index(noeud), bouton);
           });
   connect(ui_->TV, &QTreeView::doubleClicked, this, [this](const QModelIndex &noeud) {
-    if (noeud != ui_->TV->Modele().Racine()) emit DoubleCliquee();
+    // Another one than was clicked stays selected where that one could not be shown.
+    if (noeud != ui_->TV->Modele().Racine() && noeud == ui_->TV->Selection()) emit DoubleCliquee();
   });
   connect(ui_->CmdFavoris, &QToolButton::clicked, this, &ListeVelmiras::FavoriDemande);
   connect(ui_->CmdExcel, &QPushButton::clicked, this, &ListeVelmiras::ExportDemande);
@@ -62,51 +68,82 @@ QString ListeVelmiras::Categorie() const {
 }
 
 void ListeVelmiras::Ouvrir(bool surFavoris) {
+  CategorieCourante = surFavoris ? Favoris() : ToutesCategories();
   RemplirCategories();
-  ui_->CboCat->setCurrentText(surFavoris ? Favoris() : ToutesCategories());
-  Charger();
+  Charger(CategorieCourante, LettreRR);
   if (const auto nombre = ui_->TV->Modele().NombreEnfants(); nombre > 0)
     ui_->LblNomBE->setText(QString::number(nombre) + u" enregistrement(s) "_s);
 }
 
 void ListeVelmiras::RemplirCategories() {
-  const bool rapide = CategorieCourante == RechercheRapide();
+  PoserCategories(ListerCategories(session_->base, CategorieCourante == RechercheRapide()));
+}
+
+void ListeVelmiras::PoserCategories(const QStringList &categories) {
+  ui_->CboCat->clear();
+  ui_->CboCat->addItems(categories);
+  AccorderCombo();
+}
+
+void ListeVelmiras::AccorderCombo() {
   QComboBox *combo = ui_->CboCat;
-  combo->clear();
-  combo->addItems(ListerCategories(session_->base, rapide));
+  if (CategorieCourante != RechercheRapide() && combo->itemText(0) == RechercheRapide())
+    combo->removeItem(0);
   combo->setCurrentIndex(
       combo->findText(CategorieCourante, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }
 
-void ListeVelmiras::Charger() {
-  if (!avant_()) {
-    ui_->CboCat->setCurrentText(CategorieCourante);
-    return;
-  }
-  if (Categorie() != ToutesCategories()) ui_->TxtRR->clear();
-  QComboBox *combo = ui_->CboCat;
-  if (combo->currentIndex() < 0) return;
-  if (combo->currentText() != RechercheRapide() && combo->itemText(0) == RechercheRapide())
-    combo->removeItem(0);
+std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const QString &categorie,
+                                                             const QString &lettre) const {
+  if (!session_->base.Ouverte()) return std::nullopt;
+  const TableAdresse table(session_->base);
+  auto noeuds = ListerVelmiras(table, {categorie, lettre, session_->plateforme.utilisateur});
+  if (noeuds.empty() && table.EstVide()) return std::nullopt;
+  return noeuds;
+}
 
-  CategorieCourante = combo->currentText();
-  ui_->TV->Modele().Vider();
-  NombreNoeuds = 0;
-  if (session_->base.Ouverte()) {
-    const TableAdresse table(session_->base);
-    auto noeuds =
-        ListerVelmiras(table, {CategorieCourante, LettreRR, session_->plateforme.utilisateur});
-    NombreNoeuds = static_cast<qsizetype>(noeuds.size());
-    if (!noeuds.empty() || !table.EstVide())
-      ui_->TV->Remplir(CategorieCourante.toUpper(), std::move(noeuds));
-  }
+void ListeVelmiras::Charger(const QString &categorie, const QString &lettre) {
+  const auto accord = qScopeGuard([this] { AccorderCombo(); });
+  auto sablier = std::make_optional<Sablier>();
+  auto noeuds = Lister(categorie, lettre);
+  sablier.reset();
+  if (!avant_()) return;
+  CategorieCourante = categorie;
+  LettreRR = lettre;
+  if (categorie != ToutesCategories()) ui_->TxtRR->clear();
+  NombreNoeuds = noeuds ? static_cast<qsizetype>(noeuds->size()) : 0;
+  if (noeuds)
+    ui_->TV->Remplir(categorie.toUpper(), std::move(*noeuds));
+  else
+    ui_->TV->Modele().Vider();
   MettreAJourCompte();
   ui_->TV->setFocus();
 }
 
+bool ListeVelmiras::Actualiser(Cle retenue) {
+  const QStringList categories =
+      ListerCategories(session_->base, CategorieCourante == RechercheRapide());
+  const QString categorie =
+      categories.contains(CategorieCourante) ? CategorieCourante : ToutesCategories();
+  auto noeuds = Lister(categorie, LettreRR).value_or(std::vector<NoeudListe>());
+  ModeleListe &modele = ui_->TV->Modele();
+  const QModelIndex noeud = modele.Enfant(retenue);
+  const bool parti =
+      noeud.isValid() && std::ranges::find(noeuds, retenue, &NoeudListe::index) == noeuds.end();
+  if (parti) noeuds.insert(PlaceDansListe(noeuds, Texte(noeud)), {Texte(noeud), retenue});
+
+  CategorieCourante = categorie;
+  PoserCategories(categories);
+  if (noeuds.empty() && !modele.Racine().isValid()) return true;
+  const auto avant = modele.NombreEnfants();
+  NombreNoeuds = static_cast<qsizetype>(noeuds.size());
+  ui_->TV->Accorder(categorie.toUpper(), std::move(noeuds));
+  if (NombreNoeuds != avant) MettreAJourCompte();
+  return !parti;
+}
+
 void ListeVelmiras::AfficherCategorie(const QString &categorie) {
-  ui_->CboCat->setCurrentText(categorie);
-  Charger();
+  Charger(categorie, LettreRR);
 }
 
 void ListeVelmiras::Chercher(const QString &debut) {
@@ -134,12 +171,10 @@ void ListeVelmiras::Chercher(const QString &debut) {
 void ListeVelmiras::ChoisirInitiale() {
   FrmClavier clavier(ui_->CmdCherche);
   clavier.exec();
-  if (!clavier.Lettre() || !avant_()) return;
-  LettreRR = *clavier.Lettre();
+  if (!clavier.Lettre()) return;
   QComboBox *combo = ui_->CboCat;
   if (combo->itemText(0) != RechercheRapide()) combo->insertItem(0, RechercheRapide());
-  combo->setCurrentIndex(0);
-  Charger();
+  Charger(RechercheRapide(), *clavier.Lettre());
 }
 
 void ListeVelmiras::Inserer(const NoeudListe &noeud) {
@@ -150,6 +185,8 @@ void ListeVelmiras::Inserer(const NoeudListe &noeud) {
 }
 
 void ListeVelmiras::Retirer(const QModelIndex &noeud) {
+  // The view would go to a neighbour, whom nobody has asked for.
+  if (noeud == ui_->TV->Selection()) ui_->TV->Selectionner(0);
   ui_->TV->Modele().Retirer(noeud);
 }
 

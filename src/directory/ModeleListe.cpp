@@ -27,11 +27,17 @@ void ModeleListe::Vider() {
 }
 
 void ModeleListe::Remplir(const QString &titre, std::vector<NoeudListe> noeuds) {
+  coches_.clear();
+  racineCochee_ = false;
+  Accorder(titre, std::move(noeuds));
+}
+
+void ModeleListe::Accorder(const QString &titre, std::vector<NoeudListe> noeuds) {
   beginResetModel();
   titre_ = titre;
   noeuds_ = std::move(noeuds);
-  coches_.clear();
-  racineCochee_ = false;
+  const QList<Cle> restent = Coches();
+  coches_ = {restent.cbegin(), restent.cend()};
   endResetModel();
 }
 

@@ -20,6 +20,12 @@ class ModeleListe : public QAbstractItemModel {
   void Vider();
   /// `titre` is the root's text.
   void Remplir(const QString &titre, std::vector<NoeudListe> noeuds);
+  /// The same; the boxes of those who stay keep their ticks.
+  void Accorder(const QString &titre, std::vector<NoeudListe> noeuds);
+  /// Whether it shows just this.
+  bool Montre(const QString &titre, const std::vector<NoeudListe> &noeuds) const {
+    return titre_ == titre && noeuds_ == noeuds;
+  }
 
   /// Takes a child off.
   void Retirer(const QModelIndex &enfant);

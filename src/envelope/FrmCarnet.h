@@ -30,6 +30,8 @@ class FrmCarnet : public QDialog {
 
   /// The address that was picked, once a dialog for one has been accepted.
   const AdresseComposee &Adresse() const { return adresse_; }
+  /// Key of the chosen name, 0 for none.
+  Cle Choisi() const;
 
   /// The addresses that were ticked, in the order of the list.
   const QList<AdresseComposee> &Adresses() const { return adresses_; }
@@ -52,8 +54,6 @@ class FrmCarnet : public QDialog {
   void Modifier();
   void Supprimer();
   QListWidget *Noms() const;
-  /// Key of the chosen name, 0 for none.
-  Cle Choisi() const;
   QSet<Cle> Coches() const;
 
   Session &session_;

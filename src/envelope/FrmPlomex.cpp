@@ -30,6 +30,7 @@
 #include <optional>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -135,8 +136,8 @@ void FrmPlomex::PoserMenuMemora(QMenu *menu) {
   menuBar()->insertMenu(ui_->mnuAide->menuAction(), menu);
 }
 
-void FrmPlomex::MontrerAdresse(const AdresseComposee &adresse) {
-  zones_.EcrireAdresse(adresse);
+void FrmPlomex::MontrerAdresse(const AdresseComposee &adresse, Cle fiche) {
+  zones_.EcrireAdresse(adresse, fiche);
   MajEtiquettes();
   RendreFocus();
 }
@@ -255,7 +256,7 @@ void FrmPlomex::SaisirAdresse(FrmNouveau::Mode mode) {
 
 void FrmPlomex::ChoisirDansCarnet() {
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Un, categorieCarnet_, this);
-  if (carnet.exec() == QDialog::Accepted) zones_.EcrireAdresse(carnet.Adresse());
+  if (carnet.exec() == QDialog::Accepted) zones_.EcrireAdresse(carnet.Adresse(), carnet.Choisi());
 }
 
 void FrmPlomex::ImprimerPlusieurs() {
@@ -287,6 +288,10 @@ void FrmPlomex::NouveauVelmira() {
 }
 
 void FrmPlomex::Imprimer() {
+  Ignorer([this] {  // without the database the envelope is printed as it is shown
+    const Sablier sablier;
+    zones_.Actualiser();
+  });
   if (tirage_->Imprimer() && session_.reglages.plomex.Minimise) showMinimized();
 }
 
@@ -342,6 +347,16 @@ void FrmPlomex::RelierVilles() {
   }
   villes.Relier();
   boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
+}
+
+bool FrmPlomex::event(QEvent *evenement) {
+  const bool traite = QMainWindow::event(evenement);
+  if (evenement->type() == QEvent::WindowActivate)
+    Ignorer([this] {
+      const Attente attente(session_.base, 0ms);
+      zones_.Actualiser();
+    });
+  return traite;
 }
 
 void FrmPlomex::closeEvent(QCloseEvent *evenement) {

@@ -27,8 +27,9 @@ class FrmPlomex : public QMainWindow {
   FrmPlomex(Session &session, Repertoire &repertoire);
   ~FrmPlomex() override;
 
-  /// Shows an address, or the empty state for none: it becomes the current one.
-  void MontrerAdresse(const AdresseComposee &adresse);
+  /// Shows an address, or the empty state for none: it becomes the current one. `fiche` is the key
+  /// of the correspondent whom it was read of, whose later changes are shown.
+  void MontrerAdresse(const AdresseComposee &adresse, Cle fiche);
 
   /// The menu "?", whose commands the program brings.
   QMenu *mnuAide() const;
@@ -43,6 +44,7 @@ class FrmPlomex : public QMainWindow {
 
  protected:
   void closeEvent(QCloseEvent *evenement) override;
+  bool event(QEvent *evenement) override;
 
  private:
   void Charger();

@@ -1,7 +1,9 @@
 #include "envelope/ZonesEnveloppe.h"
 
+#include "directory/Protection.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/VueEnveloppe.h"
+#include "storage/Tables.h"
 #include "ui/Alignement.h"
 #include "ui/EtiquetteZone.h"
 
@@ -13,15 +15,29 @@ const QString kAdresseBlanche = QString(85, u' ');
 
 }  // namespace
 
-void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse) {
+void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse, Cle fiche) {
   adresse_ = adresse;
   if (AdresseVide(adresse.chaine))
     ViderAdresse();
   else
-    EcrireLignesAdresse(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
+    MontrerLignes(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
+  fiche_ = fiche;
+}
+
+void ZonesEnveloppe::Actualiser() {
+  if (fiche_ == 0) return;
+  const auto fiche = TableAdresse(session_.base).Lire(fiche_);
+  if (!fiche || !EstVisible(fiche->DataProt, session_.plateforme.utilisateur)) return;
+  const AdresseComposee adresse = ComposerAdresse(AdresseSaisie::De(*fiche));
+  if (adresse != adresse_) EcrireAdresse(adresse, fiche_);
 }
 
 void ZonesEnveloppe::EcrireLignesAdresse(const LignesAdresse &lignes) {
+  fiche_ = 0;
+  MontrerLignes(lignes);
+}
+
+void ZonesEnveloppe::MontrerLignes(const LignesAdresse &lignes) {
   vue_->Adresse()->setText(lignes.texte);
   paysPresent_ = lignes.paysPresent;
   Disposer();
@@ -53,7 +69,7 @@ void ZonesEnveloppe::Reformater() {
   else if (!etat_.ExpediteurCourant.chaine.isEmpty())
     MontrerExpediteur();
   if (vue_->Adresse()->text() != kAdresseBlanche)
-    EcrireLignesAdresse(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages));
+    MontrerLignes(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages));
 }
 
 void ZonesEnveloppe::Disposer() {

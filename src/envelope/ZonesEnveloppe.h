@@ -4,6 +4,7 @@
 #include "envelope/EtatEnveloppe.h"
 #include "envelope/MiseEnPage.h"
 #include "session/Session.h"
+#include "storage/Lignes.h"
 
 class VueEnveloppe;
 
@@ -15,8 +16,12 @@ class ZonesEnveloppe {
 
   const EtatEnveloppe &Etat() const { return etat_; }
 
-  /// The address becomes the current one; an empty one leaves the zone in its empty state.
-  void EcrireAdresse(const AdresseComposee &adresse);
+  /// The address becomes the current one; an empty one leaves the zone in its empty state. `fiche`
+  /// is the key of the correspondent whom it was read of; 0 for an address that is nobody's.
+  void EcrireAdresse(const AdresseComposee &adresse, Cle fiche = 0);
+  /// Reads that correspondent again, and shows the address where it has changed. Whoever has been
+  /// deleted or hidden meanwhile leaves it as it is. Throws `ErreurBase`.
+  void Actualiser();
   /// The zone takes lines that have been formatted before: an envelope of a run.
   void EcrireLignesAdresse(const LignesAdresse &lignes);
   /// The empty state: a zone that holds it prints nothing.
@@ -40,10 +45,12 @@ class ZonesEnveloppe {
 
  private:
   void MontrerExpediteur();
+  void MontrerLignes(const LignesAdresse &lignes);
 
   Session &session_;
   EtatEnveloppe &etat_;
   VueEnveloppe *vue_;
   AdresseComposee adresse_;   ///< the current one; an empty string for none
+  Cle fiche_ = 0;             ///< whom the address was read of that the zone shows
   bool paysPresent_ = false;  ///< what the address zone shows ends with a country
 };

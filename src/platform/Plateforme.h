@@ -22,6 +22,6 @@ struct Plateforme {
   ListeDemarrage &demarrage;
   PortSerie &port;
   Classeur &classeur;
-  QString utilisateur;  ///< log-on name
+  QString utilisateur;  ///< log-on name; records bear it, so it is never empty
   QLocale langue;       ///< names of days
 };

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kAttente = 10s;
+constexpr auto kAttente = 10s, kAttenteLecture = 2s;
 
 // Preparing costs several times what a row by its key does. No limit that the program reaches.
 constexpr std::size_t kPrepares = 100;
@@ -45,6 +45,7 @@ void Base::Ouvrir(const QString &chemin) {
     connexion_ = std::make_unique<Connexion>(chemin, Connexion::Fichier::Present, kAttente);
     chemin_ = QFileInfo(chemin).absoluteFilePath();
     Verifier();
+    Attendre(kAttenteLecture);
   } catch (const ErreurBase &erreur) {
     Fermer();
     throw NonOuverte(chemin, erreur);
@@ -79,6 +80,17 @@ void Base::Fermer() {
   perte_.reset();
 }
 
+qint64 Base::Changements() {
+  if (!Ouverte()) return 0;
+  Requete requete(*this, u"PRAGMA data_version"_s);
+  return requete.Suivante() ? requete.Entier(0) : 0;
+}
+
+void Base::Attendre(std::chrono::milliseconds duree) {
+  Requete(*this, u"PRAGMA busy_timeout=%1"_s.arg(duree.count())).Executer();
+  attente_ = duree;
+}
+
 std::unique_ptr<QSqlQuery> Base::Preparer(const QString &texte) {
   if (!Ouverte()) throw ErreurBase(u"La base de données n'est pas ouverte."_s);
   ExigerTransaction();
@@ -109,7 +121,15 @@ void Base::ExigerTransaction() const {
   if (perte_) throw *perte_;
 }
 
-Transaction::Transaction(Base &base) : base_(base) {
+Attente::Attente(Base &base, std::chrono::milliseconds duree) : base_(base), avant_(base.attente_) {
+  base_.Attendre(duree);
+}
+
+Attente::~Attente() {
+  if (base_.Ouverte()) Ignorer([this] { base_.Attendre(avant_); });
+}
+
+Transaction::Transaction(Base &base) : base_(base), attente_(base, kAttente) {
   Requete(base_, u"BEGIN IMMEDIATE"_s).Executer();
   base_.transaction_ = true;
 }

@@ -6,6 +6,7 @@
 #include <QHashFunctions>
 #include <QString>
 
+#include <chrono>
 #include <memory>
 #include <optional>
 #include <unordered_map>
@@ -62,22 +63,44 @@ class Base {
   /// Full path of the open file; empty while none is open.
   const QString &Chemin() const { return chemin_; }
 
+  /// A number that is another one once another connection has changed the file; 0 while none is
+  /// open. Throws `ErreurBase`.
+  qint64 Changements();
+
  private:
   friend class Requete;
   friend class Transaction;
+  friend class Attente;
 
   void Verifier();
   std::unique_ptr<QSqlQuery> Preparer(const QString &texte);
   void Garder(const QString &texte, std::unique_ptr<QSqlQuery> requete);
   void NoterEchec(const ErreurBase &erreur);
   void ExigerTransaction() const;
+  void Attendre(std::chrono::milliseconds duree);
 
   std::unique_ptr<Connexion> connexion_;
   QString chemin_;
   /// Statements that wait for their next use; none while one is at work.
   std::unordered_map<QString, std::unique_ptr<QSqlQuery>> prepares_;
+  std::chrono::milliseconds attente_{};  ///< for a lock of another connection
   bool transaction_ = false;
   std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
+};
+
+/// While this lives, a lock of another connection is waited for that long: 0 fails at once, by
+/// `Occupee`. Without it what reads waits two seconds, what writes and the opening ten: a reader
+/// only waits for one who is bringing his change to the disk. Making it throws `ErreurBase`.
+class Attente {
+ public:
+  Attente(Base &base, std::chrono::milliseconds duree);
+  ~Attente();
+  Attente(const Attente &) = delete;
+  Attente &operator=(const Attente &) = delete;
+
+ private:
+  Base &base_;
+  std::chrono::milliseconds avant_;
 };
 
 /// What stands between its making and `Valider` is written whole or not at all. The write lock is
@@ -98,5 +121,6 @@ class Transaction {
 
  private:
   Base &base_;
+  Attente attente_;
   bool ouverte_ = true;
 };

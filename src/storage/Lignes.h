@@ -28,6 +28,8 @@ struct Correspondant {
   QString DDN;                ///< birth date as jj/mm/aaaa
   QString DataProt;           ///< protection mark, see Protection.h
   bool AlerteActive = false;  ///< the person stands in Listecoal too
+
+  friend bool operator==(const Correspondant &, const Correspondant &) = default;
 };
 
 /// A sender of envelopes.

@@ -80,7 +80,7 @@ class TableAdresse {
   void ChangerCategories(const QString &nom, const std::function<QString(const QString &)> &regle);
 
   /// The records that `utilisateur` has protected are hidden from the other users, or shown to
-  /// them. No other mark is touched.
+  /// them. No other mark is touched. The name is not empty.
   void MasquerProteges(const QString &utilisateur, bool masquer);
   /// Whether there are records that only this user sees.
   bool ADesMasques(const QString &utilisateur) const;

@@ -40,15 +40,26 @@ void HorlogeScenario::Apres(std::chrono::milliseconds delai, QObject *contexte,
 }
 
 void HorlogeScenario::Aller(const QDateTime &instant) {
-  const bool recul = instant < maintenant_;
+  const auto dues = std::ranges::upper_bound(echeances_, instant, {}, &Echeance::instant);
+  maintenant_ = instant;
+  for (auto reste = dues - echeances_.begin(); reste > 0 && !echeances_.empty(); --reste)
+    FaireEchoir();
+}
+
+void HorlogeScenario::Avancer(std::chrono::milliseconds duree) {
+  const QDateTime instant = maintenant_.addMSecs(static_cast<qint64>(duree.count()));
   while (!echeances_.empty() && echeances_.front().instant <= instant) {
-    const Echeance echeance = std::move(echeances_.front());
-    echeances_.pop_front();
-    maintenant_ = std::max(maintenant_, echeance.instant);
-    if (!echeance.lie || echeance.contexte) Signaler(boites_, echeance.action);
+    maintenant_ = std::max(maintenant_, echeances_.front().instant);
+    FaireEchoir();
   }
   // What ran may have waited in a dialog, with the clock going on meanwhile.
-  if (recul || instant > maintenant_) maintenant_ = instant;
+  maintenant_ = std::max(maintenant_, instant);
+}
+
+void HorlogeScenario::FaireEchoir() {
+  const Echeance echeance = std::move(echeances_.front());
+  echeances_.pop_front();
+  if (!echeance.lie || echeance.contexte) Signaler(boites_, echeance.action);
 }
 
 void BoitesScenario::Message(Genre genre, const QString &titre, const QString &texte) {

@@ -40,11 +40,11 @@ class HorlogeScenario : public Horloge {
   /// Ends the waits, also those to come: the scenario is over.
   void Abandonner() { abandonnee_ = true; }
 
-  /// Goes to a time; going back runs nothing.
+  /// Is at a time at once, as a computer that wakes: what has come due meanwhile runs then. Going
+  /// back runs nothing.
   void Aller(const QDateTime &instant);
-  void Avancer(std::chrono::milliseconds duree) {
-    Aller(maintenant_.addMSecs(static_cast<qint64>(duree.count())));
-  }
+  /// Lets the time pass: all runs when its time has come.
+  void Avancer(std::chrono::milliseconds duree);
   std::deque<std::chrono::milliseconds> &Pauses() { return pauses_; }
 
  private:
@@ -54,6 +54,8 @@ class HorlogeScenario : public Horloge {
     QPointer<QObject> contexte;
     std::function<void()> action;
   };
+
+  void FaireEchoir();
 
   Boites &boites_;
   QDateTime maintenant_{QDate(2026, 6, 15), QTime(10, 0)};

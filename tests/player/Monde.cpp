@@ -103,6 +103,12 @@ void Monde::Effacer(const QString &nom) const {
   Exiger(fichier.remove(), u"\"%1\" cannot be deleted: %2"_s.arg(nom, fichier.errorString()));
 }
 
+void Monde::AbimerBase() const {
+  QFile fichier(Base());
+  Exiger(fichier.open(QFile::ReadWrite), u"%1 cannot be written"_s.arg(Base()));
+  fichier.write(QByteArray(4096, 'x'));
+}
+
 std::optional<QStringList> Monde::Lire(const QString &nom) const {
   auto octets = LireFichier(Chemin(nom));
   if (!octets) return std::nullopt;

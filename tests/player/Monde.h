@@ -32,6 +32,8 @@ class Monde {
   void CopierDepuisScenario(const QString &source, const QString &cible) const;
   void CreerDossier(const QString &nom) const;
   void Effacer(const QString &nom) const;
+  /// The database makes no sense from here on, also for who has it open.
+  void AbimerBase() const;
 
   /// The lines of a file without the final line end; nothing when there is no such file.
   std::optional<QStringList> Lire(const QString &nom) const;

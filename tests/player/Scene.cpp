@@ -2,6 +2,7 @@
 
 #include "platform/Erreurs.h"
 #include "player/Echec.h"
+#include "storage/Requete.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -10,6 +11,12 @@ void LaisserPasser() {
   // Bounded: a window may plan its next repaint at each one.
   constexpr int kTours = 8;
   for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
+}
+
+AutreEcrivain::AutreEcrivain(const QString &chemin, Verrou verrou) {
+  base_.Ouvrir(chemin);
+  Requete(base_, verrou == Verrou::Ecriture ? u"BEGIN IMMEDIATE"_s : u"BEGIN EXCLUSIVE"_s)
+      .Executer();
 }
 
 Scene::Scene(Application &application, Monde m, QString dossierCaptures)

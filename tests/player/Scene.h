@@ -19,14 +19,14 @@ void LaisserPasser();
 /// Another user who is writing: nobody else can write while this lives.
 class AutreEcrivain {
  public:
-  explicit AutreEcrivain(const QString &chemin) {
-    base_.Ouvrir(chemin);
-    transaction_.emplace(base_);
-  }
+  enum class Verrou {
+    Ecriture,  ///< the others may read
+    Exclusif,  ///< they may not: he is bringing what he has written to the disk
+  };
+  AutreEcrivain(const QString &chemin, Verrou verrou);
 
  private:
   Base base_;
-  std::optional<Transaction> transaction_;
 };
 
 class Scene {

@@ -74,6 +74,11 @@ void VerifierElements(Scene &scene, const Mots &mots) {
   ExigerListe(mots[0].texte, Textes(mots, 1), Textes(Elements(Trouver(scene, mots))));
 }
 
+void VerifierHaut(Scene &scene, const Mots &mots) {
+  const QAbstractItemView *vue = Vue(Trouver(scene, mots));
+  ExigerEgal(mots[0].texte, mots[1].texte, vue->indexAt({0, 0}).data().toString());
+}
+
 void VerifierIndex(Scene &scene, const Mots &mots) {
   const Controle controle = Trouver(scene, mots);
   const QModelIndexList choisis = Selection(controle);
@@ -168,6 +173,7 @@ QList<Verbe> VerbesDesControles() {
        }},
       {u"index"_s, 2, 2, VerifierIndex},
       {u"selection"_s, 2, kSansLimite, VerifierSelection},
+      {u"en-haut"_s, 2, 2, VerifierHaut},
       {u"tag"_s, 3, 3, VerifierTag},
       {u"bulle"_s, 4, 4, VerifierBulle},
       {u"bulle-montree"_s, 1, 1, VerifierBulleMontree<true>},

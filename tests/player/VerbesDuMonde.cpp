@@ -16,6 +16,11 @@ LignesDuMonde Lignes(const Scene &scene) {
   return LignesDuMonde(scene.monde.Base());
 }
 
+void Occuper(Scene &scene, AutreEcrivain::Verrou verrou) {
+  scene.autreEcrivain.reset();
+  scene.autreEcrivain.emplace(scene.monde.Base(), verrou);
+}
+
 void MettreJour(Scene &scene, const Mots &mots) {
   const QDate jour = QDate::fromString(mots[0].texte, u"dd/MM/yyyy"_s);
   Exiger(jour.isValid(), u"a day jj/mm/aaaa expected, \"%1\" found"_s.arg(mots[0].texte));
@@ -76,8 +81,12 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) { Lignes(s).Ecrire(m[0].texte, Nombre(m[1]), m.sliced(2)); }},
       {u"ligne-efface"_s, 2, 2,
        [](S &s, const M &m) { Lignes(s).Effacer(m[0].texte, Nombre(m[1])); }},
-      {u"base-occupee"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.emplace(s.monde.Base()); }},
+      {u"base-occupee"_s, 0, 0,
+       [](S &s, const M &) { Occuper(s, AutreEcrivain::Verrou::Ecriture); }},
+      {u"base-bloquee"_s, 0, 0,
+       [](S &s, const M &) { Occuper(s, AutreEcrivain::Verrou::Exclusif); }},
       {u"base-libre"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.reset(); }},
+      {u"base-illisible"_s, 0, 0, [](S &s, const M &) { s.monde.AbimerBase(); }},
       {u"jour"_s, 1, 1, MettreJour},
       {u"heure"_s, 1, 1, MettreHeure},
       {u"utilisateur"_s, 1, 1,

@@ -8,6 +8,7 @@
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
+#include "platform/linux/Utilisateur.h"
 
 #include <QDeadlineTimer>
 #include <QDesktopServices>
@@ -94,6 +95,13 @@ class Poste : public testing::Test {
   CoquilleSysteme coquille_;
   ListeDemarrageSysteme demarrage_;
 };
+
+TEST(Utilisateur, NomOuNumero) {
+  constexpr uid_t kInconnu = 3'123'456'789;
+  EXPECT_EQ(NomDuCompte(0), u"root"_s);
+  EXPECT_EQ(NomDuCompte(kInconnu), u"3123456789"_s);
+  EXPECT_FALSE(NomUtilisateur().isEmpty());
+}
 
 TEST_F(Poste, ListeDemarrage) {
   const QString fichier = u"Velmira-Alerte.desktop"_s;

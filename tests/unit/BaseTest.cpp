@@ -516,3 +516,27 @@ TEST_F(BaseTest, ProgrammeTueAuMilieuDUneTransaction) {
   EXPECT_EQ(TableAdresse(base).Lire(11)->Commentaires, QString(10, u'n'));
   EXPECT_EQ(AjouterLigne(base, Nomme(u"A"_s)), 501);
 }
+
+TEST_F(BaseTest, ChangementsDesAutres) {
+  EXPECT_EQ(base.Changements(), 0) << "none is open";
+  Ouvrir(1);
+  const qint64 avant = base.Changements();
+  AjouterLigne(base, Nomme(u"Zoé"_s));
+  EXPECT_EQ(base.Changements(), avant) << "one's own";
+  Base autre;
+  autre.Ouvrir(CheminMdb());
+  AjouterLigne(autre, Nomme(u"Yves"_s));
+  EXPECT_NE(base.Changements(), avant);
+
+  Requete(autre, u"BEGIN EXCLUSIVE"_s).Executer();
+  const auto duree = [&](const std::function<void()> &etape) {
+    const auto debut = std::chrono::steady_clock::now();
+    EXPECT_EQ(Panne(etape), GenreErreur::Occupee);
+    return std::chrono::steady_clock::now() - debut;
+  };
+  const auto compter = [&] { TableAdresse(base).Nombre(); };
+  EXPECT_LT(duree(compter), std::chrono::seconds(9))
+      << "a click does not wait as long as a writing";
+  const Attente attente(base, std::chrono::milliseconds(0));
+  EXPECT_LT(duree(compter), std::chrono::seconds(1));
+}

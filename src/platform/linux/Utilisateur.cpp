@@ -3,7 +3,12 @@
 #include <pwd.h>
 #include <unistd.h>
 
+QString NomDuCompte(uid_t compte) {
+  const passwd *connu = ::getpwuid(compte);
+  const QString nom = connu == nullptr ? QString() : QString::fromLocal8Bit(connu->pw_name);
+  return nom.isEmpty() ? QString::number(compte) : nom;
+}
+
 QString NomUtilisateur() {
-  const passwd *compte = ::getpwuid(::getuid());
-  return compte == nullptr ? QString() : QString::fromLocal8Bit(compte->pw_name);
+  return NomDuCompte(::getuid());
 }

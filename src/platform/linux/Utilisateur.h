@@ -2,5 +2,11 @@
 
 #include <QString>
 
-/// The log-on name of the account that runs the program; empty when the system knows none.
+#include <sys/types.h>
+
+/// The log-on name of an account, and the number of one that the system knows no name of: records
+/// bear it, so it is never empty.
+QString NomDuCompte(uid_t compte);
+
+/// That of the account that runs the program.
 QString NomUtilisateur();
