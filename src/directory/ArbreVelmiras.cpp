@@ -84,6 +84,11 @@ bool ArbreVelmiras::BasculerSous(const QMouseEvent &evenement) {
   return true;
 }
 
+QItemSelectionModel::SelectionFlags ArbreVelmiras::selectionCommand(const QModelIndex &noeud,
+                                                                    const QEvent *) const {
+  return noeud.isValid() ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate;
+}
+
 void ArbreVelmiras::mousePressEvent(QMouseEvent *evenement) {
   if (BasculerSous(*evenement)) return;
   QTreeView::mousePressEvent(evenement);

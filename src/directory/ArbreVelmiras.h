@@ -44,6 +44,9 @@ class ArbreVelmiras : public QTreeView {
   void mouseDoubleClickEvent(QMouseEvent *evenement) override;
   void mouseMoveEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
+  /// Nothing that the user does leaves no node selected: the record on display is the selected one.
+  QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &noeud,
+                                                       const QEvent *evenement) const override;
 
  private:
   bool BasculerSous(const QMouseEvent &evenement);
