@@ -1,16 +1,12 @@
 #include "address/CodesPostaux.h"
 
-#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
 using namespace Qt::StringLiterals;
 
 QList<CodePostal> ChercherCodes(const QString &appPath, const QString &texte) {
-  const auto octets = LireFichier(appPath + u"/CdPostal.txt"_s);
-  if (!octets)
-    throw ErreurFichier(u"Le fichier « CdPostal.txt » est introuvable dans « %1 »."_s.arg(appPath));
-  return ChercherCodes(*octets, texte);
+  return ChercherCodes(LireFichierPresent(appPath + u"/CdPostal.txt"_s), texte);
 }
 
 QList<CodePostal> ChercherCodes(const QByteArray &fichier, const QString &texte) {

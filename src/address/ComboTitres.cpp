@@ -44,10 +44,10 @@ void ComboTitres::AjouterSaisie() {
   const QString titre = saisie.trimmed() + u"  "_s;
   QStringList titres = Titres();
   if (titres.contains(titre)) return;
+  AjouterTitre(appPath_, titre);
   titres.append(titre);
   titres.sort(Qt::CaseInsensitive);
   insertItem(static_cast<int>(titres.indexOf(titre)) + 1, titre);
-  EcrireTitres(appPath_, titres);
 }
 
 void ComboTitres::Effacer() {
@@ -56,8 +56,8 @@ void ComboTitres::Effacer() {
   if (boites_->Question(Boites::Titre(), u"Effacer et supprimer \""_s + titre + u"\" ?"_s,
                         Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
+  RetirerTitre(appPath_, titre);
   const int index = findText(titre, Qt::MatchFixedString | Qt::MatchCaseSensitive);
   if (index > 0) removeItem(index);
   setCurrentIndex(0);
-  EcrireTitres(appPath_, Titres());
 }

@@ -1,6 +1,5 @@
 #include "address/Titres.h"
 
-#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 
@@ -25,25 +24,42 @@ bool CommencePar(const QString &ligne, const QString &titre) {
   return ligne.startsWith(titre) && (ligne.size() == titre.size() || ligne[titre.size()].isSpace());
 }
 
-}  // namespace
-
-QStringList LireTitres(const QString &appPath) {
+QStringList Lignes(const QByteArray &octets) {
   QStringList titres;
-  const auto octets = LireFichier(Fichier(appPath));
-  if (!octets)
-    throw ErreurFichier(u"Le fichier « %1 » ne peut pas être lu."_s.arg(Fichier(appPath)));
-  for (QString ligne : DepuisPageDeCode(*octets).split(u'\n')) {
+  for (QString ligne : DepuisPageDeCode(octets).split(u'\n')) {
     if (ligne.endsWith(u'\r')) ligne.chop(1);
     if (!ligne.isEmpty()) titres.append(ligne);
   }
   return titres;
 }
 
-void EcrireTitres(const QString &appPath, const QStringList &titres) {
+/// The titles to be changed: those of the file, and none where there is no file.
+QStringList TitresPresents(const QString &appPath) {
+  return Lignes(LireFichier(Fichier(appPath)).value_or(QByteArray()));
+}
+
+void Ecrire(const QString &appPath, QStringList titres) {
+  titres.sort(Qt::CaseInsensitive);
   QString texte;
-  for (const QString &titre : titres)
-    if (!titre.isEmpty()) texte += titre + u"\r\n"_s;
+  for (const QString &titre : titres) texte += titre + u"\r\n"_s;
   RemplacerFichier(Fichier(appPath), VersPageDeCode(texte));
+}
+
+}  // namespace
+
+QStringList LireTitres(const QString &appPath) {
+  return Lignes(LireFichierPresent(Fichier(appPath)));
+}
+
+void AjouterTitre(const QString &appPath, const QString &titre) {
+  QStringList titres = TitresPresents(appPath);
+  if (!titres.contains(titre)) Ecrire(appPath, titres << titre);
+}
+
+void RetirerTitre(const QString &appPath, const QString &titre) {
+  QStringList titres = TitresPresents(appPath);
+  titres.removeOne(titre);
+  Ecrire(appPath, titres);
 }
 
 QString RemplacerTitre(const QString &ligne, const QStringList &titres, const QString &titre) {

@@ -10,6 +10,7 @@
 
 #include <QDir>
 
+#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -37,7 +38,10 @@ bool Demarrage::Executer() {
 }
 
 bool Demarrage::TrouverCheminData() {
-  if (const auto chemin = LireCheminData(dossiers_.AppPath)) {
+  std::optional<QString> chemin;
+  // What cannot be read now may be at the next start; to ask would replace it.
+  if (!Signaler(boites_, [&] { chemin = LireCheminData(dossiers_.AppPath); })) return false;
+  if (chemin) {
     dossiers_.CheminData = *chemin;
     return true;
   }
@@ -54,7 +58,7 @@ bool Demarrage::TrouverCheminData() {
       "- Dans \"Utilisateurs ou Users\" pour les versions ultérieures (Seven, 8)"_s);
   if (!DemanderDossier()) return false;
   // Before a base is put beside it: the swap's own would be taken for a delivered one.
-  FinirEchange(dossiers_.CheminData);
+  Signaler(boites_, [&] { FinirEchange(dossiers_.CheminData); });
   Signaler(boites_, [&] { DeplacerBaseProche(dossiers_); });
   Signaler(boites_, [&] { EcrireCheminData(dossiers_.AppPath, dossiers_.CheminData); });
   return true;
@@ -99,7 +103,7 @@ bool Demarrage::CreerCheminData(const QString &dossier) {
 }
 
 void Demarrage::TrouverCheminBase() {
-  const auto [etat, dossier, choisi] = TrouverBase(dossiers_.AppPath, dossiers_.CheminData);
+  const auto [etat, dossier, choisi, raison] = TrouverBase(dossiers_.AppPath, dossiers_.CheminData);
   dossiers_.CheminBase = dossier;
   dossiers_.CheminBaseConfig = choisi;
   switch (etat) {
@@ -114,6 +118,11 @@ void Demarrage::TrouverCheminBase() {
           u"Le chemin de la base de données enregistré n'est pas valide.\n"
           "Vous allez travailler avec la base située sur votre disque."_s);
       EnregistrerCheminBase();
+      break;
+    case EtatChemin::Inaccessible:
+      boites_.Attention(raison +
+                        u"\n\nVous allez travailler avec la base située sur votre disque. L'autre "
+                        "sera cherchée de nouveau au prochain démarrage."_s);
       break;
     case EtatChemin::NonTransfere:
       boites_.Information(
@@ -135,8 +144,14 @@ bool Demarrage::FinirEchange(const QString &dossier) {
 }
 
 void Demarrage::PreparerBase() {
+  // A folder that cannot be looked at is told by the opening of its base.
+  Ignorer([this] {
+    if (FinirEchange(dossiers_.CheminBase)) PrendreBaseLivree();
+  });
+}
+
+void Demarrage::PrendreBaseLivree() {
   const QString &dossier = dossiers_.CheminBase;
-  if (!FinirEchange(dossier)) return;
   if (ContientBase(dossier)) {
     Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
     if (ContientBaseLivree(dossier)) MAJ_BDD();
@@ -147,9 +162,9 @@ void Demarrage::PreparerBase() {
 }
 
 void Demarrage::MAJ_BDD() {
-  const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
   const bool faite = Signaler(boites_, [&] {
     try {
+      const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
       MiseAJourBase maj(dossiers_);
       boites_.Information(
           u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);

@@ -35,6 +35,7 @@ class Demarrage {
   /// Finishes the swap of an upgrade that was killed. False when that fails, which has been told.
   bool FinirEchange(const QString &dossier);
   void PreparerBase();
+  void PrendreBaseLivree();
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();

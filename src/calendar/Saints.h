@@ -16,6 +16,7 @@ struct LigneSaints {
 };
 
 /// The lines of the application folder's `Saints.txt`; nothing when there is no such file.
+/// Throws `ErreurFichier` when it is there and cannot be read.
 std::optional<QList<LigneSaints>> ChargerSaints(const QString &appPath);
 
 /// All lines in file order. Never fails: a line that is too short has the parts that it has.

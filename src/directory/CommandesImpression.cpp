@@ -53,8 +53,8 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
                                        return TableAdresse(base).Lire(cles[rang]);
                                      });
               });
-  } catch (const Erreur &) {
-    fin = {};  // told like every other end of the printing
+  } catch (const Erreur &erreur) {
+    fin = {.raison = erreur.Texte()};  // told like every other end of the printing
   }
   Boites &boites = session_.plateforme.boites;
   switch (fin.issue) {
@@ -64,7 +64,8 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
       boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(fin.fichier));
       break;
     case FinImpression::Issue::Echouee:
-      boites.Information(u"Impression annulée"_s);
+      boites.Information(fin.raison.isEmpty() ? u"Impression annulée"_s
+                                              : u"Impression annulée\n\n"_s + fin.raison);
       break;
   }
 }

@@ -175,8 +175,10 @@ void FrmVelmira::ChargerJour() {
   const QDate jour = session_.plateforme.horloge.Maintenant().date();
   ui_->LblDay->setText(session_.plateforme.langue.dayName(jour.dayOfWeek()) + u"   "_s +
                        jour.toString(u"dd/MM/yyyy"_s));
-  if (const auto saints = ChargerSaints(session_.dossiers.AppPath))
-    ui_->LblSaint->setText(SaintsDuJour(*saints, jour));
+  Ignorer([&] {  // the day goes without its saints
+    if (const auto saints = ChargerSaints(session_.dossiers.AppPath))
+      ui_->LblSaint->setText(SaintsDuJour(*saints, jour));
+  });
 }
 
 ListeVelmiras &FrmVelmira::Liste() const {

@@ -45,7 +45,7 @@ void OublierExpediteurDefaut(const QString &appPath) {
 
 std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base) {
   const QString chemin = Fichier(appPath);
-  const auto octets = LireFichier(chemin);
+  const auto octets = LireSiPossible(chemin);
   if (!octets) return std::nullopt;
   const QString texte = DepuisPageDeCode(*octets);
   if (!texte.contains(u'$')) {

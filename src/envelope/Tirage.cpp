@@ -56,4 +56,5 @@ bool Tirage::Imprimer() {
 void Tirage::MontrerFin(const FinImpression &fin, bool fichier) {
   document_->setText(TexteFin(fin, fichier));
   document_->setVisible(!document_->text().isEmpty());
+  if (!fin.raison.isEmpty()) session_.plateforme.boites.Attention(fin.raison);
 }

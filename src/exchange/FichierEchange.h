@@ -13,9 +13,10 @@ class FichierEchange {
   const QString &Chemin() const { return chemin_; }
   bool EstPresent() const;
 
-  /// The whole content, or nothing when it cannot be read.
+  /// The whole content, or nothing when there is no such file. It and the two others throw
+  /// `ErreurFichier` when it is there and cannot be read.
   std::optional<QByteArray> Contenu() const;
-  /// The same; throws `ErreurFichier` when it cannot be read.
+  /// The same of a file that has to be there.
   QByteArray Lire() const;
 
   /// Throws `ErreurFichier`; the old file is then untouched.

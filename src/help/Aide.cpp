@@ -46,7 +46,8 @@ void OuvrirAide(Coquille &coquille, const QString &appPath, const QString &page)
   const QString fichier = appPath + u"/guide/"_s + page.section(u'#', 0, 0);
   if (!QFileInfo(fichier).isFile())
     throw ErreurFichier(
-        u"La page « %1 » de l'aide est introuvable."_s.arg(QDir::toNativeSeparators(fichier)));
+        u"La page « %1 » de l'aide est introuvable.\nRéinstallez Velmira, puis "
+        "recommencez."_s.arg(QDir::toNativeSeparators(fichier)));
   QUrl adresse = QUrl::fromLocalFile(fichier);
   if (const QString ancre = page.section(u'#', 1); !ancre.isEmpty()) adresse.setFragment(ancre);
   coquille.Ouvrir(adresse.toString(QUrl::FullyEncoded));

@@ -26,7 +26,8 @@ QString Important(const QString &texte) {
 
 ErreurFichier Introuvable(const QString &programme) {
   return ErreurFichier(
-      u"Le programme « %1 » ne peut pas être lancé."_s.arg(QDir::toNativeSeparators(programme)));
+      u"Le programme « %1 » ne peut pas être lancé.\nVos données sont intactes. Réinstallez "
+      "Velmira, puis recommencez."_s.arg(QDir::toNativeSeparators(programme)));
 }
 
 }  // namespace
@@ -108,7 +109,9 @@ void CommandesBase::ChangerChemin() {
       "d'utilisation réseau.\n\n"
       "Sélectionnez le répertoire (...\\...\\DataVelmira) sur votre disque ou sur le serveur pour "
       "faire votre choix."_s);
-  if (!actuel.isEmpty() && !EstDossierDeDonnees(actuel))
+  bool valide = true;  // a folder that cannot be looked at is told, and another can be chosen
+  Signaler(boites, [&] { valide = actuel.isEmpty() || EstDossierDeDonnees(actuel); });
+  if (!valide)
     boites.Information(u"Le répertoire enregistré \""_s + QDir::toNativeSeparators(actuel) +
                        u"\"est invalide. \nIl faut le définir à nouveau."_s);
   boites.Information(

@@ -43,7 +43,10 @@ bool Signaler(Boites &boites, Etape &&etape) {
   } catch (const Erreur &erreur) {
     boites.Erreur(erreur.Texte());
   } catch (const std::exception &erreur) {
-    boites.Erreur(QString::fromUtf8(erreur.what()));
+    boites.Erreur(
+        QStringLiteral("Cette commande n'a pas pu être menée à bien.\nCe qui était enregistré est "
+                       "intact. Relancez Velmira avant de recommencer.\n\nDétail technique : %1")
+            .arg(QString::fromUtf8(erreur.what())));
   }
   return false;
 }

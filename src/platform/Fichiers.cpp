@@ -1,7 +1,7 @@
 #include "platform/Fichiers.h"
 
 #include "platform/Disque.h"
-#include "platform/Erreurs.h"
+#include "platform/Pannes.h"
 
 #include <QDir>
 #include <QFile>
@@ -10,24 +10,52 @@
 #include <QScopeGuard>
 
 #include <cerrno>
+#include <filesystem>
+#include <system_error>
 
 using namespace Qt::StringLiterals;
+namespace fs = std::filesystem;
 
 namespace {
+
+/// `patron` names the file as %1.
+QString Nommer(const QString &patron, const QString &chemin) {
+  return patron.arg(QDir::toNativeSeparators(chemin));
+}
+
+fs::file_type Genre(const QString &chemin) {
+  std::error_code erreur;
+  const fs::path place(QFile::encodeName(chemin).toStdString());
+  const fs::file_type genre = fs::status(place, erreur).type();
+  if (genre == fs::file_type::none)
+    throw EchecSysteme(Nommer(u"« %1 » n'est pas accessible"_s, chemin), {}, erreur.value());
+  return genre;
+}
+
+ErreurFichier NonLu(const QString &chemin, int code) {
+  return EchecSysteme(Nommer(u"Le fichier « %1 » n'a pas pu être lu"_s, chemin),
+                      u"Il n'a pas été modifié."_s, code);
+}
+
+ErreurFichier NonEcrit(const QString &chemin, int code) {
+  return EchecSysteme(Nommer(u"Le fichier « %1 » n'a pas pu être écrit"_s, chemin),
+                      u"Ce qui était enregistré est intact."_s, code);
+}
+
+ErreurFichier NonDeplace(const QString &ancien, const QString &nouveau, int code) {
+  return EchecSysteme(u"Le fichier « %1 » n'a pas pu être déplacé vers « %2 »"_s.arg(
+                          QDir::toNativeSeparators(ancien), QDir::toNativeSeparators(nouveau)),
+                      u"Il est intact."_s, code);
+}
 
 /// The renaming or deleting of a file is safe only once its folder is on the disk too.
 void SynchroniserDossierDe(const QString &chemin) {
   const QString dossier = QFileInfo(chemin).absolutePath();
   if (!SynchroniserDossier(dossier))
-    throw ErreurFichier(
-        u"Ce qui vient d'être écrit dans le répertoire « %1 » pourrait manquer après une coupure "
-        u"de "
-        "courant :\n%2"_s.arg(QDir::toNativeSeparators(dossier), qt_error_string()));
-}
-
-ErreurFichier NonEcrit(const QString &chemin, const QString &raison) {
-  return ErreurFichier(u"Le fichier « %1 » n'a pas pu être écrit :\n%2"_s.arg(
-      QDir::toNativeSeparators(chemin), raison));
+    throw EchecSysteme(Nommer(u"Ce qui vient d'être écrit dans le répertoire « %1 » pourrait "
+                              "manquer après une coupure de courant"_s,
+                              dossier),
+                       {}, errno);
 }
 
 /// Lets a new file beside `chemin` be filled, brings it to the disk and lets it be renamed. It goes
@@ -38,9 +66,10 @@ void Ecrire(const QString &chemin, const Remplissage &remplir, const Remplissage
       QString::number(QRandomGenerator::global()->generate64(), 36).rightJustified(13, u'0');
   const auto effacer = qScopeGuard([&] { QFile::remove(provisoire); });
   QFile fichier(provisoire);
-  if (!fichier.open(QIODevice::NewOnly)) throw NonEcrit(chemin, fichier.errorString());
+  errno = 0;
+  if (!fichier.open(QIODevice::NewOnly)) throw NonEcrit(chemin, errno);
   remplir(provisoire);
-  if (!SynchroniserFichier(fichier.handle())) throw NonEcrit(chemin, qt_error_string());
+  if (!SynchroniserFichier(fichier.handle())) throw NonEcrit(chemin, errno);
   fichier.close();
   renommer(provisoire);
 }
@@ -48,31 +77,56 @@ void Ecrire(const QString &chemin, const Remplissage &remplir, const Remplissage
 Remplissage Ecrivain(const QString &chemin, const QByteArray &contenu) {
   return [&chemin, &contenu](const QString &provisoire) {
     QFile fichier(provisoire);
+    errno = 0;
     if (!fichier.open(QIODevice::WriteOnly) || fichier.write(contenu) != contenu.size() ||
         !fichier.flush())
-      throw NonEcrit(chemin, fichier.errorString());
+      throw NonEcrit(chemin, errno);
   };
-}
-
-ErreurFichier NonDeplace(const QString &ancien, const QString &nouveau, const QString &raison) {
-  return ErreurFichier(u"Le fichier « %1 » n'a pas pu être déplacé vers « %2 » :\n%3"_s.arg(
-      QDir::toNativeSeparators(ancien), QDir::toNativeSeparators(nouveau), raison));
 }
 
 /// Moves a file to another disk: it stands whole under one of the names at any moment.
 void CopierPuisEffacer(const QString &ancien, const QString &nouveau) {
-  const auto contenu = LireFichier(ancien);
-  if (!contenu || !CreerFichier(nouveau, *contenu))
-    throw NonDeplace(ancien, nouveau, qt_error_string(contenu ? EEXIST : ENOENT));
+  if (!CreerFichier(nouveau, LireFichierPresent(ancien))) throw NonDeplace(ancien, nouveau, EEXIST);
   EffacerFichier(ancien);
 }
 
 }  // namespace
 
+bool EstPresent(const QString &chemin) {
+  return Genre(chemin) != fs::file_type::not_found;
+}
+
+bool EstFichier(const QString &chemin) {
+  return Genre(chemin) == fs::file_type::regular;
+}
+
+bool EstDossier(const QString &chemin) {
+  return Genre(chemin) == fs::file_type::directory;
+}
+
 std::optional<QByteArray> LireFichier(const QString &chemin) {
+  if (!EstPresent(chemin)) return std::nullopt;
+  if (!EstFichier(chemin)) throw NonLu(chemin, EISDIR);
   QFile fichier(chemin);
-  if (!QFileInfo(chemin).isFile() || !fichier.open(QIODevice::ReadOnly)) return std::nullopt;
-  return fichier.readAll();
+  QByteArray octets;
+  errno = 0;
+  if (fichier.open(QIODevice::ReadOnly)) octets = fichier.readAll();
+  // The content ends where the reading fails; only the error tells.
+  if (const int code = errno; fichier.error() != QFileDevice::NoError) throw NonLu(chemin, code);
+  return octets;
+}
+
+QByteArray LireFichierPresent(const QString &chemin) {
+  if (auto octets = LireFichier(chemin)) return *std::move(octets);
+  throw NonLu(chemin, ENOENT);
+}
+
+std::optional<QByteArray> LireSiPossible(const QString &chemin) {
+  try {
+    return LireFichier(chemin);
+  } catch (const ErreurFichier &) {
+    return std::nullopt;
+  }
 }
 
 QString PrefixeProvisoire() {
@@ -84,13 +138,13 @@ void RemplacerFichier(const QString &chemin, const QByteArray &contenu) {
 }
 
 void RemplacerFichierPar(const QString &chemin, const Remplissage &remplir) {
+  if (EstPresent(chemin) && !EstFichier(chemin)) throw NonEcrit(chemin, EISDIR);
   const QFileInfo ancien(chemin);
   const QString cible = ancien.isSymLink() ? ancien.symLinkTarget() : chemin;
-  if (ancien.isDir()) throw NonEcrit(chemin, qt_error_string(EISDIR));
-  if (ancien.exists() && !ancien.isWritable()) throw NonEcrit(chemin, qt_error_string(EACCES));
+  if (ancien.exists() && !ancien.isWritable()) throw NonEcrit(chemin, EACCES);
   Ecrire(cible, remplir, [&](const QString &provisoire) {
     if (ancien.exists()) QFile::setPermissions(provisoire, ancien.permissions());
-    if (!RenommerEnRemplacant(provisoire, cible)) throw NonEcrit(chemin, qt_error_string());
+    if (!RenommerEnRemplacant(provisoire, cible)) throw NonEcrit(chemin, errno);
   });
   SynchroniserDossierDe(cible);
 }
@@ -100,7 +154,7 @@ bool CreerFichier(const QString &chemin, const QByteArray &contenu) {
   Ecrire(chemin, Ecrivain(chemin, contenu), [&](const QString &provisoire) {
     renommage = RenommerSansRemplacer(provisoire, chemin);
     if (renommage != Renommage::Fait && renommage != Renommage::NomPris)
-      throw NonEcrit(chemin, qt_error_string());
+      throw NonEcrit(chemin, errno);
   });
   if (renommage == Renommage::NomPris) return false;
   SynchroniserDossierDe(chemin);
@@ -108,10 +162,9 @@ bool CreerFichier(const QString &chemin, const QByteArray &contenu) {
 }
 
 void EffacerFichier(const QString &chemin) {
-  QFile fichier(chemin);
-  if (!fichier.remove())
-    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être effacé :\n%2"_s.arg(
-        QDir::toNativeSeparators(chemin), fichier.errorString()));
+  errno = 0;
+  if (!QFile::remove(chemin))
+    throw EchecSysteme(Nommer(u"Le fichier « %1 » n'a pas pu être effacé"_s, chemin), {}, errno);
   SynchroniserDossierDe(chemin);
 }
 
@@ -121,26 +174,26 @@ void RenommerFichier(const QString &ancien, const QString &nouveau) {
     CopierPuisEffacer(ancien, nouveau);
     return;
   }
-  if (renommage != Renommage::Fait) throw NonDeplace(ancien, nouveau, qt_error_string());
+  if (renommage != Renommage::Fait) throw NonDeplace(ancien, nouveau, errno);
   SynchroniserDossierDe(nouveau);
   SynchroniserDossierDe(ancien);
 }
 
 void RemplacerParRenommage(const QString &ancien, const QString &nouveau) {
-  if (!RenommerEnRemplacant(ancien, nouveau)) throw NonDeplace(ancien, nouveau, qt_error_string());
+  if (!RenommerEnRemplacant(ancien, nouveau)) throw NonDeplace(ancien, nouveau, errno);
   SynchroniserDossierDe(nouveau);
 }
 
 void CreerDossier(const QString &chemin, Acces acces) {
   const QString dossier = QDir::cleanPath(QFileInfo(chemin).absoluteFilePath());
-  if (QFileInfo(dossier).isDir()) return;
+  if (EstDossier(dossier)) return;
   CreerDossier(QFileInfo(dossier).path(), acces);
+  errno = 0;
   const bool cree =
       acces == Acces::Prive
           ? QDir().mkdir(dossier, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner)
           : QDir().mkdir(dossier);
-  if (!cree && !QFileInfo(dossier).isDir())
-    throw ErreurFichier(
-        u"Le répertoire « %1 » n'a pas pu être créé."_s.arg(QDir::toNativeSeparators(chemin)));
+  if (const int code = errno; !cree && !EstDossier(dossier))
+    throw EchecSysteme(Nommer(u"Le répertoire « %1 » n'a pas pu être créé"_s, chemin), {}, code);
   SynchroniserDossierDe(dossier);
 }

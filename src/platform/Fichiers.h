@@ -1,5 +1,6 @@
 #pragma once
 // Files read and written as a whole. Every file that the program writes goes through here.
+// What fails throws `ErreurFichier`, a French sentence with the file's name and what can be done.
 
 #include <QByteArray>
 #include <QString>
@@ -7,8 +8,19 @@
 #include <functional>
 #include <optional>
 
-/// The whole content, or nothing when it is not a readable file.
+/// Whether anything, a file or a folder stands there. A folder on the way that may not be entered
+/// and a disk that does not answer are no absence: they throw `ErreurFichier`.
+bool EstPresent(const QString &chemin);
+bool EstFichier(const QString &chemin);
+bool EstDossier(const QString &chemin);
+
+/// The whole content; nothing when nothing bears that name. Throws `ErreurFichier` when it is there
+/// and cannot be read to its end.
 std::optional<QByteArray> LireFichier(const QString &chemin);
+/// The same of a file that has to be there: its absence is thrown too.
+QByteArray LireFichierPresent(const QString &chemin);
+/// The same of a file that can be done without: nothing also when it cannot be read.
+std::optional<QByteArray> LireSiPossible(const QString &chemin);
 
 // What is written and renamed stands on the disk afterwards. Where only the flush of the folder has
 // failed, that is thrown too, with the new file in its place.

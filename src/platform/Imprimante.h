@@ -43,6 +43,7 @@ struct FinImpression {
 
   Issue issue = Issue::Echouee;
   QString fichier = {};  ///< path of what was written, where it is `Enregistree`
+  QString raison = {};   ///< why it is `Echouee`, as words for the user; empty where nobody knows
 
   friend bool operator==(const FinImpression &, const FinImpression &) = default;
 };

@@ -1,10 +1,10 @@
 #include "storage/Base.h"
 
+#include "platform/Fichiers.h"
 #include "storage/Moteur.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSqlQuery>
 
@@ -18,16 +18,13 @@ constexpr auto kAttente = 10s, kAttenteLecture = 2s;
 // Preparing costs several times what a row by its key does. No limit that the program reaches.
 constexpr std::size_t kPrepares = 100;
 
-ErreurBase NonOuverte(const QString &chemin, const ErreurBase &erreur) {
-  const QString fichier = QDir::toNativeSeparators(chemin);
-  const GenreErreur genre = erreur.Genre();
-  if (genre != GenreErreur::Endommagee && genre != GenreErreur::Autre)
-    return ErreurBase(
-        u"Le fichier « %1 » n'a pas pu être ouvert :\n%2"_s.arg(fichier, erreur.Texte()), genre);
-  return ErreurBase(
-      u"Le fichier « %1 » n'est pas une base de données de Velmira, ou il est "
-      "endommagé :\n%2\n\nIl n'a pas été modifié."_s.arg(fichier, erreur.Cause()),
-      genre);
+/// Whether there is something to open. Throws `ErreurBase` where that cannot be told.
+bool EstLa(const QString &chemin) {
+  try {
+    return EstPresent(chemin);
+  } catch (const ErreurFichier &erreur) {
+    throw ErreurBase(erreur.Texte(), GenreErreur::Inaccessible);
+  }
 }
 
 }  // namespace
@@ -40,7 +37,7 @@ Base::~Base() {
 
 void Base::Ouvrir(const QString &chemin) {
   Fermer();
-  if (!QFileInfo::exists(chemin)) return;
+  if (!EstLa(chemin)) return;
   try {
     connexion_ = std::make_unique<Connexion>(chemin, Connexion::Fichier::Present, kAttente);
     chemin_ = QFileInfo(chemin).absoluteFilePath();
@@ -48,7 +45,7 @@ void Base::Ouvrir(const QString &chemin) {
     Attendre(kAttenteLecture);
   } catch (const ErreurBase &erreur) {
     Fermer();
-    throw NonOuverte(chemin, erreur);
+    throw ErreurOuverture(chemin, erreur);
   }
 }
 
@@ -58,18 +55,24 @@ void Base::Verifier() {
     return requete.Suivante() ? requete.Entier(0) : 0;
   };
   if (entier(u"PRAGMA application_id"_s) != kApplication)
-    throw ErreurBase(u"il vient d'un autre programme."_s);
-  if (entier(u"PRAGMA user_version"_s) > kVersion)
-    throw ErreurBase(u"il vient d'une version plus récente de Velmira."_s);
+    throw ErreurBase({}, GenreErreur::Etrangere);
+  if (entier(u"PRAGMA user_version"_s) > kVersion) throw ErreurBase({}, GenreErreur::PlusRecente);
   // The end of a transaction is on the disk with the name of its journal gone, also for a machine
   // that loses its power.
   Requete(*this, u"PRAGMA synchronous=EXTRA"_s).Executer();
-  PourChaqueTable([this]<typename L>(Table<L> table) {
-    const QString nom = QString::fromUtf16(Table<L>::nom);
-    if (!connexion_->ATable(nom)) throw ErreurBase(u"il n'a pas de table %1."_s.arg(nom));
-    Requete(*this, u"SELECT "_s + ListeColonnes(table) + u" FROM "_s + Nom(table) + u" LIMIT 0"_s)
-        .Suivante();
-  });
+  try {
+    PourChaqueTable([this]<typename L>(Table<L> table) {
+      const QString nom = QString::fromUtf16(Table<L>::nom);
+      if (!connexion_->ATable(nom))
+        throw ErreurBase({}, GenreErreur::Endommagee, u"table %1 absente"_s.arg(nom));
+      Requete(*this, u"SELECT "_s + ListeColonnes(table) + u" FROM "_s + Nom(table) + u" LIMIT 0"_s)
+          .Suivante();
+    });
+  } catch (const ErreurBase &erreur) {
+    // A statement that cannot be made: a column has gone.
+    if (erreur.Genre() != GenreErreur::Autre) throw;
+    throw ErreurBase({}, GenreErreur::Endommagee, erreur.Detail());
+  }
 }
 
 void Base::Fermer() {
@@ -92,7 +95,10 @@ void Base::Attendre(std::chrono::milliseconds duree) {
 }
 
 std::unique_ptr<QSqlQuery> Base::Preparer(const QString &texte) {
-  if (!Ouverte()) throw ErreurBase(u"La base de données n'est pas ouverte."_s);
+  if (!Ouverte())
+    throw ErreurBase(
+        u"La base de données n'est pas ouverte : rien ne peut y être lu ni enregistré.\n"
+        "Vérifiez que son disque ou son serveur répond, puis relancez Velmira."_s);
   ExigerTransaction();
   const auto prepare = prepares_.find(texte);
   if (prepare != prepares_.end() && prepare->second) return std::move(prepare->second);

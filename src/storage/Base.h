@@ -18,27 +18,31 @@ enum class GenreErreur {
   Occupee,       ///< another connection has held its lock longer than is waited for
   Pleine,        ///< no place left on the disk
   LectureSeule,  ///< the file or its folder cannot be written
-  Endommagee,    ///< the file is damaged, or no database at all
+  Inaccessible,  ///< the file or its folder cannot be reached: no right, no such place
+  Materiel,      ///< the disk or the network has failed
+  Endommagee,    ///< the file is damaged, or lacks a part of a database of ours
+  Etrangere,     ///< the file is no database of ours
+  PlusRecente,   ///< the file is one of a newer version
   Contrainte,    ///< the row does not suit its table; nothing else has failed
-  Autre,         ///< anything else: no such file, a failing disk, a row that has gone
+  Autre,         ///< anything else: a row that has gone, a lack of memory
 };
 
 /// A failure of the engine, a file that is not ours, or a row that another user has deleted.
 class ErreurBase : public Erreur {
  public:
-  /// `moteur`: the engine's own words, where `texte` is a sentence around them.
+  /// `detail`: the engine's own words, which stand behind the sentence.
   explicit ErreurBase(const QString &texte, GenreErreur genre = GenreErreur::Autre,
-                      const QString &moteur = {})
-      : Erreur(texte), genre_(genre), moteur_(moteur) {}
+                      const QString &detail = {})
+      : Erreur(texte), genre_(genre), detail_(detail) {}
 
   GenreErreur Genre() const { return genre_; }
 
-  /// What has failed in the fewest words, to stand behind a sentence of one's own.
-  QString Cause() const { return moteur_.isEmpty() ? Texte() : moteur_; }
+  /// The engine's own words, for another sentence; empty where it has said nothing.
+  const QString &Detail() const { return detail_; }
 
  private:
   GenreErreur genre_;
-  QString moteur_;
+  QString detail_;
 };
 
 /// The SQLite file `Velmira.mdb`. It is marked by its application id and its schema version;
@@ -55,8 +59,8 @@ class Base {
   Base &operator=(const Base &) = delete;
 
   /// Opens an existing file. A file that is missing leaves the base closed, without an error.
-  /// Throws `ErreurBase` when it is something else than a database of ours, or cannot be read now
-  /// (`Genre` tells which); it stays closed then.
+  /// Throws `ErreurBase` when it is something else than a database of ours, or cannot be read now:
+  /// `Genre` tells which, and each has a sentence of its own. It stays closed then.
   void Ouvrir(const QString &chemin);
   void Fermer();
   bool Ouverte() const { return connexion_ != nullptr; }

@@ -18,9 +18,7 @@ const QString kInstallation = u"Installation.cfg"_s;   // schema version of the 
 const QString kEditionGuide = u"guide/edition.txt"_s;  // differs wherever the guide does
 
 void Copier(const QString &source, const QString &cible) {
-  const auto contenu = LireFichier(source);
-  if (!contenu) throw ErreurFichier(u"Le fichier « %1 » ne peut pas être lu."_s.arg(source));
-  RemplacerFichier(cible, *contenu);
+  RemplacerFichier(cible, LireFichierPresent(source));
 }
 
 /// The guide is the program's own: another edition replaces it. The mark comes last, so that a copy

@@ -7,19 +7,10 @@
 #include "storage/MiseAJour.h"
 
 #include <QDir>
-#include <QFileInfo>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool EstDossier(const QString &chemin) {
-  return !chemin.isEmpty() && QFileInfo(chemin).isDir();
-}
-
-bool EstFichier(const QString &chemin) {
-  return QFileInfo(chemin).isFile();
-}
 
 QString FichierCheminData(const QString &appPath) {
   return appPath + u"/CheminData.cfg"_s;
@@ -82,14 +73,19 @@ void EcrireCheminBase(const QString &appPath, const QString &chemin) {
 }
 
 EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData) {
-  const auto enregistre = LireCheminBase(appPath);
-  if (!enregistre) return {EtatChemin::Inconnu, cheminData, cheminData};
-  if (*enregistre == cheminData) return {EtatChemin::Local, cheminData, cheminData};
-  if (enregistre->contains(NomDossierDonnees()) &&
-      (ContientBase(*enregistre) || EchangeInterrompu(*enregistre)))
-    return {EtatChemin::Partage, *enregistre, *enregistre};
-  if (EstDossierDeDonnees(*enregistre)) return {EtatChemin::NonTransfere, cheminData, *enregistre};
-  return {EtatChemin::Invalide, cheminData, cheminData};
+  QString choisi = cheminData;
+  try {
+    const auto enregistre = LireCheminBase(appPath);
+    if (!enregistre) return {EtatChemin::Inconnu, cheminData, cheminData};
+    if (*enregistre == cheminData) return {EtatChemin::Local, cheminData, cheminData};
+    choisi = *enregistre;
+    if (choisi.contains(NomDossierDonnees()) && (ContientBase(choisi) || EchangeInterrompu(choisi)))
+      return {EtatChemin::Partage, choisi, choisi};
+    if (EstDossierDeDonnees(choisi)) return {EtatChemin::NonTransfere, cheminData, choisi};
+    return {EtatChemin::Invalide, cheminData, cheminData};
+  } catch (const ErreurFichier &erreur) {
+    return {EtatChemin::Inaccessible, cheminData, choisi, erreur.Texte()};
+  }
 }
 
 bool EstDossierDeDonnees(const QString &chemin) {
@@ -143,10 +139,6 @@ void RemplacerBaseLivree(const Dossiers &dossiers) {
   // What an upgrade that was killed has left beside the old one would be put into the new one. The
   // old one has lost its way back then; but it is replaced, now or at the next start.
   if (const QString journal = cible + u"-journal"_s; EstFichier(journal)) EffacerFichier(journal);
-  const auto contenu = LireFichier(source);
-  if (!contenu)
-    throw ErreurFichier(
-        u"Le fichier « %1 » ne peut pas être lu."_s.arg(QDir::toNativeSeparators(source)));
-  RemplacerFichier(cible, *contenu);
+  RemplacerFichier(cible, LireFichierPresent(source));
   EffacerFichier(source);
 }

@@ -8,10 +8,12 @@
 
 #include <optional>
 
-/// The user's data folder; nothing when he is to be asked for it.
+/// The user's data folder; nothing when he is to be asked for it. Throws `ErreurFichier` when the
+/// record cannot be read.
 std::optional<QString> LireCheminData(const QString &appPath);
 
-/// The folder that is recorded for the database; nothing when none is.
+/// The folder that is recorded for the database; nothing when none is. Throws `ErreurFichier` when
+/// the record cannot be read.
 std::optional<QString> LireCheminBase(const QString &appPath);
 
 /// Record a folder. They throw `ErreurFichier`, also for a path that the file could not give back;
@@ -26,17 +28,20 @@ enum class EtatChemin {
   Partage,       ///< another data folder, with its database
   NonTransfere,  ///< a data folder to which no database has been transferred yet
   Invalide,      ///< no data folder
+  Inaccessible,  ///< nobody can tell now: the folder or its record cannot be read
 };
 
 struct EmplacementBase {
   EtatChemin etat;
   QString dossier;  ///< where the database of this run is: the user's data folder but on a share
   QString choisi;   ///< what the user has chosen to work with; his data folder for no valid choice
+  QString raison = {};  ///< why it is `Inaccessible`, as words for the user
 };
 
 /// Only looks: no file changes.
 EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData);
 
+/// These look at the disk, and throw `ErreurFichier` where it does not let them.
 /// Whether a folder is there and bears the name of one of data.
 bool EstDossierDeDonnees(const QString &chemin);
 /// Whether it holds no file.

@@ -10,7 +10,6 @@
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 #include <limits>
@@ -194,9 +193,13 @@ void EchangerBases(const Dossiers &dossiers) {
     RenommerFichier(FichierBaseLivree(dossier), dossiers.Base());
   } catch (const Erreur &) {
     // A renaming may have been done, and only its flush have failed.
-    if (!ContientBaseLivree(dossier))
-      Ignorer([&] { RenommerFichier(dossiers.Base(), FichierBaseLivree(dossier)); });
-    if (!ContientBase(dossier)) Ignorer([&] { RenommerFichier(ancien, dossiers.Base()); });
+    Ignorer([&] {
+      if (!ContientBaseLivree(dossier))
+        RenommerFichier(dossiers.Base(), FichierBaseLivree(dossier));
+    });
+    Ignorer([&] {
+      if (!ContientBase(dossier)) RenommerFichier(ancien, dossiers.Base());
+    });
     throw;
   }
 }
@@ -221,7 +224,7 @@ void MiseAJourBase::Executer(const QString &separateurTel,
   if (!source_->EstEnPlace()) return;
   RemplacerBaseLivree(dossiers_);
   const QString livree = FichierBaseLivree(dossiers_.CheminBase);
-  if (!QFileInfo(livree).isFile()) return;
+  if (!EstFichier(livree)) return;
 
   const auto alarme = LireAncienneAlarme(dossiers_.AppPath);
   Base cible;
@@ -246,7 +249,6 @@ bool AttendreEchange(const QString &cheminBase) {
 }
 
 bool EchangeInterrompu(const QString &cheminBase) {
-  return QFileInfo(FichierBaseLivree(cheminBase)).isFile() &&
-         QFileInfo(CheminAncien(cheminBase)).isFile() &&
-         !QFileInfo::exists(FichierBase(cheminBase));
+  return EstFichier(FichierBaseLivree(cheminBase)) && EstFichier(CheminAncien(cheminBase)) &&
+         !EstPresent(FichierBase(cheminBase));
 }

@@ -1,10 +1,15 @@
 #include "storage/Moteur.h"
 
+#include "platform/Pannes.h"
+
+#include <QDir>
 #include <QFileInfo>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUrl>
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -18,9 +23,16 @@ GenreErreur Genre(int code) {
       return GenreErreur::Occupee;
     case 8:
       return GenreErreur::LectureSeule;
+    case 3:   // no right
+    case 14:  // cannot be opened, or its journal cannot
+    case 23:
+      return GenreErreur::Inaccessible;
+    case 10:
+      return GenreErreur::Materiel;
     case 11:  // a page makes no sense
-    case 26:  // not a database at all
       return GenreErreur::Endommagee;
+    case 26:
+      return GenreErreur::Etrangere;
     case 13:
       return GenreErreur::Pleine;
     case 19:
@@ -30,27 +42,46 @@ GenreErreur Genre(int code) {
   }
 }
 
-QString Phrase(GenreErreur genre) {
+Panne PanneBase(GenreErreur genre) {
   switch (genre) {
     case GenreErreur::Occupee:
-      return u"La base de données est occupée par un autre utilisateur.\n"
-             "Ce qui était enregistré est intact. Recommencez dans un instant."_s;
+      return PanneSysteme(EBUSY);
     case GenreErreur::Pleine:
-      return u"Le disque est plein : la base de données n'a pas pu être écrite.\n"
-             "Ce qui était enregistré est intact. Libérez de la place, puis recommencez."_s;
+      return PanneSysteme(ENOSPC);
     case GenreErreur::LectureSeule:
-      return u"La base de données est protégée en écriture.\n"
-             "Ce qui était enregistré est intact. Vérifiez vos droits sur le fichier et sur son "
-             "répertoire."_s;
+      return PanneSysteme(EROFS);
+    case GenreErreur::Materiel:
+      return PanneSysteme(EIO);
+    case GenreErreur::Inaccessible:
+      return {u"le fichier ou son répertoire n'est pas accessible"_s,
+              u"Vérifiez vos droits sur l'un et l'autre, et que le disque ou le serveur répond, "
+              "puis recommencez."_s};
     case GenreErreur::Endommagee:
-      return u"La base de données est endommagée : elle ne peut pas être lue en entier.\n"
-             "Reprenez-en une copie de sauvegarde."_s;
+      return {u"le fichier est endommagé"_s,
+              u"Lancez « Réparer et compacter la base de données », ou remettez à sa place une "
+              "copie de sauvegarde."_s};
+    case GenreErreur::Etrangere:
+      return {u"ce n'est pas une base de données de Velmira"_s,
+              u"Remettez à sa place votre base ou une copie de sauvegarde."_s};
+    case GenreErreur::PlusRecente:
+      return {u"il vient d'une version plus récente de Velmira"_s,
+              u"Installez cette version pour l'ouvrir."_s};
     case GenreErreur::Contrainte:
-      return u"La base de données refuse cet enregistrement. Les autres sont intacts."_s;
+      return {u"la base n'admet pas cet enregistrement"_s, u"Corrigez-le, puis recommencez."_s};
     case GenreErreur::Autre:
       break;
   }
-  return {};
+  return {u"une erreur imprévue s'est produite"_s,
+          u"Recommencez ; si cela se reproduit, relancez Velmira."_s};
+}
+
+/// Why a file that the engine could not reach cannot be opened. It is looked at only: to open a
+/// file here and close it would take this program's own locks off it.
+Panne PanneAcces(const QString &chemin) {
+  const QFileInfo fichier(chemin);
+  if (fichier.isDir()) return PanneSysteme(EISDIR);
+  if (!fichier.isReadable()) return PanneSysteme(EACCES);
+  return PanneBase(GenreErreur::Inaccessible);
 }
 
 QString Adresse(const QString &chemin, const QString &mode) {
@@ -68,21 +99,36 @@ QString AdresseEnLecture(const QString &chemin) {
   return Adresse(chemin, u"ro"_s);
 }
 
-ErreurBase ErreurMoteur(const QSqlError &erreur) {
-  const GenreErreur genre = Genre(erreur.nativeErrorCode().toInt());
-  const QString phrase = Phrase(genre);
-  if (phrase.isEmpty()) return ErreurBase(erreur.text(), genre);
-  return ErreurBase(phrase + u"\n\n"_s + erreur.text(), genre, erreur.text());
+ErreurBase ErreurMoteur(const QSqlError &erreur, const QString &chemin) {
+  const QString code = erreur.nativeErrorCode();
+  const QString mots =
+      erreur.databaseText().isEmpty() ? erreur.driverText() : erreur.databaseText();
+  const QString detail = code.isEmpty() ? mots : u"%1 (%2)"_s.arg(mots, code);
+  const GenreErreur genre = Genre(code.toInt());
+  return ErreurBase(PhraseEchec(u"La base de données « %1 » n'a pas pu être lue ou écrite"_s.arg(
+                                    QDir::toNativeSeparators(chemin)),
+                                PanneBase(genre), u"Ce qui était enregistré est intact."_s, detail),
+                    genre, detail);
 }
 
-Connexion::Connexion(const QString &chemin, Fichier fichier, std::chrono::milliseconds attente) {
+ErreurBase ErreurOuverture(const QString &chemin, const ErreurBase &erreur) {
+  const GenreErreur genre = erreur.Genre();
+  const Panne panne = genre == GenreErreur::Inaccessible ? PanneAcces(chemin) : PanneBase(genre);
+  return ErreurBase(PhraseEchec(u"La base de données « %1 » n'a pas pu être ouverte"_s.arg(
+                                    QDir::toNativeSeparators(chemin)),
+                                panne, u"Le fichier n'a pas été modifié."_s, erreur.Detail()),
+                    genre, erreur.Detail());
+}
+
+Connexion::Connexion(const QString &chemin, Fichier fichier, std::chrono::milliseconds attente)
+    : chemin_(chemin) {
   connexion_ = std::make_unique<QSqlDatabase>(QSqlDatabase::addDatabase(
       u"QSQLITE"_s, u"velmira-%1"_s.arg(reinterpret_cast<quintptr>(this))));
   connexion_->setDatabaseName(fichier == Fichier::Present ? AdresseMoteur(chemin)
                                                           : Adresse(chemin, u"rwc"_s));
   connexion_->setConnectOptions(u"QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=%1"_s.arg(attente.count()));
   if (connexion_->open()) return;
-  const ErreurBase erreur = ErreurMoteur(connexion_->lastError());
+  const ErreurBase erreur = ErreurMoteur(connexion_->lastError(), chemin_);
   Fermer();
   throw erreur;
 }
@@ -101,19 +147,20 @@ void Connexion::Fermer() {
 std::unique_ptr<QSqlQuery> Connexion::Preparer(const QString &texte) const {
   auto requete = std::make_unique<QSqlQuery>(*connexion_);
   requete->setForwardOnly(true);
-  if (!requete->prepare(texte)) throw ErreurMoteur(requete->lastError());
+  if (!requete->prepare(texte)) throw ErreurMoteur(requete->lastError(), chemin_);
   return requete;
 }
 
 void Connexion::Executer(const QString &texte) const {
   const auto requete = Preparer(texte);
-  if (!requete->exec()) throw ErreurMoteur(requete->lastError());
+  if (!requete->exec()) throw ErreurMoteur(requete->lastError(), chemin_);
 }
 
 bool Connexion::ATable(const QString &nom) const {
   const auto requete = Preparer(
       u"SELECT 1 FROM sqlite_master WHERE type='table' AND rootpage>0 AND name=? COLLATE NOCASE"_s);
   requete->addBindValue(nom);
-  if (!requete->exec()) throw ErreurMoteur(requete->lastError());
-  return requete->next();
+  const bool la = requete->exec() && requete->next();
+  if (requete->lastError().isValid()) throw ErreurMoteur(requete->lastError(), chemin_);
+  return la;
 }

@@ -20,8 +20,12 @@ QString AdresseMoteur(const QString &chemin);
 /// program's writing waits to be taken back.
 QString AdresseEnLecture(const QString &chemin);
 
-/// The failure with its kind, a sentence for the user and the engine's own words.
-ErreurBase ErreurMoteur(const QSqlError &erreur);
+/// The failure of a statement on the file at work: its kind, a sentence for the user and the
+/// engine's own words.
+ErreurBase ErreurMoteur(const QSqlError &erreur, const QString &chemin);
+
+/// The same failure as the one of an opening, which has a sentence of its own for each kind.
+ErreurBase ErreurOuverture(const QString &chemin, const ErreurBase &erreur);
 
 /// One connection to a file. Statements go before it does. Every verb throws `ErreurBase`.
 class Connexion {
@@ -44,5 +48,6 @@ class Connexion {
  private:
   void Fermer();
 
+  QString chemin_;
   std::unique_ptr<QSqlDatabase> connexion_;
 };

@@ -6,7 +6,7 @@
 #include "platform/PageDeCode.h"
 #include "platform/Sections.h"
 
-#include <QFileInfo>
+#include <QDir>
 
 #include <algorithm>
 #include <cmath>
@@ -205,52 +205,82 @@ void EcrireValeur(RedacteurEnregistrement &redacteur, Valeur valeur) {
   redacteur.Ecrire(std::int64_t{EnNombre(valeur)});
 }
 
+enum class Lecture { Absente, Faite, Manquee };
+
+/// Hands over what a settings file holds.
+template <typename Fonction>
+Lecture Lire(const QString &chemin, Fonction &&prendre) {
+  try {
+    const auto octets = LireFichier(chemin);
+    if (octets) prendre(*octets);
+    return octets ? Lecture::Faite : Lecture::Absente;
+  } catch (const ErreurFichier &) {
+    return Lecture::Manquee;
+  }
+}
+
 template <typename Structure, typename... Membres>
-void LireEnregistrement(const QString &chemin, Structure &cible,
-                        const std::tuple<Membres...> &membres) {
-  const auto octets = LireFichier(chemin);
-  if (!octets) return;
-  LecteurEnregistrement lecteur(*octets);
+void PrendreEnregistrement(const QByteArray &octets, Structure &cible,
+                           const std::tuple<Membres...> &membres) {
+  LecteurEnregistrement lecteur(octets);
   std::apply([&](auto... membre) { (LireValeur(lecteur, cible.*membre), ...); }, membres);
+}
+
+template <typename Structure, typename... Membres>
+Lecture LireEnregistrement(const QString &chemin, Structure &cible,
+                           const std::tuple<Membres...> &membres) {
+  return Lire(chemin,
+              [&](const QByteArray &octets) { PrendreEnregistrement(octets, cible, membres); });
+}
+
+/// Keeps what could not be read from being written over.
+void Exiger(bool lu, const QString &chemin) {
+  if (!lu)
+    throw ErreurFichier(
+        u"Le fichier « %1 » n'a pas été écrit : il n'a pas pu être lu, et les réglages qu'il "
+        "contient seraient perdus.\nIl est intact. Vérifiez vos droits sur ce fichier, puis "
+        "relancez Velmira."_s.arg(QDir::toNativeSeparators(chemin)));
 }
 
 template <typename Structure, typename... Membres>
 void EcrireEnregistrement(const QString &chemin, const Structure &source,
                           const std::tuple<Membres...> &membres) {
+  Exiger(!source.NonLu, chemin);
   RedacteurEnregistrement redacteur;
   std::apply([&](auto... membre) { (EcrireValeur(redacteur, source.*membre), ...); }, membres);
   RemplacerFichier(chemin, redacteur.Octets());
 }
 
 void LirePlomex(const QString &appPath, ReglagesPlomex &plomex) {
-  const auto octets = LireFichier(Fichier(appPath, u"Plomex.ini"));
-  if (!octets) {
-    plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
-    plomex.TailleA = 10;
-    plomex.TailleE = 8;
-    return;
-  }
-  const Sections sections(*octets);
-  std::apply(
-      [&](const auto &...cle) {
-        (PrendreIni(sections.LireCle(kSection, QString::fromUtf16(cle.nom), cle.taille),
-                    plomex.*cle.valeur),
-         ...);
-      },
-      kClesPlomex);
+  const Lecture lecture = Lire(Fichier(appPath, u"Plomex.ini"), [&](const QByteArray &octets) {
+    const Sections sections(octets);
+    std::apply(
+        [&](const auto &...cle) {
+          (PrendreIni(sections.LireCle(kSection, QString::fromUtf16(cle.nom), cle.taille),
+                      plomex.*cle.valeur),
+           ...);
+        },
+        kClesPlomex);
+  });
+  plomex.NonLu = lecture == Lecture::Manquee;
+  if (lecture == Lecture::Faite) return;
+  plomex.PoliceA = plomex.PoliceE = u"Arial"_s;
+  plomex.TailleA = 10;
+  plomex.TailleE = 8;
 }
 
 void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
   const QString chemin = Fichier(appPath, u"RTColor.ini");
-  if (!QFileInfo(chemin).isFile()) Ignorer([&] { EcrireRTColor(appPath, rtcolor); });
-  LireEnregistrement(chemin, rtcolor, kValeursRTColor);
+  const Lecture lecture = LireEnregistrement(chemin, rtcolor, kValeursRTColor);
+  rtcolor.NonLu = lecture == Lecture::Manquee;
+  if (lecture == Lecture::Absente) Ignorer([&] { EcrireRTColor(appPath, rtcolor); });
   if (rtcolor.TailleFenetre == 0 || rtcolor.TailleFenetre == 1) rtcolor.TailleFenetre = 9000;
 }
 
 /// An older form of the text between postal code and town: read once, then deleted.
 void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
   const QString chemin = Fichier(appPath, u"Liaison.txt");
-  const auto octets = LireFichier(chemin);
+  const auto octets = LireSiPossible(chemin);
   if (!octets) return;
   LecteurEnregistrement(*octets).Lire(liaisonCP);
   Ignorer([&] { EffacerFichier(chemin); });
@@ -259,17 +289,23 @@ void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
 }  // namespace
 
 void LireReglages(const QString &appPath, Reglages &reglages) {
-  reglages.SeparateurTel = LireSeparateurTel(appPath);
+  try {
+    reglages.SeparateurTel = LireSeparateurTel(appPath);
+    reglages.LiaisonNonLue = false;
+  } catch (const ErreurFichier &) {
+    reglages.LiaisonNonLue = true;
+  }
   // Each run begins with this text, whatever `Liaison.cfg` stores of the last one.
   reglages.LiaisonCP = u" - "_s;
   LireAncienneLiaison(appPath, reglages.LiaisonCP);
   LireAlarme(appPath, reglages.alarme);
   LireRTColor(appPath, reglages.rtcolor);
-  LireEnregistrement(Fichier(appPath, u"Memora.ini"), reglages.memora, kValeursMemora);
-  const QString sauvan = Fichier(appPath, u"Sauvan.cfg");
-  LireEnregistrement(sauvan, reglages.sauvan, kValeursSauvan);
+  reglages.memora.NonLu = LireEnregistrement(Fichier(appPath, u"Memora.ini"), reglages.memora,
+                                             kValeursMemora) == Lecture::Manquee;
+  const Lecture sauvan =
+      LireEnregistrement(Fichier(appPath, u"Sauvan.cfg"), reglages.sauvan, kValeursSauvan);
   LirePlomex(appPath, reglages.plomex);
-  if (QFileInfo(sauvan).isFile() && reglages.sauvan.AdressesPresentes.EstNul())
+  if (sauvan == Lecture::Faite && reglages.sauvan.AdressesPresentes.EstNul())
     reglages.plomex.Adresse = false;
 }
 
@@ -288,6 +324,7 @@ std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, q
 
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
   const QString chemin = Fichier(appPath, u"Plomex.ini");
+  Exiger(!plomex.NonLu, chemin);
   Sections sections(LireFichier(chemin).value_or(QByteArray()));
   std::apply(
       [&](const auto &...cle) {
@@ -306,17 +343,17 @@ void EcrireMemora(const QString &appPath, const ReglagesMemora &memora) {
   EcrireEnregistrement(Fichier(appPath, u"Memora.ini"), memora, kValeursMemora);
 }
 
-std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
+namespace {
+
+std::optional<AncienneAlarme> AncienneForme(const QByteArray &octets) {
   constexpr qsizetype kPlusLongue = 6;  // line of the present form
-  const auto octets = LireFichier(Fichier(appPath, u"Alarme.ini"));
-  if (!octets) return std::nullopt;
-  QByteArray ligne = octets->split('\n').constFirst();
+  QByteArray ligne = octets.split('\n').constFirst();
   if (ligne.endsWith('\r')) ligne.chop(1);
   if (ligne.size() <= kPlusLongue) return std::nullopt;
 
   AncienneAlarme lue;
   quint8 abandonnee = 0;
-  LecteurEnregistrement lecteur(*octets);
+  LecteurEnregistrement lecteur(octets);
   lecteur.Lire(lue.JoursAvance);
   LireValeur(lecteur, lue.alarme.AlerteAvecWindows);
   LireValeur(lecteur, lue.alarme.AlerteAvecProgramme);
@@ -325,14 +362,23 @@ std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
   return lue;
 }
 
+}  // namespace
+
+std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath) {
+  const auto octets = LireFichier(Fichier(appPath, u"Alarme.ini"));
+  return octets ? AncienneForme(*octets) : std::nullopt;
+}
+
 void LireAlarme(const QString &appPath, ReglagesAlarme &alarme) {
-  const QString fichier = Fichier(appPath, u"Alarme.ini");
-  const auto ancienne = LireAncienneAlarme(appPath);
-  // Five values are what an upgrade that failed has left; any other long line is a damaged file.
-  if (ancienne && LireFichier(fichier)->count(',') == 4)
-    alarme = ancienne->alarme;
-  else
-    LireEnregistrement(fichier, alarme, kValeursAlarme);
+  const Lecture lecture = Lire(Fichier(appPath, u"Alarme.ini"), [&](const QByteArray &octets) {
+    // Five values are what an upgrade that failed has left; any other long line is a damaged file.
+    const auto ancienne = AncienneForme(octets);
+    if (ancienne && octets.count(',') == 4)
+      alarme = ancienne->alarme;
+    else
+      PrendreEnregistrement(octets, alarme, kValeursAlarme);
+  });
+  alarme.NonLu = lecture == Lecture::Manquee;
 }
 
 void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme) {
@@ -347,8 +393,10 @@ QString LireSeparateurTel(const QString &appPath) {
 }
 
 void EcrireLiaison(const QString &appPath, const Reglages &reglages) {
+  const QString chemin = Fichier(appPath, u"Liaison.cfg");
+  Exiger(!reglages.LiaisonNonLue, chemin);
   RedacteurEnregistrement redacteur;
   redacteur.Ecrire(reglages.SeparateurTel);
   redacteur.Ecrire(reglages.LiaisonCP);
-  RemplacerFichier(Fichier(appPath, u"Liaison.cfg"), redacteur.Octets());
+  RemplacerFichier(chemin, redacteur.Octets());
 }

@@ -76,6 +76,7 @@ struct ReglagesPlomex {
   bool TaillePoliceTV1 = false, TaillePoliceTV2 = false;  ///< list font of 9, of 10 points
   bool Telephone = false;                                 ///< dialling is in use
   bool IcoMenu = false;                                   ///< what belongs to dialling is hidden
+  bool NonLu = false;                                     ///< see `Reglages`
 };
 
 /// `RTColor.ini`: one record.
@@ -92,12 +93,14 @@ struct ReglagesRTColor {
   qint16 VitesseTransition = 0;         ///< milliseconds
   Drapeau EffetVisuel = false;
   Drapeau FondUni = false;  ///< 0 gradient, otherwise plain
+  bool NonLu = false;       ///< see `Reglages`
 };
 
 /// `Memora.ini`: how the companion of the sticky notes starts. At most one is set.
 struct ReglagesMemora {
   Drapeau LancerAuDemarrage = false;
   Drapeau AssocierAlertes = false;
+  bool NonLu = false;  ///< see `Reglages`
 };
 
 /// `Alarme.ini`: when the companion of the alerts starts.
@@ -105,6 +108,7 @@ struct ReglagesAlarme {
   Drapeau AlerteAvecWindows = false;
   Drapeau AlerteAvecProgramme = false;
   Drapeau AlerteDivers = false;
+  bool NonLu = false;  ///< see `Reglages`
 };
 
 /// `Alarme.ini` of an older version: five values.
@@ -113,7 +117,8 @@ struct AncienneAlarme {
   ReglagesAlarme alarme;
 };
 
-/// Nothing when the file is missing or has the present form. A value that cannot be read is 0.
+/// Nothing when the file is missing or has the present form. A value that makes no sense is 0.
+/// Throws `ErreurFichier` when the file is there and cannot be read.
 std::optional<AncienneAlarme> LireAncienneAlarme(const QString &appPath);
 
 /// `Sauvan.cfg`, written by the recovery of older products' data.
@@ -122,6 +127,8 @@ struct ReglagesSauvan {
   Drapeau AdressesPresentes = false;  ///< there are imported addresses to show
 };
 
+/// Reading settings never fails; what a file that is there could not tell keeps its default, and
+/// `NonLu` is set. Such a file is never written over: its settings would be lost for good.
 struct Reglages {
   ReglagesPlomex plomex;
   ReglagesRTColor rtcolor;
@@ -130,6 +137,7 @@ struct Reglages {
   ReglagesSauvan sauvan;
   QString SeparateurTel = QStringLiteral(" ");  ///< between the pairs of digits of a number
   QString LiaisonCP = QStringLiteral(" - ");    ///< between postal code and town
+  bool LiaisonNonLue = false;                   ///< the file of both
 };
 
 /// All of them, as a run begins with them. A missing `Plomex.ini` gives its defaults, a missing
@@ -148,7 +156,8 @@ bool PeutEtreAbrege(const QString &nom, qsizetype longueur);
 /// that the file would give back so. None when there is no such name, or are several.
 std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, qsizetype longueur);
 
-/// Writes the 33 keys, each in its place; whatever else the file holds stays.
+/// The writers throw `ErreurFichier`, also for settings that are `NonLu`; the file is then
+/// untouched. Writes the 33 keys, each in its place; whatever else the file holds stays.
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex);
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor);
@@ -159,6 +168,7 @@ void LireAlarme(const QString &appPath, ReglagesAlarme &alarme);
 void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme);
 
 /// `Liaison.cfg`: the separator of telephone numbers; a blank without the file.
+/// Throws `ErreurFichier` when the file is there and cannot be read.
 QString LireSeparateurTel(const QString &appPath);
 /// Both values of the file: the separator, and the text between postal code and town.
 void EcrireLiaison(const QString &appPath, const Reglages &reglages);

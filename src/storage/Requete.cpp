@@ -30,7 +30,7 @@ Requete &Requete::Lier(qint64 valeur) {
 }
 
 void Requete::Echouer() {
-  const ErreurBase erreur = ErreurMoteur(requete_->lastError());
+  const ErreurBase erreur = ErreurMoteur(requete_->lastError(), base_.Chemin());
   base_.NoterEchec(erreur);
   throw erreur;
 }

@@ -1,5 +1,6 @@
 #include "storage/Schema.h"
 
+#include "platform/Fichiers.h"
 #include "storage/Base.h"
 #include "storage/Moteur.h"
 
@@ -56,9 +57,7 @@ void CreerBaseVide(const QString &chemin) {
 }
 
 qint32 VersionDuFichier(const QString &chemin) {
-  QFile fichier(chemin);
-  if (!fichier.open(QIODevice::ReadOnly)) return -1;
-  const QByteArray entete = fichier.read(kPlaceVersion + qsizetype{sizeof(qint32)});
+  const QByteArray entete = LireFichier(chemin).value_or(QByteArray());
   if (entete.size() < kPlaceVersion + qsizetype{sizeof(qint32)} || !entete.startsWith(kSigne))
     return -1;
   return qFromBigEndian<qint32>(entete.constData() + kPlaceVersion);

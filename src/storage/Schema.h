@@ -48,5 +48,5 @@ QString OrdreDesCles(Table<L>) {
 void CreerBaseVide(const QString &chemin);
 
 /// The schema version that a database file bears which nobody has open, from its header; -1 for no
-/// such file.
+/// such file. Throws `ErreurFichier` when it is there and cannot be read.
 qint32 VersionDuFichier(const QString &chemin);

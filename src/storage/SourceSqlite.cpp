@@ -15,8 +15,8 @@ namespace {
 
 constexpr auto kAttente = 120s;  // another user's upgrade of the same file is waited for to its end
 
-void Lancer(QSqlQuery &requete) {
-  if (!requete.exec()) throw ErreurMoteur(requete.lastError());
+void Lancer(QSqlQuery &requete, const QString &chemin) {
+  if (!requete.exec()) throw ErreurMoteur(requete.lastError(), chemin);
 }
 
 }  // namespace
@@ -44,7 +44,7 @@ SourceSqlite::~SourceSqlite() = default;
 QStringList SourceSqlite::Colonnes(const QString &table) const {
   if (!connexion_->ATable(table)) return {};
   const auto requete = connexion_->Preparer(u"PRAGMA table_info("_s + Entre(table) + u')');
-  Lancer(*requete);
+  Lancer(*requete, chemin_);
   QStringList noms;
   while (requete->next()) noms.append(requete->value(1).toString());
   return noms;
@@ -65,7 +65,7 @@ bool SourceSqlite::EstEnPlace() const {
 
 qint32 SourceSqlite::Version() const {
   const auto requete = connexion_->Preparer(u"PRAGMA user_version"_s);
-  Lancer(*requete);
+  Lancer(*requete, chemin_);
   return requete->next() ? requete->value(0).toInt() : 0;
 }
 
@@ -97,7 +97,7 @@ bool SourceSqlite::Suivante() {
   l.uneAUne = true;
   l.toutes->finish();
   l.cles->addBindValue(l.cle);
-  Lancer(*l.cles);
+  Lancer(*l.cles, chemin_);
   return SuivanteUneAUne();
 }
 
@@ -105,7 +105,7 @@ bool SourceSqlite::SuivanteUneAUne() {
   Lecture &l = *lecture_;
   if (!l.cles->next()) {
     // The end of the rows and a page that cannot be read both end here; only the error tells.
-    if (l.cles->lastError().isValid()) throw ErreurMoteur(l.cles->lastError());
+    if (l.cles->lastError().isValid()) throw ErreurMoteur(l.cles->lastError(), chemin_);
     return false;
   }
   l.cle = l.cles->value(0).toLongLong();

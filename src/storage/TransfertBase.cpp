@@ -1,6 +1,7 @@
 #include "storage/TransfertBase.h"
 
 #include "platform/Fichiers.h"
+#include "platform/Pannes.h"
 #include "storage/Base.h"
 #include "storage/Moteur.h"
 #include "storage/Requete.h"
@@ -10,6 +11,7 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <cerrno>
 #include <filesystem>
 #include <system_error>
 
@@ -32,7 +34,9 @@ bool Ouvrir(Base &base, const QString &chemin) {
     base.Ouvrir(chemin);
   } catch (const ErreurBase &erreur) {
     const GenreErreur genre = erreur.Genre();
-    if (genre != GenreErreur::Endommagee && genre != GenreErreur::Autre) throw;
+    if (genre != GenreErreur::Endommagee && genre != GenreErreur::Etrangere &&
+        genre != GenreErreur::PlusRecente)
+      throw;
   }
   return base.Ouverte();
 }
@@ -77,7 +81,9 @@ void TransfererBase(const QString &source, const QString &destination) {
   Base origine, cible;
   origine.Ouvrir(source);
   if (!origine.Ouverte())
-    throw ErreurFichier(u"Le fichier « %1 » n'existe pas."_s.arg(QDir::toNativeSeparators(source)));
+    throw EchecSysteme(
+        u"La base de données « %1 » n'a pas pu être copiée"_s.arg(QDir::toNativeSeparators(source)),
+        u"Celle de la destination est intacte."_s, ENOENT);
   if (Ouvrir(cible, destination) && PrendreLignes(cible, source)) return;
   cible.Fermer();
   RemplacerPar(origine, destination);

@@ -98,6 +98,16 @@ void Monde::CreerDossier(const QString &nom) const {
   Exiger(QDir().mkpath(Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
 }
 
+void Monde::RendreIllisible(const QString &nom) const {
+  QFile::remove(Chemin(nom));
+  Exiger(QFile::link(u"/proc/self/mem"_s, Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
+}
+
+void Monde::FermerLAcces(const QString &nom) const {
+  QFile::remove(Chemin(nom));
+  Exiger(QFile::link(Chemin(nom), Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
+}
+
 void Monde::Effacer(const QString &nom) const {
   QFile fichier(Chemin(nom));
   Exiger(fichier.remove(), u"\"%1\" cannot be deleted: %2"_s.arg(nom, fichier.errorString()));

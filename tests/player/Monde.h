@@ -31,6 +31,10 @@ class Monde {
   void Ecrire(const QString &nom, const QStringList &lignes) const;
   void CopierDepuisScenario(const QString &source, const QString &cible) const;
   void CreerDossier(const QString &nom) const;
+  /// Puts in its place a file that opens and cannot be read, also by the superuser.
+  void RendreIllisible(const QString &nom) const;
+  /// Puts there a name that leads nowhere: not even what it is can be told.
+  void FermerLAcces(const QString &nom) const;
   void Effacer(const QString &nom) const;
   /// The database makes no sense from here on, also for who has it open.
   void AbimerBase() const;

@@ -65,6 +65,10 @@ QList<Verbe> VerbesDuMonde() {
       {u"monde nouvelle-base"_s, 0, 0, [](S &s, const M &) { MondeAuRepos(s).LivrerBase(); }},
       {u"monde dossier"_s, 1, 1,
        [](S &s, const M &m) { MondeAuRepos(s).CreerDossier(m[0].texte); }},
+      {u"monde illisible"_s, 1, 1,
+       [](S &s, const M &m) { MondeAuRepos(s).RendreIllisible(m[0].texte); }},
+      {u"monde sans-acces"_s, 1, 1,
+       [](S &s, const M &m) { MondeAuRepos(s).FermerLAcces(m[0].texte); }},
       {u"monde efface"_s, 1, 1, [](S &s, const M &m) { MondeAuRepos(s).Effacer(m[0].texte); }},
       {u"monde imprimante"_s, 0, kSansLimite,
        [](S &s, const M &m) {

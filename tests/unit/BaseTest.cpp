@@ -3,6 +3,7 @@
 #include "Outils.h"
 #include "storage/Base.h"
 #include "storage/Conflits.h"
+#include "storage/Moteur.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
@@ -119,30 +120,34 @@ TEST_F(BaseTest, FichierRefuse) {
     CreerBaseVide(CheminMdb());
     Sql(mdb, textes);
   };
+  using enum GenreErreur;
   const struct {
     const char *nom;
+    GenreErreur genre;
     std::function<void()> poser;
   } cas[] = {
-      {"text", [&] { Poser(mdb, QByteArray("Ceci n'est pas une base.\r\n").repeated(200)); }},
-      {"empty", [&] { Poser(mdb, ""); }},
-      {"one byte", [&] { Poser(mdb, "S"); }},
-      {"bare header", [&] { Poser(mdb, QByteArray("SQLite format 3\0", 16)); }},
-      {"foreign",
+      {"text", Etrangere,
+       [&] { Poser(mdb, QByteArray("Ceci n'est pas une base.\r\n").repeated(200)); }},
+      {"empty", Etrangere, [&] { Poser(mdb, ""); }},
+      {"one byte", Etrangere, [&] { Poser(mdb, "S"); }},
+      {"bare header", Etrangere, [&] { Poser(mdb, QByteArray("SQLite format 3\0", 16)); }},
+      {"foreign", Etrangere,
        [&] {
          Sql(mdb, {u"CREATE TABLE t (a)"_s, u"INSERT INTO t VALUES (1)"_s});
        }},
-      {"same tables, no mark", [&] { nouvelle({u"PRAGMA application_id=0"_s}); }},
-      {"newer", [&] { nouvelle({u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1)}); }},
-      {"no table", [&] { nouvelle({u"DROP TABLE ListeAlerte"_s}); }},
-      {"endless view in the place of a table",
+      {"same tables, no mark", Etrangere, [&] { nouvelle({u"PRAGMA application_id=0"_s}); }},
+      {"newer", PlusRecente,
+       [&] { nouvelle({u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1)}); }},
+      {"no table", Endommagee, [&] { nouvelle({u"DROP TABLE ListeAlerte"_s}); }},
+      {"endless view in the place of a table", Endommagee,
        [&] {
          nouvelle(
              {u"DROP TABLE Ville"_s,
               u"CREATE VIEW Ville AS WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 "
               "FROM n) SELECT i AS [Index], '' AS CodePostal, '' AS Ville, '' AS Liens FROM n"_s});
        }},
-      {"no column", [&] { nouvelle({u"ALTER TABLE Adresse DROP COLUMN DataProt"_s}); }},
-      {"column renamed",
+      {"no column", Endommagee, [&] { nouvelle({u"ALTER TABLE Adresse DROP COLUMN DataProt"_s}); }},
+      {"column renamed", Endommagee,
        [&] { nouvelle({u"ALTER TABLE Alerte RENAME COLUMN Disponible TO D"_s}); }},
   };
   for (const auto &c : cas) {
@@ -154,6 +159,7 @@ TEST_F(BaseTest, FichierRefuse) {
       base.Ouvrir(CheminMdb());
       ADD_FAILURE() << "opened";
     } catch (const ErreurBase &erreur) {
+      EXPECT_EQ(erreur.Genre(), c.genre);
       EXPECT_TRUE(erreur.Texte().contains(CheminMdb())) << erreur.Texte().toStdString();
     }
     EXPECT_FALSE(base.Ouverte());
@@ -161,10 +167,44 @@ TEST_F(BaseTest, FichierRefuse) {
     EXPECT_EQ(Octets(mdb), avant);
     EXPECT_EQ(Contenu(), QStringList{mdb});
   }
-  Poser(mdb, QByteArray(1000, 'x'));
-  EXPECT_EQ(Panne([this] { base.Ouvrir(CheminMdb()); }), GenreErreur::Endommagee);
-  EXPECT_THROW(base.Ouvrir(Chemin()), ErreurBase) << "a folder";
+  EXPECT_EQ(Panne([this] { base.Ouvrir(Chemin()); }), Inaccessible) << "a folder";
   EXPECT_FALSE(base.Ouverte());
+}
+
+// Each kind of failure has a sentence of its own, at work and at the opening: in French, with the
+// file and what can be done, and the engine's words behind all that.
+TEST_F(BaseTest, PhraseDeChaquePanne) {
+  const struct {
+    int code;
+    const char16_t *raison, *remede;
+  } cas[] = {
+      {5, u"l'occupe", u"Attendez"},
+      {13, u"plus de place", u"Libérez"},
+      {8, u"protégé en écriture", u"droits"},
+      {11, u"endommagé", u"copie de sauvegarde"},
+      {26, u"pas une base de données de Velmira", u"Remettez"},
+      {10 | 3 << 8, u"le disque ou le réseau", u"Vérifiez le disque"},
+      {7, u"erreur imprévue", u"Recommencez"},
+      {14, u"", u"Vérifiez vos droits"},
+  };
+  QStringList phrases;
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.code);
+    const QSqlError moteur(u"driver words"_s, u"engine words"_s, QSqlError::UnknownError,
+                           QString::number(c.code));
+    const ErreurBase travail = ErreurMoteur(moteur, CheminMdb());
+    for (const ErreurBase &erreur : {travail, ErreurOuverture(CheminMdb(), travail)}) {
+      const QString &texte = erreur.Texte();
+      EXPECT_TRUE(texte.startsWith(u"La base de données « "_s + CheminMdb()) &&
+                  texte.contains(QString::fromUtf16(c.raison)) &&
+                  texte.contains(QString::fromUtf16(c.remede)) &&
+                  texte.endsWith(u"\n\nDétail technique : engine words (%1)"_s.arg(c.code)) &&
+                  texte.count(u"engine words"_s) == 1)
+          << texte.toStdString();
+      EXPECT_FALSE(phrases.contains(texte));
+      phrases.append(texte);
+    }
+  }
 }
 
 // A file cut or overwritten: opening or reading tells it or reads on, and never touches the file.

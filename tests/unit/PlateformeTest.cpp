@@ -142,8 +142,6 @@ TEST(Saisie, Nombres) {
 }
 
 TEST_F(FichiersTest, RemplacementToutOuRien) {
-  EXPECT_FALSE(LireFichier(Chemin(u"absent"_s)));
-  EXPECT_FALSE(LireFichier(Chemin())) << "a folder";
   const QByteArray ancien(5000, 'a'), nouveau(9000, 'b');
   Poser(u"f"_s, ancien);
   {

@@ -1,10 +1,11 @@
 #include "platform/linux/ClasseurSysteme.h"
 
-#include "platform/Erreurs.h"
+#include "platform/Pannes.h"
 
 #include <QDir>
 #include <QFile>
 
+#include <cerrno>
 #include <memory>
 #include <utility>
 #include <xlsxwriter.h>
@@ -38,14 +39,17 @@ class Redacteur {
     EcrireColonnes();
     lxw_row_t rang = 0;
     for (const FeuilleClasseur::Rang &contenu : feuille_.rangs) EcrireRang(rang++, contenu);
+    errno = 0;
     Verifier(workbook_close(classeur_.release()));
   }
 
  private:
   void Verifier(lxw_error erreur) const {
-    if (erreur != LXW_NO_ERROR)
-      throw ErreurFichier(u"Le classeur « %1 » n'a pas pu être écrit :\n%2"_s.arg(
-          QDir::toNativeSeparators(chemin_), QString::fromUtf8(lxw_strerror(erreur))));
+    if (erreur == LXW_NO_ERROR) return;
+    const int code = erreur == LXW_ERROR_MEMORY_MALLOC_FAILED ? ENOMEM : errno;
+    throw EchecSysteme(
+        u"Le classeur « %1 » n'a pas pu être écrit"_s.arg(QDir::toNativeSeparators(chemin_)),
+        u"Les données sont intactes."_s, code, QString::fromUtf8(lxw_strerror(erreur)));
   }
 
   void EcrireColonnes() {

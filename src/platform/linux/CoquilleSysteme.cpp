@@ -1,7 +1,7 @@
 #include "platform/linux/CoquilleSysteme.h"
 
-#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "platform/Pannes.h"
 #include "platform/linux/EntreeBureau.h"
 
 #include <QCoreApplication>
@@ -12,6 +12,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 #include <QUrl>
+
+#include <cerrno>
 
 using namespace Qt::StringLiterals;
 
@@ -71,7 +73,10 @@ void CoquilleSysteme::CreerLien(const QString &nom, const QString &programme) {
   RemplacerFichier(CheminLien(nom), EntreeBureau(nom, programme));
   // Desktops start only entries that are marked as programs.
   QFile fichier(CheminLien(nom));
+  errno = 0;
   if (!fichier.setPermissions(fichier.permissions() | QFile::ExeOwner | QFile::ExeUser))
-    throw ErreurFichier(u"Le fichier « %1 » n'a pas pu être rendu exécutable :\n%2"_s.arg(
-        QDir::toNativeSeparators(fichier.fileName()), fichier.errorString()));
+    throw EchecSysteme(
+        u"Le raccourci « %1 » est écrit, mais n'a pas pu être rendu exécutable"_s.arg(
+            QDir::toNativeSeparators(fichier.fileName())),
+        {}, errno);
 }

@@ -5,7 +5,6 @@
 #include "platform/Fichiers.h"
 
 #include <QBuffer>
-#include <QFileInfo>
 #include <QFontMetricsF>
 #include <QPageLayout>
 #include <QPainter>
@@ -84,16 +83,16 @@ class DocumentPeint : public Document {
   std::vector<std::vector<Ligne>> pages_{1};
 };
 
-/// The path of the new file, of the first name that is free; empty when it could not be written.
-QString EcrirePdf(const QString &dossier, const QString &debut, const QByteArray &contenu) {
+/// The end of a printing to a new file, of the first name that is free.
+FinImpression EcrirePdf(const QString &dossier, const QString &debut, const QByteArray &contenu) {
   try {
     CreerDossier(dossier);
     for (int numero = 1;; ++numero) {
       QString chemin = u"%1/%2 n%3.pdf"_s.arg(dossier, debut, QString::number(numero));
-      if (!QFileInfo::exists(chemin) && CreerFichier(chemin, contenu)) return chemin;
+      if (!EstPresent(chemin) && CreerFichier(chemin, contenu)) return {Issue::Enregistree, chemin};
     }
-  } catch (const Erreur &) {
-    return {};
+  } catch (const Erreur &erreur) {
+    return {.raison = erreur.Texte()};
   }
 }
 
@@ -123,9 +122,7 @@ class DocumentPdf : public DocumentPeint {
   FinImpression Terminer() override {
     if (!Dessiner(pdf_)) return {Issue::Echouee};
     const QString debut = nom_ + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
-    const QString chemin = EcrirePdf(dossier_, debut, contenu_.data());
-    return chemin.isEmpty() ? FinImpression{Issue::Echouee}
-                            : FinImpression{Issue::Enregistree, chemin};
+    return EcrirePdf(dossier_, debut, contenu_.data());
   }
 
  protected:
