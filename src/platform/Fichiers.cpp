@@ -63,7 +63,7 @@ void SynchroniserDossierDe(const QString &chemin) {
 void Ecrire(const QString &chemin, const Remplissage &remplir, const Remplissage &renommer) {
   const QString provisoire =
       QFileInfo(chemin).absolutePath() + u'/' + PrefixeProvisoire() +
-      QString::number(QRandomGenerator::global()->generate64(), 36).rightJustified(13, u'0');
+      QString::number(QRandomGenerator::system()->generate64(), 36).rightJustified(13, u'0');
   const auto effacer = qScopeGuard([&] { QFile::remove(provisoire); });
   QFile fichier(provisoire);
   errno = 0;
