@@ -50,7 +50,7 @@ bool Tirage::Imprimer() {
     commentaire_.MajEtiquette();
   }
   MontrerFin(fin, appareil == Imprimante::NomPdf());
-  return true;
+  return fin.issue != FinImpression::Issue::Echouee;
 }
 
 void Tirage::MontrerFin(const FinImpression &fin, bool fichier) {

@@ -15,8 +15,9 @@ class Tirage {
          QLabel *document)
       : session_(session), zones_(zones), commentaire_(commentaire), document_(document) {}
 
-  /// Prints on the printer of the settings; where it is gone, on the one printed on last. False,
-  /// with a message, while the printer has not been told how it takes an envelope.
+  /// Prints on the printer of the settings; where it is gone, on the one printed on last. False
+  /// where it failed, and, with a message, while the printer has not been told how it takes an
+  /// envelope.
   bool Imprimer();
 
  private:

@@ -238,7 +238,8 @@ class ImprimanteScenario::DocumentScenario : public Document {
   FinImpression Terminer() override {
     if (std::exchange(termine_, true)) imprimante_.fautes_.append(u"a document is ended twice"_s);
     const QString appareil = pages_.first().imprimante;
-    if (imprimante_.muettes_.contains(appareil)) return {FinImpression::Issue::Echouee};
+    if (imprimante_.muettes_.contains(appareil))
+      return {.raison = appareil == Imprimante::NomPdf() ? u"Le disque est plein."_s : QString()};
     imprimante_.pages_.append(pages_);
     if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
     return {FinImpression::Issue::Enregistree,

@@ -127,12 +127,20 @@ TEST_F(ClasseurTest, PasDeFormuleNiDeTexteTropLong) {
 }
 
 TEST_F(ClasseurTest, NeSEcritPas) {
-  ClasseurSysteme classeur;
-  EXPECT_THROW(classeur.Ecrire(dossier_.filePath(u"absent/essai.xlsx"_s), FeuilleVelmiras({})),
-               ErreurFichier);
+  const auto echouer = [](const QString &chemin, const QString &raison) {
+    try {
+      ClasseurSysteme().Ecrire(chemin, FeuilleVelmiras({Durand()}));
+      ADD_FAILURE() << chemin.toStdString();
+    } catch (const ErreurFichier &erreur) {
+      EXPECT_TRUE(erreur.Texte().startsWith(
+          u"Le classeur « %1 » n'a pas pu être écrit : %2"_s.arg(chemin, raison)))
+          << erreur.Texte().toStdString();
+    }
+  };
+  echouer(dossier_.filePath(u"absent/essai.xlsx"_s), u"il est introuvable"_s);
   {
     const DisquePlein plein(2000);
-    EXPECT_THROW(classeur.Ecrire(Chemin(), FeuilleVelmiras({Durand()})), ErreurFichier);
+    echouer(Chemin(), u"il n'y a plus de place"_s);
   }
   EXPECT_FALSE(QFile::exists(Chemin()));
 }
