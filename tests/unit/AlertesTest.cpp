@@ -199,13 +199,14 @@ struct BoitesDeDeux : BoitesMuettes {
 
   QString Saisie(const QString &, const QString &, const QString &defaut) override {
     defauts.append(defaut);
+    if (saisies.isEmpty()) return {};
     const auto [reponse, avant] = saisies.takeFirst();
     if (avant) avant();
     return reponse;
   }
   Choix QuestionAnnulable(const QString &, const QString &texte) override {
     questions.append(texte);
-    return choix.takeFirst();
+    return choix.isEmpty() ? Choix::Non : choix.takeFirst();
   }
 };
 
@@ -227,6 +228,7 @@ TEST_F(AlertesTest, PersonneChangeeParDeux) {
   boites.saisies = {{u"Paul"_s, {}}, {u"01/01/1961"_s, autre(u"Paule"_s, u"25/12/1960"_s)}};
   EXPECT_TRUE(personnes.Modifier(1));
   EXPECT_EQ(personne(), u"Paule 01/01/1961"_s);
+  EXPECT_TRUE(boites.questions.isEmpty());
   // Back to the entry, which proposes what was typed; then one's own.
   boites.choix = {Boites::Choix::Annuler, Boites::Choix::Oui};
   boites.defauts.clear();
