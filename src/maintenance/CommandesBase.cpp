@@ -216,9 +216,8 @@ bool CommandesBase::Copier(const QString &source, const QString &destination) {
   Signaler(boites, [&] { session_.base.Ouvrir(session_.dossiers.Base()); });
   if (echec)
     boites.Critique(
-        u"Les données n'ont pas été transférées : le répertoire de destination « %1 » est resté "
-        u"tel "
-        "qu'il était.\n\n%2"_s.arg(QDir::toNativeSeparators(destination), *echec));
+        u"Les données n'ont pas été transférées.\nLe répertoire « %1 » est resté tel qu'il "
+        "était.\n\n%2"_s.arg(QDir::toNativeSeparators(destination), *echec));
   return !echec;
 }
 

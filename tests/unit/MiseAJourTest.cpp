@@ -673,6 +673,7 @@ TEST_F(MiseAJourTest, UnAutreLaFaite) {
     EXPECT_EQ(siennes.vues, faite);
     FichierNu(Chemin(u"Velmira.mdb"_s))
         .Executer(u"INSERT INTO Adresse (NomVelmira) VALUES ('Zoé')"_s);
+    PoserBaseVide(u"Velmira_base.mdb"_s);  // a third user's, for the next start
   };
   Demarrer();
   EXPECT_EQ(boites.vues, faite);
