@@ -153,6 +153,9 @@ void Demarrage::PreparerBase() {
 void Demarrage::PrendreBaseLivree() {
   const QString &dossier = dossiers_.CheminBase;
   if (ContientBase(dossier)) {
+    // It stays away from the others' base. One that is too new for this program too is told by its
+    // opening.
+    if (BaseLivreeDepassee(dossiers_)) return;
     Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
     if (ContientBaseLivree(dossier)) MAJ_BDD();
     return;

@@ -205,14 +205,7 @@ void EchangerBases(const Dossiers &dossiers) {
 }
 
 MiseAJourBase::MiseAJourBase(const Dossiers &dossiers)
-    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {
-  const qint32 livree = VersionDuFichier(FichierBaseLivree(
-      ContientBaseLivree(dossiers.AppPath) ? dossiers.AppPath : dossiers.CheminBase));
-  if (livree >= 0 && source_->Version() > livree)
-    throw ErreurBase(
-        u"Elle vient d'une version de Velmira plus récente que celle qui est installée : elle y "
-        "perdrait des données. Installez la même version sur tous les postes."_s);
-}
+    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {}
 
 MiseAJourBase::~MiseAJourBase() = default;
 
@@ -233,6 +226,12 @@ void MiseAJourBase::Executer(const QString &separateurTel,
              avancement);
   cible.Fermer();
   EchangerBases(dossiers_);
+}
+
+bool BaseLivreeDepassee(const Dossiers &dossiers) {
+  const qint32 livree = VersionDuFichier(FichierBaseLivree(
+      ContientBaseLivree(dossiers.AppPath) ? dossiers.AppPath : dossiers.CheminBase));
+  return livree >= 0 && VersionDuFichier(dossiers.Base()) > livree;
 }
 
 void PoserBaseLivree(const QString &cheminBase) {

@@ -31,8 +31,7 @@ void EchangerBases(const Dossiers &dossiers);
 /// The whole of it, for the database of a run.
 class MiseAJourBase {
  public:
-  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded, or has a
-  /// newer schema than what was delivered.
+  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded.
   explicit MiseAJourBase(const Dossiers &dossiers);
   ~MiseAJourBase();
 
@@ -46,6 +45,10 @@ class MiseAJourBase {
   const Dossiers &dossiers_;
   std::unique_ptr<SourceSqlite> source_;
 };
+
+/// Whether the user's database has a newer schema than the delivered one, and would lose what that
+/// lacks. Throws `ErreurFichier`. Not while this program has either open.
+bool BaseLivreeDepassee(const Dossiers &dossiers);
 
 /// Makes the delivered database the user's own, where he has none. Throws `ErreurFichier`.
 void PoserBaseLivree(const QString &cheminBase);

@@ -63,12 +63,6 @@ bool SourceSqlite::EstEnPlace() const {
   return false;
 }
 
-qint32 SourceSqlite::Version() const {
-  const auto requete = connexion_->Preparer(u"PRAGMA user_version"_s);
-  Lancer(*requete, chemin_);
-  return requete->next() ? requete->value(0).toInt() : 0;
-}
-
 bool SourceSqlite::Ouvrir(const QString &table) {
   lecture_.reset();
   const QStringList colonnes = Colonnes(table);

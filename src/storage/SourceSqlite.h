@@ -24,8 +24,6 @@ class SourceSqlite : public SourceAncienne {
   void Reserver();
   /// Whether the file still bears the name that it was opened by; asked while it is kept.
   bool EstEnPlace() const;
-  /// Its schema version. Throws `ErreurBase`.
-  qint32 Version() const;
 
   bool Ouvrir(const QString &table) override;
   bool Suivante() override;
