@@ -124,7 +124,7 @@ void FrmPlomex::CompleterNoms() {
 }
 
 QString FrmPlomex::AvecMarque(const QString &nom) const {
-  return introuvables_.contains(nom) ? nom + u" (introuvable)"_s : nom;
+  return introuvables_.contains(nom) ? u"(introuvable) "_s + nom : nom;
 }
 
 QMenu *FrmPlomex::mnuAide() const {
@@ -150,7 +150,7 @@ void FrmPlomex::MajEtiquettes() {
       : plomex.Orientation == OrientationFeuille::Paysage ? u"Orientation en mode paysage"_s
                                                           : u""_s);
   const QString policeE = introuvables_.contains(plomex.PoliceE)
-                              ? u"   expéditeur : "_s + AvecMarque(plomex.PoliceE)
+                              ? u"   (introuvable) expéditeur : "_s + plomex.PoliceE
                               : QString();
   ui_->LblPolice->setText(u"Police "_s + AvecMarque(plomex.PoliceA) + u"   "_s +
                           QString::number(plomex.TailleA) + u"   "_s +

@@ -51,7 +51,8 @@ class FrmPlomex : public QMainWindow {
   /// Printer and fonts whose names the settings have cut get them whole, where the system has one
   /// such name only.
   void CompleterNoms();
-  /// A name as it is shown: whether it could not be completed is told with it.
+  /// A name as it is shown: that it could not be completed stands before it, where no label cuts
+  /// it.
   QString AvecMarque(const QString &nom) const;
   void Brancher();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
