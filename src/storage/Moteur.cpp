@@ -64,7 +64,7 @@ Panne PanneBase(GenreErreur genre) {
       return {u"ce n'est pas une base de données de Velmira"_s,
               u"Remettez à sa place votre base ou une copie de sauvegarde."_s};
     case GenreErreur::PlusRecente:
-      return {u"il vient d'une version plus récente de Velmira"_s,
+      return {u"elle vient d'une version plus récente de Velmira"_s,
               u"Installez cette version pour l'ouvrir."_s};
     case GenreErreur::Contrainte:
       return {u"la base n'admet pas cet enregistrement"_s, u"Corrigez-le, puis recommencez."_s};
