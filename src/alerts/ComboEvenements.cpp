@@ -1,6 +1,7 @@
 #include "alerts/ComboEvenements.h"
 
 #include "ui/Brancheur.h"
+#include "ui/Sablier.h"
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +68,8 @@ void ComboEvenements::Supprimer() {
   if (boites_->Question(Boites::Titre(), question, Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
   if (const auto position = Position()) {
-    TablesAlertes(*base_).SupprimerType(itemData(*position).toLongLong());
+    const Cle type = itemData(*position).toLongLong();
+    SousSablier([&] { TablesAlertes(*base_).SupprimerType(type); });
     removeItem(*position);
   }
   Vider();

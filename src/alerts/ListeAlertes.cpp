@@ -4,6 +4,7 @@
 #include "storage/Noms.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
+#include "ui/Sablier.h"
 #include "ui_ListeAlertes.h"
 
 #include <QMenu>
@@ -103,7 +104,7 @@ void ListeAlertes::Supprimer(const QList<ArbreAlertes::Noeud> &noeuds) {
       personnes.append(personne->ID);
     else
       evenements.append(noeud.Evenement()->evenement.ID);
-  TablesAlertes(*base_).Supprimer(personnes, evenements);
+  SousSablier([&] { TablesAlertes(*base_).Supprimer(personnes, evenements); });
 }
 
 void ListeAlertes::SupprimerSelection() {
@@ -160,7 +161,7 @@ void ListeAlertes::BasculerReinscription() {
     QList<Cle> personnes;
     for (const auto &noeud : ui_->TVA->Coches())
       if (const auto *personne = noeud.Personne()) personnes.append(personne->ID);
-    TablesAlertes(*base_).Reinscrire(personnes);
+    SousSablier([&] { TablesAlertes(*base_).Reinscrire(personnes); });
   }
   ModeReinscription = !ModeReinscription;
   ui_->CmdSupprimer->setEnabled(!ModeReinscription);

@@ -5,6 +5,7 @@
 #include "ui/Accord.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
+#include "ui/Sablier.h"
 #include "ui_SaisieEvenement.h"
 
 #include <QRegularExpression>
@@ -178,7 +179,7 @@ void SaisieEvenement::Enregistrer() {
 bool SaisieEvenement::Ecrire(const Evenement &saisi) {
   TablesAlertes tables(*base_);
   if (saisi.ID == 0) {
-    tables.AjouterEvenement(saisi);
+    SousSablier([&] { tables.AjouterEvenement(saisi); });
     return true;
   }
   const auto touchees = Differences(affiche_, saisi);
@@ -189,7 +190,7 @@ bool SaisieEvenement::Ecrire(const Evenement &saisi) {
   return EcrireEnAccord(
       *boites_, *cible_, change, LibellesEvenement(tables),
       [&](const Evenement &montre, const Evenement &aEcrire) {
-        return tables.ModifierEvenement(montre, aEcrire);
+        return SousSablier([&] { return tables.ModifierEvenement(montre, aEcrire); });
       },
       dates & ~touchees);
 }

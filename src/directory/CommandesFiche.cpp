@@ -5,6 +5,7 @@
 #include "directory/LibellesFiche.h"
 #include "directory/Liste.h"
 #include "ui/Accord.h"
+#include "ui/Sablier.h"
 
 using namespace Qt::StringLiterals;
 
@@ -67,7 +68,8 @@ std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, cons
   const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
     ajoutee = saisie.fiche;
     ajoutee.AlerteActive = ajout.alerte || saisie.AjoutAlerte;
-    ajoutee.Index = TableAdresse(session_.base).Ajouter(ajoutee, ajoutee.AlerteActive);
+    ajoutee.Index = SousSablier(
+        [&] { return TableAdresse(session_.base).Ajouter(ajoutee, ajoutee.AlerteActive); });
     return true;
   });
   return ecrite ? std::optional(ajoutee) : std::nullopt;
@@ -127,10 +129,11 @@ bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
                     {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
   editeur.Montrer(*ancienne);
   const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
-    return EcrireEnAccord(session_.plateforme.boites, saisie.montree, saisie.fiche, LibellesFiche(),
-                          [&](const Correspondant &montree, const Correspondant &fiche) {
-                            return table.Modifier(montree, fiche, saisie.AjoutAlerte);
-                          });
+    return EcrireEnAccord(
+        session_.plateforme.boites, saisie.montree, saisie.fiche, LibellesFiche(),
+        [&](const Correspondant &montree, const Correspondant &fiche) {
+          return SousSablier([&] { return table.Modifier(montree, fiche, saisie.AjoutAlerte); });
+        });
   });
   if (!ecrite) return false;
   const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index);
@@ -146,7 +149,7 @@ bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
 
 void CommandesFiche::Supprimer(Cle index) {
   const bool affiche = Selection() == index;
-  const bool existait = TableAdresse(session_.base).Supprimer(index);
+  const bool existait = SousSablier([&] { return TableAdresse(session_.base).Supprimer(index); });
   if (affiche) fenetre_.partie();
   if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(index); noeud.isValid())
     liste_.Retirer(noeud);
@@ -211,7 +214,8 @@ void CommandesFiche::AjouterAuxFavoris() {
   if (boites.Question(Boites::Titre(), u"Ajouter "_s + nom + u" à vos favoris ?"_s) !=
       Boites::Reponse::Oui)
     return;
-  if (TableAdresse(session_.base).AjouterCategorie(Index(noeud), Favoris()))
+  const Cle index = Index(noeud);
+  if (SousSablier([&] { return TableAdresse(session_.base).AjouterCategorie(index, Favoris()); }))
     boites.Information(nom + u" a été ajouté à vos favoris."_s);
   else
     boites.Attention(nom + u" est déjà enregistré comme favori !"_s);

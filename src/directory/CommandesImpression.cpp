@@ -21,6 +21,12 @@ QList<Cle> Cles(const ModeleListe &modele) {
   return cles;
 }
 
+QString TexteListeChangee() {
+  return u"Un correspondant de la liste n'existe plus : un autre utilisateur l'a supprimé "
+         "entre-temps.\nRien n'a été imprimé. La liste est mise à jour d'elle-même : recommencez "
+         "dans un instant."_s;
+}
+
 }  // namespace
 
 void CommandesImpression::Imprimer() {
@@ -50,7 +56,9 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
                 return ImprimerListe(session_.plateforme.imprimante, cadre, choix,
                                      [&](qsizetype rang) -> std::optional<Correspondant> {
                                        if (!avance(rang, cles.size())) return std::nullopt;
-                                       return TableAdresse(base).Lire(cles[rang]);
+                                       auto fiche = TableAdresse(base).Lire(cles[rang]);
+                                       if (!fiche) throw ErreurBase(TexteListeChangee());
+                                       return fiche;
                                      });
               });
   } catch (const Erreur &erreur) {

@@ -20,9 +20,7 @@ FicheAffichee::FicheAffichee(Session &session, PanneauFiche &panneau)
     : session_(session), panneau_(panneau) {}
 
 bool FicheAffichee::Montrer(Cle index) {
-  auto sablier = std::make_optional<Sablier>();
-  const auto fiche = TableAdresse(session_.base).Lire(index);
-  sablier.reset();
+  const auto fiche = SousSablier([&] { return TableAdresse(session_.base).Lire(index); });
   if (!fiche) {
     Effacer();
     return false;
@@ -65,7 +63,7 @@ void FicheAffichee::MontrerPhoto(const Correspondant &fiche) {
   if (panneau_.MontrerPhoto(fiche.Photo)) return;
   Correspondant sansPhoto = fiche;
   sansPhoto.Photo = u""_s;
-  TableAdresse(session_.base).Modifier(fiche, sansPhoto);
+  SousSablier([&] { return TableAdresse(session_.base).Modifier(fiche, sansPhoto); });
   session_.plateforme.boites.Information(
       u"Le chemin du fichier 'Photo' est incorrect, pensez à le modifier."_s);
 }
@@ -87,8 +85,7 @@ bool FicheAffichee::EcrireNotes() {
   ecrite.Commentaires = panneau_.Notes();
   const auto ecrire = [&](const Correspondant &montree, const Correspondant &saisie) {
     ecrite = saisie;
-    const Sablier sablier;
-    return TableAdresse(session_.base).Modifier(montree, saisie);
+    return SousSablier([&] { return TableAdresse(session_.base).Modifier(montree, saisie); });
   };
   if (ecrite.Commentaires != montree_.Commentaires &&
       !EcrireEnAccord(session_.plateforme.boites, montree_, ecrite, LibellesFiche(), ecrire)) {

@@ -7,6 +7,7 @@
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Guillemet.h"
+#include "ui/Sablier.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmNewMod.h"
 
@@ -124,7 +125,7 @@ void FrmNewMod::Valider() {
   Prendre();
   saisie_.acceptee = !nom.trimmed().isEmpty();
   if (const Correspondant &fiche = saisie_.fiche; !fiche.Ville.isEmpty())
-    TableVille(session_.base).Enregistrer(fiche.Ville, fiche.CodePostal);
+    SousSablier([&] { TableVille(session_.base).Enregistrer(fiche.Ville, fiche.CodePostal); });
   accept();
 }
 

@@ -210,11 +210,15 @@ void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
   if (index == 0) {
     fiche_.Effacer();
   } else if (!fiche_.Montrer(index)) {
-    Ignorer([this] { Actualiser(); });
-    session_.plateforme.boites.Information(TexteDisparu());
+    AnnoncerDisparition();
   } else if (bouton == Qt::RightButton && ui_->mnuClickDroit->isChecked()) {
     mnuInv2_->popup(QCursor::pos());
   }
+}
+
+void FrmVelmira::AnnoncerDisparition() {
+  Ignorer([this] { Actualiser(); });
+  session_.plateforme.boites.Information(TexteDisparu());
 }
 
 void FrmVelmira::Actualiser() {
@@ -299,7 +303,12 @@ void FrmVelmira::Agrandir() {
   const QModelIndex noeud = commandes_.NoeudChoisi();
   if (!noeud.isValid()) return;
   if (!fiche_.LibererNotes()) return;
-  const auto fiche = TableAdresse(session_.base).Lire(Index(noeud));
+  const Cle index = Index(noeud);
+  const auto fiche = SousSablier([&] { return TableAdresse(session_.base).Lire(index); });
+  if (!fiche && index != 0) {
+    AnnoncerDisparition();
+    return;
+  }
   loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
   connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
     show();

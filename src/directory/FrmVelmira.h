@@ -85,6 +85,9 @@ class FrmVelmira : public QMainWindow {
   /// The list selects the record on display, whatever was asked for.
   void AccorderSelection();
 
+  /// Another user has deleted what is asked for: the list goes by that, and the user is told.
+  void AnnoncerDisparition();
+
   void NoeudClic(Cle index, Qt::MouseButton bouton);
   void Nouveau();
   void Modifier();

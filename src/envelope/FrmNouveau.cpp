@@ -8,6 +8,7 @@
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
+#include "ui/Sablier.h"
 #include "ui_FrmNouveau.h"
 
 #include <QCloseEvent>
@@ -160,7 +161,7 @@ void FrmNouveau::EnregistrerChangement() {
   Recopier(change, saisi, Differences(Ligne(affichee_), saisi));
   if (!EcrireEnAccord(session_.plateforme.boites, modifie_, change, LibellesAdresse<Expediteur>(),
                       [&](const Expediteur &montre, const Expediteur &aEcrire) {
-                        return table.Modifier(montre, aEcrire);
+                        return SousSablier([&] { return table.Modifier(montre, aEcrire); });
                       }))
     return;
   // As it stands now: another user may have had a part in it.

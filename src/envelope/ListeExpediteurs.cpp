@@ -4,6 +4,7 @@
 #include "storage/Conflits.h"
 #include "storage/Tables.h"
 #include "ui/Garde.h"
+#include "ui/Sablier.h"
 
 #include <QSignalBlocker>
 
@@ -70,7 +71,7 @@ Boites::Choix ListeExpediteurs::AccorderDefaut(
     const QString &nom, const std::function<std::optional<Cle>(Cle montre)> &ecrire) {
   auto choix = Boites::Choix::Oui;
   Cle montre = Defaut();
-  while (const auto autre = ecrire(montre)) {
+  while (const auto autre = SousSablier([&] { return ecrire(montre); })) {
     const auto sien = TableExpediteur(session_->base).Lire(*autre);
     choix = session_->plateforme.boites.QuestionAnnulable(
         Boites::Titre(),
@@ -93,7 +94,7 @@ void ListeExpediteurs::Relire() {
 
 void ListeExpediteurs::SupprimerChoisi() {
   const QListWidgetItem *element = selectedItems().first();
-  TableExpediteur(session_->base).Supprimer(Index(element));
+  SousSablier([&] { TableExpediteur(session_->base).Supprimer(Index(element)); });
   if (coche_ == Index(element)) {
     OublierExpediteurDefaut(session_->dossiers.AppPath);
     coche_.reset();

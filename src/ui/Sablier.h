@@ -10,3 +10,10 @@ class Sablier {
   Sablier(const Sablier &) = delete;
   Sablier &operator=(const Sablier &) = delete;
 };
+
+/// Gives what a function gives, under the hourglass while it runs. What it throws passes through.
+template <typename F>
+auto SousSablier(F &&faire) {
+  const Sablier sablier;
+  return faire();
+}
