@@ -349,6 +349,14 @@ TEST_F(BaseTest, Categories) {
   EXPECT_EQ(adresses.Categories(), toutes);
 }
 
+// What the engine calls "extra", so that a power cut brings back nothing that was told as written.
+TEST_F(BaseTest, EcritSurLeDisque) {
+  Ouvrir(0);
+  Requete requete(base, u"PRAGMA synchronous"_s);
+  ASSERT_TRUE(requete.Suivante());
+  EXPECT_EQ(requete.Entier(0), 3);
+}
+
 TEST_F(BaseTest, CleJamaisRedonnee) {
   Ouvrir(3);
   Requete(base, u"DELETE FROM Adresse"_s).Executer();
