@@ -26,9 +26,8 @@ QString SelRepertoire(Boites &boites, const QString &invite) {
 
 }  // namespace
 
-Demarrage::Demarrage(Boites &boites, Dossiers &dossiers,
-                     std::function<void(const QString &)> annoncer)
-    : boites_(boites), dossiers_(dossiers), annoncer_(std::move(annoncer)) {}
+Demarrage::Demarrage(Boites &boites, Dossiers &dossiers, Moyens moyens)
+    : boites_(boites), dossiers_(dossiers), moyens_(std::move(moyens)) {}
 
 bool Demarrage::Executer() {
   if (!TrouverCheminData()) return false;
@@ -168,7 +167,7 @@ void Demarrage::MAJ_BDD() {
   const bool faite = Signaler(boites_, [&] {
     try {
       const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
-      MiseAJourBase maj(dossiers_);
+      VerifierMiseAJour(dossiers_);
       boites_.Information(
           u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
       boites_.Information(
@@ -176,7 +175,7 @@ void Demarrage::MAJ_BDD() {
           "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
           "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
           "utilisateurs."_s.arg(separateurTel));
-      CopierEtEchanger(maj, separateurTel);
+      CopierEtEchanger(separateurTel);
     } catch (const Erreur &erreur) {
       throw ErreurBase(
           u"La mise à jour de la base de données « %1 » n'a pas pu être faite :\n%2\n\n"
@@ -187,15 +186,17 @@ void Demarrage::MAJ_BDD() {
   if (faite) boites_.Information(u"Mise à jour de la base terminée."_s);
 }
 
-void Demarrage::CopierEtEchanger(MiseAJourBase &maj, const QString &separateurTel) {
+void Demarrage::CopierEtEchanger(const QString &separateurTel) {
   const struct Annonce {
     explicit Annonce(const std::function<void(const QString &)> &a) : annoncer(a) {
       annoncer(u"Mise à jour de la base..."_s);
     }
     ~Annonce() { annoncer({}); }
     const std::function<void(const QString &)> &annoncer;
-  } annonce(annoncer_);
-  maj.Executer(separateurTel, [this](qsizetype lignes) {
-    annoncer_(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
+  } annonce(moyens_.annoncer);
+  moyens_.executer([&] {
+    MettreAJourBase(dossiers_, separateurTel, [this](qsizetype lignes) {
+      moyens_.annoncer(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
+    });
   });
 }

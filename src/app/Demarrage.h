@@ -9,13 +9,21 @@
 
 #include <functional>
 
-class MiseAJourBase;
-
 class Demarrage {
  public:
-  /// `dossiers.AppPath` is known; the other folders are found here. `annoncer` gets a line on what
-  /// takes its time, again and again as it goes on, and an empty one when that is over.
-  Demarrage(Boites &boites, Dossiers &dossiers, std::function<void(const QString &)> annoncer);
+  /// What shows and bears the work that takes its time.
+  struct Moyens {
+    /// Gets a line on what is done, again and again as it goes on, and an empty one when that is
+    /// over. Called in the thread of the work too.
+    std::function<void(const QString &)> annoncer;
+    /// Runs a work, here or in another thread, to its end, and throws what it throws.
+    std::function<void(const std::function<void()> &)> executer = [](const auto &tache) {
+      tache();
+    };
+  };
+
+  /// `dossiers.AppPath` is known; the other folders are found here.
+  Demarrage(Boites &boites, Dossiers &dossiers, Moyens moyens);
 
   /// Finds the folders, asking the user where that is needed, and puts delivered and moved files
   /// into their places. A file or folder that cannot be written is told in the default error box,
@@ -39,9 +47,9 @@ class Demarrage {
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();
-  void CopierEtEchanger(MiseAJourBase &maj, const QString &separateurTel);
+  void CopierEtEchanger(const QString &separateurTel);
 
   Boites &boites_;
   Dossiers &dossiers_;
-  std::function<void(const QString &)> annoncer_;
+  Moyens moyens_;
 };

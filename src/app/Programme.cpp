@@ -20,6 +20,7 @@
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/Sablier.h"
+#include "ui/TravailDeFond.h"
 
 #include <QEventLoop>
 #include <QScreen>
@@ -91,14 +92,23 @@ bool Programme::Demarrer() {
   depart_->show();
   attente.Attendre();
   std::optional<Sablier> sablier;
-  const auto annoncer = [&](const QString &texte) {
+  const auto montrer = [&](const QString &texte) {
     if (texte.isEmpty())
       sablier.reset();
     else if (!sablier)
       sablier.emplace();
     depart_->Annoncer(texte);
   };
-  if (!Demarrage(session_.plateforme.boites, session_.dossiers, annoncer).Executer()) {
+  // From the thread of an upgrade the lines come one after the other; from this one, at once.
+  const auto annoncer = [&](const QString &texte) {
+    QMetaObject::invokeMethod(depart_.get(), [&montrer, texte] { montrer(texte); });
+  };
+  const auto executer = [](const std::function<void()> &tache) {
+    TravailDeFond fond([&tache](const std::stop_token &) { tache(); });
+    fond.Attendre(QEventLoop::ExcludeUserInputEvents);
+    fond.Finir();
+  };
+  if (!Demarrage(session_.plateforme.boites, session_.dossiers, {annoncer, executer}).Executer()) {
     depart_->hide();
     return false;
   }

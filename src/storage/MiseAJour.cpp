@@ -204,28 +204,27 @@ void EchangerBases(const Dossiers &dossiers) {
   }
 }
 
-MiseAJourBase::MiseAJourBase(const Dossiers &dossiers)
-    : dossiers_(dossiers), source_(std::make_unique<SourceSqlite>(dossiers_.Base())) {}
+void VerifierMiseAJour(const Dossiers &dossiers) {
+  const SourceSqlite source(dossiers.Base());
+}
 
-MiseAJourBase::~MiseAJourBase() = default;
-
-void MiseAJourBase::Executer(const QString &separateurTel,
-                             const std::function<void(qsizetype)> &avancement) {
+void MettreAJourBase(const Dossiers &dossiers, const QString &separateurTel,
+                     const std::function<void(qsizetype)> &avancement) {
+  SourceSqlite source(dossiers.Base());
   // Held until the swap is over: nobody writes what would not be copied, and a second user's
   // upgrade waits and then finds that there is nothing left to do.
-  source_->Reserver();
-  if (!source_->EstEnPlace()) return;
-  RemplacerBaseLivree(dossiers_);
-  const QString livree = FichierBaseLivree(dossiers_.CheminBase);
+  source.Reserver();
+  if (!source.EstEnPlace()) return;
+  RemplacerBaseLivree(dossiers);
+  const QString livree = FichierBaseLivree(dossiers.CheminBase);
   if (!EstFichier(livree)) return;
 
-  const auto alarme = LireAncienneAlarme(dossiers_.AppPath);
+  const auto alarme = LireAncienneAlarme(dossiers.AppPath);
   Base cible;
   cible.Ouvrir(livree);
-  CopierBase(*source_, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}},
-             avancement);
+  CopierBase(source, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}}, avancement);
   cible.Fermer();
-  EchangerBases(dossiers_);
+  EchangerBases(dossiers);
 }
 
 bool BaseLivreeDepassee(const Dossiers &dossiers) {

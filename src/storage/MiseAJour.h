@@ -8,9 +8,6 @@
 #include "storage/SourceAncienne.h"
 
 #include <functional>
-#include <memory>
-
-class SourceSqlite;
 
 struct ReglesCopie {
   QString SeparateurTel;
@@ -28,23 +25,15 @@ void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
 /// held. Throws `ErreurFichier`; the two are then under their names.
 void EchangerBases(const Dossiers &dossiers);
 
-/// The whole of it, for the database of a run.
-class MiseAJourBase {
- public:
-  /// Opens the user's database. Throws `ErreurBase` when it is none that can be upgraded.
-  explicit MiseAJourBase(const Dossiers &dossiers);
-  ~MiseAJourBase();
+/// Throws `ErreurBase` when the user's database is none that can be upgraded.
+void VerifierMiseAJour(const Dossiers &dossiers);
 
-  /// Copies it into the delivered one and swaps the two. The one that still waits in the
-  /// application folder replaces one left over before. Nobody writes into the user's meanwhile;
-  /// where another program's upgrade has ended before, nothing is left to do. Throws `ErreurBase`
-  /// or `ErreurFichier`; the two are then as they were.
-  void Executer(const QString &separateurTel, const std::function<void(qsizetype)> &avancement);
-
- private:
-  const Dossiers &dossiers_;
-  std::unique_ptr<SourceSqlite> source_;
-};
+/// The whole of it, for the database of a run: copies it into the delivered one and swaps the two.
+/// The one that still waits in the application folder replaces one left over before. Nobody writes
+/// into the user's meanwhile; where another program's upgrade has ended before, nothing is left to
+/// do. Throws `ErreurBase` or `ErreurFichier`; the two are then as they were.
+void MettreAJourBase(const Dossiers &dossiers, const QString &separateurTel,
+                     const std::function<void(qsizetype)> &avancement);
 
 /// Whether the user's database has a newer schema than the delivered one, and would lose what that
 /// lacks. Throws `ErreurFichier`. Not while this program has either open.

@@ -2,14 +2,9 @@
 
 #include "ui/FrmAvancement.h"
 #include "ui/Sablier.h"
+#include "ui/TravailDeFond.h"
 
-#include <QEventLoop>
-#include <QTimer>
-
-#include <chrono>
-#include <exception>
 #include <optional>
-#include <thread>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -33,34 +28,15 @@ Avance VersFenetre(FrmAvancement &fenetre, const std::stop_token &arret) {
 
 void Travail::Lancer(const std::function<void(const Avance &)> &tache) const {
   FrmAvancement avancement(titre_, fenetre_);
-  QEventLoop boucle;
-  bool fini = false;  // known to this thread alone
-  std::exception_ptr faute;
-  std::jthread fil([&](const std::stop_token &arret) {
-    try {
-      tache(VersFenetre(avancement, arret));
-    } catch (...) {
-      faute = std::current_exception();
-    }
-    QMetaObject::invokeMethod(
-        &boucle,
-        [&] {
-          fini = true;
-          boucle.quit();
-        },
-        Qt::QueuedConnection);
-  });
-  QObject::connect(&avancement, &FrmAvancement::ArretDemande, &boucle, [&] { fil.request_stop(); });
+  TravailDeFond fond([&](const std::stop_token &arret) { tache(VersFenetre(avancement, arret)); });
+  QObject::connect(&avancement, &FrmAvancement::ArretDemande, &avancement,
+                   [&fond] { fond.DemanderArret(); });
 
   std::optional<Sablier> sablier(std::in_place);
-  QTimer::singleShot(kAttente, &boucle, &QEventLoop::quit);
-  boucle.exec(QEventLoop::ExcludeUserInputEvents);
-  if (!fini) {
+  if (!fond.Attendre(QEventLoop::ExcludeUserInputEvents, kAttente)) {
     sablier.reset();  // it would lie over the button that stops
     avancement.show();
-    boucle.exec();
+    fond.Attendre(QEventLoop::AllEvents);
   }
-  fil.request_stop();  // a loop ends early when the program does
-  fil.join();
-  if (faute) std::rethrow_exception(faute);
+  fond.Finir();
 }

@@ -80,7 +80,7 @@ class MiseAJourTuee : public testing::Test {
     BoitesMuettes boites;
     Dossiers dossiers;
     dossiers.AppPath = Monde(u"app"_s);
-    Demarrage(boites, dossiers, [](const QString &) {}).Executer();
+    Demarrage(boites, dossiers, {[](const QString &) {}}).Executer();
     return boites.vues;
   }
 

@@ -138,7 +138,7 @@ TEST_F(DossierApplicationTest, DroitsDesDossiers) {
   boites.dossier = Chemin();
   Dossiers dossiers;
   dossiers.AppPath = Chemin(u"bin"_s);
-  ASSERT_TRUE(Demarrage(boites, dossiers, [](const QString &) {}).Executer());
+  ASSERT_TRUE(Demarrage(boites, dossiers, {[](const QString &) {}}).Executer());
   EXPECT_EQ(dossiers.CheminData, Chemin(u"DataTrevona/DataVelmira"_s));
   EXPECT_FALSE(QFile::permissions(dossiers.CheminData) & autres);
   EXPECT_TRUE(QFile::permissions(CreerDossierDeDonnees(Chemin())) & autres);

@@ -76,7 +76,7 @@ class MiseAJourTest : public DansUnDossier {
   void Demarrer() {
     dossiers.AppPath = Chemin(u"app"_s);
     ASSERT_TRUE(
-        Demarrage(boites, dossiers, [this](const QString &a) { annonces.append(a); }).Executer());
+        Demarrage(boites, dossiers, {[this](const QString &a) { annonces.append(a); }}).Executer());
   }
   /// An old database of so many correspondents.
   void CreerAncienne(const QString &nom, int lignes,
@@ -667,21 +667,24 @@ TEST_F(MiseAJourTest, UnAutreLaFaite) {
   Installer();
   CreerAncienne(u"Velmira.mdb"_s, 3);
   PoserBaseVide(u"Velmira_base.mdb"_s);
+  SourceSqlite ouverte(Chemin(u"Velmira.mdb"_s));  // before, and locked behind all that follows
   boites.pendant = [this] {
     boites.pendant = [] {};
     BoitesMuettes siennes;
     Dossiers siens;
     siens.AppPath = Chemin(u"app"_s);
-    ASSERT_TRUE(Demarrage(siennes, siens, [](const QString &) {}).Executer());
+    ASSERT_TRUE(Demarrage(siennes, siens, {[](const QString &) {}}).Executer());
     EXPECT_EQ(siennes.vues, faite);
     FichierNu(Chemin(u"Velmira.mdb"_s))
         .Executer(u"INSERT INTO Adresse (NomVelmira) VALUES ('Zoé')"_s);
-    PoserBaseVide(u"Velmira_base.mdb"_s);  // a third user's, for the next start
+    PoserBaseVide(u"Velmira_base.mdb"_s);  // a third user's: taken at once
   };
   Demarrer();
   EXPECT_EQ(boites.vues, faite);
   EXPECT_EQ(Noms(u"Velmira.mdb"_s).size(), 4);
-  EXPECT_EQ(Noms(u"Ancien_Velmira.mdb"_s).size(), 3);
+  EXPECT_EQ(Noms(u"Ancien_Velmira.mdb"_s).size(), 4);
+  ouverte.Reserver();
+  EXPECT_FALSE(ouverte.EstEnPlace()) << "another file bears its name by now";
 }
 
 // The old program was killed in the middle of a write: that is taken back before the copy.
