@@ -217,7 +217,8 @@ TEST_F(MiseAJourTuee, ToutesLesLignesUneFois) {
       ++tues;
       ++atteints[static_cast<std::size_t>(MomentAtteint())];
     }
-    for (const QString &boite : Demarrer()) EXPECT_FALSE(boite.startsWith(u"erreur"_s));
+    for (const QString &boite : Demarrer())
+      EXPECT_FALSE(boite.startsWith(u"erreur"_s)) << boite.toStdString();
     VerifierFin();
   }
   std::printf(
