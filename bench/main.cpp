@@ -289,27 +289,33 @@ void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, int tours = 0, bool m
 
 void Inscrire(const std::map<Cle, Donnees> &toutes) {
   using benchmark::State;
-  for (const auto &[nombre, donnees] : toutes)
+  for (const auto &paire : toutes) {
+    const Donnees &donnees = paire.second;
     Ligne(
-        u"Fill the list, %1 correspondents"_s.arg(nombre),
+        u"Fill the list, %1 correspondents"_s.arg(donnees.Nombre()),
         [&](State &etat) { RemplirVelmira(etat, donnees, ToutesCategories()); },
         [&](State &etat) { RemplirNu(etat, donnees, {}); });
-  for (const auto &[nombre, donnees] : toutes)
+  }
+  for (const auto &paire : toutes) {
+    const Donnees &donnees = paire.second;
     Ligne(
-        u"Fill one category, a tenth of %1"_s.arg(nombre),
+        u"Fill one category, a tenth of %1"_s.arg(donnees.Nombre()),
         [&](State &etat) { RemplirVelmira(etat, donnees, CategorieRare()); },
         [&](State &etat) { RemplirNu(etat, donnees, CategorieRare()); });
+  }
   const Donnees &fiches = toutes.at(kFiches);
   for (const bool choisir : {false, true})
     Ligne(
         choisir ? u"Choose a record in the list and show it"_s : u"Show a record"_s,
         [&fiches, choisir](State &etat) { MontrerVelmira(etat, fiches, choisir); },
         [&fiches, choisir](State &etat) { MontrerNu(etat, fiches, choisir); });
-  for (const auto &[nombre, donnees] : toutes)
+  for (const auto &paire : toutes) {
+    const Donnees &donnees = paire.second;
     Ligne(
-        u"Start, %1 correspondents"_s.arg(nombre),
+        u"Start, %1 correspondents"_s.arg(donnees.Nombre()),
         [&](State &etat) { MesurerDemarrage(etat, donnees, u"Velmira"_s); },
         [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, 1, true);
+  }
   Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, 1, true);
 }
 
@@ -337,12 +343,14 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
 void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Donnees> &toutes) {
   using benchmark::State;
   for (const bool connus : {false, true})
-    for (const auto &[nombre, envoi] : envois)
+    for (const auto &paire : envois) {
+      const Envoi &envoi = paire.second;
       Ligne(
-          connus ? u"Import %1 that are known, gaps in a tenth"_s.arg(nombre)
-                 : u"Import %1 into an empty table"_s.arg(nombre),
+          connus ? u"Import %1 that are known, gaps in a tenth"_s.arg(envoi.Nombre())
+                 : u"Import %1 into an empty table"_s.arg(envoi.Nombre()),
           [&envoi, connus](State &etat) { ImporterVelmira(etat, envoi, connus); },
           [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); }, 1, true);
+    }
   const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
   Ligne(
       u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
