@@ -4,7 +4,10 @@
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 
+#include <QList>
+
 #include <functional>
+#include <utility>
 
 /// A run of envelopes, one for each address, four seconds apart so that the printer can follow. A
 /// small window tells how far it is and stops it; nothing else can be started meanwhile.
