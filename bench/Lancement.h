@@ -11,6 +11,8 @@
 #include "platform/linux/PolicesSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 
+#include <utility>
+
 class ArbreVelmiras;
 
 /// Sees the first painting of a tree that has rows, from its making on.
@@ -43,8 +45,13 @@ class Lancement {
   };
   class Horloge : public HorlogeSysteme {
    public:
-    void Apres(std::chrono::milliseconds, QObject *, std::function<void()> action) override {
-      action();
+    void Apres(std::chrono::milliseconds delai, QObject *contexte,
+               std::function<void()> action) override {
+      constexpr std::chrono::milliseconds kDepart{1500};
+      if (delai <= kDepart)
+        action();
+      else
+        HorlogeSysteme::Apres(delai, contexte, std::move(action));
     }
   };
 
