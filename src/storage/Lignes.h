@@ -227,9 +227,3 @@ ChoixColonnes<L> Seulement(Champ L::*...champ) {
   (choix.set(Ordinal(champ)), ...);
   return choix;
 }
-
-/// All but these and the key.
-template <typename L, typename... Champ>
-ChoixColonnes<L> Sauf(Champ L::*...champ) {
-  return (~Seulement<L>(champ...)).reset(0);
-}

@@ -441,7 +441,7 @@ TEST_F(BaseTest, LigneChangeeParUnAutre) {
   autre.Ville = u"Lyon"_s;
   autre.Photo = QString();  // null is as empty as ""
   autre.Commentaires = QString(500, u'n') + u" la sienne"_s;
-  ModifierLigne(base, autre, Sauf<Correspondant>());
+  ModifierLigne(base, autre, ~Seulement<Correspondant>(&Correspondant::Index));
   memes.Ville = u"Lyon"_s;
   memes.Mail = u"a@b.fr"_s;
   memes.Photo = u""_s;
