@@ -22,14 +22,13 @@ FrmCP::~FrmCP() = default;
 void FrmCP::Chercher() {
   ui_->LstCP->clear();
   trouves_.clear();
-  const QString texte =
-      boites_.Saisie(u"Code Postal"_s,
-                     u"Inscrivez 3 lettres ou plus du nom recherché \n"
-                     "(soit code postal - ex : 440 - soit commune - ex : Nant -).\n"
-                     "(ST ou STE pour Saint ou Sainte)"_s,
-                     u""_s);
-  if (texte.isEmpty()) return;
-  trouves_ = ChercherCodes(appPath_, texte);
+  const auto texte = boites_.Saisie(u"Code Postal"_s,
+                                    u"Inscrivez 3 lettres ou plus du nom recherché \n"
+                                    "(soit code postal - ex : 440 - soit commune - ex : Nant -).\n"
+                                    "(ST ou STE pour Saint ou Sainte)"_s,
+                                    u""_s);
+  if (!texte || texte->isEmpty()) return;
+  trouves_ = ChercherCodes(appPath_, *texte);
   QStringList lignes;
   for (const CodePostal &trouve : trouves_) lignes.append(trouve.ligne);
   ui_->LstCP->addItems(lignes);

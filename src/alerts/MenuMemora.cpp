@@ -65,7 +65,8 @@ void MenuMemora::Enregistrer() {
 void MenuMemora::CreerRaccourci() {
   Boites &boites = session_.plateforme.boites;
   Coquille &coquille = session_.plateforme.coquille;
-  const QString nom = boites.Saisie(Boites::Titre(), u"Nom donné au raccourci :"_s, u"Memora"_s);
+  const QString nom =
+      boites.Saisie(Boites::Titre(), u"Nom donné au raccourci :"_s, u"Memora"_s).value_or(u""_s);
   if (nom.isEmpty()) return;
   if (coquille.LienExiste(nom)) {
     boites.Information(u"Le raccourci pour "_s + nom + u" existe déjà !"_s);

@@ -31,7 +31,8 @@ bool PersonnesAlerte::ProposerImport() {
 }
 
 bool PersonnesAlerte::Ajouter() {
-  const QString nom = boites_.Saisie(kTitre, u"Nom du velmira pour alerte :"_s, u""_s);
+  const QString nom =
+      boites_.Saisie(kTitre, u"Nom du velmira pour alerte :"_s, u""_s).value_or(u""_s);
   if (nom.trimmed().isEmpty()) return false;
   const QString ddn = DemanderDDN(u"Date de naissance (facultatif) :"_s, kForme);
   TablesAlertes(base_).AjouterPersonne(EnCapitales(nom), ddn);
@@ -53,7 +54,8 @@ bool PersonnesAlerte::Modifier(Cle personne) {
     return stockee;
   };
   for (;;) {
-    const QString reponse = boites_.Saisie(kTitre, u"Modifier le nom du velmira ?"_s, nom);
+    const QString reponse =
+        boites_.Saisie(kTitre, u"Modifier le nom du velmira ?"_s, nom).value_or(u""_s);
     if (reponse.trimmed().isEmpty()) return questions;
     nom = reponse;
     ddn = DemanderDDN(u"Renseigner la date de naissance (facultatif) :"_s,
@@ -70,7 +72,7 @@ bool PersonnesAlerte::Modifier(Cle personne) {
 QString PersonnesAlerte::DemanderDDN(const QString &invite, const QString &defaut) {
   const QString rappel = u"\n\n"_s + QString(19, u'_') + u"\n\n"_s + kForme;
   for (;;) {
-    const QString reponse = boites_.Saisie(kTitre, invite, defaut);
+    const QString reponse = boites_.Saisie(kTitre, invite, defaut).value_or(u""_s);
     if (reponse.isEmpty()) return u""_s;
     const QDate date = DateSaisie(reponse);
     if (reponse.size() == kForme.size() && date.isValid()) return date.toString(u"dd/MM/yyyy"_s);

@@ -28,9 +28,10 @@ CommandesFetes::CommandesFetes(Session &session, QAction *mnuJF, QAction *mnuFet
 
 void CommandesFetes::MontrerJoursFeries() {
   Plateforme &plateforme = session_.plateforme;
-  const QString annee =
-      plateforme.boites.Saisie(u"Jours fériés"_s, u"Pour l'année... yyyy ?"_s,
-                               QString::number(plateforme.horloge.Maintenant().date().year()));
+  const QString annee = plateforme.boites
+                            .Saisie(u"Jours fériés"_s, u"Pour l'année... yyyy ?"_s,
+                                    QString::number(plateforme.horloge.Maintenant().date().year()))
+                            .value_or(u""_s);
   if (annee.size() != 4) return;
   const QList<JourFerie> jours = JoursFeries(annee.toInt());
   if (jours.isEmpty()) throw Erreur(u"« %1 » n'est pas une année."_s.arg(annee));
@@ -43,7 +44,8 @@ void CommandesFetes::ChercherUnJour() {
   Boites &boites = session_.plateforme.boites;
   const QString titreErreur = u"Erreur date"_s;
   const QString jjmm =
-      boites.Saisie(u"Fête de ..."_s, u"\n\nQui fête -t- on ce jour ?... jjmm"_s, u""_s);
+      boites.Saisie(u"Fête de ..."_s, u"\n\nQui fête -t- on ce jour ?... jjmm"_s, u""_s)
+          .value_or(u""_s);
   if (jjmm.isEmpty()) return;
   if (jjmm.size() != 4) {
     boites.Message(Boites::Genre::Attention, titreErreur, u"Mauvais format de date ?"_s);
@@ -69,8 +71,10 @@ void CommandesFetes::ChercherUnJour() {
 
 void CommandesFetes::ChercherUnPrenom() {
   Boites &boites = session_.plateforme.boites;
-  const QString prenom = boites.Saisie(
-      u"Fête de ..."_s, u"\n\nPrénom pour lequel on recherche la date de fête"_s, u""_s);
+  const QString prenom =
+      boites
+          .Saisie(u"Fête de ..."_s, u"\n\nPrénom pour lequel on recherche la date de fête"_s, u""_s)
+          .value_or(u""_s);
   if (prenom.isEmpty()) return;
   const auto saints = ChargerSaints(session_.dossiers.AppPath);
   if (!saints) return;

@@ -138,9 +138,9 @@ void Apparence::ChoisirCouleur() {
 void Apparence::DemanderNom() {
   Boites &boites = session_.plateforme.boites;
   QString &nom = session_.reglages.rtcolor.NomPerso;
-  const QString reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
-  if (reponse.trimmed().isEmpty() || RefuserInenregistrable(boites, reponse)) return;
-  nom = reponse;
+  const auto reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
+  if (!reponse || reponse->trimmed().isEmpty() || RefuserInenregistrable(boites, *reponse)) return;
+  nom = *reponse;
   emit Changee();
   EcrireRTColor();
 }
@@ -148,14 +148,13 @@ void Apparence::DemanderNom() {
 void Apparence::DemanderVitesse() {
   Boites &boites = session_.plateforme.boites;
   qint16 &vitesse = session_.reglages.rtcolor.VitesseTransition;
-  const QString reponse =
-      boites.Saisie(u"Vitesse de transition"_s,
-                    u"Vitesse de transition de passage\n"
-                    "entre module Répertoire et module Impression d'enveloppes\n\n"
-                    " (0 à100 en moyenne)"_s,
-                    QString::number(vitesse));
-  if (reponse.isEmpty()) return;
-  const double valeur = std::nearbyint(NombreSaisi(reponse));
+  const auto reponse = boites.Saisie(u"Vitesse de transition"_s,
+                                     u"Vitesse de transition de passage\n"
+                                     "entre module Répertoire et module Impression d'enveloppes\n\n"
+                                     " (0 à100 en moyenne)"_s,
+                                     QString::number(vitesse));
+  if (!reponse || reponse->isEmpty()) return;
+  const double valeur = std::nearbyint(NombreSaisi(*reponse));
   if (valeur < 0 || valeur > std::numeric_limits<qint16>::max()) {
     boites.Information(u"Valeur non conforme !"_s);
     return;

@@ -61,10 +61,12 @@ void CommandesAppel::Demander() {
         "rapport avec elle."_s);
     return;
   }
-  const QString reponse = boites.Saisie(Boites::Titre(),
-                                        u"Inscrire le numéro de téléphone à appeler,\n"
-                                        "ou l'adresse émail à velmiraer :"_s,
-                                        u""_s);
+  const QString reponse = boites
+                              .Saisie(Boites::Titre(),
+                                      u"Inscrire le numéro de téléphone à appeler,\n"
+                                      "ou l'adresse émail à velmiraer :"_s,
+                                      u""_s)
+                              .value_or(u""_s);
   if (reponse.isEmpty()) return;
   if (EstNumero(reponse))
     Composer(reponse);
@@ -137,7 +139,8 @@ void CommandesAppel::ChoisirPort(std::size_t choix) {
 void CommandesAppel::DemanderPort() {
   MajPort();  // until another port is told, the mark stays with the old one
   Boites &boites = session_.plateforme.boites;
-  const QString reponse = boites.Saisie(Boites::Titre(), u"Indiquez le numéro du port :"_s, u""_s);
+  const QString reponse =
+      boites.Saisie(Boites::Titre(), u"Indiquez le numéro du port :"_s, u""_s).value_or(u""_s);
   if (reponse.isEmpty()) return;
   bool nombre = false;
   const int port = reponse.toInt(&nombre);

@@ -177,8 +177,8 @@ void GestionCategories::Balayer(const QString &nom,
 
 void GestionCategories::Renommer(const QString &nom) {
   ui_->CboCat->setEditText(u""_s);
-  const QString nouveau = boites_->Saisie(Boites::Titre(), u"Faites votre modification :"_s, nom);
-  if (nouveau.isEmpty()) return;
-  Balayer(nom, [&](QString categories) { return categories.replace(nom, nouveau); });
+  const auto nouveau = boites_->Saisie(Boites::Titre(), u"Faites votre modification :"_s, nom);
+  if (!nouveau || nouveau->isEmpty()) return;
+  Balayer(nom, [&](QString categories) { return categories.replace(nom, *nouveau); });
   ui_->LstCat->setFocus();
 }

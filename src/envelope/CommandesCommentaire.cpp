@@ -48,8 +48,10 @@ void CommandesCommentaire::Inserer() {
   QString &commentaire = etat_.Commentaire;
   Boites &boites = session_.plateforme.boites;
   commentaire =
-      boites.Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
-                    commentaire.isEmpty() ? u"Rendez-vous le "_s : commentaire);
+      boites
+          .Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
+                  commentaire.isEmpty() ? u"Rendez-vous le "_s : commentaire)
+          .value_or(u""_s);
   boites.Information(
       u"Commentaire inséré en haut et à droite de l'enveloppe :\n"
       "      ____________________________________\n\n"_s +

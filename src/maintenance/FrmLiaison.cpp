@@ -51,8 +51,10 @@ void FrmLiaison::Choisir(std::size_t option) {
 }
 
 void FrmLiaison::DemanderAutre() {
-  const QString choisi = boites_.Saisie(u"Caractère de liaison"_s,
-                                        u"Indiquez le caractère de liaison choisi :"_s, u""_s);
+  const QString choisi =
+      boites_
+          .Saisie(u"Caractère de liaison"_s, u"Indiquez le caractère de liaison choisi :"_s, u""_s)
+          .value_or(u""_s);
   if (!EstEnregistrable(choisi)) {
     boites_.Attention(
         u"Ce caractère de liaison ne peut pas être enregistré : \"%1\".\nChoisissez-en un autre."_s

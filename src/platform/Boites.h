@@ -29,8 +29,10 @@ class Boites {
   /// OK or Annuler; false for Annuler and for closing the box.
   virtual bool Confirmation(const QString &titre, const QString &texte) = 0;
 
-  /// A line of text; `defaut` is proposed. Empty when the user cancels.
-  virtual QString Saisie(const QString &titre, const QString &invite, const QString &defaut) = 0;
+  /// A line of text; `defaut` is proposed. Nothing when the user cancels; an empty one is an
+  /// answer.
+  virtual std::optional<QString> Saisie(const QString &titre, const QString &invite,
+                                        const QString &defaut) = 0;
 
   /// Oui, Non or Annuler; closing the box counts as Annuler.
   virtual Choix QuestionAnnulable(const QString &titre, const QString &texte) = 0;

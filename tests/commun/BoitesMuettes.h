@@ -23,7 +23,9 @@ class BoitesMuettes : public Boites {
     Noter(QStringLiteral("confirmation : ") + texte);
     return false;
   }
-  QString Saisie(const QString &, const QString &, const QString &) override { return {}; }
+  std::optional<QString> Saisie(const QString &, const QString &, const QString &) override {
+    return std::nullopt;
+  }
   Choix QuestionAnnulable(const QString &, const QString &) override { return Choix::Annuler; }
   QString Fichier(const QString &, const QString &, const QString &) override { return {}; }
   std::optional<Couleur> ChoixCouleur(const Couleur &) override { return std::nullopt; }

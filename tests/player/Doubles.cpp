@@ -86,11 +86,12 @@ Boites::Reponse BoitesScenario::Question(const QString &titre, const QString &te
   return reponse.texte == u"oui"_s ? Reponse::Oui : Reponse::Non;
 }
 
-QString BoitesScenario::Saisie(const QString &titre, const QString &invite, const QString &defaut) {
+std::optional<QString> BoitesScenario::Saisie(const QString &titre, const QString &invite,
+                                              const QString &defaut) {
   vues_.push_back({u"saisie"_s, titre, invite, defaut});
   const auto reponse = Repondre(vues_.back(), {u"ok"_s, u"annuler"_s}, true);
   if (reponse.cite) return reponse.texte;
-  return reponse.texte == u"ok"_s ? defaut : QString();
+  return reponse.texte == u"ok"_s ? std::optional(defaut) : std::nullopt;
 }
 
 bool BoitesScenario::Confirmation(const QString &titre, const QString &texte) {

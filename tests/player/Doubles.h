@@ -77,7 +77,8 @@ class BoitesScenario : public Boites {
 
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
-  QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  std::optional<QString> Saisie(const QString &titre, const QString &invite,
+                                const QString &defaut) override;
   bool Confirmation(const QString &titre, const QString &texte) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   /// Recorded with the filter as its text and the folder as what is proposed.

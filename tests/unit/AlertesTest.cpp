@@ -197,7 +197,7 @@ struct BoitesDeDeux : BoitesMuettes {
   QList<Choix> choix;
   QStringList defauts, questions;
 
-  QString Saisie(const QString &, const QString &, const QString &defaut) override {
+  std::optional<QString> Saisie(const QString &, const QString &, const QString &defaut) override {
     defauts.append(defaut);
     if (saisies.isEmpty()) return {};
     const auto [reponse, avant] = saisies.takeFirst();

@@ -46,9 +46,12 @@ Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &tex
   return boite.exec() == QMessageBox::Yes ? Reponse::Oui : Reponse::Non;
 }
 
-QString BoitesSysteme::Saisie(const QString &titre, const QString &invite, const QString &defaut) {
-  return QInputDialog::getText(QApplication::activeWindow(), titre, invite, QLineEdit::Normal,
-                               defaut);
+std::optional<QString> BoitesSysteme::Saisie(const QString &titre, const QString &invite,
+                                             const QString &defaut) {
+  bool validee = false;
+  const QString texte = QInputDialog::getText(QApplication::activeWindow(), titre, invite,
+                                              QLineEdit::Normal, defaut, &validee);
+  return validee ? std::optional(texte) : std::nullopt;
 }
 
 Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QString &texte) {

@@ -7,7 +7,8 @@ class BoitesSysteme : public Boites {
  public:
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
-  QString Saisie(const QString &titre, const QString &invite, const QString &defaut) override;
+  std::optional<QString> Saisie(const QString &titre, const QString &invite,
+                                const QString &defaut) override;
   bool Confirmation(const QString &titre, const QString &texte) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
