@@ -52,7 +52,8 @@ struct FinImpression {
 /// and a document that goes without that is given up: nothing of it is printed.
 class Document : public Feuille {
  public:
-  /// Height of the printable area of a page.
+  /// Width and height of the printable area of a page.
+  virtual Millimetres LargeurPage() const = 0;
   virtual Millimetres HauteurPage() const = 0;
 
   /// Adds a page; what is written from now on goes there.

@@ -226,6 +226,9 @@ class ImprimanteScenario::DocumentScenario : public Document {
         nom_(description.nom),
         pages_{PageImprimee{appareil, description.orientation, {}}} {}
 
+  Millimetres LargeurPage() const override {
+    return Millimetres(pages_.first().orientation == Orientation::Portrait ? 210 : 297);
+  }
   Millimetres HauteurPage() const override {
     return Millimetres(pages_.first().orientation == Orientation::Portrait ? 297 : 210);
   }

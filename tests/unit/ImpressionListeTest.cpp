@@ -39,6 +39,7 @@ class DocumentFeint : public Document {
  public:
   explicit DocumentFeint(ImprimanteFeinte &imprimante) : imprimante_(imprimante) {}
 
+  Millimetres LargeurPage() const override { return Millimetres(kLargeurFeinte); }
   Millimetres HauteurPage() const override { return Millimetres(kHauteurFeinte); }
   void NouvellePage() override { ++imprimante_.pages; }
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {

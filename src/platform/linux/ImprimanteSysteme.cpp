@@ -115,6 +115,9 @@ class DocumentPdf : public DocumentPeint {
                                    QMarginsF()));
   }
 
+  Millimetres LargeurPage() const override {
+    return Millimetres(Mise().fullRect().width()) - marge_ * 2;
+  }
   Millimetres HauteurPage() const override {
     return Millimetres(Mise().fullRect().height()) - marge_ * 2;
   }
@@ -157,13 +160,11 @@ class DocumentSysteme : public DocumentPeint {
   /// name.
   bool EstLa() const { return imprimante_.printerName() == appareil_; }
 
+  Millimetres LargeurPage() const override {
+    return orientation_ == Orientation::Portrait ? LargeurFeuille() : HauteurFeuille();
+  }
   Millimetres HauteurPage() const override {
-    const QPageLayout feuille = Mise();
-    const QSizeF taille = feuille.fullRect().size();
-    const QMarginsF marges = feuille.minimumMargins();
-    return orientation_ == Orientation::Portrait
-               ? Millimetres(taille.height() - marges.top() - marges.bottom())
-               : Millimetres(taille.width() - marges.left() - marges.right());
+    return orientation_ == Orientation::Portrait ? HauteurFeuille() : LargeurFeuille();
   }
 
   FinImpression Terminer() override {
@@ -193,6 +194,18 @@ class DocumentSysteme : public DocumentPeint {
   }
 
  private:
+  // Of the printable area of the sheet, which is upright whatever lies on it.
+  Millimetres LargeurFeuille() const {
+    const QPageLayout feuille = Mise();
+    const QMarginsF marges = feuille.minimumMargins();
+    return Millimetres(feuille.fullRect().width() - marges.left() - marges.right());
+  }
+  Millimetres HauteurFeuille() const {
+    const QPageLayout feuille = Mise();
+    const QMarginsF marges = feuille.minimumMargins();
+    return Millimetres(feuille.fullRect().height() - marges.top() - marges.bottom());
+  }
+
   QString appareil_;
   Orientation orientation_;
   QPrinter imprimante_{QPrinter::HighResolution};
