@@ -1,9 +1,12 @@
 #include "directory/ImpressionListe.h"
 
 #include <QStringList>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <initializer_list>
+#include <numeric>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -12,9 +15,8 @@ namespace {
 // A file may go on to a printer that needs margins.
 constexpr Millimetres kMargeFichier(15);
 
-// A text position above the top edge counts as the edge: the empty line that comes first begins
-// there, and the heading stands one line below it.
-constexpr Millimetres kDepart = kTwip * -600;
+// Between the parts of a line.
+constexpr QLatin1StringView kLiaison(" - ");
 
 Police Titre() {
   return {u"Arial"_s, 14, true, true};
@@ -29,11 +31,66 @@ Police Petite() {
   return {u"Arial"_s, 8, false, false};
 }
 
+/// The beginning of a text that fits into a width, for a line of its own; the rest stays.
+class Coupe {
+ public:
+  Coupe(const MesureTexte &mesure, const Police &police, Millimetres largeur)
+      : mesure_(mesure), police_(police), largeur_(largeur) {}
+
+  QString Prendre(QString &texte) const {
+    if (Tient(texte, texte.size())) return std::exchange(texte, {});
+    const QString debut = texte.left(Place(texte) + 1);  // with the sign that is too many
+    if (const auto partie = debut.lastIndexOf(kLiaison); partie > 0)
+      return Detacher(texte, partie + kTrait);
+    if (const auto blanc = debut.lastIndexOf(u' '); blanc > 0) return Detacher(texte, blanc);
+    return Detacher(texte, SignesEntiers(debut));
+  }
+
+ private:
+  // Of what joins two parts, the hyphen stays at the end of the line.
+  static constexpr qsizetype kTrait = 2;
+
+  bool Tient(const QString &texte, qsizetype longueur) const {
+    return mesure_.Largeur(texte.left(longueur), police_) <= largeur_;
+  }
+  /// How many characters of a text that does not fit do so, if any. The bounds are doubled first:
+  /// a text may be many pages long.
+  qsizetype Place(const QString &texte) const {
+    qsizetype trop = 1;
+    while (trop < texte.size() && Tient(texte, trop)) trop = std::min(trop * 2, texte.size());
+    qsizetype tient = trop / 2;
+    while (trop - tient > 1) {
+      const qsizetype milieu = std::midpoint(tient, trop);
+      (Tient(texte, milieu) ? tient : trop) = milieu;
+    }
+    return tient;
+  }
+  /// Where the last sign begins, unless it is the only one.
+  static qsizetype SignesEntiers(const QString &debut) {
+    QTextBoundaryFinder signes(QTextBoundaryFinder::Grapheme, debut);
+    signes.toEnd();
+    const qsizetype dernier = signes.toPreviousBoundary();
+    return dernier > 0 ? dernier : debut.size();
+  }
+  static QString Detacher(QString &texte, qsizetype longueur) {
+    QString debut = texte.left(longueur);
+    while (debut.endsWith(u' ')) debut.chop(1);
+    texte.remove(0, longueur);
+    while (texte.startsWith(u' ')) texte.remove(0, 1);
+    return debut;
+  }
+
+  const MesureTexte &mesure_;
+  const Police &police_;
+  Millimetres largeur_;
+};
+
 /// Writes lines from the top of a page on, and goes to the next page with the line that no longer
-/// fits.
+/// fits. What is wider than the page goes on in the next line.
 class Redaction {
  public:
-  explicit Redaction(Document &document) : document_(document), hauteur_(document.HauteurPage()) {}
+  explicit Redaction(Document &document)
+      : document_(document), largeur_(document.LargeurPage()), hauteur_(document.HauteurPage()) {}
 
   void Ecrire(const std::vector<LigneListe> &lignes) {
     for (const LigneListe &ligne : lignes) Ecrire(ligne);
@@ -41,19 +98,25 @@ class Redaction {
 
  private:
   void Ecrire(const LigneListe &ligne) {
-    const Millimetres hauteur = document_.HauteurLigne(ligne.police);
-    y_ = std::max(y_, Millimetres());
+    const Coupe coupe(document_, ligne.police, largeur_);
+    QString reste = ligne.texte;
+    do {
+      Ecrire(ligne.police, coupe.Prendre(reste));
+    } while (!reste.isEmpty());
+  }
+  void Ecrire(const Police &police, const QString &texte) {
+    const Millimetres hauteur = document_.HauteurLigne(police);
     if (y_ + hauteur > hauteur_) {
       document_.NouvellePage();
       y_ = {};
     }
-    if (!ligne.texte.isEmpty()) document_.Ecrire({}, y_, ligne.police, ligne.texte);
+    if (!texte.isEmpty()) document_.Ecrire({}, y_, police, texte);
     y_ += hauteur;
   }
 
   Document &document_;
-  Millimetres hauteur_;
-  Millimetres y_ = kDepart;
+  Millimetres largeur_, hauteur_;
+  Millimetres y_;
 };
 
 struct Partie {
@@ -68,11 +131,16 @@ QString Reunir(std::initializer_list<Partie> parties) {
   for (const Partie &partie : parties)
     if (partie.choisie && !partie.valeur.isEmpty())
       textes.append(QString::fromUtf16(partie.libelle) + partie.valeur);
-  return textes.join(u" - "_s);
+  return textes.join(kLiaison);
 }
 
 void Ajouter(std::vector<LigneListe> &lignes, int vides, const Police &police) {
   lignes.insert(lignes.end(), static_cast<std::size_t>(vides), {u""_s, police});
+}
+
+/// The walk sets out only where the first is not the last: one correspondent alone is not printed.
+qsizetype Imprimes(const CadreListe &cadre) {
+  return cadre.nombre == 1 ? 0 : cadre.nombre;
 }
 
 }  // namespace
@@ -110,7 +178,8 @@ std::vector<LigneListe> LignesFiche(const Correspondant &f, const ChoixListe &ch
 
 std::vector<LigneListe> LignesPied(const CadreListe &cadre) {
   std::vector<LigneListe> lignes;
-  Ajouter(lignes, 3, Texte());
+  // The font of what stands above goes on.
+  Ajouter(lignes, 3, Imprimes(cadre) == 0 ? Titre() : Texte());
   lignes.push_back({u"Imprimé le  "_s + cadre.instant.toString(u"dd/MM/yyyy"_s) + u"  à  "_s +
                         cadre.instant.toString(u"HH:mm:ss"_s),
                     Petite()});
@@ -125,9 +194,7 @@ FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
   if (document == nullptr) return {};
   Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
-  // The walk sets out only where the first is not the last: one correspondent alone is not printed.
-  const qsizetype imprimes = cadre.nombre == 1 ? 0 : cadre.nombre;
-  for (qsizetype rang = 0; rang < imprimes; ++rang) {
+  for (qsizetype rang = 0; rang < Imprimes(cadre); ++rang) {
     const auto fiche = lire(rang);
     if (!fiche) return {};
     redaction.Ecrire(LignesFiche(*fiche, choix));

@@ -1,5 +1,7 @@
 #pragma once
-// The list of correspondents on paper: plain lines, one under the other, page after page.
+// The list of correspondents on paper: plain lines, one under the other, page after page. A line
+// that is wider than the page goes on in the next one: broken behind " - ", else at a blank, else,
+// in a word that is wider than the page, at the sign.
 
 #include "platform/Imprimante.h"
 #include "storage/Lignes.h"

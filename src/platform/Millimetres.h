@@ -36,4 +36,3 @@ struct Millimetres {
 
 inline constexpr Millimetres kPouce(25.4);
 inline constexpr Millimetres kPoint = kPouce / 72;
-inline constexpr Millimetres kTwip = kPouce / 1440;

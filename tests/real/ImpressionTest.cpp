@@ -388,7 +388,7 @@ TEST_F(Impression, DisquePlein) {
 
 class ImpressionDeListe : public Impression {
  protected:
-  static constexpr double kMarge = 15, kHauteur = 297;
+  static constexpr double kMarge = 15, kLargeur = 210, kHauteur = 297;
   static constexpr double kInterligne =
       1.1499 * kPoint.valeur;  // for each point of the font's size
 
@@ -481,15 +481,47 @@ TEST_F(ImpressionDeListe, CinqCentsCorrespondants) {
   EXPECT_EQ(trouves, attendus);
 }
 
-TEST_F(ImpressionDeListe, HauteurDeLaPage) {
-  const auto hauteur = [this](const DescriptionDocument &description) {
-    return imprimante_.Ouvrir(Imprimante::NomPdf(), description)->HauteurPage().valeur;
+// What is wider than the page ends at the margin, and goes on below.
+TEST_F(ImpressionDeListe, LignesLarges) {
+  const QString mot(150, u'm');
+  const CadreListe cadre{u"HHHH"_s, 2, horloge_.Maintenant()};
+  const auto lire = [&](qsizetype) {
+    Correspondant fiche;
+    fiche.NomVelmira = u"Nom"_s;
+    fiche.Ligne2 = u"Direction des relations avec les voyageurs"_s;
+    fiche.Ligne3 = u"Immeuble « Les Trois Écluses », deuxième étage"_s;
+    fiche.Ligne4 = u"238 bis boulevard du Maréchal-de-Lattre"_s;
+    fiche.Ville = u"NIORT CEDEX 9"_s;
+    fiche.Web = mot;
+    return std::optional(fiche);
   };
-  EXPECT_NEAR(hauteur({.nom = u"Liste"_s, .margeFichier = Millimetres(kMarge)}),
-              kHauteur - 2 * kMarge, kTolerance);
+  const PageLue page = LirePage(ImprimerListe(imprimante_, cadre, {}, lire).fichier);
+  qsizetype signes = 0;
+  double droite = 0;
+  for (const auto &[texte, cadreDuMot] : page.mots) {
+    EXPECT_LE(cadreDuMot.droite, kLargeur - kMarge + kTolerance) << qPrintable(texte);
+    droite = std::max(droite, cadreDuMot.droite);
+    if (texte.startsWith(u"mm"_s)) signes += texte.size();
+  }
+  EXPECT_GT(droite, kLargeur - kMarge - 4);  // not broken earlier than it must
+  EXPECT_EQ(signes, 2 * mot.size());
+  EXPECT_NEAR(page.Mot(u"238"_s).gauche, kMarge, kTolerance);
+  EXPECT_NEAR(page.Mot(u"238"_s).haut, page.Mot(u"Direction"_s).haut + 10 * kInterligne,
+              kTolerance);
+}
+
+TEST_F(ImpressionDeListe, TailleDeLaPage) {
+  const auto estGrande = [this](const DescriptionDocument &description, double largeur,
+                                double hauteur) {
+    const auto document = imprimante_.Ouvrir(Imprimante::NomPdf(), description);
+    EXPECT_NEAR(document->LargeurPage().valeur, largeur, kTolerance);
+    EXPECT_NEAR(document->HauteurPage().valeur, hauteur, kTolerance);
+  };
+  estGrande({.nom = u"Liste"_s, .margeFichier = Millimetres(kMarge)}, kLargeur - 2 * kMarge,
+            kHauteur - 2 * kMarge);
   // An envelope keeps the whole sheet.
-  EXPECT_NEAR(hauteur({.orientation = Orientation::Portrait}), 297, kTolerance);
-  EXPECT_NEAR(hauteur({.orientation = Orientation::Paysage}), 210, kTolerance);
+  estGrande({.orientation = Orientation::Portrait}, 210, 297);
+  estGrande({.orientation = Orientation::Paysage}, 297, 210);
 }
 
 TEST_F(ImpressionDeListe, DisquePlein) {

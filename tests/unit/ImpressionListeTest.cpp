@@ -8,13 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double kHauteurFeinte = 100;
+constexpr double kLargeurFeinte = 120, kHauteurFeinte = 100;
 
 using Issue = FinImpression::Issue;
 const FinImpression kImprimee{Issue::Imprimee}, kEchouee{Issue::Echouee};
 
-/// What is written on its documents: pages 100 mm high, and lines as high as their font in points,
-/// times 0.4.
+/// What is written on its documents: pages 120 mm wide and 100 mm high; a line is as high as its
+/// font in points, times 0.4, and a character half as wide.
 class ImprimanteFeinte : public Imprimante {
  public:
   struct Ecrite {
@@ -50,7 +50,9 @@ class DocumentFeint : public Document {
     imprimante_.terminee = true;
     return *imprimante_.fin;
   }
-  Millimetres Largeur(const QString &, const Police &) const override { return {}; }
+  Millimetres Largeur(const QString &texte, const Police &police) const override {
+    return Millimetres(static_cast<double>(texte.size()) * police.points * 0.2);
+  }
   Millimetres HauteurLigne(const Police &police) const override {
     return Millimetres(police.points * 0.4);
   }
@@ -217,6 +219,48 @@ TEST(ImpressionListe, Pages) {
   }
 }
 
+// What is wider than the page, 60 characters of 10 points, goes on in lines of its own, and these
+// count for the pages.
+TEST(ImpressionListe, LignesLarges) {
+  const QString parties = u"Bâtiment C, deuxième étage - 238 bis boulevard de Lattre"_s;  // 56
+  const QString mot(59, u'x');
+  const struct {
+    QString texte;
+    QStringList lignes;
+  } cas[] = {
+      {parties + u" 79"_s, {parties + u" 79"_s}},
+      {parties + u" 790"_s, {parties + u" 790"_s}},
+      {parties + u" 7900"_s, {u"Bâtiment C, deuxième étage -"_s, parties.mid(29) + u" 7900"_s}},
+      {mot.left(58) + u" - 44000"_s, {mot.left(58) + u" -"_s, u"44000"_s}},
+      {mot + u" - 44000"_s, {mot, u"- 44000"_s}},
+      {mot + u"x  un deux"_s, {mot + u'x', u"un deux"_s}},
+      {u"Web : "_s + mot, {u"Web :"_s, mot}},
+      {u"a - "_s + mot + mot, {u"a -"_s, mot + u'x', mot.left(58)}},
+      // a sign made of two characters stays whole
+      {mot + u"\U0001F600 fin"_s, {mot, u"\U0001F600 fin"_s}},
+      {mot + u"e\u0301 fin"_s, {mot, u"e\u0301 fin"_s}},
+  };
+  for (const auto &[texte, attendues] : cas) {
+    ImprimanteFeinte imprimante;
+    const auto lire = [&texte = texte](qsizetype) {
+      Correspondant fiche;
+      fiche.NomVelmira = texte;
+      return std::optional(fiche);
+    };
+    ASSERT_EQ(ImprimerListe(imprimante, Cadre(12), {}, lire), kImprimee);
+    QStringList trouvees;
+    for (const auto &ligne : imprimante.lignes) {
+      EXPECT_LE(ligne.y + ligne.police.points * 0.4, kHauteurFeinte);
+      if (ligne.police.points == 10) trouvees += ligne.texte;
+    }
+    QStringList douze;
+    for (int i = 0; i < 12; ++i) douze += attendues;
+    EXPECT_EQ(trouvees, douze) << qPrintable(texte);
+    // The head is as high as 8 lines, the foot follows 3.
+    EXPECT_EQ(imprimante.pages, 1 + (8 + 12 * (attendues.size() + 2) + 3 + 1) / 25);
+  }
+}
+
 // One correspondent alone is counted and not printed; its record is not even read.
 TEST(ImpressionListe, UnSeulCorrespondant) {
   for (const qsizetype nombre : {0, 1}) {
@@ -228,7 +272,7 @@ TEST(ImpressionListe, UnSeulCorrespondant) {
     EXPECT_EQ(ImprimerListe(imprimante, Cadre(nombre), {}, lire), kImprimee);
     ASSERT_EQ(imprimante.lignes.size(), 3u);
     EXPECT_EQ(imprimante.lignes[0].texte, u"Velmiras de Paul : %1 enregistrements"_s.arg(nombre));
-    EXPECT_NEAR(imprimante.lignes[1].y, 32 + 12, 1e-6);
+    EXPECT_NEAR(imprimante.lignes[1].y, 32 + 3 * 5.6, 1e-6);  // in the heading's size
   }
 }
 
