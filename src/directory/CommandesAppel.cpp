@@ -7,21 +7,35 @@
 #include <QScopeGuard>
 
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A number as a whole: digits, with blanks, points and hyphens between, and a plus in front.
-bool EstNumero(const QString &texte) {
-  static const QRegularExpression kNumero(u"^ *\\+?[0-9 .-]*[0-9][0-9 .-]*$"_s);
-  return kNumero.match(texte).hasMatch();
+constexpr QByteArrayView kRaccrocher("ATH\r");
+
+QByteArray CommandeModem(const QString &numero) {
+  return "ATDT " + numero.toLatin1() + ";\r";
 }
 
-/// A line end in a number would be a command of its own.
-QByteArray CommandeModem(QString numero) {
-  numero.removeIf([](QChar signe) { return signe < u' '; });
-  return "ATDT " + numero.toLatin1() + ";\r";
+QString TexteAppel(const QString &numero, const QString &compose, bool entier) {
+  const QString texte = u"Composition du numéro "_s + numero;
+  return entier ? texte : texte + u"\n\nLe modem ne recevra que : "_s + compose;
+}
+
+QString TexteEchec(const QString &numero, const ReponseModem &reponse) {
+  return u"L'appel du numéro %1 a échoué : %2 (réponse du modem : %3).\n"
+         "La ligne est raccrochée. Vous pouvez recommencer l'appel."_s.arg(numero, reponse.raison,
+                                                                           reponse.mot);
+}
+
+/// The number of a port in a typed text; a number may bear decimals that are nought.
+std::optional<quint8> PortSaisi(const QString &texte) {
+  static const QRegularExpression kPort(u"^\\s*\\+?([0-9]+)([.,]0*)?\\s*$"_s);
+  const int port = kPort.match(texte).captured(1).toInt();  // 0 where it is none
+  if (port < 1 || port > std::numeric_limits<quint8>::max()) return std::nullopt;
+  return static_cast<quint8>(port);
 }
 
 }  // namespace
@@ -68,7 +82,7 @@ void CommandesAppel::Demander() {
                                       u""_s)
                               .value_or(u""_s);
   if (reponse.isEmpty()) return;
-  if (EstNumero(reponse))
+  if (EstNumero(reponse, session_.reglages.SeparateurTel))
     Composer(reponse);
   else if (reponse.contains(u'@'))
     Ecrire(reponse);
@@ -77,7 +91,7 @@ void CommandesAppel::Demander() {
 }
 
 void CommandesAppel::AppelerFiche(const QString &numero) {
-  if (numero.trimmed().isEmpty())
+  if (NumeroAComposer(numero, session_.reglages.SeparateurTel).isEmpty())
     session_.plateforme.boites.Critique(u"Pas de numéro valide"_s);
   else
     Composer(numero);
@@ -89,11 +103,17 @@ void CommandesAppel::Ecrire(const QString &adresse) {
 
 void CommandesAppel::Composer(const QString &numero) {
   Boites &boites = session_.plateforme.boites;
-  if (enCours_) {
-    boites.Information(u"Un appel est déjà en cours."_s);
+  if (finAppel_) {
+    boites.Information(
+        u"Un appel est déjà en cours.\nPour raccrocher, décochez « Utiliser la numérotation "
+        "téléphonique » dans le menu 'Options'."_s);
     return;
   }
-  if (!boites.Confirmation(Boites::Titre(), u"Composition du numéro "_s + numero)) return;
+  const QString &separateur = session_.reglages.SeparateurTel;
+  const QString compose = NumeroAComposer(numero, separateur);
+  if (!boites.Confirmation(Boites::Titre(),
+                           TexteAppel(numero, compose, EstNumero(numero, separateur))))
+    return;
   PortSerie &port = session_.plateforme.port;
   const quint8 numeroPort = session_.reglages.rtcolor.PortCom;
   if (!port.Ouvrir(numeroPort)) {
@@ -102,31 +122,50 @@ void CommandesAppel::Composer(const QString &numero) {
                        "sélectionner un autre port de communication."_s);
     return;
   }
-  enCours_ = true;
-  const auto fin = qScopeGuard([&] {
-    port.Fermer();
-    enCours_ = false;
-  });
-  port.Ecrire(CommandeModem(numero));
-  AttendreModem();
-  port.Ecrire("ATH\r");
+  port.Ecrire(CommandeModem(compose));
+  ConduireAppel(numero);
 }
 
-void CommandesAppel::AttendreModem() {
-  PortSerie &port = session_.plateforme.port;
-  QByteArray ReponseModem;
-  const auto repondu = [&] { return ReponseModem.contains("OK"); };
-  FinAppel = false;
-  session_.plateforme.horloge.AttendreQue([&] {
-    ReponseModem += port.Lire();
-    return FinAppel || repondu() || !port.Vivant();
-  });
-  if (FinAppel) return;
+void CommandesAppel::ConduireAppel(const QString &numero) {
   Boites &boites = session_.plateforme.boites;
-  if (repondu())
+  bool fini = false;
+  finAppel_ = &fini;
+  const auto raccrocher = qScopeGuard([&] {
+    if (!fini) Raccrocher();
+  });
+  const auto reponse = AttendreModem(fini);
+  if (fini) return;
+  if (reponse && reponse->decroche) {
     boites.Information(u"Appuyez sur le bouton OK pour raccrocher."_s);
-  else if (!port.Vivant())
+    return;
+  }
+  const bool vivant = session_.plateforme.port.Vivant();
+  Raccrocher();
+  if (reponse)
+    boites.Information(TexteEchec(numero, *reponse));
+  else if (!vivant)
     boites.Information(u"La liaison avec le modem a été interrompue : l'appel est terminé."_s);
+}
+
+std::optional<ReponseModem> CommandesAppel::AttendreModem(const bool &fini) {
+  PortSerie &port = session_.plateforme.port;
+  QByteArray recu;
+  std::optional<ReponseModem> reponse;
+  session_.plateforme.horloge.AttendreQue([&] {
+    if (fini) return true;
+    recu += port.Lire();
+    reponse = LireReponse(recu);
+    return reponse || !port.Vivant();
+  });
+  return reponse;
+}
+
+void CommandesAppel::Raccrocher() {
+  if (!finAppel_) return;
+  *std::exchange(finAppel_, nullptr) = true;
+  PortSerie &port = session_.plateforme.port;
+  port.Ecrire(kRaccrocher.toByteArray());
+  port.Fermer();
 }
 
 void CommandesAppel::ChoisirPort(std::size_t choix) {
@@ -142,12 +181,10 @@ void CommandesAppel::DemanderPort() {
   const QString reponse =
       boites.Saisie(Boites::Titre(), u"Indiquez le numéro du port :"_s, u""_s).value_or(u""_s);
   if (reponse.isEmpty()) return;
-  bool nombre = false;
-  const int port = reponse.toInt(&nombre);
-  if (!nombre || port < 1 || port > std::numeric_limits<quint8>::max())
-    boites.Information(u"Valeur non conforme !"_s);
+  if (const auto port = PortSaisi(reponse))
+    ChangerPort(*port);
   else
-    ChangerPort(static_cast<quint8>(port));
+    boites.Information(u"Valeur non conforme !"_s);
 }
 
 void CommandesAppel::ChangerPort(quint8 port) {
@@ -167,7 +204,10 @@ void CommandesAppel::MajPort() {
 void CommandesAppel::BasculerNumerotation(bool active) {
   ReglagesPlomex &plomex = session_.reglages.plomex;
   plomex.Telephone = active;
-  if (active) plomex.IcoMenu = false;
+  if (active)
+    plomex.IcoMenu = false;
+  else
+    Raccrocher();
   MajVisibles();
   if (!active &&
       session_.plateforme.boites.Question(

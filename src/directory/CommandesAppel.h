@@ -1,16 +1,19 @@
 #pragma once
 
+#include "directory/Numerotation.h"
 #include "session/Session.h"
 
 #include <QObject>
 
 #include <array>
+#include <optional>
 
 class PanneauFiche;
 class QAction;
 
 /// Dialling through the modem, mail and web addresses, and what belongs to dialling in the menus.
-/// The modem dials, the user takes up the telephone, and the modem is told to hang up.
+/// The modem dials, the user takes up the telephone, and the modem is told to hang up: when the
+/// user says so, when it answers that there is no call, and when the function is switched off.
 class CommandesAppel : public QObject {
   Q_OBJECT
 
@@ -30,8 +33,8 @@ class CommandesAppel : public QObject {
   /// Asks for a number to call or an address to write to.
   void Demander();
 
-  /// Ends the call that is under way, if there is one: the program closes.
-  void Raccrocher() { FinAppel = true; }
+  /// Hangs up at once, if there is a call.
+  void Raccrocher();
 
  signals:
   /// Whether what belongs to dialling is shown.
@@ -40,7 +43,10 @@ class CommandesAppel : public QObject {
  private:
   void AppelerFiche(const QString &numero);
   void Composer(const QString &numero);
-  void AttendreModem();
+  /// The port is open and the number on its way: waits until the call is over.
+  void ConduireAppel(const QString &numero);
+  /// None where the call is over without an answer: the device has gone, or the program ends.
+  std::optional<ReponseModem> AttendreModem(const bool &fini);
   void Ecrire(const QString &adresse);
 
   void ChoisirPort(std::size_t choix);
@@ -54,6 +60,5 @@ class CommandesAppel : public QObject {
   Session &session_;
   Actions actions_;
   PanneauFiche &fiche_;
-  bool enCours_ = false;  ///< a call is under way
-  bool FinAppel = false;
+  bool *finAppel_ = nullptr;  ///< of the call under way: whether it is over
 };
