@@ -123,7 +123,7 @@ void CommandesAppel::Composer(const QString &numero) {
     return;
   }
   port.Ecrire(CommandeModem(compose));
-  ConduireAppel(numero);
+  ConduireAppel(compose);
 }
 
 void CommandesAppel::ConduireAppel(const QString &numero) {
