@@ -70,6 +70,12 @@ void ChampsAdresse::Montrer(const AdresseSaisie &adresse) {
   CocherOption(adresse.optionCP);
 }
 
+void ChampsAdresse::Vider() {
+  AdresseSaisie vide;
+  vide.optionCP = Adresse().optionCP;
+  Montrer(vide);
+}
+
 AdresseSaisie ChampsAdresse::Adresse() const {
   AdresseSaisie adresse;
   for (std::size_t i = 0; i < adresse.lignes.size(); ++i) adresse.lignes[i] = txt_[i]->text();

@@ -33,7 +33,8 @@ class ChampsAdresse : public QWidget {
 
   void Montrer(const AdresseSaisie &adresse);
   AdresseSaisie Adresse() const;
-  void Vider() { Montrer({}); }
+  /// The order of the postal line stays.
+  void Vider();
 
   /// Shows the address without letting it be changed, or opens it for entry.
   void Verrouiller(bool verrouille);

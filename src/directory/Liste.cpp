@@ -38,9 +38,8 @@ std::vector<NoeudListe> Lister(const Parcours &parcours, const FiltreListe &filt
   std::vector<Triable> triables;
   parcours([&](EntreeListe &&entree) {
     if (!EstVisible(entree.DataProt, filtre.utilisateur) || !Passe(entree, filtre)) return;
-    QString nom = nommer(entree.NomVelmira);
-    QCollatorSortKey cle = ordre.sortKey(nom);
-    triables.push_back({std::move(cle), {std::move(nom), entree.Index}});
+    triables.push_back(
+        {ordre.sortKey(NomListe(entree.NomVelmira)), {nommer(entree.NomVelmira), entree.Index}});
   });
   std::stable_sort(triables.begin(), triables.end(),
                    [](const Triable &a, const Triable &b) { return a.cle < b.cle; });

@@ -29,7 +29,7 @@ QString NomListe(const QString &nom);
 /// equal names keep the order of the table. Throws `ErreurBase`.
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre);
 
-/// The same of those whose address has a first line, with their whole names.
+/// The same of those whose address has a first line, in the same order, with their whole names.
 std::vector<NoeudListe> ListerAdresses(const TableAdresse &table, const FiltreListe &filtre);
 
 /// Where a name stands in a list that is sorted as above: behind the names that are equal to it.

@@ -47,11 +47,11 @@ CommandesCommentaire::CommandesCommentaire(Session &session, EtatEnveloppe &etat
 void CommandesCommentaire::Inserer() {
   QString &commentaire = etat_.Commentaire;
   Boites &boites = session_.plateforme.boites;
-  commentaire =
-      boites
-          .Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
-                  commentaire.isEmpty() ? u"Rendez-vous le "_s : commentaire)
-          .value_or(u""_s);
+  const auto saisi =
+      boites.Saisie(u"Commentaire"_s, u"Insérer un texte en haut et à droite de l'enveloppe"_s,
+                    commentaire.isEmpty() ? u"Rendez-vous le "_s : commentaire);
+  if (!saisi) return;
+  commentaire = *saisi;
   boites.Information(
       u"Commentaire inséré en haut et à droite de l'enveloppe :\n"
       "      ____________________________________\n\n"_s +
@@ -62,6 +62,10 @@ void CommandesCommentaire::Inserer() {
 
 void CommandesCommentaire::Effacer() {
   Boites &boites = session_.plateforme.boites;
+  if (etat_.Commentaire.isEmpty()) {
+    boites.Information(u"Aucun commentaire n'est inscrit sur l'enveloppe."_s);
+    return;
+  }
   if (boites.Question(Boites::Titre(), u"Supprimer le commentaire ?"_s, Boites::Reponse::Non) !=
       Boites::Reponse::Oui)
     return;

@@ -39,8 +39,32 @@ void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &exped
                                   QString::number(Nombre(expediteur.optionCP)) + u"\r\n"_s));
 }
 
-void OublierExpediteurDefaut(const QString &appPath) {
-  Ignorer([&] { EffacerFichier(Fichier(appPath)); });
+FichierDefaut::~FichierDefaut() {
+  if (!touche_) return;
+  Ignorer([this] {
+    if (avant_)
+      RemplacerFichier(Fichier(appPath_), *avant_);
+    else
+      EffacerFichier(Fichier(appPath_));
+  });
+}
+
+void FichierDefaut::Suivre(const Expediteur &defaut) {
+  Retenir();
+  if (defaut.Index != 0)
+    EcrireExpediteurDefaut(appPath_, ComposerAdresse(AdresseSaisie::De(defaut)));
+  else if (avant_)
+    EffacerFichier(Fichier(appPath_));
+}
+
+void FichierDefaut::ChoisirAucun() {
+  Retenir();
+  EcrireExpediteurDefaut(appPath_, {});
+}
+
+void FichierDefaut::Retenir() {
+  avant_ = LireFichier(Fichier(appPath_));
+  touche_ = true;
 }
 
 std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base) {
@@ -61,4 +85,17 @@ std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base
   QString chaine = texte.chopped(kFin);
   Ignorer([&] { chaine = ChaineEntiere(chaine, base); });
   return AdresseComposee{chaine, OptionDe(texte.right(kChiffre).trimmed().toInt())};
+}
+
+Cle CleExpediteur(const AdresseComposee &expediteur, Base &base) {
+  const TableExpediteur table(base);
+  const Cle defaut = table.Defaut();
+  const QByteArray cherchee = VersPageDeCode(expediteur.chaine);
+  Cle pareil = 0;
+  for (const Expediteur &e : table.Tous()) {
+    if (VersPageDeCode(ComposerAdresse(AdresseSaisie::De(e)).chaine) != cherchee) continue;
+    if (e.Index == defaut) return defaut;
+    if (pareil == 0) pareil = e.Index;
+  }
+  return pareil != 0 ? pareil : defaut;
 }

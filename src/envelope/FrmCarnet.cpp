@@ -3,6 +3,7 @@
 #include "address/MiseEnLignes.h"
 #include "directory/Categories.h"
 #include "directory/Liste.h"
+#include "directory/Protection.h"
 #include "directory/Repertoire.h"
 #include "envelope/MiseEnPage.h"
 #include "storage/Tables.h"
@@ -166,12 +167,21 @@ void FrmCarnet::Ouvrir() {
 
 void FrmCarnet::OuvrirPlusieurs() {
   const TableAdresse table(session_.base);
+  QStringList disparus;
   for (int i = 0; i < ui_->LstNomC->count(); ++i) {
     const QListWidgetItem *element = ui_->LstNomC->item(i);
     if (element->checkState() != Qt::Checked) continue;
-    if (const auto fiche = table.Lire(Index(element)))
+    const auto fiche = table.Lire(Index(element));
+    if (fiche && EstVisible(fiche->DataProt, session_.plateforme.utilisateur))
       adresses_.append(ComposerAdresse(AdresseSaisie::De(*fiche)));
+    else
+      disparus.append(u"- "_s + element->text());
   }
+  if (!disparus.isEmpty())
+    session_.plateforme.boites.Attention(
+        u"Ces correspondants cochés ne sont plus dans le répertoire : un autre utilisateur les a "
+        "supprimés ou protégés entre-temps. Aucune enveloppe n'est imprimée pour eux.\n\n"_s +
+        disparus.join(u'\n'));
   accept();
 }
 

@@ -11,13 +11,18 @@
 #include "ui/Sablier.h"
 #include "ui_FrmNouveau.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
+constexpr auto kVeille = 3s;  // between two looks at what the others have changed
+
 const QString kTitreExpediteur = u"   Expéditeur"_s;
+const QString kTitreNouveau = u"  Nouvel expéditeur"_s;
 
 Expediteur Ligne(const AdresseSaisie &adresse) {
   Expediteur expediteur;
@@ -80,11 +85,40 @@ void FrmNouveau::Preparer() {
     ui_->CmdSupprime->setEnabled(false);
     return;
   }
-  ui_->LstExp->Relier(session_,
-                      [this](const AdresseComposee &adresse) { zones_.EcrireExpediteur(adresse); });
+  ui_->LstExp->Relier(session_, [this](const AdresseComposee &adresse, Cle index, bool coche) {
+    if (coche)
+      zones_.EcrireExpediteur(adresse, index);
+    else
+      zones_.RetenirExpediteur(adresse, index);
+  });
+  Ignorer([this] { changements_ = session_.base.Changements(); });
   ui_->LstExp->Remplir();
   QuitterSaisie(kTitreExpediteur);
   MontrerChoisi();
+  Veiller();
+}
+
+bool FrmNouveau::event(QEvent *evenement) {
+  const bool traite = QDialog::event(evenement);
+  if (evenement->type() == QEvent::WindowActivate)
+    QMetaObject::invokeMethod(this, &FrmNouveau::Actualiser, Qt::QueuedConnection);
+  return traite;
+}
+
+void FrmNouveau::Veiller() {
+  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
+  Actualiser();
+}
+
+void FrmNouveau::Actualiser() {
+  if (mode_ != Mode::Expediteurs || enSaisie_ || QApplication::activeModalWidget() != this) return;
+  Ignorer([this] {
+    const Attente attente(session_.base, 0ms);
+    const qint64 changements = session_.base.Changements();
+    if (changements == changements_) return;
+    ui_->LstExp->Relire();
+    changements_ = changements;
+  });
 }
 
 void FrmNouveau::showEvent(QShowEvent *evenement) {
@@ -96,7 +130,7 @@ void FrmNouveau::Ecrire() {
   zones_.OublierCommentaire();
   const AdresseComposee adresse = ComposerAdresse(ui_->Champs->Adresse());
   if (mode_ == Mode::Expediteurs) {
-    zones_.EcrireExpediteur(adresse);
+    zones_.EcrireExpediteur(adresse, ui_->LstExp->Choisi().value_or(0));
   } else {
     zones_.EcrireAdresse(adresse);
     if (AdresseVide(adresse.chaine)) {
@@ -112,11 +146,9 @@ void FrmNouveau::reject() {
     QDialog::reject();
     return;
   }
-  Signaler(session_.plateforme.boites, [this] {
-    RendreOption();
-    QuitterSaisie(kTitreExpediteur);
-    MontrerChoisi();
-  });
+  Signaler(session_.plateforme.boites, [this] { RendreOption(); });
+  QuitterSaisie(kTitreExpediteur);
+  Signaler(session_.plateforme.boites, [this] { MontrerChoisi(); });
 }
 
 void FrmNouveau::closeEvent(QCloseEvent *evenement) {
@@ -159,21 +191,34 @@ void FrmNouveau::EnregistrerChangement() {
   const Expediteur saisi = Ligne(ui_->Champs->Adresse());
   Expediteur change = modifie_;
   Recopier(change, saisi, Differences(Ligne(affichee_), saisi));
+  if (!table.Lire(index)) {
+    ContinuerEnNouveau();
+    return;
+  }
+  FichierDefaut fichier(session_.dossiers.AppPath);
+  const auto suivre = [&](const Expediteur &defaut) { fichier.Suivre(defaut); };
   if (!EcrireEnAccord(session_.plateforme.boites, modifie_, change, LibellesAdresse<Expediteur>(),
                       [&](const Expediteur &montre, const Expediteur &aEcrire) {
-                        return SousSablier([&] { return table.Modifier(montre, aEcrire); });
+                        return SousSablier([&] { return table.Modifier(montre, aEcrire, suivre); });
                       }))
     return;
-  // As it stands now: another user may have had a part in it.
-  const auto ecrit = table.Lire(index);
-  if (ecrit && ui_->LstExp->Defaut() == index) {
-    const AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*ecrit));
-    EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
-    zones_.EcrireExpediteur(composee);
-  }
-  ui_->LstExp->Remplir(index);
+  fichier.Garder();
   QuitterSaisie(u"   Nouvel expéditeur"_s);
+  // As it stands now: another user may have had a part in it.
+  if (const auto ecrit = table.Lire(index))
+    zones_.SuivreExpediteur(ComposerAdresse(AdresseSaisie::De(*ecrit)), index);
+  ui_->LstExp->Remplir(index);
   MontrerChoisi();
+}
+
+void FrmNouveau::ContinuerEnNouveau() {
+  session_.plateforme.boites.Information(
+      TexteExpediteurDisparu() +
+      u"\nVotre saisie reste affichée : « Enregistrer » en fait un nouvel expéditeur, « Annuler » "
+      "l'abandonne."_s);
+  modifie_ = {};
+  setWindowTitle(kTitreNouveau);
+  ui_->LstExp->Relire();
 }
 
 void FrmNouveau::EnregistrerNouveau() {
@@ -184,21 +229,26 @@ void FrmNouveau::EnregistrerNouveau() {
       session_.plateforme.boites.Question(
           Boites::Titre(), u"Enregister cet expéditeur par défaut ?"_s) == Boites::Reponse::Oui;
   TableExpediteur table(session_.base);
-  const auto ajouter = [&](Cle montre) { return table.Ajouter(expediteur, montre); };
+  FichierDefaut fichier(session_.dossiers.AppPath);
+  const auto suivre = [&](const Expediteur &defaut) { fichier.Suivre(defaut); };
+  const auto ajouter = [&](Cle montre) { return table.Ajouter(expediteur, montre, suivre); };
   const auto choix = ui_->LstExp->AccorderDefaut(expediteur.Ligne1, ajouter);
   if (choix == Boites::Choix::Annuler) return;
   if (choix == Boites::Choix::Non) {
     expediteur.ParDefaut = false;
     ajouter(0);
   }
-  if (expediteur.ParDefaut) EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
-  zones_.EcrireExpediteur(composee);
+  fichier.Garder();
+  // It is recorded: pressing once more must not add it again, whatever comes now.
+  ui_->Champs->Vider();
+  ui_->Champs->PrendreFocus();
+  zones_.EcrireExpediteur(composee, expediteur.Index);
   ui_->LstExp->Remplir(expediteur.Index);
 }
 
 void FrmNouveau::CommencerNouveau() {
   modifie_ = {};
-  Saisir(u"  Nouvel expéditeur"_s);
+  Saisir(kTitreNouveau);
   ui_->Champs->Vider();
   ui_->Champs->PrendreFocus();
 }
@@ -228,18 +278,17 @@ void FrmNouveau::SupprimerExpediteur() {
           Boites::Titre(), u"Supprimer "_s + ui_->LstExp->selectedItems().first()->text(),
           Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
-  const bool defaut = ui_->LstExp->Defaut() == *choisi;
-  ui_->LstExp->SupprimerChoisi();
+  ui_->LstExp->Supprimer(*choisi);
   ui_->Champs->Vider();
-  if (defaut) zones_.EcrireExpediteur({});
+  zones_.SuivreExpediteur({}, *choisi);
   ui_->CmdSupprime->setEnabled(ui_->LstExp->count() > 1);
 }
 
 void FrmNouveau::MontrerChoisi() {
-  const auto choisi = ui_->LstExp->Choisi();
-  if (!choisi) return;
-  const auto expediteur = TableExpediteur(session_.base).Lire(*choisi);
+  const Cle choisi = ui_->LstExp->Choisi().value_or(0);
+  const auto expediteur = TableExpediteur(session_.base).Lire(choisi);
   ui_->Champs->Montrer(expediteur ? AdresseSaisie::De(*expediteur) : AdresseSaisie());
+  if (choisi != 0 && !expediteur) ui_->LstExp->AnnoncerDisparu();
 }
 
 std::optional<Expediteur> FrmNouveau::RelireChoisi(Cle index) {
@@ -259,10 +308,11 @@ void FrmNouveau::EssayerOption(std::optional<OptionCP> option) {
   AdresseComposee composee = ComposerAdresse(AdresseSaisie::De(*expediteur));
   if (option) composee.optionCP = *option;
   EcrireExpediteurDefaut(session_.dossiers.AppPath, composee);
+  ordreEssaye_ = option.has_value();
 }
 
 void FrmNouveau::RendreOption() {
-  EssayerOption(std::nullopt);
+  if (ordreEssaye_) EssayerOption(std::nullopt);
 }
 
 void FrmNouveau::Saisir(const QString &titre) {
@@ -276,7 +326,7 @@ void FrmNouveau::Saisir(const QString &titre) {
 }
 
 void FrmNouveau::QuitterSaisie(const QString &titre) {
-  enSaisie_ = false;
+  enSaisie_ = ordreEssaye_ = false;
   modifie_ = {};
   setWindowTitle(titre);
   ui_->Champs->MontrerTitres(false);

@@ -32,6 +32,7 @@ class FrmNouveau : public QDialog {
   void reject() override;
 
  protected:
+  bool event(QEvent *evenement) override;
   void showEvent(QShowEvent *evenement) override;
   /// The close box ends an entry together with the window.
   void closeEvent(QCloseEvent *evenement) override;
@@ -44,6 +45,8 @@ class FrmNouveau : public QDialog {
   void EnregistrerExpediteur();
   void EnregistrerChangement();
   void EnregistrerNouveau();
+  /// The sender that is changed has been deleted by another user: the entry becomes a new one's.
+  void ContinuerEnNouveau();
   void CommencerNouveau();
   void CommencerModification();
   void SupprimerExpediteur();
@@ -51,6 +54,11 @@ class FrmNouveau : public QDialog {
   /// Reads the list again and shows the chosen sender as it is now. Nothing, with a word to the
   /// user, when another has deleted it.
   std::optional<Expediteur> RelireChoisi(Cle index);
+  /// Shows what other users have changed, while nothing is typed in and no dialog stands before
+  /// this one.
+  void Actualiser();
+  /// Looks for that now and then.
+  void Veiller();
   /// Of the default sender it is tried at once; nothing stands for the order of the table.
   void EssayerOption(std::optional<OptionCP> option);
   /// An order of the postal line that was tried goes out of the file again.
@@ -65,7 +73,9 @@ class FrmNouveau : public QDialog {
   ZonesEnveloppe &zones_;
   Mode mode_;
   std::unique_ptr<Ui::FrmNouveau> ui_;
-  bool enSaisie_ = false;    ///< a sender is typed in or changed
-  Expediteur modifie_ = {};  ///< the one that is changed, as it was read; without a key a new one
+  bool enSaisie_ = false;     ///< a sender is typed in or changed
+  bool ordreEssaye_ = false;  ///< the file has an order of the postal line that is only tried
+  qint64 changements_ = 0;    ///< of other users, as of the last look
+  Expediteur modifie_ = {};   ///< the one that is changed, as it was read; without a key a new one
   AdresseSaisie affichee_ = {};  ///< what the fields made of it
 };

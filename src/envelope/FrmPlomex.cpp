@@ -105,6 +105,7 @@ void FrmPlomex::Charger() {
   Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });
   ChoisirFormat(kFormatDL);
   MajEtiquettes();
+  RendreFocus();
 }
 
 void FrmPlomex::CompleterNoms() {
@@ -152,9 +153,10 @@ void FrmPlomex::MajEtiquettes() {
   const QString policeE = introuvables_.contains(plomex.PoliceE)
                               ? u"   (introuvable) expéditeur : "_s + plomex.PoliceE
                               : QString();
-  ui_->LblPolice->setText(u"Police "_s + AvecMarque(plomex.PoliceA) + u"   "_s +
-                          QString::number(plomex.TailleA) + u"   "_s +
-                          (plomex.GrasA ? u"G"_s : u""_s) + policeE);
+  const Police police = PoliceAdresse(plomex);
+  ui_->LblPolice->setText(u"Police "_s + AvecMarque(police.nom) + u"   "_s +
+                          QString::number(police.points) + u"   "_s +
+                          (police.gras ? u"G"_s : u""_s) + policeE);
   const auto touche = LibelleRaccourci(plomex.Raccourci);
   ui_->LblRaccourci->setText(touche ? u"Raccourci pour imprimer : "_s + touche->nom : u""_s);
 
@@ -209,7 +211,10 @@ void FrmPlomex::RemplirBarre() {
   barre.Ajouter({u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); })});
   barre.Ajouter({u"appointment-reminder", u"Module Alertes"_s,
                  puisFocus([this] { emit AlertesDemandees(); })});
-  barre.Ajouter({u"note", u"Memora"_s, [this] { ui_->Barre->Derouler(mnuInv3_); }});
+  barre.Ajouter({u"note", u"Memora"_s, [this] {
+                   RendreFocus();  // it is there again when the menu has gone
+                   ui_->Barre->Derouler(mnuInv3_);
+                 }});
 }
 
 void FrmPlomex::RendreFocus() {
@@ -274,10 +279,13 @@ void FrmPlomex::ImprimerPlusieurs() {
   commentaire_->MajEtiquette();
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
   if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
-  const auto vide = qScopeGuard([this] { zones_.ViderAdresse(); });
+  auto refus = qScopeGuard([this, avant = zones_.Montree()] { zones_.Remontrer(avant); });
   ImpressionMultiple run(
       session_, zones_, [this] { return tirage_->Imprimer(); }, this);
-  if (run.Imprimer(carnet.Adresses()) && session_.reglages.plomex.Minimise) showMinimized();
+  if (!run.Imprimer(carnet.Adresses())) return;
+  refus.dismiss();
+  zones_.ViderAdresse();
+  if (session_.reglages.plomex.Minimise) showMinimized();
 }
 
 void FrmPlomex::NouveauVelmira() {

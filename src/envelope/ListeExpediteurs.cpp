@@ -22,8 +22,7 @@ Cle Index(const QListWidgetItem *element) {
 
 ListeExpediteurs::ListeExpediteurs(QWidget *parent) : QListWidget(parent) {}
 
-void ListeExpediteurs::Relier(Session &session,
-                              std::function<void(const AdresseComposee &)> change) {
+void ListeExpediteurs::Relier(Session &session, Change change) {
   session_ = &session;
   change_ = std::move(change);
   connect(this, &QListWidget::itemChanged, this,
@@ -31,6 +30,7 @@ void ListeExpediteurs::Relier(Session &session,
 }
 
 void ListeExpediteurs::Remplir(std::optional<Cle> choisi) {
+  const QList<Expediteur> expediteurs = TableExpediteur(session_->base).Tous();
   const QSignalBlocker silence(this);
   clear();
   const auto ajouter = [this](const QString &texte, Cle index, bool coche) {
@@ -44,7 +44,7 @@ void ListeExpediteurs::Remplir(std::optional<Cle> choisi) {
                                               : u"Ne pas imprimer l'expéditeur "_s,
               0, false);
   QListWidgetItem *defaut = nullptr, *aChoisir = nullptr;
-  for (const Expediteur &e : TableExpediteur(session_->base).Tous()) {
+  for (const Expediteur &e : expediteurs) {
     QListWidgetItem *element = ajouter(e.Ligne1, e.Index, e.ParDefaut && defaut == nullptr);
     if (element->checkState() == Qt::Checked) defaut = element;
     if (e.Index == choisi) aChoisir = element;
@@ -92,42 +92,70 @@ void ListeExpediteurs::Relire() {
   emit itemSelectionChanged();
 }
 
-void ListeExpediteurs::SupprimerChoisi() {
-  const QListWidgetItem *element = selectedItems().first();
-  SousSablier([&] { TableExpediteur(session_->base).Supprimer(Index(element)); });
-  if (coche_ == Index(element)) {
-    OublierExpediteurDefaut(session_->dossiers.AppPath);
-    coche_.reset();
-  }
+void ListeExpediteurs::Supprimer(Cle index) {
+  FichierDefaut fichier(session_->dossiers.AppPath);
+  SousSablier([&] {
+    TableExpediteur(session_->base).Supprimer(index, [&](const Expediteur &defaut) {
+      fichier.Suivre(defaut);
+    });
+  });
+  fichier.Garder();
+  if (coche_ == index) coche_.reset();
   const QSignalBlocker silence(this);
-  delete element;
+  for (int i = count() - 1; i >= 0; --i)
+    if (Index(item(i)) == index) delete item(i);
   clearSelection();
+}
+
+void ListeExpediteurs::AnnoncerDisparu() {
+  const auto annoncer = [this] {
+    session_->plateforme.boites.Information(TexteExpediteurDisparu());
+    Relire();
+  };
+  QMetaObject::invokeMethod(this, Garde(session_->plateforme.boites, annoncer),
+                            Qt::QueuedConnection);
 }
 
 void ListeExpediteurs::Cocher(QListWidgetItem *element) {
   const bool coche = element->checkState() == Qt::Checked;
   const Cle index = Index(element), voulu = coche ? index : 0;
+  const QString nom = voulu != 0 ? element->text() : kAucun;
   MontrerCoche(coche_);  // until it is written
   TableExpediteur table(session_->base);
-  const auto choix = AccorderDefaut(voulu != 0 ? element->text() : kAucun,
-                                    [&](Cle montre) { return table.ChangerDefaut(montre, voulu); });
+  if (index != 0 && !table.Lire(index)) {
+    AnnoncerDisparu();
+    return;
+  }
+  FichierDefaut fichier(session_->dossiers.AppPath);
+  const auto suivre = [&](const Expediteur &defaut) {
+    if (coche && voulu == 0)
+      fichier.ChoisirAucun();
+    else
+      fichier.Suivre(defaut);
+  };
+  const auto choix =
+      AccorderDefaut(nom, [&](Cle montre) { return table.ChangerDefaut(montre, voulu, suivre); });
   if (choix == Boites::Choix::Annuler) return;
-  if (choix == Boites::Choix::Oui)
+  if (choix == Boites::Choix::Oui) {
+    fichier.Garder();
     Suivre(index, coche);
-  else if (const Cle sien = table.Defaut())
-    Suivre(sien, true);
+  } else {
+    SuivreAutre(table.Defaut());
+  }
+}
+
+void ListeExpediteurs::SuivreAutre(Cle sien) {
+  FichierDefaut fichier(session_->dossiers.AppPath);
+  fichier.Suivre(TableExpediteur(session_->base).Lire(sien).value_or(Expediteur()));
+  fichier.Garder();
+  Suivre(sien, sien != 0);
 }
 
 void ListeExpediteurs::Suivre(Cle index, bool coche) {
   const auto expediteur = TableExpediteur(session_->base).Lire(index);
-  const AdresseComposee adresse =
-      expediteur ? ComposerAdresse(AdresseSaisie::De(*expediteur)) : AdresseComposee();
   MontrerCoche(coche ? std::optional(index) : std::nullopt);
-  if (coche)
-    EcrireExpediteurDefaut(session_->dossiers.AppPath, adresse);
-  else
-    OublierExpediteurDefaut(session_->dossiers.AppPath);
-  change_(adresse);
+  change_(expediteur ? ComposerAdresse(AdresseSaisie::De(*expediteur)) : AdresseComposee(), index,
+          coche);
 }
 
 void ListeExpediteurs::MontrerCoche(std::optional<Cle> coche) {

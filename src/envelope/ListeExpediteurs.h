@@ -18,8 +18,10 @@ class ListeExpediteurs : public QListWidget {
  public:
   explicit ListeExpediteurs(QWidget *parent = nullptr);
 
-  /// `change` takes the sender of the envelope whenever a tick changes it.
-  void Relier(Session &session, std::function<void(const AdresseComposee &)> change);
+  /// `change` takes the sender whose box has been ticked or unticked, with its key, 0 for none, and
+  /// whether it is ticked now.
+  using Change = std::function<void(const AdresseComposee &, Cle, bool)>;
+  void Relier(Session &session, Change change);
 
   /// Reads the table. The default sender is ticked, item 0 where there is none; it is chosen too,
   /// unless another is to be.
@@ -40,17 +42,23 @@ class ListeExpediteurs : public QListWidget {
   Boites::Choix AccorderDefaut(const QString &nom,
                                const std::function<std::optional<Cle>(Cle montre)> &ecrire);
 
-  /// Takes the chosen sender off table and list, and the file where it is the default one.
-  void SupprimerChoisi();
+  /// Takes a sender off table and list, and the file where it is the default one.
+  void Supprimer(Cle index);
+
+  /// Tells that another user has deleted a sender, and reads the table again, both once the event
+  /// that has met it is over.
+  void AnnoncerDisparu();
 
  private:
   void Cocher(QListWidgetItem *element);
   /// Ticks the sender of this key alone; nothing for none, not even item 0.
   void MontrerCoche(std::optional<Cle> coche);
-  /// File, ticks and envelope follow the box of a sender.
+  /// Ticks and envelope follow the box of a sender.
   void Suivre(Cle index, bool coche);
+  /// Another user's choice stays: file, ticks and envelope follow it.
+  void SuivreAutre(Cle sien);
 
   Session *session_ = nullptr;
-  std::function<void(const AdresseComposee &)> change_;
+  Change change_;
   std::optional<Cle> coche_;  ///< the box that is ticked as table and file have it
 };

@@ -21,25 +21,30 @@ void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse, Cle fiche) {
     ViderAdresse();
   else
     MontrerLignes(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
-  fiche_ = fiche;
+  montree_.fiche = fiche;
 }
 
 void ZonesEnveloppe::Actualiser() {
-  if (fiche_ == 0) return;
-  const auto fiche = TableAdresse(session_.base).Lire(fiche_);
+  if (montree_.fiche == 0) return;
+  const auto fiche = TableAdresse(session_.base).Lire(montree_.fiche);
   if (!fiche || !EstVisible(fiche->DataProt, session_.plateforme.utilisateur)) return;
   const AdresseComposee adresse = ComposerAdresse(AdresseSaisie::De(*fiche));
-  if (adresse != adresse_) EcrireAdresse(adresse, fiche_);
+  if (adresse != adresse_) EcrireAdresse(adresse, montree_.fiche);
 }
 
 void ZonesEnveloppe::EcrireLignesAdresse(const LignesAdresse &lignes) {
-  fiche_ = 0;
+  montree_.fiche = 0;
   MontrerLignes(lignes);
 }
 
+void ZonesEnveloppe::Remontrer(const AdresseMontree &montree) {
+  MontrerLignes(montree.lignes);
+  montree_.fiche = montree.fiche;
+}
+
 void ZonesEnveloppe::MontrerLignes(const LignesAdresse &lignes) {
+  montree_.lignes = lignes;
   vue_->Adresse()->setText(lignes.texte);
-  paysPresent_ = lignes.paysPresent;
   Disposer();
 }
 
@@ -47,27 +52,41 @@ void ZonesEnveloppe::ViderAdresse() {
   EcrireLignesAdresse({kAdresseBlanche, false});
 }
 
-void ZonesEnveloppe::EcrireExpediteur(const AdresseComposee &expediteur) {
+void ZonesEnveloppe::RetenirExpediteur(const AdresseComposee &expediteur, Cle cle) {
   etat_.ExpediteurCourant = expediteur;
-  if (session_.reglages.plomex.NePas.EstNul()) MontrerExpediteur();
+  expediteur_ = cle;
+}
+
+void ZonesEnveloppe::EcrireExpediteur(const AdresseComposee &expediteur, Cle cle) {
+  RetenirExpediteur(expediteur, cle);
+  MontrerExpediteur(expediteur, cle);
+}
+
+void ZonesEnveloppe::SuivreExpediteur(const AdresseComposee &expediteur, Cle cle) {
+  if (expediteur_ == cle) RetenirExpediteur(expediteur, cle);
+  if (expediteurMontre_ == cle) MontrerExpediteur(expediteur, cle);
+}
+
+void ZonesEnveloppe::MontrerExpediteur(const AdresseComposee &expediteur, Cle cle) {
+  const bool jamais = !session_.reglages.plomex.NePas.EstNul();
+  vue_->Expediteur()->setText(
+      jamais ? QString() : MettreEnLignes(expediteur, Role::Expediteur, session_.reglages).texte);
+  expediteurMontre_ = jamais ? 0 : cle;
   Disposer();
 }
 
-void ZonesEnveloppe::MontrerExpediteur() {
-  vue_->Expediteur()->setText(
-      MettreEnLignes(etat_.ExpediteurCourant, Role::Expediteur, session_.reglages).texte);
-}
-
 void ZonesEnveloppe::ChargerExpediteur() {
-  if (const auto defaut = LireExpediteurDefaut(session_.dossiers.AppPath, session_.base))
-    EcrireExpediteur(*defaut);
+  const auto defaut = LireExpediteurDefaut(session_.dossiers.AppPath, session_.base);
+  if (!defaut) return;
+  Cle cle = 0;
+  Ignorer([&] { cle = CleExpediteur(*defaut, session_.base); });
+  EcrireExpediteur(*defaut, cle);
 }
 
 void ZonesEnveloppe::Reformater() {
-  if (session_.reglages.plomex.NePas)
-    vue_->Expediteur()->setText(u""_s);
-  else if (!etat_.ExpediteurCourant.chaine.isEmpty())
-    MontrerExpediteur();
+  // One that was only kept in mind takes the zone now.
+  if (session_.reglages.plomex.NePas || !etat_.ExpediteurCourant.chaine.isEmpty())
+    MontrerExpediteur(etat_.ExpediteurCourant, expediteur_);
   if (vue_->Adresse()->text() != kAdresseBlanche)
     MontrerLignes(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages));
 }
@@ -88,5 +107,5 @@ ContenuEnveloppe ZonesEnveloppe::Contenu() const {
   return {.expediteur = vue_->Expediteur()->text(),
           .adresse = vue_->Adresse()->text(),
           .commentaire = CommentaireImprime(session_.reglages.rtcolor, etat_),
-          .paysPresent = paysPresent_};
+          .paysPresent = montree_.lignes.paysPresent};
 }

@@ -27,11 +27,25 @@ class ZonesEnveloppe {
   /// The empty state: a zone that holds it prints nothing.
   void ViderAdresse();
 
+  /// What the address zone shows, to be shown again after others.
+  struct AdresseMontree {
+    LignesAdresse lignes;
+    Cle fiche = 0;  ///< the correspondent whom it was read of
+  };
+  const AdresseMontree &Montree() const { return montree_; }
+  void Remontrer(const AdresseMontree &montree);
+
   /// A comment was meant for the address before.
   void OublierCommentaire() { etat_.Commentaire.clear(); }
 
-  /// The sender becomes the current one, and is shown unless none is ever printed.
-  void EcrireExpediteur(const AdresseComposee &expediteur);
+  /// The sender becomes the current one, and is shown unless none is ever printed. `cle` is the key
+  /// of its row, 0 for none.
+  void EcrireExpediteur(const AdresseComposee &expediteur, Cle cle);
+  /// The sender becomes the current one; what the zone shows stays until it is formatted anew.
+  void RetenirExpediteur(const AdresseComposee &expediteur, Cle cle);
+  /// What has become of a row: an empty address of one that has been deleted. The zone follows
+  /// where it shows this sender.
+  void SuivreExpediteur(const AdresseComposee &expediteur, Cle cle);
   /// Takes the default sender, if there is one. Throws `ErreurFichier` and `ErreurBase`.
   void ChargerExpediteur();
 
@@ -44,13 +58,15 @@ class ZonesEnveloppe {
   ContenuEnveloppe Contenu() const;
 
  private:
-  void MontrerExpediteur();
+  /// Nothing is shown while none is ever printed.
+  void MontrerExpediteur(const AdresseComposee &expediteur, Cle cle);
   void MontrerLignes(const LignesAdresse &lignes);
 
   Session &session_;
   EtatEnveloppe &etat_;
   VueEnveloppe *vue_;
   AdresseComposee adresse_;   ///< the current one; an empty string for none
-  Cle fiche_ = 0;             ///< whom the address was read of that the zone shows
-  bool paysPresent_ = false;  ///< what the address zone shows ends with a country
+  AdresseMontree montree_;    ///< what the zone shows of it, or of another
+  Cle expediteur_ = 0;        ///< row of the current sender
+  Cle expediteurMontre_ = 0;  ///< row of the sender that the zone shows
 };

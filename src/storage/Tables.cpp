@@ -259,27 +259,35 @@ std::optional<Expediteur> TableExpediteur::Lire(Cle index) const {
   return LireLigne<Expediteur>(base_, index);
 }
 
-std::optional<Cle> TableExpediteur::Ajouter(Expediteur &expediteur, Cle defautMontre) {
+std::optional<Cle> TableExpediteur::Ajouter(Expediteur &expediteur, Cle defautMontre,
+                                            const Suite &suite) {
   Transaction transaction(base_);
   if (const Cle stocke = Defaut(); expediteur.ParDefaut && stocke != defautMontre) return stocke;
   const Cle index = AjouterLigne(base_, expediteur);
-  if (expediteur.ParDefaut) MettreDefaut(index);
+  if (expediteur.ParDefaut) {
+    MettreDefaut(index);
+    suite(*Lire(index));
+  }
   transaction.Valider();
   expediteur.Index = index;
   return std::nullopt;
 }
 
 std::optional<Expediteur> TableExpediteur::Modifier(const Expediteur &montre,
-                                                    const Expediteur &saisi) {
+                                                    const Expediteur &saisi, const Suite &suite) {
   Transaction transaction(base_);
   auto stocke = ModifierChangees(base_, montre, saisi, TexteExpediteurDisparu());
-  if (!stocke) transaction.Valider();
-  return stocke;
+  if (stocke) return stocke;
+  if (Defaut() == saisi.Index) suite(*Lire(saisi.Index));
+  transaction.Valider();
+  return std::nullopt;
 }
 
-void TableExpediteur::Supprimer(Cle index) {
+void TableExpediteur::Supprimer(Cle index, const Suite &suite) {
   Transaction transaction(base_);
+  const bool defaut = Defaut() == index;
   SupprimerLigne(base_, kExpediteur, index);
+  if (defaut) suite({});
   transaction.Valider();
 }
 
@@ -289,12 +297,12 @@ Cle TableExpediteur::Defaut() const {
   return requete.Suivante() ? requete.Entier(0) : 0;
 }
 
-std::optional<Cle> TableExpediteur::ChangerDefaut(Cle defautMontre, Cle index) {
-  if (index == defautMontre) return std::nullopt;
+std::optional<Cle> TableExpediteur::ChangerDefaut(Cle defautMontre, Cle index, const Suite &suite) {
   Transaction transaction(base_);
   if (index != 0 && !Lire(index)) throw ErreurBase(TexteExpediteurDisparu());
   if (const Cle stocke = Defaut(); stocke != defautMontre && stocke != index) return stocke;
   MettreDefaut(index);
+  suite(Lire(index).value_or(Expediteur()));
   transaction.Valider();
   return std::nullopt;
 }

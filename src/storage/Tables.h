@@ -127,6 +127,11 @@ class TableVille {
 /// Table `Expediteur`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableExpediteur {
  public:
+  /// What has to go with the default sender is brought in step before the transaction is ended: the
+  /// default one as it will stand, without a key for none. What it throws undoes the transaction
+  /// and passes through.
+  using Suite = std::function<void(const Expediteur &)>;
+
   explicit TableExpediteur(Base &base) : base_(base) {}
 
   /// In the order of the keys.
@@ -135,21 +140,25 @@ class TableExpediteur {
 
   /// Adds a sender and gives it its key; when it is the default one no other stays it. Where that
   /// would put aside another default one than `defautMontre` (0 for none), which another user has
-  /// chosen meanwhile, nothing is written and that one's key is given back, 0 for none.
-  std::optional<Cle> Ajouter(Expediteur &expediteur, Cle defautMontre);
+  /// chosen meanwhile, nothing is written and that one's key is given back, 0 for none. `suite`
+  /// where it is the default one.
+  std::optional<Cle> Ajouter(Expediteur &expediteur, Cle defautMontre, const Suite &suite);
 
   /// Writes what the user has changed of the address, as `ModifierChangees` does; whether it is the
-  /// default one stays. Throws also when another user has deleted the sender.
-  std::optional<Expediteur> Modifier(const Expediteur &montre, const Expediteur &saisi);
+  /// default one stays, and `suite` where it is. Throws also when another user has deleted the
+  /// sender.
+  std::optional<Expediteur> Modifier(const Expediteur &montre, const Expediteur &saisi,
+                                     const Suite &suite);
 
-  void Supprimer(Cle index);
+  /// `suite` where it was the default one.
+  void Supprimer(Cle index, const Suite &suite);
 
   /// Key of the default sender, the first where several are marked; 0 for none.
   Cle Defaut() const;
   /// Makes this sender the default one and no other; 0 for none. As in `Ajouter`, nothing is
   /// written over what another user has chosen meanwhile. Throws also when another user has deleted
   /// the sender.
-  std::optional<Cle> ChangerDefaut(Cle defautMontre, Cle index);
+  std::optional<Cle> ChangerDefaut(Cle defautMontre, Cle index, const Suite &suite);
   /// No sender stays the default one.
   void OublierDefaut();
 

@@ -235,7 +235,7 @@ TEST_F(ExpediteurDefautTest, HorsDeLaPageDeCode) {
   dvorak.Index = cle;
   const Expediteur avant = dvorak;
   dvorak.Ville = u"Łódź 2"_s;
-  TableExpediteur(base).Modifier(avant, dvorak);
+  TableExpediteur(base).Modifier(avant, dvorak, [](const Expediteur &) {});
   EXPECT_EQ(LireExpediteurDefaut(Chemin(), base)->chaine, u"Antonín Dvo?ák ?$?ód?$ "_s);
 }
 

@@ -23,6 +23,12 @@ QMessageBox::Icon Icone(Boites::Genre genre) {
   return QMessageBox::NoIcon;
 }
 
+/// The window in front. One that has been minimised would take its box along.
+QWidget *Devant() {
+  QWidget *active = QApplication::activeWindow();
+  return active != nullptr && !active->isMinimized() ? active : nullptr;
+}
+
 /// The texts hold what users have typed: nothing in them is markup.
 void Preparer(QMessageBox &boite) {
   boite.setTextFormat(Qt::PlainText);
@@ -31,7 +37,7 @@ void Preparer(QMessageBox &boite) {
 }  // namespace
 
 void BoitesSysteme::Message(Genre genre, const QString &titre, const QString &texte) {
-  QMessageBox boite(Icone(genre), titre, texte, QMessageBox::Ok, QApplication::activeWindow());
+  QMessageBox boite(Icone(genre), titre, texte, QMessageBox::Ok, Devant());
   Preparer(boite);
   boite.exec();
 }
@@ -39,7 +45,7 @@ void BoitesSysteme::Message(Genre genre, const QString &titre, const QString &te
 Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &texte,
                                         Reponse defaut) {
   QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Yes | QMessageBox::No,
-                    QApplication::activeWindow());
+                    Devant());
   Preparer(boite);
   boite.setDefaultButton(defaut == Reponse::Oui ? QMessageBox::Yes : QMessageBox::No);
   boite.setEscapeButton(QMessageBox::No);
@@ -49,15 +55,14 @@ Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &tex
 std::optional<QString> BoitesSysteme::Saisie(const QString &titre, const QString &invite,
                                              const QString &defaut) {
   bool validee = false;
-  const QString texte = QInputDialog::getText(QApplication::activeWindow(), titre, invite,
-                                              QLineEdit::Normal, defaut, &validee);
+  const QString texte =
+      QInputDialog::getText(Devant(), titre, invite, QLineEdit::Normal, defaut, &validee);
   return validee ? std::optional(texte) : std::nullopt;
 }
 
 Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QString &texte) {
   QMessageBox boite(QMessageBox::Question, titre, texte,
-                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel,
-                    QApplication::activeWindow());
+                    QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, Devant());
   Preparer(boite);
   boite.setDefaultButton(QMessageBox::Cancel);
   switch (boite.exec()) {
@@ -72,19 +77,19 @@ Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QStri
 
 bool BoitesSysteme::Confirmation(const QString &titre, const QString &texte) {
   QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Ok | QMessageBox::Cancel,
-                    QApplication::activeWindow());
+                    Devant());
   boite.setTextFormat(Qt::PlainText);
   return boite.exec() == QMessageBox::Ok;
 }
 
 QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
                                const QString &filtre) {
-  return QFileDialog::getOpenFileName(QApplication::activeWindow(), invite, dossier, filtre);
+  return QFileDialog::getOpenFileName(Devant(), invite, dossier, filtre);
 }
 
 std::optional<Boites::Couleur> BoitesSysteme::ChoixCouleur(const Couleur &depart) {
-  const QColor choisie = QColorDialog::getColor(QColor(depart.rouge, depart.vert, depart.bleu),
-                                                QApplication::activeWindow());
+  const QColor choisie =
+      QColorDialog::getColor(QColor(depart.rouge, depart.vert, depart.bleu), Devant());
   if (!choisie.isValid()) return std::nullopt;
   return Couleur{choisie.red(), choisie.green(), choisie.blue()};
 }
@@ -94,7 +99,6 @@ void BoitesSysteme::Erreur(const QString &texte) {
 }
 
 QString BoitesSysteme::Dossier(const QString &invite) {
-  const QString choisi =
-      QFileDialog::getExistingDirectory(QApplication::activeWindow(), invite, QDir::homePath());
+  const QString choisi = QFileDialog::getExistingDirectory(Devant(), invite, QDir::homePath());
   return choisi.isEmpty() ? choisi : QDir::cleanPath(choisi);
 }
