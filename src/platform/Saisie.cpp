@@ -21,7 +21,11 @@ QString SansBlancs(QStringView texte) {
 }
 
 double NombreSaisi(const QString &texte) {
-  static const QRegularExpression forme(uR"(^\s*([+-]?(?:\d+[.,]?\d*|[.,]\d+)))"_s);
+  static const QRegularExpression forme(
+      uR"(^\s*([+-]?(?:(?:\d{1,3}(?:[ \x{A0}\x{2009}\x{202F}]\d{3})+(?!\d)|\d+)[.,]?\d*|[.,]\d+)))"_s);
   const auto trouve = forme.match(texte);
-  return trouve.hasMatch() ? trouve.captured(1).replace(u',', u'.').toDouble() : 0;
+  if (!trouve.hasMatch()) return 0;
+  QString nombre = trouve.captured(1).replace(u',', u'.');
+  nombre.removeIf([](QChar signe) { return signe.isSpace(); });
+  return nombre.toDouble();
 }

@@ -11,5 +11,6 @@ QDate DateSaisie(const QString &texte);
 /// The text without the blanks at its ends. Only blanks: a tab is a character of a name.
 QString SansBlancs(QStringView texte);
 
-/// The number that a text begins with, decimals behind "," or "."; 0 when it begins with none.
+/// The number that a text begins with, decimals behind "," or ".", thousands behind blanks, also
+/// no-break ones; 0 when it begins with none.
 double NombreSaisi(const QString &texte);

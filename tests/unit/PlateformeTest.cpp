@@ -132,10 +132,25 @@ TEST(Saisie, Dates) {
 }
 
 TEST(Saisie, Nombres) {
-  const std::pair<const char16_t *, double> cas[] = {
-      {u"110", 110}, {u"110 mm", 110}, {u"110,5", 110.5}, {u" 110.25x", 110.25}, {u"-3,5", -3.5},
-      {u"+4", 4},    {u",5", 0.5},     {u"5,", 5},        {u"12,5,3", 12.5},     {u"mm 110", 0},
-      {u",", 0},     {u"-", 0},        {u"", 0},          {u"nan", 0},           {u"inf", 0}};
+  const std::pair<const char16_t *, double> cas[] = {{u"110", 110},
+                                                     {u"110 mm", 110},
+                                                     {u"110,5", 110.5},
+                                                     {u" 110.25x", 110.25},
+                                                     {u"-3,5", -3.5},
+                                                     {u"+4", 4},
+                                                     {u",5", 0.5},
+                                                     {u"5,", 5},
+                                                     {u"12,5,3", 12.5},
+                                                     {u"mm 110", 0},
+                                                     {u",", 0},
+                                                     {u"-", 0},
+                                                     {u"", 0},
+                                                     {u"nan", 0},
+                                                     {u"inf", 0},
+                                                     {u"-1 000,5", -1000.5},
+                                                     {u"12\u00A0345\u202F678", 12345678},
+                                                     {u"1 0000", 1},
+                                                     {u"60 ms", 60}};
   for (const auto &[texte, nombre] : cas)
     EXPECT_EQ(NombreSaisi(QString::fromUtf16(texte)), nombre)
         << QString::fromUtf16(texte).toStdString();
