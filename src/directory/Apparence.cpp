@@ -138,9 +138,12 @@ void Apparence::ChoisirCouleur() {
 void Apparence::DemanderNom() {
   Boites &boites = session_.plateforme.boites;
   QString &nom = session_.reglages.rtcolor.NomPerso;
-  const auto reponse = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, nom);
-  if (!reponse || reponse->trimmed().isEmpty() || RefuserInenregistrable(boites, *reponse)) return;
-  nom = *reponse;
+  auto saisi = std::optional(nom);
+  do {
+    saisi = boites.Saisie(u"Personnaliser"_s, u"Donner vos prénom et nom"_s, *saisi);
+    if (!saisi || saisi->trimmed().isEmpty()) return;
+  } while (RefuserInenregistrable(boites, *saisi));
+  nom = *saisi;
   emit Changee();
   EcrireRTColor();
 }
