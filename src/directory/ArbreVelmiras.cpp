@@ -3,9 +3,38 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Paints the tick of the root in the colours of the tree: in the colour of its text it would be
+/// white in a white box.
+class DessinNoeud : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter *dessin, const QStyleOptionViewItem &option,
+             const QModelIndex &noeud) const override {
+    QStyledItemDelegate::paint(dessin, option, noeud);
+    if (!noeud.data(Qt::ForegroundRole).isValid()) return;
+    QStyleOptionViewItem coche = option;
+    initStyleOption(&coche, noeud);
+    if (!coche.features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) return;
+    const QStyle *style = option.widget->style();
+    coche.rect =
+        style->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &coche, option.widget);
+    coche.palette = option.palette;
+    coche.state.setFlag(QStyle::State_HasFocus, false);
+    coche.state |= coche.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &coche, dessin, option.widget);
+  }
+};
+
+}  // namespace
 
 ArbreVelmiras::ArbreVelmiras(QWidget *parent) : QTreeView(parent) {
   setModel(&modele_);
+  setItemDelegate(new DessinNoeud(this));
   setHeaderHidden(true);
   setUniformRowHeights(true);
   setRootIsDecorated(false);

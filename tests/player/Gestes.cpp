@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QHash>
+#include <QImage>
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
@@ -18,6 +19,8 @@
 #include <QStyleOptionViewItem>
 #include <QWindow>
 #include <QtTest>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -229,6 +232,21 @@ void Cocher(const Controle &controle, bool etat) {
 void CocherElement(const Controle &controle, const QModelIndex &element, bool etat) {
   if (EstCoche(element) != etat)
     CliquerEn(Vue(controle)->viewport(), PlaceCase(controle, element), Clic::Simple);
+}
+
+bool CocheEstPeinte(const Controle &controle, const QModelIndex &element) {
+  constexpr int kMarge = 3;  // around the middle of the box, within its border
+  const QPoint milieu = PlaceCase(controle, element);
+  const QRect dedans(milieu - QPoint(kMarge, kMarge), milieu + QPoint(kMarge, kMarge));
+  const QImage image = Vue(controle)->viewport()->grab(dedans).toImage();
+  int sombre = 255, clair = 0;
+  for (int y = 0; y < image.height(); ++y)
+    for (int x = 0; x < image.width(); ++x) {
+      const int gris = qGray(image.pixel(x, y));
+      sombre = std::min(sombre, gris);
+      clair = std::max(clair, gris);
+    }
+  return clair - sombre > 100;
 }
 
 void Choisir(const Controle &controle, const Mot &mot) {

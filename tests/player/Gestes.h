@@ -16,6 +16,9 @@ void CliquerElement(const Controle &controle, const QModelIndex &element, Clic c
 void Cocher(const Controle &controle, bool etat);
 void CocherElement(const Controle &controle, const QModelIndex &element, bool etat);
 
+/// Whether a mark is seen in the box of an item.
+bool CocheEstPeinte(const Controle &controle, const QModelIndex &element);
+
 /// Selects an item as a user's choice does. In a list of several selections it adds the item, and
 /// `Retirer` takes it out.
 void Choisir(const Controle &controle, const Mot &mot);

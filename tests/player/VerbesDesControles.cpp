@@ -1,5 +1,6 @@
 #include "player/Echec.h"
 #include "player/Elements.h"
+#include "player/Gestes.h"
 #include "player/Lecture.h"
 #include "player/Verbes.h"
 #include "ui/Bulle.h"
@@ -46,9 +47,11 @@ bool ALeFoyer(const Controle &controle) {
 template <bool attendu>
 void VerifierCase(Scene &scene, const Mots &mots) {
   if (mots.size() == 1) return VerifierEtat<EstCoche, kCoche, attendu>(scene, mots);
-  const QModelIndex element = Element(Trouver(scene, mots), mots[1]);
-  ExigerEtat(u"%1, box of \"%2\""_s.arg(mots[0].texte, mots[1].texte), attendu, EstCoche(element),
-             kCoche);
+  const Controle controle = Trouver(scene, mots);
+  const QModelIndex element = Element(controle, mots[1]);
+  const QString boite = u"%1, box of \"%2\""_s.arg(mots[0].texte, mots[1].texte);
+  ExigerEtat(boite, attendu, EstCoche(element), kCoche);
+  ExigerEtat(boite, attendu, CocheEstPeinte(controle, element), kCoche);
 }
 
 template <QColor (*lire)(const Controle &)>
