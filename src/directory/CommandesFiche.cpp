@@ -49,6 +49,11 @@ void CommandesFiche::AfficherTous() {
   liste_.AfficherCategorie(ToutesCategories());
 }
 
+FrmNewMod::Contexte CommandesFiche::Contexte() const {
+  return {fenetre_.protegesMasques(),
+          [this](const RegleCategories &regle) { liste_.SuivreCategories(regle); }};
+}
+
 bool CommandesFiche::Saisir(FrmNewMod &editeur,
                             const std::function<bool(const FicheSaisie &)> &ecrire) {
   bool ecrite = false;
@@ -58,8 +63,7 @@ bool CommandesFiche::Saisir(FrmNewMod &editeur,
 }
 
 std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, const Ajout &ajout) {
-  FrmNewMod editeur(session_, u"  Nouveau Velmira"_s,
-                    {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
+  FrmNewMod editeur(session_, u"  Nouveau Velmira"_s, Contexte(), parent);
   Correspondant depart = SansNul(ajout.depart);
   depart.AlerteActive = ajout.alerte;  // shown ticked, and not to be unticked
   editeur.Montrer(depart);
@@ -114,19 +118,31 @@ void CommandesFiche::ModifierSelection() {
     boites.Information(u"Cet élément n'est pas modifiable !"_s);
     return;
   }
-  if (Modifier(fenetre_.parent, Index(choisi))) liste_.Arbre().setFocus();
+  const Cle index = Index(choisi);
+  const auto fiche = Corriger(fenetre_.parent, index);
+  if (!fiche) return;
+  if (liste_.EstVidee(fiche->Categories)) QuitterCategorieVide();
+  liste_.RemplirCategories();
+  Selectionner(index);
+  liste_.Arbre().setFocus();
 }
 
 bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
+  if (!Corriger(parent, index)) return false;
+  liste_.RemplirCategories();
+  Selectionner(index);
+  return true;
+}
+
+std::optional<Correspondant> CommandesFiche::Corriger(QWidget *parent, Cle index) {
   TableAdresse table(session_.base);
   const auto ancienne = table.Lire(index);
   if (!ancienne) {
     session_.plateforme.boites.Information(TexteDisparu());
     if (Selection() == index) fenetre_.partie();
-    return false;
+    return std::nullopt;
   }
-  FrmNewMod editeur(session_, u"  Modifier Velmira"_s,
-                    {fenetre_.protegesMasques(), [this] { liste_.RemplirCategories(); }}, parent);
+  FrmNewMod editeur(session_, u"  Modifier Velmira"_s, Contexte(), parent);
   editeur.Montrer(*ancienne);
   const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
     return EcrireEnAccord(
@@ -135,26 +151,24 @@ bool CommandesFiche::Modifier(QWidget *parent, Cle index) {
           return SousSablier([&] { return table.Modifier(montree, fiche, saisie.AjoutAlerte); });
         });
   });
-  if (!ecrite) return false;
-  const QModelIndex ancien = liste_.Arbre().Modele().Enfant(index);
+  if (!ecrite) return std::nullopt;
   // Read again: another user may have had a part in it.
-  if (const auto fiche = table.Lire(index); fiche && ancien.isValid()) {
-    liste_.Retirer(ancien);
-    liste_.Inserer({NomListe(fiche->NomVelmira), index});
-  }
-  liste_.RemplirCategories();
-  Selectionner(index);
-  return true;
+  auto fiche = table.Lire(index);
+  if (fiche) liste_.Remplacer({NomListe(fiche->NomVelmira), index});
+  return fiche;
 }
 
 void CommandesFiche::Supprimer(Cle index) {
+  Oter(index);
+  liste_.RemplirCategories();
+}
+
+void CommandesFiche::Oter(Cle index) {
   const bool affiche = Selection() == index;
   const bool existait = SousSablier([&] { return TableAdresse(session_.base).Supprimer(index); });
   if (affiche) fenetre_.partie();
-  if (const QModelIndex noeud = liste_.Arbre().Modele().Enfant(index); noeud.isValid())
-    liste_.Retirer(noeud);
+  liste_.Retirer(index);
   if (!existait) session_.plateforme.boites.Information(TexteDisparu());
-  liste_.RemplirCategories();
   liste_.MettreAJourCompte();
 }
 
@@ -178,19 +192,26 @@ void CommandesFiche::SupprimerSelection() {
                       Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
 
-  Supprimer(Index(noeud));
+  Oter(Index(noeud));
   if (arbre.Modele().NombreEnfants() > 0) {
-    arbre.SelectionnerEtCliquer(arbre.Modele().Racine());
+    // Those who are still listed may have left the category before.
+    liste_.RemplirCategories([this] { DireCategorieVide(); });
+    liste_.CliquerRacine();
     arbre.setFocus();
   } else {
     QuitterCategorieVide();
+    liste_.RemplirCategories();
   }
 }
 
-void CommandesFiche::QuitterCategorieVide() {
+void CommandesFiche::DireCategorieVide() {
   session_.plateforme.boites.Message(Boites::Genre::Attention, u"Répertoire Vide"_s,
                                      u"Cette catégorie ne contient plus de Velmira !"_s);
-  liste_.AfficherCategorie(ToutesCategories());
+}
+
+void CommandesFiche::QuitterCategorieVide() {
+  DireCategorieVide();
+  AfficherTous();
 }
 
 void CommandesFiche::AjouterAuxFavoris() {

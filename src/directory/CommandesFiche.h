@@ -1,10 +1,8 @@
 #pragma once
 
+#include "directory/FrmNewMod.h"
 #include "directory/ListeVelmiras.h"
 #include "directory/Repertoire.h"
-
-class FrmNewMod;
-struct FicheSaisie;
 
 /// What is done with the correspondents of the list: with the selected one by the directory's own
 /// commands, and with any of them for the other windows.
@@ -48,6 +46,14 @@ class CommandesFiche : public Repertoire {
   /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
   /// again with what was typed; so it does where `ecrire` gives false. False for a cancel.
   bool Saisir(FrmNewMod &editeur, const std::function<bool(const FicheSaisie &)> &ecrire);
+  FrmNewMod::Contexte Contexte() const;
+  /// Runs the editor for a correspondent, writes it and puts its node in its place. Gives the row
+  /// as it is then; nothing for a cancel, and where it has gone.
+  std::optional<Correspondant> Corriger(QWidget *parent, Cle index);
+  /// Deletes a correspondent and takes it off the list; the categories are as they were.
+  void Oter(Cle index);
+  void DireCategorieVide();
+  /// Says that the category on display is empty, and shows all.
   void QuitterCategorieVide();
 
   Session &session_;

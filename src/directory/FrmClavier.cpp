@@ -11,15 +11,14 @@ FrmClavier::FrmClavier(QWidget *bouton)
     : QDialog(bouton->window()), ui_(std::make_unique<Ui::FrmClavier>()) {
   ui_->setupUi(this);
   for (char16_t lettre = u'A'; lettre <= u'Z'; ++lettre)
-    AjouterTouche(QChar(lettre), QChar(lettre), lettre);
-  AjouterTouche(u"A-Z"_s, u"Toute la liste"_s, std::nullopt);
+    AjouterTouche(QChar(lettre), QChar(lettre), QChar(lettre));
+  AjouterTouche(u"A–Z"_s, u"Toute la liste"_s, u""_s);
   move(bouton->mapToGlobal(QPoint(0, bouton->height())));
 }
 
 FrmClavier::~FrmClavier() = default;
 
-void FrmClavier::AjouterTouche(const QString &texte, const QString &nom,
-                               std::optional<QChar> lettre) {
+void FrmClavier::AjouterTouche(const QString &texte, const QString &nom, const QString &lettre) {
   constexpr int kColonnes = 9, kCote = 32;
   const int rang = ui_->Touches->count();
   auto *touche = new QToolButton(this);
@@ -35,12 +34,12 @@ void FrmClavier::AjouterTouche(const QString &texte, const QString &nom,
 void FrmClavier::keyPressEvent(QKeyEvent *evenement) {
   const QString lettre = evenement->text().toUpper();
   if (lettre.size() == 1 && lettre[0] >= u'A' && lettre[0] <= u'Z')
-    Choisir(lettre[0]);
+    Choisir(lettre);
   else
     QDialog::keyPressEvent(evenement);
 }
 
-void FrmClavier::Choisir(std::optional<QChar> lettre) {
+void FrmClavier::Choisir(const QString &lettre) {
   lettre_ = lettre;
   accept();
 }

@@ -18,16 +18,17 @@ class FrmClavier : public QDialog {
   explicit FrmClavier(QWidget *bouton);
   ~FrmClavier() override;
 
-  /// The letter that was chosen, a capital; nothing when the list is to stay as it is.
-  std::optional<QChar> Lettre() const { return lettre_; }
+  /// The letter that was chosen, a capital; empty for the whole list, nothing when the list is to
+  /// stay as it is.
+  const std::optional<QString> &Lettre() const { return lettre_; }
 
  protected:
   void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
-  void AjouterTouche(const QString &texte, const QString &nom, std::optional<QChar> lettre);
-  void Choisir(std::optional<QChar> lettre);
+  void AjouterTouche(const QString &texte, const QString &nom, const QString &lettre);
+  void Choisir(const QString &lettre);
 
   std::unique_ptr<Ui::FrmClavier> ui_;
-  std::optional<QChar> lettre_;
+  std::optional<QString> lettre_;
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Categories.h"
 #include "directory/FicheSaisie.h"
 #include "session/Session.h"
 
@@ -20,8 +21,9 @@ class FrmNewMod : public QDialog {
 
  public:
   struct Contexte {
-    bool protegesMasques = false;              ///< protected records are hidden from the others now
-    std::function<void()> categoriesChangees;  ///< the categories of the table have changed
+    bool protegesMasques = false;  ///< protected records are hidden from the others now
+    /// The categories of the table have been swept by this rule.
+    std::function<void(const RegleCategories &)> categoriesChangees;
   };
 
   FrmNewMod(Session &session, const QString &titre, Contexte contexte, QWidget *parent);

@@ -33,18 +33,16 @@ GestionCategories::~GestionCategories() {
 }
 
 void GestionCategories::Relier(Boites &boites, Horloge &horloge, Base &base,
-                               std::function<void()> changees) {
+                               std::function<void(const RegleCategories &)> changees) {
   boites_ = &boites;
   base_ = &base;
   changees_ = std::move(changees);
   const Brancheur brancher(boites, this);
   brancher(ui_->CmdEnrCat, &GestionCategories::Enregistrer);
   brancher(ui_->CmdModSup, &GestionCategories::ModifierOuSupprimer);
-  connect(ui_->CboCat->lineEdit(), &QLineEdit::textEdited, this, &GestionCategories::Completer);
-  connect(ui_->CboCat, &ComboASuppression::SuppressionDemandee, this, [this] {
-    ui_->CboCat->setEditText(u""_s);
-    saisie_.clear();
-  });
+  connect(ui_->CboCat, &ComboSaisie::Tapee, this, &GestionCategories::Completer);
+  connect(ui_->CboCat, &ComboASuppression::SuppressionDemandee, ui_->CboCat,
+          &QComboBox::clearEditText);
   PoserBulle(ui_->CmdEnrCat, horloge, {u"Enregistrer\nla nouvelle catégorie"_s, kBulleJaune});
   PoserBulle(ui_->CmdModSup, horloge,
              {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, kBulleJaune});
@@ -95,9 +93,6 @@ QString GestionCategories::Marquees() const {
 }
 
 void GestionCategories::Completer(const QString &texte) {
-  const bool efface = saisie_.startsWith(texte);
-  saisie_ = texte;
-  if (texte.isEmpty() || efface) return;  // what was just erased is not put back
   for (int i = 0; i < ui_->CboCat->count(); ++i) {
     const QString nom = ui_->CboCat->itemText(i);
     if (nom.left(texte.size()).trimmed().toUpper() != texte.toUpper()) continue;
@@ -158,8 +153,7 @@ void GestionCategories::Supprimer(const QString &nom) {
   Balayer(nom, [&nom](const QString &categories) { return SansCategorie(categories, nom); });
 }
 
-void GestionCategories::Balayer(const QString &nom,
-                                const std::function<QString(const QString &)> &regle) {
+void GestionCategories::Balayer(const QString &nom, const RegleCategories &regle) {
   {
     const Sablier sablier;
     TableAdresse(*base_).ChangerCategories(nom, regle);
@@ -172,7 +166,7 @@ void GestionCategories::Balayer(const QString &nom,
     if (Listee(nouvelle) == nullptr && nouvelle != RechercheRapide())
       ui_->LstCat->addItem(nouvelle);
   Marquer(marquees);
-  changees_();
+  changees_(regle);
 }
 
 void GestionCategories::Renommer(const QString &nom) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Categories.h"
 #include "platform/Boites.h"
 #include "storage/Tables.h"
 
@@ -25,8 +26,9 @@ class GestionCategories : public QWidget {
   ~GestionCategories() override;
 
   /// Before anything else: reads the categories. `changees` runs when those of the table have
-  /// changed.
-  void Relier(Boites &boites, Horloge &horloge, Base &base, std::function<void()> changees);
+  /// been swept, with what the sweep makes of a category string.
+  void Relier(Boites &boites, Horloge &horloge, Base &base,
+              std::function<void(const RegleCategories &)> changees);
 
   /// Marks the categories of a record.
   void Montrer(const QString &categories);
@@ -45,7 +47,7 @@ class GestionCategories : public QWidget {
   void Renommer(const QString &nom);
   /// Gives the category strings that hold a name the value that a rule makes of them, also those of
   /// the record that is being edited.
-  void Balayer(const QString &nom, const std::function<QString(const QString &)> &regle);
+  void Balayer(const QString &nom, const RegleCategories &regle);
   /// The category in the list; null where it is not.
   QListWidgetItem *Listee(const QString &nom) const;
   void Marquer(const QString &categories);
@@ -53,7 +55,6 @@ class GestionCategories : public QWidget {
   std::unique_ptr<Ui::GestionCategories> ui_;
   Boites *boites_ = nullptr;
   Base *base_ = nullptr;
-  std::function<void()> changees_;
+  std::function<void(const RegleCategories &)> changees_;
   QString montrees_;
-  QString saisie_;  ///< what was typed before, without its completion
 };

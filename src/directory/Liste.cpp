@@ -1,5 +1,6 @@
 #include "directory/Liste.h"
 
+#include "calendar/SansAccents.h"
 #include "directory/Categories.h"
 #include "directory/Protection.h"
 #include "platform/Saisie.h"
@@ -12,11 +13,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
+/// The letter under which a name is looked for.
+QString Initiale(const QString &nom) {
+  const QString initiale =
+      SansAccents(nom.left(1)).normalized(QString::NormalizationForm_D).left(1).toUpper();
+  return initiale == u"Œ"_s ? u"O"_s : initiale == u"Æ"_s ? u"A"_s : initiale;
+}
+
+bool EstDeLaCategorie(const EntreeListe &entree, const FiltreListe &filtre) {
   if (filtre.categorie == ToutesCategories()) return true;
   if (filtre.categorie == RechercheRapide())
-    return entree.NomVelmira.left(1).toUpper() == filtre.lettre.toUpper();
+    return Initiale(entree.NomVelmira) == filtre.lettre.toUpper();
   return EstDansCategorie(entree.Categories, filtre.categorie);
+}
+
+bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
+  return EstDeLaCategorie(entree, filtre) &&
+         (filtre.contenu.isEmpty() ||
+          SansAccents(entree.NomVelmira)
+              .contains(SansAccents(filtre.contenu), Qt::CaseInsensitive));
 }
 
 QCollator OrdreDesNoms() {
@@ -63,6 +78,15 @@ std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudLi
   return std::upper_bound(
       noeuds.begin(), noeuds.end(), nom,
       [&](const QString &a, const NoeudListe &b) { return ordre.compare(a, b.texte) < 0; });
+}
+
+std::vector<NoeudListe>::const_iterator Commencant(const std::vector<NoeudListe> &noeuds,
+                                                   const QString &debut) {
+  return std::ranges::find_if(noeuds, [&](const NoeudListe &noeud) {
+    QStringView tete = QStringView(noeud.texte).left(debut.size());
+    while (tete.endsWith(u' ')) tete.chop(1);
+    return tete.compare(debut, Qt::CaseInsensitive) == 0;
+  });
 }
 
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre) {

@@ -10,8 +10,10 @@
 /// What narrows the list.
 struct FiltreListe {
   QString categorie;    ///< a category, or one of the pseudo-categories
-  QString lettre;       ///< initial, of a quick search
+  QString lettre;       ///< initial, of a quick search; it stands for its accented forms too
   QString utilisateur;  ///< whose protected records are shown
+  /// The names that hold this, case and accents aside; empty for all.
+  QString contenu = {};
 };
 
 /// A child of the tree's root.
@@ -35,6 +37,11 @@ std::vector<NoeudListe> ListerAdresses(const TableAdresse &table, const FiltreLi
 /// Where a name stands in a list that is sorted as above: behind the names that are equal to it.
 std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudListe> &noeuds,
                                                        const QString &nom);
+
+/// The first name of the list whose beginning, upper and lower case alike and without blanks at the
+/// end of what is compared, is this text; the end of the list when there is none.
+std::vector<NoeudListe>::const_iterator Commencant(const std::vector<NoeudListe> &noeuds,
+                                                   const QString &debut);
 
 /// The line under the list: "Pas d'enregistrement", "1  enregistrement", "2  enregistrements ".
 QString TexteCompte(qsizetype enregistrements);

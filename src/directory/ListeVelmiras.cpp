@@ -1,7 +1,7 @@
 #include "directory/ListeVelmiras.h"
 
-#include "directory/Categories.h"
 #include "directory/FrmClavier.h"
+#include "platform/Saisie.h"
 #include "ui/Brancheur.h"
 #include "ui/Bulle.h"
 #include "ui/Debrancher.h"
@@ -14,6 +14,20 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What stands in the combo and at the root while the list is what a search has found.
+QString Recherche() {
+  return u"Recherche"_s;
+}
+
+/// Whether the combo can show a category.
+bool EstProposee(const QStringList &categories, const QString &categorie) {
+  return categorie == RechercheRapide() || categories.contains(categorie);
+}
+
+}  // namespace
 
 ListeVelmiras::ListeVelmiras(QWidget *parent)
     : QWidget(parent), ui_(std::make_unique<Ui::ListeVelmiras>()) {
@@ -30,6 +44,7 @@ ListeVelmiras::~ListeVelmiras() {
 void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   session_ = &session;
   avant_ = std::move(avant);
+  filtre_.utilisateur = session.plateforme.utilisateur;
   Brancher();
   constexpr int kLargeurBulle = 80;
   Horloge &horloge = session.plateforme.horloge;
@@ -39,7 +54,9 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
 
 void ListeVelmiras::Brancher() {
   const Brancheur brancher(session_->plateforme.boites, this);
-  brancher(ui_->CboCat, &QComboBox::activated, [this] { Charger(Categorie(), LettreRR); });
+  brancher(ui_->CboCat, &QComboBox::activated, [this](int rang) {
+    if (!EstResultat() || rang > 0) AfficherCategorie(Categorie());
+  });
   brancher(ui_->TxtRR, &QLineEdit::textEdited, &ListeVelmiras::Chercher);
   // Emptied by another category too, which ends the search.
   connect(ui_->TxtRR, &QLineEdit::textChanged, this, [this](const QString &texte) {
@@ -68,15 +85,37 @@ QString ListeVelmiras::Categorie() const {
 }
 
 void ListeVelmiras::Ouvrir(bool surFavoris) {
-  CategorieCourante = surFavoris ? Favoris() : ToutesCategories();
+  filtre_.categorie = surFavoris ? Favoris() : ToutesCategories();
   RemplirCategories();
-  Charger(CategorieCourante, LettreRR);
+  Charger(filtre_);
+  ui_->TV->setFocus();
   if (const auto nombre = ui_->TV->Modele().NombreEnfants(); nombre > 0)
     ui_->LblNomBE->setText(QString::number(nombre) + u" enregistrement(s) "_s);
 }
 
-void ListeVelmiras::RemplirCategories() {
-  PoserCategories(ListerCategories(session_->base, CategorieCourante == RechercheRapide()));
+void ListeVelmiras::RemplirCategories(const std::function<void()> &adieu) {
+  const QStringList categories = ListerCategories(session_->base, false);
+  if (EstProposee(categories, filtre_.categorie)) {
+    PoserCategories(categories);
+    return;
+  }
+  if (adieu) adieu();
+  Actualiser(Index(ui_->TV->Selection()));
+}
+
+void ListeVelmiras::SuivreCategories(const RegleCategories &regle) {
+  QString &categorie = filtre_.categorie;
+  if (!EstEnregistree(categorie)) return RemplirCategories();
+  categorie =
+      regle(u'*' + categorie + u'*').split(u'*', Qt::SkipEmptyParts).value(0, ToutesCategories());
+  Actualiser(Index(ui_->TV->Selection()));
+}
+
+bool ListeVelmiras::EstVidee(const QString &categories) const {
+  if (!EstEnregistree(filtre_.categorie) || EstDansCategorie(categories, filtre_.categorie))
+    return false;
+  const auto noeuds = SousSablier([&] { return Lister(Entiere()); });
+  return !noeuds || noeuds->empty();
 }
 
 void ListeVelmiras::PoserCategories(const QStringList &categories) {
@@ -87,68 +126,84 @@ void ListeVelmiras::PoserCategories(const QStringList &categories) {
 
 void ListeVelmiras::AccorderCombo() {
   QComboBox *combo = ui_->CboCat;
-  if (CategorieCourante != RechercheRapide() && combo->itemText(0) == RechercheRapide())
-    combo->removeItem(0);
+  while (combo->count() > 0 && combo->itemText(0) != ToutesCategories()) combo->removeItem(0);
+  if (filtre_.categorie == RechercheRapide()) combo->insertItem(0, RechercheRapide());
+  if (EstResultat()) combo->insertItem(0, Recherche());
   combo->setCurrentIndex(
-      combo->findText(CategorieCourante, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+      EstResultat()
+          ? 0
+          : combo->findText(filtre_.categorie, Qt::MatchFixedString | Qt::MatchCaseSensitive));
 }
 
-std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const QString &categorie,
-                                                             const QString &lettre) const {
+QString ListeVelmiras::Titre() const {
+  return (EstResultat() ? Recherche() : filtre_.categorie).toUpper();
+}
+
+std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const FiltreListe &filtre) const {
   if (!session_->base.Ouverte()) return std::nullopt;
   const TableAdresse table(session_->base);
-  auto noeuds = ListerVelmiras(table, {categorie, lettre, session_->plateforme.utilisateur});
+  auto noeuds = ListerVelmiras(table, filtre);
   if (noeuds.empty() && table.EstVide()) return std::nullopt;
   return noeuds;
 }
 
-void ListeVelmiras::Charger(const QString &categorie, const QString &lettre) {
+bool ListeVelmiras::Charger(const FiltreListe &filtre) {
   const auto accord = qScopeGuard([this] { AccorderCombo(); });
-  auto sablier = std::make_optional<Sablier>();
-  auto noeuds = Lister(categorie, lettre);
-  sablier.reset();
-  if (!avant_()) return;
-  CategorieCourante = categorie;
-  LettreRR = lettre;
-  if (categorie != ToutesCategories()) ui_->TxtRR->clear();
-  NombreNoeuds = noeuds ? static_cast<qsizetype>(noeuds->size()) : 0;
+  auto noeuds = SousSablier([&] { return Lister(filtre); });
+  if (!avant_()) return false;
+  filtre_ = filtre;
   if (noeuds)
-    ui_->TV->Remplir(categorie.toUpper(), std::move(*noeuds));
+    ui_->TV->Remplir(Titre(), std::move(*noeuds));
   else
     ui_->TV->Modele().Vider();
   MettreAJourCompte();
+  return true;
+}
+
+void ListeVelmiras::Afficher(const QString &categorie, const QString &lettre) {
+  const bool finie = EstResultat() || categorie != ToutesCategories();
+  FiltreListe filtre = Entiere();
+  filtre.categorie = categorie;
+  filtre.lettre = lettre;
+  if (!Charger(filtre)) return;
+  if (finie) ui_->TxtRR->clear();
   ui_->TV->setFocus();
 }
 
+void ListeVelmiras::AfficherCategorie(const QString &categorie) {
+  Afficher(categorie, filtre_.lettre);
+}
+
+bool ListeVelmiras::Restreindre(const QString &contenu) {
+  if (filtre_.contenu == contenu) return true;
+  FiltreListe filtre = filtre_;
+  filtre.contenu = contenu;
+  return Charger(filtre);
+}
+
 bool ListeVelmiras::Actualiser(Cle retenue) {
-  const QStringList categories =
-      ListerCategories(session_->base, CategorieCourante == RechercheRapide());
-  const QString categorie =
-      categories.contains(CategorieCourante) ? CategorieCourante : ToutesCategories();
-  auto noeuds = Lister(categorie, LettreRR).value_or(std::vector<NoeudListe>());
+  const QStringList categories = ListerCategories(session_->base, false);
+  FiltreListe filtre = filtre_;
+  if (!EstProposee(categories, filtre.categorie)) filtre.categorie = ToutesCategories();
+  auto noeuds = Lister(filtre).value_or(std::vector<NoeudListe>());
   ModeleListe &modele = ui_->TV->Modele();
   const QModelIndex noeud = modele.Enfant(retenue);
   const bool parti =
       noeud.isValid() && std::ranges::find(noeuds, retenue, &NoeudListe::index) == noeuds.end();
   if (parti) noeuds.insert(PlaceDansListe(noeuds, Texte(noeud)), {Texte(noeud), retenue});
 
-  CategorieCourante = categorie;
+  filtre_ = filtre;
   PoserCategories(categories);
   if (noeuds.empty() && !modele.Racine().isValid()) return true;
   const auto avant = modele.NombreEnfants();
-  NombreNoeuds = static_cast<qsizetype>(noeuds.size());
-  ui_->TV->Accorder(categorie.toUpper(), std::move(noeuds));
-  if (NombreNoeuds != avant) MettreAJourCompte();
+  ui_->TV->Accorder(Titre(), std::move(noeuds));
+  if (modele.NombreEnfants() != avant) MettreAJourCompte();
   return !parti;
 }
 
-void ListeVelmiras::AfficherCategorie(const QString &categorie) {
-  Charger(categorie, LettreRR);
-}
-
-void ListeVelmiras::Chercher(const QString &debut) {
+void ListeVelmiras::Chercher(const QString &saisie) {
   Boites &boites = session_->plateforme.boites;
-  if (!RechercheEnCours && !debut.isEmpty() && Categorie() != ToutesCategories()) {
+  if (!RechercheEnCours && !saisie.isEmpty() && Categorie() != ToutesCategories()) {
     RechercheEnCours = true;
     if (boites.Question(Boites::Titre(),
                         u"Voulez-vous faire une recherche dans tous vos velmiras,\n"
@@ -156,38 +211,72 @@ void ListeVelmiras::Chercher(const QString &debut) {
         Boites::Reponse::Oui)
       AfficherCategorie(ToutesCategories());
   }
-  RechercheEnCours = !debut.isEmpty();
+  RechercheEnCours = !saisie.isEmpty();
   ui_->TxtRR->setFocus();
-
-  if (debut.isEmpty()) {
+  if (!saisie.isEmpty())
+    Trouver(saisie);
+  else if (Restreindre({}))
     CliquerRacine();
-    return;
-  }
-  if (NombreNoeuds <= 1) return;
-  if (const QModelIndex noeud = ui_->TV->Modele().Commencant(debut); noeud.isValid())
-    ui_->TV->SelectionnerEtCliquer(noeud);
+}
+
+void ListeVelmiras::Trouver(const QString &saisie) {
+  ModeleListe &modele = ui_->TV->Modele();
+  if (!EstResultat() && modele.NombreEnfants() == 0) return;
+  QString debut = saisie;
+  while (debut.endsWith(u' ')) debut.chop(1);  // a word of which nothing is typed yet
+  const bool commence = Commence(debut);
+  if (!Restreindre(commence ? QString() : SansBlancs(debut))) return;
+  const QModelIndex noeud =
+      commence ? modele.Commencant(saisie) : modele.index(0, 0, modele.Racine());
+  if (noeud.isValid()) ui_->TV->SelectionnerEtCliquer(noeud);
+}
+
+bool ListeVelmiras::Commence(const QString &debut) const {
+  if (!EstResultat()) return ui_->TV->Modele().Commencant(debut).isValid();
+  const auto noeuds = Lister(Entiere());
+  return noeuds && Commencant(*noeuds, debut) != noeuds->end();
+}
+
+FiltreListe ListeVelmiras::Entiere() const {
+  FiltreListe filtre = filtre_;
+  filtre.contenu.clear();
+  return filtre;
 }
 
 void ListeVelmiras::ChoisirInitiale() {
   FrmClavier clavier(ui_->CmdCherche);
   clavier.exec();
-  if (!clavier.Lettre()) return;
-  QComboBox *combo = ui_->CboCat;
-  if (combo->itemText(0) != RechercheRapide()) combo->insertItem(0, RechercheRapide());
-  Charger(RechercheRapide(), *clavier.Lettre());
+  const auto &lettre = clavier.Lettre();
+  if (!lettre) return;
+  if (!lettre->isEmpty())
+    Afficher(RechercheRapide(), *lettre);
+  else if (Categorie() != ToutesCategories())
+    AfficherCategorie(ToutesCategories());
 }
 
 void ListeVelmiras::Inserer(const NoeudListe &noeud) {
   ModeleListe &modele = ui_->TV->Modele();
-  if (!modele.Racine().isValid()) ui_->TV->Remplir(Categorie().toUpper(), {});
+  if (!modele.Racine().isValid()) ui_->TV->Remplir(Titre(), {});
   modele.Inserer(noeud);
-  ++NombreNoeuds;
 }
 
-void ListeVelmiras::Retirer(const QModelIndex &noeud) {
+void ListeVelmiras::Remplacer(const NoeudListe &noeud) {
+  ModeleListe &modele = ui_->TV->Modele();
+  if (!modele.Enfant(noeud.index).isValid()) return;
+  QuitterNoeud(noeud.index);
+  modele.Remplacer(noeud);
+}
+
+void ListeVelmiras::Retirer(Cle index) {
+  ModeleListe &modele = ui_->TV->Modele();
+  if (!modele.Enfant(index).isValid()) return;
+  QuitterNoeud(index);
+  modele.Retirer(modele.Enfant(index));
+}
+
+void ListeVelmiras::QuitterNoeud(Cle index) {
   // The view would go to a neighbour, whom nobody has asked for.
-  if (noeud == ui_->TV->Selection()) ui_->TV->Selectionner(0);
-  ui_->TV->Modele().Retirer(noeud);
+  if (Index(ui_->TV->Selection()) == index) ui_->TV->Selectionner(0);
 }
 
 void ListeVelmiras::CliquerRacine() {
@@ -196,7 +285,8 @@ void ListeVelmiras::CliquerRacine() {
 }
 
 void ListeVelmiras::MettreAJourCompte() {
-  ui_->LblNomBE->setText(TexteCompte(ui_->TV->Modele().NombreEnfants()));
+  const auto nombre = ui_->TV->Modele().NombreEnfants();
+  ui_->LblNomBE->setText(nombre == 0 && EstResultat() ? u"Aucun résultat"_s : TexteCompte(nombre));
 }
 
 void ListeVelmiras::MontrerChoix(bool montre) {

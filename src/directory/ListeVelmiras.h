@@ -1,6 +1,7 @@
 #pragma once
 
 #include "directory/ArbreVelmiras.h"
+#include "directory/Categories.h"
 #include "session/Session.h"
 
 #include <QWidget>
@@ -14,7 +15,7 @@ class ListeVelmiras;
 }
 
 /// The left side of the directory: the categories, the search by the beginning of a name or by an
-/// initial, and the tree of the category that is chosen.
+/// initial, and the tree of the category that is chosen, or of what a search has found in it.
 class ListeVelmiras : public QWidget {
   Q_OBJECT
 
@@ -36,18 +37,29 @@ class ListeVelmiras : public QWidget {
   /// has changed then.
   bool Actualiser(Cle retenue);
 
-  /// Collects the categories and fills the combo. The category on display stays chosen; none when
-  /// it has gone. The tree is left as it is.
-  void RemplirCategories();
+  /// Collects the categories and fills the combo. The category on display stays chosen, and the
+  /// tree as it is. Where that category has gone, `adieu` runs, and all are shown with the record
+  /// that is selected. Throws `ErreurBase`.
+  void RemplirCategories(const std::function<void()> &adieu = {});
+
+  /// The same after a sweep of the categories: the one on display goes by its new name.
+  void SuivreCategories(const RegleCategories &regle);
+
+  /// Whether the category on display has lost its last member to a change, when a record has
+  /// just been given these categories. Throws `ErreurBase`.
+  bool EstVidee(const QString &categories) const;
 
   /// Chooses a category as the user would, which fills the tree. Throws `ErreurBase`.
   void AfficherCategorie(const QString &categorie);
 
   /// Puts a node in its place in the tree; the record is another's business.
   void Inserer(const NoeudListe &noeud);
-  /// Takes a node off the tree; the record is another's business. The root is selected where the
-  /// node was.
-  void Retirer(const QModelIndex &noeud);
+  /// Puts the node of a record that has been changed in its new place, its box as it was; a record
+  /// that is not listed is left out. The root is selected where the node was.
+  void Remplacer(const NoeudListe &noeud);
+  /// Takes the node of a record off the tree; the record is another's business. The root is
+  /// selected where the node was.
+  void Retirer(Cle index);
 
   /// Leaves the record on display: the root is selected and clicked.
   void CliquerRacine();
@@ -77,22 +89,36 @@ class ListeVelmiras : public QWidget {
 
  private:
   void Brancher();
-  /// Fills the tree. What the combo shows follows, or goes back when that fails.
-  void Charger(const QString &categorie, const QString &lettre);
+  /// Fills the tree. What the combo shows follows, or goes back when that fails. False when the
+  /// list stays as it is.
+  bool Charger(const FiltreListe &filtre);
+  /// A category, and its whole list.
+  void Afficher(const QString &categorie, const QString &lettre);
+  /// Narrows the category on display to the names that hold a text; all of them where it is empty.
+  bool Restreindre(const QString &contenu);
   /// Nothing where there is nobody at all.
-  std::optional<std::vector<NoeudListe>> Lister(const QString &categorie,
-                                                const QString &lettre) const;
+  std::optional<std::vector<NoeudListe>> Lister(const FiltreListe &filtre) const;
   void PoserCategories(const QStringList &categories);
-  /// The combo shows the category of the list, and the quick search only while that is the one.
+  /// The combo shows the category of the list, or the result of a search. That, and the quick
+  /// search, stand in it only while they are on display.
   void AccorderCombo();
-  void Chercher(const QString &debut);
+  void Chercher(const QString &saisie);
+  /// Goes to the first name that begins so; where none does, to those that hold it.
+  void Trouver(const QString &saisie);
   void ChoisirInitiale();
+  /// Whether a name begins so, of those among whom the search goes on.
+  bool Commence(const QString &debut) const;
+  /// What the last filling had been without a search.
+  FiltreListe Entiere() const;
+  void QuitterNoeud(Cle index);
+  /// What is on display is what a search has found in the names.
+  bool EstResultat() const { return !filtre_.contenu.isEmpty(); }
+  /// The root's text.
+  QString Titre() const;
 
   std::unique_ptr<Ui::ListeVelmiras> ui_;
   Session *session_ = nullptr;
   std::function<bool()> avant_;
-  QString CategorieCourante;      ///< of the last filling, or of the one that `Ouvrir` could not do
-  QString LettreRR;               ///< initial of the quick search
-  qsizetype NombreNoeuds = 0;     ///< children of the last filling, and those added since
+  FiltreListe filtre_;            ///< of the last filling, or of the one that `Ouvrir` could not do
   bool RechercheEnCours = false;  ///< the box held something at its last change
 };

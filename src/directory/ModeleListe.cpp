@@ -49,13 +49,20 @@ void ModeleListe::Retirer(const QModelIndex &enfant) {
   endRemoveRows();
 }
 
-QModelIndex ModeleListe::Inserer(NoeudListe noeud) {
+void ModeleListe::Inserer(NoeudListe noeud) {
   const auto place = PlaceDansListe(noeuds_, noeud.texte);
   const auto rang = static_cast<int>(place - noeuds_.begin());
   beginInsertRows(Racine(), rang, rang);
   noeuds_.insert(place, std::move(noeud));
   endInsertRows();
-  return index(rang, 0, Racine());
+}
+
+void ModeleListe::Remplacer(NoeudListe noeud) {
+  const bool coche = coches_.contains(noeud.index);
+  const Cle cle = noeud.index;
+  Retirer(Enfant(cle));
+  if (coche) coches_.insert(cle);
+  Inserer(std::move(noeud));
 }
 
 QModelIndex ModeleListe::Enfant(Cle cle) const {
@@ -65,13 +72,9 @@ QModelIndex ModeleListe::Enfant(Cle cle) const {
 }
 
 QModelIndex ModeleListe::Commencant(const QString &debut) const {
-  for (std::size_t i = 0; i < noeuds_.size(); ++i) {
-    QStringView tete = QStringView(noeuds_[i].texte).left(debut.size());
-    while (tete.endsWith(u' ')) tete.chop(1);
-    if (tete.compare(debut, Qt::CaseInsensitive) == 0)
-      return index(static_cast<int>(i), 0, Racine());
-  }
-  return {};
+  const auto noeud = ::Commencant(noeuds_, debut);
+  if (noeud == noeuds_.end()) return {};
+  return index(static_cast<int>(noeud - noeuds_.begin()), 0, Racine());
 }
 
 void ModeleListe::MontrerCoches(bool montrees) {

@@ -30,14 +30,16 @@ class ModeleListe : public QAbstractItemModel {
   /// Takes a child off.
   void Retirer(const QModelIndex &enfant);
 
-  /// Puts a child in its place in the order of the list, and gives its index.
-  QModelIndex Inserer(NoeudListe noeud);
+  /// Puts a child in its place in the order of the list.
+  void Inserer(NoeudListe noeud);
+
+  /// Puts a child that has been changed in its new place; its box keeps its tick.
+  void Remplacer(NoeudListe noeud);
 
   /// The child of a record; invalid when it is not listed.
   QModelIndex Enfant(Cle index) const;
 
-  /// The first child whose beginning, upper and lower case alike and without blanks at the ends of
-  /// what is compared, is this text; invalid when there is none.
+  /// The first child whose name begins so, see `directory/Liste.h`; invalid when there is none.
   QModelIndex Commencant(const QString &debut) const;
 
   /// Shows a box beside each node, or takes the boxes away. A node that comes in has its box empty.

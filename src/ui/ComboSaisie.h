@@ -9,4 +9,11 @@ class ComboSaisie : public QComboBox {
 
  public:
   explicit ComboSaisie(QWidget *parent = nullptr);
+
+ signals:
+  /// The user has put something in: this is the whole text now. Nothing is told of what is erased.
+  void Tapee(const QString &texte);
+
+ private:
+  int debut_ = 0;  ///< where what is typed next will stand
 };
