@@ -6,7 +6,9 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -33,6 +35,12 @@ QString TexteEvenement(const EvenementJoint &joint) {
 
 ArbreAlertes::Noeud Lu(const QTreeWidgetItem &element) {
   return static_cast<const Element &>(element).noeud;
+}
+
+/// What a node stands for: a person or not, and the key.
+std::pair<bool, Cle> Cible(const ArbreAlertes::Noeud &noeud) {
+  if (const auto *personne = noeud.Personne()) return {true, personne->ID};
+  return {false, noeud.Evenement()->evenement.ID};
 }
 
 void Cocher(QTreeWidgetItem &noeud, bool cases) {
@@ -72,9 +80,12 @@ void ArbreAlertes::MontrerSupprimees(const QList<PersonneAlerte> &personnes) {
 }
 
 void ArbreAlertes::Remplacer(const QList<QTreeWidgetItem *> &noeuds) {
+  const int place = verticalScrollBar()->value();
   clear();
   addTopLevelItems(noeuds);
   expandAll();
+  doItemsLayout();
+  verticalScrollBar()->setValue(place);
   if (cases_) MettreCases(true);
 }
 
@@ -107,6 +118,13 @@ std::optional<qsizetype> ArbreAlertes::Rang() const {
   const auto choisis = selectedItems();
   if (choisis.isEmpty()) return std::nullopt;
   return Tous().indexOf(choisis.constFirst());
+}
+
+void ArbreAlertes::Retrouver(const Noeud &noeud) {
+  const auto noeuds = Tous();
+  const auto trouve = std::ranges::find(
+      noeuds, Cible(noeud), [](const QTreeWidgetItem *element) { return Cible(Lu(*element)); });
+  if (trouve != noeuds.end()) setCurrentItem(*trouve);
 }
 
 void ArbreAlertes::Selectionner(qsizetype rang) {

@@ -39,7 +39,9 @@ class ArbreAlertes : public QTreeWidget {
   std::optional<Noeud> Selection() const;
   /// Place of the selected node among all of them, from 0.
   std::optional<qsizetype> Rang() const;
-  /// Selects without a click. A place that the tree lacks changes nothing.
+  /// Selects the node of the same person or event without a click, where the tree has it.
+  void Retrouver(const Noeud &noeud);
+  /// The same by its place. A place that the tree lacks changes nothing.
   void Selectionner(qsizetype rang);
 
  signals:

@@ -1,6 +1,5 @@
 #include "alerts/Echeance.h"
 
-#include "platform/Erreurs.h"
 #include "platform/Saisie.h"
 
 using namespace Qt::StringLiterals;
@@ -13,6 +12,9 @@ int Jours(QDate depuis, QDate jusqua) {
 
 QDate DateDeCetteAnnee(QString date, QDate aujourdhui) {
   date.chop(4);
+  const QDate bissextile = DateSaisie(date + u"2000"_s);
+  if (bissextile.month() == 2 && bissextile.day() == 29)
+    return QDate(aujourdhui.year(), 3, 1).addDays(-1);
   return DateSaisie(date + aujourdhui.toString(u"yyyy"_s));
 }
 
@@ -35,12 +37,23 @@ Echeance EcheanceAnnuelle(QDate evenement, int delai, QDate aujourdhui) {
 }
 
 std::optional<Echeance> EcheanceDe(const Evenement &evenement, QDate aujourdhui) {
-  if (!evenement.Actif || evenement.Date.isEmpty()) return {};
   const QDate date =
       evenement.Annuel ? DateDeCetteAnnee(evenement.Date, aujourdhui) : DateSaisie(evenement.Date);
-  if (!date.isValid())
-    throw Erreur(u"La date « %1 » d'une alerte n'existe pas%2."_s.arg(
-        evenement.Date, evenement.Annuel ? u" en "_s + aujourdhui.toString(u"yyyy"_s) : u""_s));
+  if (!date.isValid()) return {};
   return evenement.Annuel ? EcheanceAnnuelle(date, evenement.Delai, aujourdhui)
                           : EcheancePonctuelle(date, evenement.Delai, aujourdhui);
+}
+
+BilanAlertes ChercherAlertes(const QList<PersonneEvenements> &personnes, QDate aujourdhui) {
+  BilanAlertes bilan;
+  for (const PersonneEvenements &personne : personnes)
+    for (const EvenementJoint &joint : personne.evenements) {
+      if (!joint.evenement.Actif || joint.evenement.Date.isEmpty()) continue;
+      const auto echeance = EcheanceDe(joint.evenement, aujourdhui);
+      if (!echeance)
+        bilan.sansDate.append(joint);
+      else
+        bilan.due |= echeance->Due();
+    }
+  return bilan;
 }

@@ -1,9 +1,10 @@
 #pragma once
 // When an event gives an alert.
 
-#include "storage/Lignes.h"
+#include "storage/TablesAlertes.h"
 
 #include <QDate>
+#include <QList>
 
 #include <optional>
 
@@ -22,7 +23,14 @@ Echeance EcheancePonctuelle(QDate evenement, int delai, QDate aujourdhui);
 /// is the one of January, of this year or of the next.
 Echeance EcheanceAnnuelle(QDate evenement, int delai, QDate aujourdhui);
 
-/// Of a stored event, of which an annual one counts with its day and month only; nothing when it is
-/// inactive or has no date. Throws `Erreur` when its date is none, as is 29/02 of an annual event
-/// in a year without that day.
+/// Of a stored event, of which an annual one counts with its day and month only, 29/02 as 28/02 in
+/// a year without that day; nothing when its date is none.
 std::optional<Echeance> EcheanceDe(const Evenement &evenement, QDate aujourdhui);
+
+struct BilanAlertes {
+  bool due = false;                  ///< at least one
+  QList<EvenementJoint> sansDate{};  ///< active ones with a text that is no date
+};
+
+/// Looks at every event. One that is inactive or bears no text as its date is left out.
+BilanAlertes ChercherAlertes(const QList<PersonneEvenements> &personnes, QDate aujourdhui);

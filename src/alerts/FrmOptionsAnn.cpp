@@ -4,6 +4,7 @@
 #include "alerts/Echeance.h"
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
+#include "platform/Enumeration.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
@@ -11,6 +12,7 @@
 
 #include <QApplication>
 
+#include <chrono>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -18,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitre = u"Alertes"_s;
+constexpr auto kVeille = std::chrono::seconds(3);
 
 }  // namespace
 
@@ -34,6 +37,7 @@ FrmOptionsAnn::FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *
   ui_->mnuAl->addAction(ui_->Liste->ActionReinscrire());
   Brancher();
   Charger();
+  Veiller();
 }
 
 FrmOptionsAnn::~FrmOptionsAnn() {
@@ -105,10 +109,25 @@ void FrmOptionsAnn::VenirDevant() {
   // Behind the activation, which a box would hold up.
   const auto proposer = [this] {
     Signaler(session_.plateforme.boites, [this] {
-      if (session_.base.Ouverte()) ui_->Liste->ProposerImport();
+      if (!session_.base.Ouverte()) return;
+      Actualiser();
+      ui_->Liste->ProposerImport();
     });
   };
   QMetaObject::invokeMethod(this, proposer, Qt::QueuedConnection);
+}
+
+void FrmOptionsAnn::Veiller() {
+  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
+  if (isActiveWindow()) Actualiser();
+}
+
+void FrmOptionsAnn::Actualiser() {
+  if (!session_.base.Ouverte() || QApplication::activePopupWidget() != nullptr) return;
+  Ignorer([this] {
+    const Attente attente(session_.base, {});
+    ui_->Liste->Actualiser();
+  });
 }
 
 bool FrmOptionsAnn::event(QEvent *evenement) {
@@ -130,18 +149,26 @@ bool FrmOptionsAnn::event(QEvent *evenement) {
 
 void FrmOptionsAnn::Rechercher() {
   LireOptions();
-  const QDate aujourdhui = session_.plateforme.horloge.Maintenant().date();
-  bool due = false;
-  TablesAlertes(session_.base).PourChaqueEvenement([&](const Evenement &evenement) {
-    const auto echeance = EcheanceDe(evenement, aujourdhui);
-    due = echeance && echeance->Due();
-    return !due;
-  });
-  if (due)
+  const BilanAlertes bilan = ChercherAlertes(TablesAlertes(session_.base).Personnes(),
+                                             session_.plateforme.horloge.Maintenant().date());
+  if (bilan.due)
     session_.plateforme.coquille.Lancer(
         CheminCompagnon(session_.dossiers.AppPath, Compagnon::Alertes));
   else
     session_.plateforme.boites.Information(u"Pas d'alerte à ce jour. "_s);
+  if (!bilan.sansDate.isEmpty()) SignalerSansDate(bilan.sansDate);
+}
+
+void FrmOptionsAnn::SignalerSansDate(const QList<EvenementJoint> &evenements) {
+  QStringList lignes;
+  for (const EvenementJoint &joint : evenements)
+    lignes.append(u"%1 - %2 : « %3 »"_s.arg(joint.Nom, joint.Type_alerte, joint.evenement.Date));
+  session_.plateforme.boites.Message(
+      Boites::Genre::Attention, kTitre,
+      u"La date de %1 alerte(s) n'existe pas ; rien ne pourra être signalé :\n\n"_s.arg(
+          lignes.size()) +
+          Abreger(lignes).join(u'\n') +
+          u"\n\nChoisissez l'alerte dans la liste, et enregistrez-la avec sa date."_s);
 }
 
 void FrmOptionsAnn::EnregistrerOptions() {

@@ -35,7 +35,11 @@ class FrmOptionsAnn : public QDialog {
   void AjouterVelmira();
 
   void VenirDevant();
+  void Actualiser();
+  /// Looks again and again at what others have changed.
+  void Veiller();
   void Rechercher();
+  void SignalerSansDate(const QList<EvenementJoint> &evenements);
   void EnregistrerOptions();
   void Expliquer();
 

@@ -51,20 +51,32 @@ QAction *ListeAlertes::ActionReinscrire() const {
 }
 
 void ListeAlertes::Remplir() {
+  if (Relire()) emit ChoixPerdu();
+}
+
+void ListeAlertes::Actualiser() {
+  if (ModeSuppression || ModeReinscription || base_->Changements() == changements_) return;
+  const auto choisi = ui_->TVA->Selection();
+  Relire();
+  if (choisi) ui_->TVA->Retrouver(*choisi);
+}
+
+bool ListeAlertes::Relire() {
   const TablesAlertes tables(*base_);
+  const qint64 changements = base_->Changements();
   if (ModeReinscription) {
     ui_->TVA->MontrerSupprimees(tables.PersonnesSupprimees());
-    emit ChoixPerdu();
-    return;
+    return true;
   }
   const auto personnes = tables.Personnes();
   ui_->TVA->Montrer(personnes, ui_->ChkAlSeul->isChecked());
-  if (personnes.isEmpty()) return;
-  emit ChoixPerdu();
+  changements_ = changements;
+  if (personnes.isEmpty()) return false;
   qsizetype alertes = 0;
   for (const PersonneEvenements &personne : personnes) alertes += personne.evenements.size();
   ui_->LblAlerte->setText(QString::number(alertes) + u" alerte(s) enregistrée(s) sur "_s +
                           QString::number(personnes.size()) + u" velmira(s)"_s);
+  return true;
 }
 
 void ListeAlertes::ProposerImport() {

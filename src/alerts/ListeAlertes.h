@@ -30,6 +30,8 @@ class ListeAlertes : public QWidget {
 
   /// With nobody in force count and choice stay as they were.
   void Remplir();
+  /// Shows what others have changed meanwhile. The selection stays, as does what is being ticked.
+  void Actualiser();
   /// Offers to take over the correspondents, as long as there is no person at all.
   void ProposerImport();
 
@@ -41,6 +43,8 @@ class ListeAlertes : public QWidget {
   void VelmiraDemande();
 
  private:
+  /// Shows people and count as they are now; false with nobody in force.
+  bool Relire();
   void Choisir(const ArbreAlertes::Noeud &noeud);
   void Restreindre(bool seulementAlertes);
   void AjouterPersonne();
@@ -56,6 +60,7 @@ class ListeAlertes : public QWidget {
   QMenu *mnuInvOp_;
   Boites *boites_ = nullptr;
   Base *base_ = nullptr;
+  qint64 changements_ = 0;       ///< of the database when it was read last
   bool ModeSuppression = false;  ///< the boxes tell what to delete
   bool ModeReinscription =
       false;  ///< the deleted people are shown; the boxes tell whom to bring back

@@ -34,7 +34,7 @@ bool PersonnesAlerte::Ajouter() {
   const QString nom =
       boites_.Saisie(kTitre, u"Nom du velmira pour alerte :"_s, u""_s).value_or(u""_s);
   if (nom.trimmed().isEmpty()) return false;
-  const QString ddn = DemanderDDN(u"Date de naissance (facultatif) :"_s, kForme);
+  const QString ddn = DemanderDDN(u"Date de naissance (facultatif) :"_s, kForme).value_or(u""_s);
   TablesAlertes(base_).AjouterPersonne(EnCapitales(nom), ddn);
   return true;
 }
@@ -59,7 +59,8 @@ bool PersonnesAlerte::Modifier(Cle personne) {
     if (reponse.trimmed().isEmpty()) return questions;
     nom = reponse;
     ddn = DemanderDDN(u"Renseigner la date de naissance (facultatif) :"_s,
-                      ddn.isEmpty() ? kForme : ddn);
+                      ddn.isEmpty() ? kForme : ddn)
+              .value_or(ddn);
     PersonneAlerte saisie = *lue;
     saisie.Nom = EnCapitales(nom);
     saisie.DDN = ddn;
@@ -69,17 +70,17 @@ bool PersonnesAlerte::Modifier(Cle personne) {
   }
 }
 
-QString PersonnesAlerte::DemanderDDN(const QString &invite, const QString &defaut) {
+std::optional<QString> PersonnesAlerte::DemanderDDN(const QString &invite, const QString &defaut) {
   const QString rappel = u"\n\n"_s + QString(19, u'_') + u"\n\n"_s + kForme;
   for (;;) {
-    const QString reponse = boites_.Saisie(kTitre, invite, defaut).value_or(u""_s);
-    if (reponse.isEmpty()) return u""_s;
-    const QDate date = DateSaisie(reponse);
-    if (reponse.size() == kForme.size() && date.isValid()) return date.toString(u"dd/MM/yyyy"_s);
-    boites_.Message(
-        Boites::Genre::Attention, kTitre,
-        (reponse.size() == kForme.size() ? u"Le texte ne correspond pas à un format de date !"_s
-                                         : u"Mauvais format de date !"_s) +
-            rappel);
+    const auto reponse = boites_.Saisie(kTitre, invite, defaut);
+    if (!reponse || reponse->isEmpty()) return reponse;
+    const QDate date = DateSaisie(*reponse);
+    const bool complete = reponse->size() == kForme.size();
+    if (complete && date.isValid()) return date.toString(u"dd/MM/yyyy"_s);
+    boites_.Message(Boites::Genre::Attention, kTitre,
+                    (complete ? u"Le texte ne correspond pas à un format de date !"_s
+                              : u"Mauvais format de date !"_s) +
+                        rappel);
   }
 }

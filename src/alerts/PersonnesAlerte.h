@@ -3,6 +3,8 @@
 #include "platform/Boites.h"
 #include "storage/TablesAlertes.h"
 
+#include <optional>
+
 /// What is done with the people of the alerts. Each command tells whether it has changed something.
 class PersonnesAlerte {
  public:
@@ -17,8 +19,9 @@ class PersonnesAlerte {
   bool Modifier(Cle personne);
 
  private:
-  /// A birth date as it is stored, empty for none. Asks again until the answer is one or the other.
-  QString DemanderDDN(const QString &invite, const QString &defaut);
+  /// A birth date as it is stored, empty for none. Asks again until the answer is one or the other;
+  /// nothing when it is cancelled.
+  std::optional<QString> DemanderDDN(const QString &invite, const QString &defaut);
 
   Boites &boites_;
   Base &base_;

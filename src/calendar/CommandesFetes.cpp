@@ -74,7 +74,8 @@ void CommandesFetes::ChercherUnPrenom() {
   const QString prenom =
       boites
           .Saisie(u"Fête de ..."_s, u"\n\nPrénom pour lequel on recherche la date de fête"_s, u""_s)
-          .value_or(u""_s);
+          .value_or(u""_s)
+          .trimmed();
   if (prenom.isEmpty()) return;
   const auto saints = ChargerSaints(session_.dossiers.AppPath);
   if (!saints) return;

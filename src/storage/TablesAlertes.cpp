@@ -162,13 +162,3 @@ void TablesAlertes::Supprimer(const QList<Cle> &personnes, const QList<Cle> &eve
   for (const Cle evenement : evenements) SupprimerLigne(base_, kEvenement, evenement);
   transaction.Valider();
 }
-
-void TablesAlertes::PourChaqueEvenement(
-    const std::function<bool(const Evenement &)> &visiteur) const {
-  Requete requete(base_, u"SELECT "_s + ColonnesEvenement() +
-                             u" FROM ListeAlerte e INNER JOIN Listecoal p ON p.ID=e.Nom"
-                             " INNER JOIN Alerte t ON t.ID=e.Alerte"
-                             " WHERE p.Disponible<>0 AND t.Disponible<>0 ORDER BY e.Date"_s);
-  while (requete.Suivante() && visiteur(LigneCourante<Evenement>(requete, 0))) {
-  }
-}

@@ -6,7 +6,6 @@
 
 #include <QList>
 
-#include <functional>
 #include <optional>
 
 /// An event with what its person and its type add to it.
@@ -65,10 +64,6 @@ class TablesAlertes {
 
   /// Deletes people with all their events, and events. What has gone already is left out.
   void Supprimer(const QList<Cle> &personnes, const QList<Cle> &evenements);
-
-  /// Walks the events of people and types in force by their stored date, as texts are ordered,
-  /// until `visiteur` gives false.
-  void PourChaqueEvenement(const std::function<bool(const Evenement &)> &visiteur) const;
 
  private:
   void ExigerType(Cle type) const;

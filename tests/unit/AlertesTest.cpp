@@ -276,20 +276,3 @@ TEST_F(AlertesTest, CommandeQuiEchoue) {
   EXPECT_THROW(tables.Importer(), ErreurBase);
   EXPECT_TRUE(tables.ImportPossible());
 }
-
-TEST_F(AlertesTest, ParcoursDeLaRecherche) {
-  Peupler();
-  const auto parcourir = [this](int combien) {
-    QStringList vus;
-    tables.PourChaqueEvenement([&](const Evenement &evenement) {
-      vus.append(evenement.Date + u'/' + QString::number(evenement.Delai));
-      return vus.size() < combien;
-    });
-    return vus.join(u' ');
-  };
-  EXPECT_EQ(parcourir(9), u"01/01/2026/3 04/07/2026/3 05/07/2026/3 25/12/2026/3"_s);
-  EXPECT_EQ(parcourir(2), u"01/01/2026/3 04/07/2026/3"_s);
-  Sql(u"UPDATE Alerte SET Disponible=0 WHERE ID=2"_s);
-  Sql(u"UPDATE Listecoal SET Disponible=0 WHERE ID=3"_s);
-  EXPECT_EQ(parcourir(9), u"25/12/2026/3"_s);
-}
