@@ -147,7 +147,7 @@ std::vector<QVariantList> Lignes(const QString &chemin) {
 // The export.
 
 void Exporter(Base &base, const QString &chemin) {
-  RemplacerFichier(chemin, ExporterVelmiras(base, SansArret).value());
+  RemplacerFichier(chemin, ExporterVelmiras(base, SansArret).value().octets);
 }
 
 void Exporter(const BaseNue &base, const QString &chemin) {
@@ -276,7 +276,7 @@ Envoi::Envoi(const Donnees &donnees)
     : nombre_(static_cast<qsizetype>(donnees.Nombre())), dossier_(u"envoi-XXXXXX"_s) {
   class Base base;
   base.Ouvrir(donnees.CheminBase());
-  QByteArrayList lignes = ExporterVelmiras(base, SansArret).value().split('\n');
+  QByteArrayList lignes = ExporterVelmiras(base, SansArret).value().octets.split('\n');
   for (qsizetype fiche = 0; fiche < nombre_; ++fiche) {
     QByteArray &nom = lignes[fiche * kLignes];
     nom.chop(1);

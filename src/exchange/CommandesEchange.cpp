@@ -1,6 +1,7 @@
 #include "exchange/CommandesEchange.h"
 
 #include "exchange/EchangeTexte.h"
+#include "platform/Enumeration.h"
 #include "platform/Erreurs.h"
 #include "ui/Brancheur.h"
 #include "ui/Travail.h"
@@ -9,6 +10,38 @@
 #include <QWidget>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// What the file could not take as it stands in the directory.
+QString Pertes(const Exportation &faite) {
+  QString texte;
+  if (faite.coupees > 0)
+    texte += u"\n\n%1 valeur(s) de plusieurs lignes y tiennent sur une seule."_s.arg(faite.coupees);
+  if (faite.remplaces > 0)
+    texte +=
+        u"\n\n%1 caractère(s) que le fichier ne peut pas contenir y sont remplacés par « ? »."_s
+            .arg(faite.remplaces);
+  return texte;
+}
+
+/// What the user has to look at behind an import.
+QString Reserves(const BilanImport &bilan) {
+  QString texte;
+  if (bilan.coupe)
+    texte +=
+        u"\n\nLe fichier s'arrête au milieu du velmira « %1 », qui n'a pas été importé.\n"
+        "Copiez de nouveau le fichier entier, puis recommencez."_s.arg(*bilan.coupe);
+  if (!bilan.douteux.isEmpty())
+    texte +=
+        u"\n\n%1 velmira(s) ont été ajoutés sous un nom où « ? » remplace sans doute un caractère "
+        "que le fichier n'a pas pu contenir. Corrigez-les s'il le faut :\n"_s.arg(
+            bilan.douteux.size()) +
+        Abreger(bilan.douteux).join(u'\n');
+  return texte;
+}
+
+}  // namespace
 
 CommandesEchange::CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
                                    QWidget *fenetre)
@@ -46,14 +79,14 @@ void CommandesEchange::Exporter() {
     return;
 
   repertoire_.AfficherTous();
-  const bool fini = Travail(fenetre_, u"Exportation"_s)
-                        .Executer(session_.base, [this](Base &base, const Avance &avance) {
-                          const auto octets = ExporterVelmiras(base, avance);
-                          if (octets) fichier_.Remplacer(*octets);
-                          return octets.has_value();
-                        });
-  boites.Information(fini ? u"Le fichier Velmira.txt a été créé avec succès !"_s
-                          : u"Exportation arrêtée."_s);
+  const auto faite = Travail(fenetre_, u"Exportation"_s)
+                         .Executer(session_.base, [this](Base &base, const Avance &avance) {
+                           auto exportation = ExporterVelmiras(base, avance);
+                           if (exportation) fichier_.Remplacer(exportation->octets);
+                           return exportation;
+                         });
+  boites.Information(faite ? u"Le fichier Velmira.txt a été créé avec succès !"_s + Pertes(*faite)
+                           : u"Exportation arrêtée."_s);
 }
 
 void CommandesEchange::Importer() {
@@ -80,7 +113,8 @@ void CommandesEchange::Importer() {
       boites.Information(
           u"Les nouvelles données ont été intégrées dans votre base de données.\n\n"
           "Si de nouvelles catégories ont été enregistrées, elles n'apparaitront dans la liste "
-          "déroulante qu'au prochain lancement du programme."_s);
+          "déroulante qu'au prochain lancement du programme."_s +
+          Reserves(bilan));
   });
   repertoire_.AfficherTous();
 }

@@ -9,7 +9,7 @@
 #include <QHash>
 
 #include <array>
-#include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -85,6 +85,25 @@ bool EstACompleter(const LigneStockee &present, int place, Champ L::*, const QSt
     return false;
 }
 
+QString SurUneLigne(QString valeur) {
+  return valeur.replace(u"\r\n"_s, u" "_s).replace(u'\r', u' ').replace(u'\n', u' ');
+}
+
+/// Everywhere, not in the booleans only: this is what readers of the file know.
+QString BooleensTraduits(QString texte) {
+  return texte.replace(u"Faux"_s, u"False"_s).replace(u"Vrai"_s, u"True"_s);
+}
+
+/// What comes back of a value that is exported.
+QString AuRetour(const QString &valeur) {
+  return DepuisPageDeCode(VersPageDeCode(BooleensTraduits(SurUneLigne(valeur))));
+}
+
+/// Whether enough is left of a name to tell who bears it.
+bool EstReconnaissable(const QString &nom) {
+  return 2 * nom.count(u'?') < nom.size();
+}
+
 /// The lines of a file, ended by CR LF, LF or CR.
 class LecteurLignes {
  public:
@@ -96,6 +115,7 @@ class LecteurLignes {
     while (position_ < texte_.size() && texte_[position_] != u'\r' && texte_[position_] != u'\n')
       ++position_;
     const QString ligne = texte_.mid(debut, position_ - debut);
+    terminee_ = position_ < texte_.size();
     const bool deuxSignes = QStringView(texte_).mid(position_, 2) == u"\r\n";
     position_ = std::min(position_ + (deuxSignes ? 2 : 1), texte_.size());
     ++numero_;
@@ -104,6 +124,8 @@ class LecteurLignes {
 
   /// Of the line given last, from 1.
   qsizetype Numero() const { return numero_; }
+  /// Whether it has a line end.
+  bool Terminee() const { return terminee_; }
   /// What has been read, of `Taille`.
   qsizetype Position() const { return position_; }
   qsizetype Taille() const { return texte_.size(); }
@@ -111,12 +133,14 @@ class LecteurLignes {
  private:
   const QString texte_;
   qsizetype position_ = 0, numero_ = 0;
+  bool terminee_ = true;
 };
 
-/// A record as it stands in the file: as many lines as the file holds of it, the name trimmed.
+/// A record as it stands in the file, the name trimmed.
 struct Fiche {
   QStringList lignes;
   qsizetype numero = 0;  ///< of its first line
+  bool entiere = false;  ///< not cut off by the end of the file
 };
 
 std::optional<Fiche> FicheSuivante(LecteurLignes &lecteur) {
@@ -127,6 +151,9 @@ std::optional<Fiche> FicheSuivante(LecteurLignes &lecteur) {
   while (fiche.lignes.size() < static_cast<qsizetype>(kNombreChamps) &&
          (ligne = lecteur.Suivante()))
     fiche.lignes.append(*ligne);
+  bool active = false;
+  fiche.entiere = fiche.lignes.size() == static_cast<qsizetype>(kNombreChamps) &&
+                  (lecteur.Terminee() || Prendre(fiche.lignes.constLast(), active));
   return fiche;
 }
 
@@ -137,24 +164,30 @@ QString Debut(const QString &texte) {
 
 class Fusion {
  public:
-  explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) { Rattraper(); }
+  explicit Fusion(Base &base) : base_(base), extrait_(base, kOrdinaux) {}
 
-  /// Takes in what others have added since the last block. At the beginning of each, so that two
+  /// Reads the names anew where others have written meanwhile. In each transaction, so that two
   /// imports at once give no name twice.
   void Rattraper() {
-    TableAdresse(base_).PourChaqueApres(derniere_, [&](EntreeListe &&entree) {
-      derniere_ = entree.Index;
-      if (entree.NomVelmira.isNull()) return;
-      const QString nom = EnCapitales(std::move(entree.NomVelmira));
-      if (!premiers_.contains(nom)) premiers_.insert(nom, entree.Index);
+    const qint64 changements = base_.Changements();
+    if (changements == changements_) return;
+    changements_ = changements;
+    premiers_.clear();
+    deformes_.clear();
+    TableAdresse(base_).PourChaque([this](EntreeListe &&entree) {
+      if (!entree.NomVelmira.isNull()) Noter(entree.NomVelmira, entree.Index);
     });
   }
 
-  void Integrer(const Fiche &fiche) {
-    const QString nom = EnCapitales(fiche.lignes.first());
-    const auto connu = premiers_.constFind(nom);
-    if (connu == premiers_.cend() || !Completer(*connu, nom, fiche))
-      premiers_.insert(nom, Ajouter(fiche));
+  /// Gives the name when it is added and may have lost characters.
+  std::optional<QString> Integrer(const Fiche &fiche) {
+    const QString &nom = fiche.lignes.first();
+    if (const auto connu = Connu(EnCapitales(nom))) {
+      Completer(*connu, fiche);
+      return std::nullopt;
+    }
+    premiers_.insert(EnCapitales(nom), Ajouter(fiche));
+    return nom.contains(u'?') ? std::optional(nom) : std::nullopt;
   }
 
  private:
@@ -168,75 +201,90 @@ class Fusion {
             QString::fromUtf16(NomsColonnes<L>()[Ordinal(champ)]), Debut(fiche.lignes.first())));
   }
 
-  Cle Ajouter(const Fiche &fiche) {
-    L correspondant;
-    PourChaqueChamp([&](int place, auto champ) {
-      if (place < fiche.lignes.size()) Lire(fiche, place, champ, correspondant);
-    });
-    return derniere_ = AjouterLigne(base_, correspondant);
+  void Noter(const QString &nom, Cle index) {
+    const QString cle = EnCapitales(nom);
+    if (!premiers_.contains(cle)) premiers_.insert(cle, index);
+    if (const QString retour = AuRetour(nom); retour != nom)
+      deformes_.insert(EnCapitales(SansBlancs(retour)), index);
   }
 
-  /// False when another user has deleted the row meanwhile, or given it another name.
-  bool Completer(Cle index, const QString &nom, const Fiche &fiche) {
+  std::optional<Cle> Connu(const QString &nom) const {
+    if (const auto connu = premiers_.constFind(nom); connu != premiers_.cend()) return *connu;
+    if (deformes_.count(nom) != 1 || !EstReconnaissable(nom)) return std::nullopt;
+    return deformes_.value(nom);
+  }
+
+  Cle Ajouter(const Fiche &fiche) {
+    L correspondant;
+    PourChaqueChamp([&](int place, auto champ) { Lire(fiche, place, champ, correspondant); });
+    return AjouterLigne(base_, correspondant);
+  }
+
+  void Completer(Cle index, const Fiche &fiche) {
     L correspondant;
     correspondant.Index = index;
     ChoixColonnes<L> pris;
-    bool memeNom = false;
     extrait_.Lire(index, [&](const LigneStockee &present) {
-      memeNom = EnCapitales(present.Texte(0)) == nom;
-      if (!memeNom) return;
       PourChaqueChamp([&](int place, auto champ) {
-        if (place >= fiche.lignes.size() ||
-            !EstACompleter(present, place, champ, fiche.lignes[place]))
-          return;
+        if (!EstACompleter(present, place, champ, fiche.lignes[place])) return;
         Lire(fiche, place, champ, correspondant);
         pris.set(Ordinal(champ));
       });
     });
-    return memeNom && (pris.none() || ModifierLigne(base_, correspondant, pris));
+    if (pris.any()) ModifierLigne(base_, correspondant, pris);
   }
 
   Base &base_;
   ExtraitAdresse extrait_;
-  QHash<QString, Cle> premiers_;                    ///< key of the first row of each name
-  Cle derniere_ = std::numeric_limits<Cle>::min();  ///< of the rows that are known
+  std::optional<qint64> changements_;  ///< of the database when the names were read
+  QHash<QString, Cle> premiers_;       ///< key of the first row of each name
+  QMultiHash<QString, Cle> deformes_;  ///< by the names that an export has made of others
 };
 
 }  // namespace
 
-std::optional<QByteArray> ExporterVelmiras(Base &base, const Avance &avance) {
+std::optional<Exportation> ExporterVelmiras(Base &base, const Avance &avance) {
   const qsizetype total = TableAdresse(base).Nombre();
-  QByteArray octets;
+  Exportation exportation;
   qsizetype faits = 0;
   const bool entier = ExtraitAdresse(base, kOrdinaux).PourChaque([&](const LigneStockee &ligne) {
     QString texte = u"*"_s;
     PourChaqueChamp([&](int place, auto champ) {
-      texte += Ligne(ligne, place, champ);
+      const QString valeur = Ligne(ligne, place, champ);
+      const bool plusieurs = valeur.contains(u'\n') || valeur.contains(u'\r');
+      if (plusieurs) ++exportation.coupees;
+      texte += plusieurs ? SurUneLigne(valeur) : valeur;
       texte += u"\r\n"_s;
     });
-    // Everywhere, not in the booleans only: this is what readers of the file know.
-    texte.replace(u"Faux"_s, u"False"_s).replace(u"Vrai"_s, u"True"_s);
-    octets += VersPageDeCode(texte);
+    const QByteArray octets = VersPageDeCode(BooleensTraduits(texte));
+    exportation.remplaces += octets.count('?') - texte.count(u'?');
+    exportation.octets += octets;
     return ++faits % kBloc != 0 || avance(faits, total);
   });
   if (!entier) return std::nullopt;
-  octets += "\r\n";
-  return octets;
+  exportation.octets += "\r\n";
+  return exportation;
 }
 
 BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance &avance) {
   LecteurLignes lecteur(octets);
   Fusion fusion(base);
   BilanImport bilan;
-  auto fiche = FicheSuivante(lecteur);
+  const auto suivante = [&]() -> std::optional<Fiche> {
+    auto fiche = FicheSuivante(lecteur);
+    if (!fiche || fiche->entiere) return fiche;
+    bilan.coupe = fiche->lignes.constFirst();
+    return std::nullopt;
+  };
+  auto fiche = suivante();
   while (fiche && !bilan.arrete) {
     Transaction transaction(base);
     fusion.Rattraper();
     try {
       for (qsizetype n = 0; fiche && n < kBloc; ++n) {
-        fusion.Integrer(*fiche);
+        if (auto douteux = fusion.Integrer(*fiche)) bilan.douteux.append(*std::move(douteux));
         ++bilan.traites;
-        fiche = FicheSuivante(lecteur);
+        fiche = suivante();
       }
     } catch (const ErreurFichier &) {
       transaction.Valider();

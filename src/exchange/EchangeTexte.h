@@ -6,23 +6,31 @@
 #include "storage/Base.h"
 
 #include <QByteArray>
+#include <QStringList>
 
 #include <optional>
 
-/// The correspondents in the order of the table, as the content of the file. Nothing when it was
-/// stopped. A value with a line break is written as it is, and shifts its record. Throws
-/// `ErreurBase`.
-std::optional<QByteArray> ExporterVelmiras(Base &base, const Avance &avance);
+struct Exportation {
+  QByteArray octets;        ///< the content of the file
+  qsizetype coupees = 0;    ///< values of several lines, which have become one
+  qsizetype remplaces = 0;  ///< characters that the code page lacks, which have become "?"
+};
+
+/// The correspondents in the order of the table. Nothing when it was stopped. Throws `ErreurBase`.
+std::optional<Exportation> ExporterVelmiras(Base &base, const Avance &avance);
 
 struct BilanImport {
-  qsizetype traites = 0;  ///< records of the file that were added or merged
-  bool arrete = false;    ///< records were left
+  qsizetype traites = 0;         ///< records of the file that were added or merged
+  bool arrete = false;           ///< records were left
+  std::optional<QString> coupe;  ///< name of the record that the end of the file cuts off
+  QStringList douteux;           ///< names added in which a "?" may stand for a character lost
 };
 
 /// Merges the content of a file into the table. The name is what a record is known by, in upper or
-/// lower case, the first row where several bear it. One that is known has its empty fields filled
-/// and nothing changed; one that is not is added. Lines before a record are skipped; one that the
-/// end cuts short leaves its other fields unset.
+/// lower case, the first row where several bear it; one that an export has changed is known by what
+/// it has made of it, where that leaves no doubt. A record that is known has its empty fields
+/// filled and nothing changed; one that is not is added. Lines before a record are skipped; one
+/// that the end cuts off is left out.
 ///
 /// Records are written in blocks; those before the one where the import stops or fails stay. Throws
 /// `ErreurFichier` for a value that its field cannot take, and `ErreurBase`.

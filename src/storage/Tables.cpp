@@ -114,12 +114,6 @@ void TableAdresse::PourChaqueAdresse(const std::function<void(EntreeListe &&)> &
   Parcourir(u" WHERE Ligne1<>''"_s, visiteur);
 }
 
-void TableAdresse::PourChaqueApres(Cle cle,
-                                   const std::function<void(EntreeListe &&)> &visiteur) const {
-  Requete requete(base_, Entrees(u" WHERE [Index]>?"_s));
-  Visiter(requete.Lier(cle), visiteur);
-}
-
 void TableAdresse::Parcourir(const QString &condition,
                              const std::function<void(EntreeListe &&)> &visiteur) const {
   Requete requete(base_, Entrees(condition));

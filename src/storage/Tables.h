@@ -49,9 +49,6 @@ class TableAdresse {
   /// Walks the whole table in its stored order, the order of the keys.
   void PourChaque(const std::function<void(EntreeListe &&)> &visiteur) const;
 
-  /// The same, only those with a key above `cle`: the ones added since it was the last.
-  void PourChaqueApres(Cle cle, const std::function<void(EntreeListe &&)> &visiteur) const;
-
   /// The same as `PourChaque`, only those with a first address line.
   void PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const;
 
