@@ -30,11 +30,17 @@ void Lancement::Boites::Erreur(const QString &texte) {
 }
 
 Lancement::Lancement(const QString &appPath)
-    : plateforme_{horloge_,    boites_,
-                  coquille_,   imprimante_,
-                  polices_,    demarrage_,
-                  port_,       classeur_,
-                  u"mesure"_s, QLocale(QLocale::French, QLocale::France)},
+    : plateforme_{horloge_,
+                  boites_,
+                  coquille_,
+                  imprimante_,
+                  polices_,
+                  demarrage_,
+                  port_,
+                  classeur_,
+                  u"mesure"_s,
+                  QLocale(QLocale::French, QLocale::France),
+                  appPath + u"/cache"_s},
       programme_(plateforme_, appPath) {
   const Peinture peinture;
   if (!programme_.Demarrer()) qFatal("the program does not start");

@@ -248,8 +248,8 @@ int MemoireEnveloppes() {
   ListeDemarrageSysteme demarrage;
   PortSerieSysteme port;
   ClasseurSysteme classeur;
-  Plateforme plateforme{horloge,   boites, coquille, imprimante,  polices,
-                        demarrage, port,   classeur, u"mesure"_s, QLocale()};
+  Plateforme plateforme{horloge, boites,   coquille,    imprimante, polices, demarrage,
+                        port,    classeur, u"mesure"_s, QLocale(),  {}};
   Session session{plateforme, {}, {}, {}};
   session.reglages.plomex = ReglagesTirage();
   EtatEnveloppe etat;

@@ -82,6 +82,7 @@ class AttentePeinture : public QObject {
 Programme::Programme(Plateforme &plateforme, const QString &appPath)
     : session_{plateforme, {}, {}, {}} {
   session_.dossiers.AppPath = appPath;
+  session_.dossiers.Classeurs = plateforme.cache + u"/Classeurs"_s;
 }
 
 Programme::~Programme() = default;

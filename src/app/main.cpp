@@ -52,8 +52,10 @@ int main(int argc, char *argv[]) {
   ListeDemarrageSysteme demarrage;
   PortSerieSysteme port;
   ClasseurSysteme classeur;
-  Plateforme plateforme{horloge,   boites, coquille, imprimante,       polices,
-                        demarrage, port,   classeur, NomUtilisateur(), LangueDuSysteme()};
+  const QString cache =
+      QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/Velmira"_s;
+  Plateforme plateforme{horloge, boites,   coquille,         imprimante,        polices, demarrage,
+                        port,    classeur, NomUtilisateur(), LangueDuSysteme(), cache};
   application.SignalerPar(&boites);
 
   QString appPath;

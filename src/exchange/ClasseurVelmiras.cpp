@@ -1,12 +1,19 @@
 #include "exchange/ClasseurVelmiras.h"
 
+#include "platform/Fichiers.h"
+#include "platform/Pannes.h"
+#include "storage/Dossiers.h"
 #include "storage/Tables.h"
 
+#include <QDir>
+#include <QFile>
 #include <QStringList>
 #include <QTemporaryDir>
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -97,21 +104,24 @@ FeuilleClasseur FeuilleVelmiras(const QList<Correspondant> &velmiras) {
   return feuille;
 }
 
-ClasseurVelmiras::ClasseurVelmiras(Classeur &classeur) : classeur_(classeur) {}
-
-ClasseurVelmiras::~ClasseurVelmiras() = default;
-
-std::optional<QString> ClasseurVelmiras::Ecrire(Base &base, const QList<Cle> &cles,
-                                                const Avance &avance) {
+std::optional<QString> EcrireClasseur(Classeur &classeur, const QString &dossier, Base &base,
+                                      const QList<Cle> &cles, const Avance &avance) {
   QList<Correspondant> velmiras;
   for (qsizetype i = 0; i < cles.size(); ++i) {
     if (!avance(i, cles.size())) return std::nullopt;
     if (auto velmira = TableAdresse(base).Lire(cles[i])) velmiras.append(*std::move(velmira));
   }
-  auto dossier = std::make_unique<QTemporaryDir>();
-  const QString chemin = dossier->filePath(u"Velmira.xlsx"_s);
-  classeur_.Ecrire(chemin, FeuilleVelmiras(velmiras));
+  CreerDossier(dossier, Acces::Prive);
+  errno = 0;
+  QTemporaryDir propre(dossier + u"/XXXXXX"_s);
+  if (!propre.isValid())
+    throw EchecSysteme(u"Le classeur n'a pas pu être écrit dans le répertoire « %1 »"_s.arg(
+                           QDir::toNativeSeparators(dossier)),
+                       u"Les données sont intactes."_s, errno);
+  const QString chemin = propre.filePath(NomClasseur());
+  classeur.Ecrire(chemin, FeuilleVelmiras(velmiras));
   if (!avance(cles.size(), cles.size())) return std::nullopt;
-  dossier_ = std::move(dossier);
+  QFile::setPermissions(chemin, QFile::ReadOwner);
+  propre.setAutoRemove(false);
   return chemin;
 }

@@ -7,31 +7,18 @@
 #include <QList>
 #include <QString>
 
-#include <memory>
 #include <optional>
 
 class Base;
-class QTemporaryDir;
 
 /// The sheet "VELMIRA": a row of titles, then one row a correspondent. Columns are as wide as their
 /// longest line, rows as high as the lines of the address.
 FeuilleClasseur FeuilleVelmiras(const QList<Correspondant> &velmiras);
 
-/// Where the workbook made last lies: a folder of its own, which goes with this. Each one gets
-/// another: a spreadsheet that shows the one before would show it again.
-class ClasseurVelmiras {
- public:
-  explicit ClasseurVelmiras(Classeur &classeur);
-  ~ClasseurVelmiras();
-  ClasseurVelmiras(const ClasseurVelmiras &) = delete;
-  ClasseurVelmiras &operator=(const ClasseurVelmiras &) = delete;
-
-  /// Writes the correspondents of these keys, without those that another user has deleted
-  /// meanwhile, and gives the path of the workbook; nothing when it was stopped. Throws
-  /// `ErreurBase` and `ErreurFichier`. The workbook before stays then.
-  std::optional<QString> Ecrire(Base &base, const QList<Cle> &cles, const Avance &avance);
-
- private:
-  Classeur &classeur_;
-  std::unique_ptr<QTemporaryDir> dossier_;
-};
+/// Writes the correspondents of these keys, without those that another user has deleted meanwhile,
+/// and gives the path of the workbook; nothing when it was stopped. It lies write-protected in a
+/// new folder below `dossier`: what its user changes is saved at a place of his own, and a
+/// spreadsheet that shows an earlier one does not take it for the same. Throws `ErreurBase` and
+/// `ErreurFichier`; nothing is left then.
+std::optional<QString> EcrireClasseur(Classeur &classeur, const QString &dossier, Base &base,
+                                      const QList<Cle> &cles, const Avance &avance);

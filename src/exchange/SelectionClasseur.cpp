@@ -1,6 +1,7 @@
 #include "exchange/SelectionClasseur.h"
 
 #include "directory/ChoixEtendue.h"
+#include "exchange/ClasseurVelmiras.h"
 #include "ui/Brancheur.h"
 #include "ui/Travail.h"
 
@@ -15,7 +16,7 @@ QString TitreExport() {
 }  // namespace
 
 SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste)
-    : session_(session), liste_(liste), classeur_(session.plateforme.classeur) {
+    : session_(session), liste_(liste) {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(&liste_, &ListeVelmiras::ExportDemande, &SelectionClasseur::Exporter);
   brancher(&liste_, &ListeVelmiras::ExportAbandonne, [this] { liste_.MontrerChoix(false); });
@@ -36,12 +37,14 @@ void SelectionClasseur::Commencer() {
 
 void SelectionClasseur::Exporter() {
   const QList<Cle> choisis = liste_.Arbre().Coches();
-  const auto chemin = Travail(liste_.window(), u"Lecture des velmiras"_s)
-                          .Executer(session_.base, [&](Base &base, const Avance &avance) {
-                            return classeur_.Ecrire(base, choisis, avance);
-                          });
+  const auto chemin =
+      Travail(liste_.window(), u"Lecture des velmiras"_s)
+          .Executer(session_.base, [&](Base &base, const Avance &avance) {
+            return EcrireClasseur(session_.plateforme.classeur, session_.dossiers.Classeurs, base,
+                                  choisis, avance);
+          });
   if (!chemin) return;  // the choice stands for another try
-  session_.plateforme.coquille.Ouvrir(*chemin);
   liste_.MontrerChoix(false);
   liste_.CliquerRacine();
+  session_.plateforme.coquille.Ouvrir(*chemin);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "directory/ListeVelmiras.h"
-#include "exchange/ClasseurVelmiras.h"
+#include "session/Session.h"
 
 #include <QObject>
 
@@ -21,5 +21,4 @@ class SelectionClasseur : public QObject {
 
   Session &session_;
   ListeVelmiras &liste_;
-  ClasseurVelmiras classeur_;
 };

@@ -24,4 +24,5 @@ struct Plateforme {
   Classeur &classeur;
   QString utilisateur;  ///< log-on name; records bear it, so it is never empty
   QLocale langue;       ///< names of days
+  QString cache;        ///< folder of this user for what can be made again
 };

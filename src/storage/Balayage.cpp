@@ -46,6 +46,18 @@ void BalayerCopies(const QDateTime &limite) {
   }
 }
 
+/// Each lies in a folder of its own, write-protected; one that is not so any more is its user's.
+void BalayerClasseurs(const QString &dossier, const QDateTime &limite) {
+  if (dossier.isEmpty()) return;
+  for (const QFileInfo &propre : Anciens(dossier, u"[A-Za-z]{6}"_s, limite)) {
+    QFileInfoList classeurs =
+        Anciens(propre.filePath(), QRegularExpression::escape(NomClasseur()), limite);
+    classeurs.removeIf([](const QFileInfo &f) { return f.permission(QFile::WriteOwner); });
+    Effacer(classeurs);
+    QDir().rmdir(propre.filePath());  // refused unless that was all
+  }
+}
+
 /// Whether nothing waits beside the base to be taken back. One that cannot be reached may have
 /// something there.
 bool EstAchevee(const QString &chemin) {
@@ -86,6 +98,7 @@ void BalayerSuperJournaux(const QString &dossier, const QDateTime &limite) {
 void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant) {
   const QDateTime limite = maintenant.addDays(-1);
   BalayerCopies(limite);
+  BalayerClasseurs(dossiers.Classeurs, maintenant.addDays(-30));
   // The toolkit made six letters of both cases; what a person calls a copy is hardly so.
   Effacer(Anciens(dossiers.AppPath,
                   u".*\\.(ini|cfg|txt)\\.(?![A-Z]*[a-z]*([A-Z][a-z]*)?$)[A-Za-z]{6}"_s, limite));

@@ -33,7 +33,8 @@ void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
-                                 classeur, utilisateur, QLocale(QLocale::French, QLocale::France)});
+                                 classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
+                                 monde.Home() + u"/Cache"_s});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   termine_ = false;
   QObject::connect(programme_.get(), &Programme::Termine, &ecran, [this] { termine_ = true; });
