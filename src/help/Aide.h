@@ -14,5 +14,5 @@ QString PageAide(const QString &fenetre);
 QString SommaireAide();
 
 /// Opens a page of the guide ("enveloppes.html#carnet"). Throws `ErreurFichier` when it is not
-/// there.
+/// there or nothing can open it.
 void OuvrirAide(Coquille &coquille, const QString &appPath, const QString &page);

@@ -24,6 +24,6 @@ CommandesAide::CommandesAide(Session &session, QMenu *menu, QWidget *fenetre) : 
   QAction *apropos = menu->addAction(u"À &propos de Velmira..."_s);
   apropos->setObjectName(u"mnuApropos"_s);
   connect(apropos, &QAction::triggered, this, Garde(boites, [&session, fenetre](bool) {
-            FrmAPROPOS(session.plateforme.coquille, fenetre).exec();
+            FrmAPROPOS(session.plateforme.boites, session.plateforme.coquille, fenetre).exec();
           }));
 }

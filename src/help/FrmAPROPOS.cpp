@@ -1,6 +1,7 @@
 #include "help/FrmAPROPOS.h"
 
 #include "platform/Coquille.h"
+#include "ui/Brancheur.h"
 #include "ui/EtiquetteLien.h"
 #include "ui/Icones.h"
 #include "ui/Theme.h"
@@ -8,8 +9,11 @@
 
 using namespace Qt::StringLiterals;
 
-FrmAPROPOS::FrmAPROPOS(Coquille &coquille, QWidget *parent)
-    : QDialog(parent), coquille_(coquille), ui_(std::make_unique<Ui::FrmAPROPOS>()) {
+FrmAPROPOS::FrmAPROPOS(Boites &boites, Coquille &coquille, QWidget *parent)
+    : QDialog(parent),
+      boites_(boites),
+      coquille_(coquille),
+      ui_(std::make_unique<Ui::FrmAPROPOS>()) {
   constexpr int kIcone = 96;
   ui_->setupUi(this);
   ui_->Img->setPixmap(IconeProgramme().pixmap(kIcone));
@@ -31,5 +35,6 @@ void FrmAPROPOS::Relier(EtiquetteLien *lien, const QString &adresse) {
   constexpr int kBord = 4;  // pixels beside the text, so that it is not cut
   lien->setMinimumWidth(fontMetrics().horizontalAdvance(lien->text()) + 2 * kBord);
   Colorer(lien, lien->palette().color(QPalette::Link));
-  connect(lien, &QLabel::linkActivated, this, [this, adresse] { coquille_.Ouvrir(adresse); });
+  Brancheur(boites_, this)(lien, &QLabel::linkActivated,
+                           [this, adresse] { coquille_.Ouvrir(adresse); });
 }

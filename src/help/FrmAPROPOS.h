@@ -4,6 +4,7 @@
 
 #include <memory>
 
+class Boites;
 class Coquille;
 class EtiquetteLien;
 
@@ -17,12 +18,13 @@ class FrmAPROPOS : public QDialog {
   Q_OBJECT
 
  public:
-  FrmAPROPOS(Coquille &coquille, QWidget *parent);
+  FrmAPROPOS(Boites &boites, Coquille &coquille, QWidget *parent);
   ~FrmAPROPOS() override;
 
  private:
   void Relier(EtiquetteLien *lien, const QString &adresse);
 
+  Boites &boites_;
   Coquille &coquille_;
   std::unique_ptr<Ui::FrmAPROPOS> ui_;
 };

@@ -8,8 +8,9 @@ class Coquille {
   virtual ~Coquille() = default;
 
   /// Opens a document (by its path) or an address ("mailto:...", a web page) with the desktop's
-  /// default program. A failure is silent.
-  virtual void Ouvrir(const QString &document) = 0;
+  /// default program. Throws `ErreurFichier`, which tells its place, when it is not there or
+  /// nothing can open it, as far as the desktop says so within a few seconds.
+  void Ouvrir(const QString &document);
 
   /// Starts a program by its path without the platform's suffix. False when it could not be
   /// started.
@@ -31,4 +32,8 @@ class Coquille {
   /// Makes a link on the user's desktop that starts a program (path without suffix). Throws
   /// `ErreurFichier`, also for a name that cannot be one of a file.
   virtual void CreerLien(const QString &nom, const QString &programme) = 0;
+
+ protected:
+  /// False when the document is not there or nothing can open it.
+  virtual bool OuvrirSurLeBureau(const QString &document) = 0;
 };

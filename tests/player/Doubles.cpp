@@ -151,9 +151,11 @@ BoitesScenario::ReponsePrevue BoitesScenario::Repondre(const BoiteVue &boite,
   return reponse;
 }
 
-void CoquilleScenario::Ouvrir(const QString &document) {
+bool CoquilleScenario::OuvrirSurLeBureau(const QString &document) {
+  if (inerte_) return false;
   ouverts_.push_back(document);
   if (document.endsWith(u".xlsx"_s)) classeur_ = document;
+  return true;
 }
 
 bool CoquilleScenario::Lancer(const QString &programme) {

@@ -121,9 +121,10 @@ class CoquilleScenario : public Coquille {
  public:
   explicit CoquilleScenario(const Monde &monde) : monde_(monde) {}
 
-  void Ouvrir(const QString &document) override;
   bool Lancer(const QString &programme) override;
-  bool PeutLancer(const QString &programme) const override { return !absents_.contains(programme); }
+  bool PeutLancer(const QString &programme) const override {
+    return !inerte_ && !absents_.contains(programme);
+  }
   void RelancerProgramme() override { lances_.push_back(monde_.Chemin(QStringLiteral("Velmira"))); }
   void ReglerSon() override { lances_.push_back(monde_.Chemin(QStringLiteral("Volume"))); }
   bool LienExiste(const QString &nom) const override;
@@ -131,6 +132,8 @@ class CoquilleScenario : public Coquille {
 
   /// From here on the start of this program fails.
   void Desinstaller(const QString &programme) { absents_.append(programme); }
+  /// From here on nothing can be started or opened.
+  void Desinstaller() { inerte_ = true; }
 
   std::deque<QString> &Ouverts() { return ouverts_; }
   /// Paths of the programs that have been started.
@@ -138,11 +141,15 @@ class CoquilleScenario : public Coquille {
   /// Path of the workbook opened last, also when its opening has been checked; empty for none.
   const QString &Classeur() const { return classeur_; }
 
+ protected:
+  bool OuvrirSurLeBureau(const QString &document) override;
+
  private:
   QString CheminLien(const QString &nom) const;
 
   const Monde &monde_;
   QStringList absents_;
+  bool inerte_ = false;
   std::deque<QString> ouverts_, lances_;
   QString classeur_;
 };

@@ -77,8 +77,13 @@ QList<Verbe> VerbesDuMonde() {
        }},
       {u"monde imprimante-muette"_s, 0, kSansLimite,
        [](S &s, const M &m) { s.imprimante.Refuser(Textes(m, 0)); }},
-      {u"monde sans-programme"_s, 1, 1,
-       [](S &s, const M &m) { s.coquille.Desinstaller(MondeAuRepos(s).Chemin(m[0].texte)); }},
+      {u"monde sans-programme"_s, 0, 1,
+       [](S &s, const M &m) {
+         if (const Monde &monde = MondeAuRepos(s); m.isEmpty())
+           s.coquille.Desinstaller();
+         else
+           s.coquille.Desinstaller(monde.Chemin(m[0].texte));
+       }},
       {u"ligne"_s, 1, kSansLimite,
        [](S &s, const M &m) { Lignes(s).Ajouter(m[0].texte, m.sliced(1)); }},
       {u"champ-ecrit"_s, 3, kSansLimite,

@@ -11,8 +11,8 @@
 #include "platform/linux/Utilisateur.h"
 
 #include <QDeadlineTimer>
-#include <QDesktopServices>
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -167,41 +167,77 @@ TEST_F(Poste, ProgrammeLance) {
   EXPECT_FALSE(coquille_.Lancer(programme_));
 }
 
-/// Stands for the desktop's default programs.
-class Ouvreur : public QObject {
-  Q_OBJECT
-
+/// Stands for the desktop's launcher: it notes what it is to open, and ends as it is told.
+class Ouvreur {
  public:
-  Ouvreur() {
-    for (const QString &schema : schemas_) QDesktopServices::setUrlHandler(schema, this, "Ouvrir");
+  explicit Ouvreur(const QTemporaryDir &maison)
+      : trace_(maison.filePath(u"ouvert"_s)), lanceur_(maison.filePath(u"bin/xdg-open"_s)) {
+    CreerDossier(maison.filePath(u"bin"_s));
+    qputenv("PATH", QFile::encodeName(maison.filePath(u"bin:"_s)) + chemins_);
   }
-  ~Ouvreur() override {
-    for (const QString &schema : schemas_) QDesktopServices::unsetUrlHandler(schema);
-  }
+  ~Ouvreur() { qputenv("PATH", chemins_); }
   Q_DISABLE_COPY_MOVE(Ouvreur)
 
-  Q_INVOKABLE void Ouvrir(const QUrl &adresse) { ouvertes += adresse.toString(); }
-  QStringList ouvertes;
+  void Faire(const QByteArray &suite) const {
+    RemplacerFichier(lanceur_, "#!/bin/sh\nprintf '%s' \"$*\" >'" + QFile::encodeName(trace_) +
+                                   "'\n" + suite + "\n");
+    QFile::setPermissions(lanceur_, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  }
+  /// What it was to open since the last call.
+  QString Ouvert() const {
+    const auto trace = LireFichier(trace_);
+    if (trace) EffacerFichier(trace_);
+    return QUrl::fromEncoded(trace.value_or("")).toString();
+  }
 
  private:
-  const QStringList schemas_{u"file"_s, u"http"_s, u"https"_s, u"mailto"_s};
+  const QString trace_, lanceur_;
+  const QByteArray chemins_ = qgetenv("PATH");
 };
 
 TEST_F(Poste, DocumentsEtAdresses) {
-  Ouvreur ouvreur;
+  const Ouvreur ouvreur(maison_);
+  const QString document = maison_.filePath(u"à lire #1 100%.pdf"_s);
+  RemplacerFichier(document, "");
   const struct {
     QString document, adresse;
   } cas[] = {
-      {u"/tmp/à lire #1 100%.pdf"_s, u"file:///tmp/à lire %231 100%25.pdf"_s},
+      {document, u"file://"_s + maison_.filePath(u"à lire %231 100%25.pdf"_s)},
       {u"mailto:paul.durand@exemple.fr"_s, u"mailto:paul.durand@exemple.fr"_s},
       {u"https://exemple.fr/a?b=c#d"_s, u"https://exemple.fr/a?b=c#d"_s},
       {u"www.exemple.fr"_s, u"http://www.exemple.fr"_s},
   };
-  for (const auto &[document, adresse] : cas) {
-    ouvreur.ouvertes.clear();
-    coquille_.Ouvrir(document);
-    EXPECT_EQ(ouvreur.ouvertes, QStringList{adresse}) << qPrintable(document);
+  ouvreur.Faire("exit 0");
+  for (const auto &[ceci, adresse] : cas) {
+    EXPECT_NO_THROW(coquille_.Ouvrir(ceci)) << qPrintable(ceci);
+    EXPECT_EQ(ouvreur.Ouvert(), adresse);
   }
+  // Refused, sooner or a little later: it is told, with its place.
+  ouvreur.Faire("sleep 0.3\nexit 3");
+  for (const auto &[ceci, adresse] : cas) {
+    try {
+      coquille_.Ouvrir(ceci);
+      ADD_FAILURE() << qPrintable(ceci);
+    } catch (const ErreurFichier &erreur) {
+      EXPECT_TRUE(erreur.Texte().contains(u"« %1 »"_s.arg(ceci))) << qPrintable(erreur.Texte());
+    }
+    ouvreur.Ouvert();
+  }
+  EXPECT_THROW(coquille_.Ouvrir(maison_.filePath(u"absent.pdf"_s)), ErreurFichier);
+  EXPECT_EQ(ouvreur.Ouvert(), QString()) << "what is not there is asked of nobody";
+}
+
+// Without a desktop the launcher lasts as long as the program that it has started.
+TEST_F(Poste, LanceurQuiReste) {
+  const Ouvreur ouvreur(maison_);
+  const QString fin = maison_.filePath(u"fin"_s);
+  ouvreur.Faire("sleep 4\n>'" + QFile::encodeName(fin) + "'\nexit 3");
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_NO_THROW(coquille_.Ouvrir(programme_));
+  EXPECT_LT(depuis.elapsed(), 3900);
+  EXPECT_FALSE(QFileInfo::exists(fin));
+  EXPECT_TRUE(Attendre([&] { return QFileInfo::exists(fin); })) << "it is not ended with the wait";
 }
 
 /// A port with the test at its other end.
@@ -332,8 +368,6 @@ TEST(Attente, LaisseTravailler) {
 }
 
 }  // namespace
-
-#include "PosteTest.moc"
 
 int main(int argc, char *argv[]) {
   qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -43,7 +43,6 @@ bool Mene(const QHash<QString, QString> &pages, const QString &adresse, const QS
 
 class CoquilleNotee : public Coquille {
  public:
-  void Ouvrir(const QString &document) override { ouvert = document; }
   bool Lancer(const QString &) override { return false; }
   bool PeutLancer(const QString &) const override { return false; }
   void RelancerProgramme() override {}
@@ -51,6 +50,12 @@ class CoquilleNotee : public Coquille {
   bool LienExiste(const QString &) const override { return false; }
   void CreerLien(const QString &, const QString &) override {}
   QString ouvert;
+
+ protected:
+  bool OuvrirSurLeBureau(const QString &document) override {
+    ouvert = document;
+    return !document.contains(u"alertes"_s);
+  }
 };
 
 class AideTest : public DansUnDossier {};
@@ -101,4 +106,16 @@ TEST_F(AideTest, PageOuverte) {
   coquille.ouvert.clear();
   EXPECT_THROW(OuvrirAide(coquille, Chemin(dossier), u"alertes.html"_s), ErreurFichier);
   EXPECT_TRUE(coquille.ouvert.isEmpty());
+  // One that is there and that nothing opens is told with its place.
+  Poser(dossier + u"/guide/alertes.html"_s, "");
+  try {
+    OuvrirAide(coquille, Chemin(dossier), u"alertes.html#liste"_s);
+    ADD_FAILURE() << "opened";
+  } catch (const ErreurFichier &erreur) {
+    EXPECT_EQ(erreur.Texte(),
+              u"Le document « %1 » n'a pas pu être ouvert : aucun programme du bureau ne l'a "
+              "accepté.\nIl est intact à cet endroit. Installez un programme qui ouvre ce genre de "
+              "document, ou choisissez-le dans les réglages du bureau, puis recommencez."_s.arg(
+                  Chemin(dossier + u"/guide/alertes.html"_s)));
+  }
 }

@@ -5,17 +5,26 @@
 #include "platform/linux/EntreeBureau.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QDir>
+#include <QEventLoop>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QUrl>
 
 #include <cerrno>
+#include <chrono>
+#include <future>
+#include <thread>
+#include <unistd.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -27,6 +36,40 @@ QString CheminLien(const QString &nom) {
   return DossierBureau() + u'/' + nom + u".desktop"_s;
 }
 
+/// Whether a program succeeds, once it has ended. It and what it starts outlive this one, and so
+/// does the thread that waits for it.
+std::future<bool> Reussite(const QString &programme, const QString &argument) {
+  std::promise<bool> promesse;
+  auto reussite = promesse.get_future();
+  std::thread([programme, argument, promesse = std::move(promesse)]() mutable {
+    QProcess processus;
+    processus.setStandardInputFile(QProcess::nullDevice());
+    processus.setStandardOutputFile(QProcess::nullDevice());
+    processus.setStandardErrorFile(QProcess::nullDevice());
+    processus.setChildProcessModifier([] { ::setsid(); });
+    processus.start(programme, {argument});
+    const bool fini = processus.waitForStarted(-1) && processus.waitForFinished(-1);
+    promesse.set_value(fini && processus.exitStatus() == QProcess::NormalExit &&
+                       processus.exitCode() == 0);
+  }).detach();
+  return reussite;
+}
+
+/// The windows go on painting, and take no input from the user meanwhile. False when it is too
+/// long.
+bool AttendreReponse(const std::future<bool> &reponse) {
+  const auto prete = [&] { return reponse.wait_for(0s) == std::future_status::ready; };
+  const QDeadlineTimer limite(2s);
+  QEventLoop boucle;
+  QTimer reveil;
+  QObject::connect(&reveil, &QTimer::timeout, &boucle, [&] {
+    if (prete() || limite.hasExpired()) boucle.quit();
+  });
+  reveil.start(20ms);
+  boucle.exec(QEventLoop::ExcludeUserInputEvents);
+  return prete();
+}
+
 bool PeutNommerFichier(const QString &nom) {
   return !nom.isEmpty() && nom != u"."_s && nom != u".."_s && !nom.contains(u'/') &&
          !nom.contains(QChar(0));
@@ -34,9 +77,14 @@ bool PeutNommerFichier(const QString &nom) {
 
 }  // namespace
 
-void CoquilleSysteme::Ouvrir(const QString &document) {
-  QDesktopServices::openUrl(QDir::isAbsolutePath(document) ? QUrl::fromLocalFile(document)
-                                                           : QUrl::fromUserInput(document));
+bool CoquilleSysteme::OuvrirSurLeBureau(const QString &document) {
+  const QUrl adresse = QDir::isAbsolutePath(document) ? QUrl::fromLocalFile(document)
+                                                      : QUrl::fromUserInput(document);
+  if (adresse.isLocalFile() && !QFileInfo::exists(adresse.toLocalFile())) return false;
+  const QString lanceur = QStandardPaths::findExecutable(u"xdg-open"_s);
+  if (lanceur.isEmpty()) return QDesktopServices::openUrl(adresse);
+  auto reussite = Reussite(lanceur, adresse.toString(QUrl::FullyEncoded));
+  return !AttendreReponse(reussite) || reussite.get();
 }
 
 bool CoquilleSysteme::Lancer(const QString &programme) {

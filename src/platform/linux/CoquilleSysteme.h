@@ -6,11 +6,15 @@
 /// link is an entry of the desktop. A program is started in its own folder and outlives this one.
 class CoquilleSysteme : public Coquille {
  public:
-  void Ouvrir(const QString &document) override;
   bool Lancer(const QString &programme) override;
   bool PeutLancer(const QString &programme) const override;
   void RelancerProgramme() override;
   void ReglerSon() override;
   bool LienExiste(const QString &nom) const override;
   void CreerLien(const QString &nom, const QString &programme) override;
+
+ protected:
+  /// Takes what the desktop's launcher ends with. One that goes on has opened: where there is no
+  /// desktop, it ends with the program that it has started.
+  bool OuvrirSurLeBureau(const QString &document) override;
 };
