@@ -27,16 +27,14 @@ bool MemeFichier(const QString &un, const QString &autre) {
   return std::filesystem::equivalent(chemin(un), chemin(autre), erreur);
 }
 
-/// False when the file is missing or no database of ours. Throws when it may be one that cannot be
-/// read now: nobody may put a file in its place then.
+/// False when the file is missing or no database of ours. Throws when it is one of a newer version,
+/// or may be one that cannot be read now: nobody may put a file in its place then.
 bool Ouvrir(Base &base, const QString &chemin) {
   try {
     base.Ouvrir(chemin);
   } catch (const ErreurBase &erreur) {
     const GenreErreur genre = erreur.Genre();
-    if (genre != GenreErreur::Endommagee && genre != GenreErreur::Etrangere &&
-        genre != GenreErreur::PlusRecente)
-      throw;
+    if (genre != GenreErreur::Endommagee && genre != GenreErreur::Etrangere) throw;
   }
   return base.Ouverte();
 }

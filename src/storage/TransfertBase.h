@@ -7,6 +7,7 @@
 /// and they see them; one that is missing or is no database of ours is replaced by a new file. The
 /// source is only read, also while others write to it. A file onto itself changes nothing.
 ///
-/// Throws `ErreurBase` or `ErreurFichier`, also for a source that is no database of ours and when
-/// another program keeps either for itself; the destination is then as it was.
+/// Throws `ErreurBase` or `ErreurFichier`, also for a source that is no database of ours, for a
+/// destination that is one of a newer version, and when another program keeps either for itself;
+/// the destination is then as it was.
 void TransfererBase(const QString &source, const QString &destination);

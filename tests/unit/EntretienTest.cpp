@@ -126,11 +126,14 @@ TEST_F(Entretien, TransfertVersUnAutreFichier) {
   Poser(u"etranger-journal"_s, "d'une écriture interrompue");
   Creer(u"futur"_s, {u"Claude"_s});
   Executer(u"futur"_s, u"PRAGMA user_version=%1"_s.arg(Base::kVersion + 1));
-  for (const QString &but : {u"absent"_s, u"etranger"_s, u"futur"_s}) {
+  for (const QString &but : {u"absent"_s, u"etranger"_s}) {
     TransfererBase(Chemin(u"source"_s), Chemin(but));
     EXPECT_EQ(NomsDe(but), QStringList{u"Albert"_s}) << but.toStdString();
   }
   EXPECT_FALSE(Existe(u"etranger-journal"_s));
+  const QByteArray futur = Octets(u"futur"_s);
+  EXPECT_THROW(TransfererBase(Chemin(u"source"_s), Chemin(u"futur"_s)), ErreurBase);
+  EXPECT_EQ(Octets(u"futur"_s), futur) << "it may hold what this version cannot keep";
 }
 
 // Somebody is writing into the source: he does not wait, and what he has not ended does not count.
@@ -181,8 +184,9 @@ TEST_F(Entretien, TransfertQuiNeVaPas) {
 }
 
 TEST_F(Entretien, RestesBalayes) {
-  for (const QString &nom : {u"app"_s, u"base"_s, u"tmp"_s, u"tmp/Velmira-aZbYcX"_s,
-                             u"tmp/Velmira-dWeVfU"_s, u"partage"_s})
+  for (const QString &nom :
+       {u"app"_s, u"base"_s, u"tmp"_s, u"tmp/Velmira-aZbYcX"_s, u"tmp/Velmira-dWeVfU"_s,
+        u"partage"_s, u"Classeurs"_s, u"Classeurs/aBcDeF"_s, u"Classeurs/gHiJkL"_s})
     ASSERT_TRUE(QDir().mkdir(Chemin(nom)));
   Creer(u"base/Velmira.mdb"_s, {u"Albert"_s});
   Creer(u"partage/Velmira.mdb"_s, {u"Berthe"_s});
@@ -208,7 +212,8 @@ TEST_F(Entretien, RestesBalayes) {
   Poser(u"base/Velmira.mdb-mj0123AB9CE"_s, journal(u"base"_s) + journal(u"ailleurs"_s));
   const QByteArray tmp = qgetenv("TMPDIR");
   qputenv("TMPDIR", QFile::encodeName(Chemin(u"tmp"_s)));
-  const Dossiers dossiers{Chemin(u"app"_s), Chemin(u"base"_s), Chemin(u"base"_s), {}};
+  const Dossiers dossiers{
+      Chemin(u"app"_s), Chemin(u"base"_s), Chemin(u"base"_s), {}, Chemin(u"Classeurs"_s)};
   const auto laissees = [this](const QStringList &noms) {
     QStringList la = noms;
     la.removeIf([this](const QString &nom) { return !Existe(nom); });
@@ -220,6 +225,16 @@ TEST_F(Entretien, RestesBalayes) {
   EXPECT_EQ(laissees(partent), QStringList());
   EXPECT_FALSE(Existe(u"tmp/Velmira-aZbYcX"_s));
   EXPECT_EQ(laissees(restent), restent);
+  // A workbook that was handed over goes after 30 days, unless its user has made it his own.
+  const QString rendu = u"Classeurs/aBcDeF/Velmira.xlsx"_s,
+                pris = u"Classeurs/gHiJkL/Velmira.xlsx"_s;
+  for (const QString &nom : {rendu, pris}) Poser(nom, "classeur");
+  QFile::setPermissions(Chemin(rendu), QFile::ReadOwner);
+  BalayerRestes(dossiers, QDateTime::currentDateTime().addDays(29));
+  EXPECT_TRUE(Existe(rendu));
+  BalayerRestes(dossiers, QDateTime::currentDateTime().addDays(31));
+  EXPECT_FALSE(Existe(u"Classeurs/aBcDeF"_s));
+  EXPECT_TRUE(Existe(pris));
   qputenv("TMPDIR", tmp);
 }
 
