@@ -49,22 +49,32 @@ FichierDefaut::~FichierDefaut() {
   });
 }
 
+/// What fails here undoes the transaction, which the user cannot know of a file.
+template <typename Ecriture>
+void FichierDefaut::Remplacer(Ecriture &&ecriture) {
+  try {
+    avant_ = LireFichier(Fichier(appPath_));
+    touche_ = true;
+    ecriture();
+  } catch (const ErreurFichier &erreur) {
+    throw ErreurFichier(
+        u"Les expéditeurs n'ont pas changé : le fichier de l'expéditeur par défaut n'a pas pu "
+        "suivre.\n\n"_s +
+        erreur.Texte());
+  }
+}
+
 void FichierDefaut::Suivre(const Expediteur &defaut) {
-  Retenir();
-  if (defaut.Index != 0)
-    EcrireExpediteurDefaut(appPath_, ComposerAdresse(AdresseSaisie::De(defaut)));
-  else if (avant_)
-    EffacerFichier(Fichier(appPath_));
+  Remplacer([&] {
+    if (defaut.Index != 0)
+      EcrireExpediteurDefaut(appPath_, ComposerAdresse(AdresseSaisie::De(defaut)));
+    else if (avant_)
+      EffacerFichier(Fichier(appPath_));
+  });
 }
 
 void FichierDefaut::ChoisirAucun() {
-  Retenir();
-  EcrireExpediteurDefaut(appPath_, {});
-}
-
-void FichierDefaut::Retenir() {
-  avant_ = LireFichier(Fichier(appPath_));
-  touche_ = true;
+  Remplacer([this] { EcrireExpediteurDefaut(appPath_, {}); });
 }
 
 std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base) {

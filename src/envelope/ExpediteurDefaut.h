@@ -32,7 +32,8 @@ class FichierDefaut {
   void Garder() { touche_ = false; }
 
  private:
-  void Retenir();
+  template <typename Ecriture>
+  void Remplacer(Ecriture &&ecriture);
 
   QString appPath_;
   bool touche_ = false;

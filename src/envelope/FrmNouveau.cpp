@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QSignalBlocker>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -116,7 +117,11 @@ void FrmNouveau::Actualiser() {
     const Attente attente(session_.base, 0ms);
     const qint64 changements = session_.base.Changements();
     if (changements == changements_) return;
-    ui_->LstExp->Relire();
+    {
+      const QSignalBlocker silence(ui_->LstExp);
+      ui_->LstExp->Relire();
+    }
+    MontrerChoisi();
     changements_ = changements;
   });
 }
@@ -265,6 +270,7 @@ void FrmNouveau::CommencerModification() {
   modifie_ = *lu;
   affichee_ = ui_->Champs->Adresse();
   Saisir(u"  Modification d'adresse expéditeur"_s);
+  ui_->Champs->PrendreFocus();
 }
 
 void FrmNouveau::SupprimerExpediteur() {
@@ -336,5 +342,6 @@ void FrmNouveau::QuitterSaisie(const QString &titre) {
   const bool expediteurs = ui_->LstExp->count() > 1;
   ui_->CmdModifie->setEnabled(expediteurs);
   ui_->CmdSupprime->setEnabled(expediteurs);
+  ui_->LstExp->setFocus();  // before the button that may have it is shut
   ui_->CmdEnregistre->setEnabled(false);
 }
