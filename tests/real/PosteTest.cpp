@@ -4,23 +4,25 @@
 #include "commun/DisquePlein.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
 
+#include <QApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
 #include <QTimer>
 #include <QUrl>
+#include <QWidget>
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -367,11 +369,30 @@ TEST(Attente, LaisseTravailler) {
   EXPECT_TRUE(clique);
 }
 
+// A box that belongs to a minimised window would be out of sight with it, and hold the program.
+TEST(Boites, NeSuitPasUneFenetreReduite) {
+  QWidget fenetre;
+  fenetre.show();
+  fenetre.activateWindow();
+  ASSERT_TRUE(Attendre([&] { return QApplication::activeWindow() == &fenetre; }));
+  fenetre.showMinimized();
+  bool vue = false;
+  QTimer::singleShot(0, [&] {
+    QWidget *boite = QApplication::activeModalWidget();
+    ASSERT_NE(boite, nullptr);
+    EXPECT_EQ(boite->parentWidget(), nullptr);
+    vue = boite->isVisible();
+    boite->close();
+  });
+  BoitesSysteme().Attention(u"L'enveloppe n'a pas pu être imprimée."_s);
+  EXPECT_TRUE(vue);
+}
+
 }  // namespace
 
 int main(int argc, char *argv[]) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
-  const QGuiApplication application(argc, argv);
+  const QApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }
