@@ -1,5 +1,6 @@
 #include "address/Villes.h"
 
+#include "storage/Noms.h"
 #include "storage/Tables.h"
 
 #include <QSet>
@@ -16,14 +17,14 @@ QList<VilleCode> VillesProposees(Base &base) {
     }
     villes.append(ligne);
   }
-  std::ranges::stable_sort(villes, [](const VilleCode &a, const VilleCode &b) {
-    return a.Ville.compare(b.Ville, Qt::CaseInsensitive) < 0;
-  });
+  std::ranges::stable_sort(villes, OrdreDesNoms(), &VilleCode::Ville);
   return villes;
 }
 
 bool PlusieursCodes(const VilleCode &ville) {
-  return ville.Liens.contains(u'*');
+  const QStringList cles = ville.Liens.split(u'*');
+  return cles.size() > 1 &&
+         std::ranges::all_of(cles, [](const QString &cle) { return cle.toLongLong() > 0; });
 }
 
 QStringList CodesDe(Base &base, const VilleCode &ville) {

@@ -4,8 +4,7 @@
 #include "directory/Categories.h"
 #include "directory/Protection.h"
 #include "platform/Saisie.h"
-
-#include <QCollator>
+#include "storage/Noms.h"
 
 #include <algorithm>
 
@@ -32,12 +31,6 @@ bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
          (filtre.contenu.isEmpty() ||
           SansAccents(entree.NomVelmira)
               .contains(SansAccents(filtre.contenu), Qt::CaseInsensitive));
-}
-
-QCollator OrdreDesNoms() {
-  QCollator ordre(QLocale(QLocale::French, QLocale::France));
-  ordre.setCaseSensitivity(Qt::CaseInsensitive);
-  return ordre;
 }
 
 /// `parcours` walks the records, `nommer` makes a shown name of a record's name.
