@@ -19,6 +19,10 @@ AdresseComposee ComposerAdresse(const AdresseSaisie &a) {
           a.optionCP};
 }
 
+QString SansSeparateurs(QString texte) {
+  return texte.removeIf([](QChar c) { return c == u'*' || c == u'$'; });
+}
+
 bool AdresseVide(const QString &chaine) {
   return chaine == u" $ $ "_s || chaine.trimmed().isEmpty();
 }

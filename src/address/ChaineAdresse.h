@@ -19,5 +19,8 @@ struct AdresseComposee {
 /// it is " $ $ ".
 AdresseComposee ComposerAdresse(const AdresseSaisie &adresse);
 
+/// A text without the signs that separate the items of such a string.
+QString SansSeparateurs(QString texte);
+
 /// Nothing to put on an envelope: no text, or three empty blocks.
 bool AdresseVide(const QString &chaine);

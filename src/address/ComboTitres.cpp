@@ -3,6 +3,9 @@
 #include "address/Titres.h"
 #include "ui/Brancheur.h"
 
+#include <QFocusEvent>
+#include <QKeyEvent>
+
 using namespace Qt::StringLiterals;
 
 void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *champ) {
@@ -11,7 +14,7 @@ void ComboTitres::Relier(Boites &boites, const QString &appPath, QLineEdit *cham
   champ_ = champ;
   QStringList titres;
   Signaler(boites, [&] { titres = LireTitres(appPath); });
-  titres.sort(Qt::CaseInsensitive);
+  TrierTitres(titres);
   addItem(u""_s);
   addItems(titres);
   const Brancheur brancher(boites, this);
@@ -25,29 +28,78 @@ QStringList ComboTitres::Titres() const {
   return titres;
 }
 
-void ComboTitres::Choisir(int index) {
-  const QString ligne = champ_->text();
-  // The empty title changes nothing but what stands in the way of the next one.
-  champ_->setText(RemplacerTitre(ligne, Titres(), itemText(index)));
+bool ComboTitres::EnAttente() const {
+  return lineEdit()->isModified() && !currentText().trimmed().isEmpty();
+}
+
+void ComboTitres::Poser(const QString &titre) {
+  champ_->setText(RemplacerTitre(champ_->text(), Titres() << pose_, titre));
+  pose_ = titre.trimmed();
+  lineEdit()->setModified(false);
+}
+
+void ComboTitres::AllerAuChamp() {
   champ_->setFocus();
   champ_->end(false);
 }
 
-void ComboTitres::showPopup() {
-  Signaler(*boites_, [this] { AjouterSaisie(); });
-  QComboBox::showPopup();
+void ComboTitres::Conclure() {
+  if (EnAttente()) Poser(currentText().trimmed());
 }
 
-void ComboTitres::AjouterSaisie() {
-  const QString saisie = currentText();
-  if (saisie.trimmed().isEmpty() || Titres().contains(saisie)) return;
-  const QString titre = saisie.trimmed() + u"  "_s;
+bool ComboTitres::ConclureEtAvancer() {
+  if (!EnAttente()) return false;
+  Conclure();
+  AllerAuChamp();
+  return true;
+}
+
+void ComboTitres::Choisir(int index) {
+  // The empty title changes nothing but what stands in the way of the next one.
+  Poser(itemText(index));
+  AllerAuChamp();
+}
+
+void ComboTitres::focusOutEvent(QFocusEvent *evenement) {
+  ComboASuppression::focusOutEvent(evenement);
+  // The list and a box give the focus back: nothing has been left.
+  const auto cause = evenement->reason();
+  if (cause != Qt::PopupFocusReason && cause != Qt::ActiveWindowFocusReason &&
+      cause != Qt::MenuBarFocusReason)
+    Conclure();
+}
+
+void ComboTitres::keyPressEvent(QKeyEvent *evenement) {
+  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+  if (!entree || !ConclureEtAvancer()) ComboASuppression::keyPressEvent(evenement);
+}
+
+bool ComboTitres::focusNextPrevChild(bool suivant) {
+  // Entering the field by the key would select it whole: the name would take the title's place.
+  return (suivant && ConclureEtAvancer()) || ComboASuppression::focusNextPrevChild(suivant);
+}
+
+void ComboTitres::showPopup() {
+  bool admis = true;
+  Signaler(*boites_, [&] { admis = AjouterSaisie(); });
+  if (admis) ComboASuppression::showPopup();
+}
+
+bool ComboTitres::AjouterSaisie() {
+  const QString titre = currentText().trimmed() + u"  "_s;
   QStringList titres = Titres();
-  if (titres.contains(titre)) return;
+  if (titre.trimmed().isEmpty() || EstTitreConnu(titres, titre)) return true;
+  if (!EstTitreEnregistrable(titre)) {
+    boites_->Attention(
+        u"Le titre « %1 » ne peut pas être ajouté à la liste : le fichier Civilite.txt n'admet pas "
+        "tous ses caractères.\nLa liste n'a pas changé. Écrivez-le autrement."_s.arg(
+            titre.trimmed()));
+    return false;
+  }
   AjouterTitre(appPath_, titre);
-  titres.append(titre);
-  titres.sort(Qt::CaseInsensitive);
+  TrierTitres(titres << titre);
   insertItem(static_cast<int>(titres.indexOf(titre)) + 1, titre);
+  return true;
 }
 
 void ComboTitres::Effacer() {

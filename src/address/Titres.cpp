@@ -1,7 +1,10 @@
 #include "address/Titres.h"
 
+#include "address/ChaineAdresse.h"
+#include "platform/Enregistrable.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
+#include "storage/Noms.h"
 
 #include <algorithm>
 
@@ -39,7 +42,7 @@ QStringList TitresPresents(const QString &appPath) {
 }
 
 void Ecrire(const QString &appPath, QStringList titres) {
-  titres.sort(Qt::CaseInsensitive);
+  TrierTitres(titres);
   QString texte;
   for (const QString &titre : titres) texte += titre + u"\r\n"_s;
   RemplacerFichier(Fichier(appPath), VersPageDeCode(texte));
@@ -51,9 +54,22 @@ QStringList LireTitres(const QString &appPath) {
   return Lignes(LireFichierPresent(Fichier(appPath)));
 }
 
+void TrierTitres(QStringList &titres) {
+  std::ranges::stable_sort(titres, OrdreDesNoms());
+}
+
+bool EstTitreEnregistrable(const QString &titre) {
+  return EstDansLaPage(titre) && SansSeparateurs(titre) == titre;
+}
+
+bool EstTitreConnu(const QStringList &titres, const QString &titre) {
+  return std::ranges::any_of(
+      titres, [nu = titre.simplified()](const QString &connu) { return connu.simplified() == nu; });
+}
+
 void AjouterTitre(const QString &appPath, const QString &titre) {
   QStringList titres = TitresPresents(appPath);
-  if (!titres.contains(titre)) Ecrire(appPath, titres << titre);
+  if (!EstTitreConnu(titres, titre)) Ecrire(appPath, titres << titre);
 }
 
 void RetirerTitre(const QString &appPath, const QString &titre) {

@@ -7,8 +7,19 @@
 /// The titles of the file. Throws `ErreurFichier` when it is missing or cannot be read.
 QStringList LireTitres(const QString &appPath);
 
+/// Sorts titles like names.
+void TrierTitres(QStringList &titres);
+
+/// Whether the file can hold a title, and an address too: the code page has all its characters, and
+/// none of them separates the items of an address.
+bool EstTitreEnregistrable(const QString &titre);
+
+/// Whether a title is among others, whatever blanks stand in and around them.
+bool EstTitreConnu(const QStringList &titres, const QString &titre);
+
 /// Add and take off one title of the file as it stands now, which is then sorted; a missing file is
-/// made. They throw `ErreurFichier`, also when the file cannot be read: it is untouched then.
+/// made. One that is known already is not added. They throw `ErreurFichier`, also when the file
+/// cannot be read: it is untouched then.
 void AjouterTitre(const QString &appPath, const QString &titre);
 void RetirerTitre(const QString &appPath, const QString &titre);
 
