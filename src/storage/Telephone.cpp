@@ -51,8 +51,15 @@ QString SansSignes(QString texte) {
   return texte;
 }
 
+/// What people write around the groups of a number, and what is never a part of one.
+QString SansGroupes(QString texte) {
+  return texte.removeIf([](QChar c) { return c == u'(' || c == u')' || c == u'/'; });
+}
+
 }  // namespace
 
 QString FormatTelephone(const QString &texte, const QString &separateur, const QString &ancien) {
-  return texte.isEmpty() ? texte : EnPaires(SansSignes(SansLiaison(texte, ancien)), separateur);
+  return texte.isEmpty()
+             ? texte
+             : EnPaires(SansSignes(SansGroupes(SansLiaison(texte, ancien))), separateur);
 }

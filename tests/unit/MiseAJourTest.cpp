@@ -127,7 +127,7 @@ TEST_F(MiseAJourTest, ValeursDUneFiche) {
       {19, QVariant(3639), u"36 39"},
       {11, kNul, u""},
       {12, kIllisible, u""},
-      {15, u"()"_s, u")"},
+      {15, u"ab"_s, u"b"},
       {13, u"02.40"_s, u"02.40"},
       {14, u"ligne\r\nligne"_s, u"ligne\r\nligne"},
       {24, kNul, u""},

@@ -31,7 +31,11 @@ TEST(TelephoneTest, FormeEnregistree) {
       {u"ab", u" ", u"b"},
       {u"abc", u" ", u"b"},
       {u"01--23", u" ", u"01 23"},
-      {u"01 (0)2", u" ", u"0 1( 02"},
+      {u"01 _023", u" ", u"01 _0 23"},
+      // what people write around groups goes, wherever it stands
+      {u"01 (0)2", u" ", u"01 02"},
+      {u"(02) 40 / 12", u".", u"02.40.12"},
+      {u"02 / 40.", u" / ", u"02 / 40"},
       {u"0123-.", u" ", u"0 12 3."},
       // separators of every length
       {u"0240123456", u"", u"0240123456"},
