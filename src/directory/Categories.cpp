@@ -12,13 +12,11 @@ QString SansCategorie(QString categories, const QString &nom) {
   return categories;
 }
 
-QStringList ListerCategories(Base &base, bool rechercheRapide) {
-  QStringList entrees;
-  if (rechercheRapide) entrees.append(RechercheRapide());
-  entrees.append({ToutesCategories(), Favoris()});
+QStringList ListerCategories(Base &base) {
+  QStringList entrees{Favoris()};
   if (!base.Ouverte()) return entrees;
 
-  QSet<QString> connues{RechercheRapide(), Favoris()};
+  QSet<QString> connues{ToutesCategories(), RechercheRapide(), Favoris()};
   for (const QString &categories : TableAdresse(base).Categories())
     for (const QString &nom : categories.split(u'*', Qt::SkipEmptyParts)) {
       if (connues.contains(nom)) continue;
@@ -26,4 +24,10 @@ QStringList ListerCategories(Base &base, bool rechercheRapide) {
       entrees.append(nom);
     }
   return entrees;
+}
+
+QStringList ListerCategories(Base &base, bool rechercheRapide) {
+  QStringList entrees{ToutesCategories()};
+  if (rechercheRapide) entrees.prepend(RechercheRapide());
+  return entrees + ListerCategories(base);
 }

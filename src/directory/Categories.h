@@ -36,7 +36,10 @@ using RegleCategories = std::function<QString(const QString &)>;
 /// `*Amis*` less Ami is `*s*`, and `*Ami*` leaves a lone star.
 QString SansCategorie(QString categories, const QString &nom);
 
-/// The entries of a list: the pseudo-entries at its head, then the categories in the order in which
-/// the table first holds them. `rechercheRapide`: a quick search is on, its entry comes first.
-/// While the base is closed there are the pseudo-entries alone. Throws `ErreurBase`.
+/// The favourites, then the categories in the order in which the table first holds them; while the
+/// base is closed the favourites alone. Throws `ErreurBase`.
+QStringList ListerCategories(Base &base);
+
+/// The same behind the pseudo-entries of the list of correspondents. `rechercheRapide`: a quick
+/// search is on, its entry comes first.
 QStringList ListerCategories(Base &base, bool rechercheRapide);

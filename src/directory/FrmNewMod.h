@@ -61,6 +61,8 @@ class FrmNewMod : public QDialog {
   void FormaterNumeros();
   QString MarqueDeProtection() const;
   void QuitterChamp(const QObject *champ);
+  /// The picker stands on the date in the field, or on today.
+  void MontrerNaissance();
   void ImprimerPuisValider();
   void ChoisirPhoto();
 

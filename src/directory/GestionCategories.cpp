@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 bool EstReservee(const QString &nom) {
-  return nom == Favoris() || nom == ToutesCategories();
+  return nom == Favoris() || !EstEnregistree(nom);
 }
 
 QStringList Noms(const QString &categories) {
@@ -57,10 +57,10 @@ void GestionCategories::RemplirCombo(const QStringList &categories) {
 }
 
 void GestionCategories::Remplir() {
-  const QStringList categories = ListerCategories(*base_, false);
+  const QStringList categories = ListerCategories(*base_);
   RemplirCombo(categories);
   ui_->LstCat->clear();
-  ui_->LstCat->addItems(categories.mid(1));  // all but the pseudo-category at the head
+  ui_->LstCat->addItems(categories);
 }
 
 void GestionCategories::Montrer(const QString &categories) {
@@ -114,10 +114,10 @@ void GestionCategories::Enregistrer() {
     boites_->Information(u"Catégorie déjà listée !"_s);
     return;
   }
-  if (nom.isEmpty() || EstReservee(nom)) return;
+  if (nom.trimmed().isEmpty() || EstReservee(nom)) return;
   ui_->LstCat->addItem(nom);
   Listee(nom)->setSelected(true);
-  RemplirCombo(ListerCategories(*base_, false));
+  RemplirCombo(ListerCategories(*base_));
 }
 
 void GestionCategories::ModifierOuSupprimer() {
@@ -163,8 +163,7 @@ void GestionCategories::Balayer(const QString &nom, const RegleCategories &regle
   for (QString *categories : {&montrees_, &marquees})
     if (categories->contains(nom)) *categories = regle(*categories);
   for (const QString &nouvelle : Noms(marquees))  // one that no record holds yet
-    if (Listee(nouvelle) == nullptr && nouvelle != RechercheRapide())
-      ui_->LstCat->addItem(nouvelle);
+    if (Listee(nouvelle) == nullptr && EstEnregistree(nouvelle)) ui_->LstCat->addItem(nouvelle);
   Marquer(marquees);
   changees_(regle);
 }
@@ -172,7 +171,13 @@ void GestionCategories::Balayer(const QString &nom, const RegleCategories &regle
 void GestionCategories::Renommer(const QString &nom) {
   ui_->CboCat->setEditText(u""_s);
   const auto nouveau = boites_->Saisie(Boites::Titre(), u"Faites votre modification :"_s, nom);
-  if (!nouveau || nouveau->isEmpty()) return;
+  if (!nouveau || nouveau->trimmed().isEmpty()) return;
+  if (!EstEnregistree(*nouveau)) {
+    boites_->Information(
+        u"Le nom « %1 » est réservé au programme.\nLa catégorie garde le sien : choisissez-en un autre."_s
+            .arg(*nouveau));
+    return;
+  }
   Balayer(nom, [&](QString categories) { return categories.replace(nom, *nouveau); });
   ui_->LstCat->setFocus();
 }
