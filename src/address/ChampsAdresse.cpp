@@ -1,6 +1,8 @@
 #include "address/ChampsAdresse.h"
 
+#include "address/ChaineAdresse.h"
 #include "address/FrmCP.h"
+#include "ui/DebutVisible.h"
 #include "ui/FondAuFocus.h"
 #include "ui/Garde.h"
 #include "ui_ChampsAdresse.h"
@@ -22,6 +24,7 @@ ChampsAdresse::ChampsAdresse(QWidget *parent)
   // Nothing of a stored line is cut by being shown.
   for (QLineEdit *champ : findChildren<QLineEdit *>())
     champ->setMaxLength(std::numeric_limits<int>::max());
+  for (QLineEdit *champ : Lignes()) new DebutVisible(champ);
   ui_->Opt_0->setChecked(true);
 }
 
@@ -33,7 +36,7 @@ void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, i
   appPath_ = appPath;
   ui_->CboTitre->Relier(boites, appPath, ui_->Txt_0);
   ui_->CboVille->Relier(boites, base, ui_->Txt_5);
-  for (QLineEdit *champ : txt_) new FondAuFocus(champ, gris);
+  for (QLineEdit *champ : Lignes()) new FondAuFocus(champ, gris);
   ui_->Image3->setObjectName(imageFrancaise);
 
   connect(ui_->CmdCP, &QPushButton::clicked, this, Garde(boites, [this](bool) { ChercherCode(); }));
@@ -86,6 +89,29 @@ AdresseSaisie ChampsAdresse::Adresse() const {
   return adresse;
 }
 
+QList<QLineEdit *> ChampsAdresse::Lignes() const {
+  QList<QLineEdit *> lignes(txt_.begin(), txt_.end());
+  lignes.insert(kPays, ui_->CboVille->lineEdit());  // in the order of the window
+  return lignes;
+}
+
+bool ChampsAdresse::Accepter() {
+  ui_->CboTitre->Conclure();
+  QLineEdit *premier = nullptr;
+  for (QLineEdit *champ : Lignes()) {
+    const QString propre = SansSeparateurs(champ->text());
+    if (propre == champ->text()) continue;
+    champ->setText(propre);
+    if (premier == nullptr) premier = champ;
+  }
+  if (premier == nullptr) return true;
+  boites_->Information(
+      u"Les caractères « $ » et « * » sont interdits dans une adresse.\n"
+      "Ils en ont été retirés : vérifiez l'adresse, puis validez de nouveau."_s);
+  premier->setFocus();
+  return false;
+}
+
 void ChampsAdresse::Verrouiller(bool verrouille) {
   for (QLineEdit *champ : txt_) champ->setReadOnly(verrouille);
   ui_->CboVille->Verrouiller(verrouille);
@@ -111,8 +137,6 @@ void ChampsAdresse::PrendreFocus() {
 }
 
 void ChampsAdresse::ChercherCode() {
-  ui_->Txt_5->clear();
-  ui_->CboVille->setEditText(u""_s);
   FrmCP dialogue(*boites_, appPath_, window());
   if (dialogue.exec() != QDialog::Accepted || !dialogue.Choix()) return;
   ui_->Txt_5->setText(dialogue.Choix()->Code());

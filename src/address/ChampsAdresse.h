@@ -4,6 +4,7 @@
 #include "platform/Boites.h"
 #include "storage/Base.h"
 
+#include <QList>
 #include <QWidget>
 
 #include <array>
@@ -36,6 +37,11 @@ class ChampsAdresse : public QWidget {
   /// The order of the postal line stays.
   void Vider();
 
+  /// Ends the entry: a title that was typed stands in front of the name. False where a field holds
+  /// a sign that no address may hold ("*", "$"): the user has been told, the signs are out, and the
+  /// first of those fields has the focus. Whoever takes the address asks this first.
+  bool Accepter();
+
   /// Shows the address without letting it be changed, or opens it for entry.
   void Verrouiller(bool verrouille);
   void MontrerTitres(bool montres);
@@ -51,6 +57,8 @@ class ChampsAdresse : public QWidget {
   void OptionChoisie(OptionCP option);
 
  private:
+  /// All fields of one line, the town among them.
+  QList<QLineEdit *> Lignes() const;
   void ChercherCode();
   void ChoisirOption(OptionCP option);
   void CocherOption(OptionCP option);

@@ -36,8 +36,10 @@ void FrmCP::Chercher() {
 }
 
 void FrmCP::Prendre() {
-  const auto choisis = ui_->LstCP->selectedItems();
-  if (!choisis.isEmpty()) choix_ = trouves_[ui_->LstCP->row(choisis.constFirst())];
+  // The row that the keyboard has reached need not be selected.
+  const QListWidgetItem *ligne =
+      ui_->LstCP->hasFocus() ? ui_->LstCP->currentItem() : ui_->LstCP->selectedItems().value(0);
+  if (ligne != nullptr) choix_ = trouves_[ui_->LstCP->row(ligne)];
   accept();
 }
 

@@ -2,16 +2,17 @@
 
 #include "platform/Saisie.h"
 #include "storage/Conflits.h"
+#include "storage/Noms.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
+#include "ui/DebutVisible.h"
 #include "ui/Guillemet.h"
 #include "ui/Sablier.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmNewMod.h"
 
-#include <QCalendarWidget>
 #include <QDir>
 #include <QEvent>
 
@@ -39,9 +40,11 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
   ui_->Champs->Relier(boites, session_.base, session_.dossiers.AppPath, kGris, u"Image3"_s);
   ui_->Categories->Relier(boites, session_.plateforme.horloge, session_.base,
                           contexte_.categoriesChangees);
-  ui_->DTP->setDate(session_.plateforme.horloge.Maintenant().date());
   // Nothing of a stored field is cut by being shown.
-  for (const Champ &champ : Champs()) champ.ligne->setMaxLength(std::numeric_limits<int>::max());
+  for (const Champ &champ : Champs()) {
+    champ.ligne->setMaxLength(std::numeric_limits<int>::max());
+    new DebutVisible(champ.ligne);
+  }
   Brancher();
 }
 
@@ -64,10 +67,8 @@ void FrmNewMod::Brancher() {
   });
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
-  const auto choisir = [this](QDate jour) { ui_->TxtDN->setText(jour.toString(u"dd/MM/yyyy"_s)); };
-  connect(ui_->DTP, &QDateEdit::userDateChanged, this, choisir);
-  // Also the day that it shows already.
-  connect(ui_->DTP->calendarWidget(), &QCalendarWidget::clicked, this, choisir);
+  connect(ui_->DTP, &ChoixDate::Choisie, this,
+          [this](QDate jour) { ui_->TxtDN->setText(EcritureDate(jour)); });
 }
 
 QList<FrmNewMod::Champ> FrmNewMod::Champs() const {
@@ -81,6 +82,7 @@ void FrmNewMod::Montrer(const Correspondant &fiche) {
   saisie_ = {.montree = fiche, .fiche = fiche};
   photo_ = fiche.Photo;
   for (const auto &[ligne, texte] : Champs()) ligne->setText(fiche.*texte);
+  MontrerNaissance();
   ui_->ChkR_0->setChecked(fiche.ListeRougeTel);
   ui_->ChkR_1->setChecked(fiche.ListeRougeTravail);
   ui_->ChkDP->setChecked(!fiche.DataProt.isEmpty());
@@ -100,6 +102,7 @@ void FrmNewMod::ProposerImpression(std::function<void(const Correspondant &)> im
 }
 
 void FrmNewMod::ImprimerPuisValider() {
+  if (!ui_->Champs->Accepter()) return;
   Prendre();
   imprimer_(saisie_.fiche);
   Valider();
@@ -115,15 +118,16 @@ void FrmNewMod::Valider() {
   }
   if (nom.isEmpty()) {
     if (boites.Question(u"Répertoire inchangé"_s,
-                        u"Vous n'avez pas entré de nom !\nDésirez-vous annuler?"_s) ==
-        Boites::Reponse::Oui)
+                        u"Vous n'avez pas entré de nom !\nDésirez-vous annuler?"_s,
+                        Boites::Reponse::Non) == Boites::Reponse::Oui)
       reject();
     else
       ui_->txtName->setFocus();
     return;
   }
+  if (!ui_->Champs->Accepter()) return;
   Prendre();
-  saisie_.acceptee = !nom.trimmed().isEmpty();
+  saisie_.acceptee = !EstSansNom(nom);
   if (const Correspondant &fiche = saisie_.fiche; !fiche.Ville.isEmpty())
     SousSablier([&] { TableVille(session_.base).Enregistrer(fiche.Ville, fiche.CodePostal); });
   accept();
@@ -185,8 +189,15 @@ bool FrmNewMod::eventFilter(QObject *objet, QEvent *evenement) {
 void FrmNewMod::QuitterChamp(const QObject *champ) {
   const QString web = ui_->TxtWeb->text(), date = ui_->TxtDN->text();
   if (champ == ui_->TxtWeb && web == kDebutWeb && web != depart_.Web) ui_->TxtWeb->clear();
-  if (champ == ui_->TxtDN && !DateSaisie(date).isValid() && date != depart_.DDN)
-    ui_->TxtDN->clear();
+  if (champ != ui_->TxtDN) return;
+  if (date != depart_.DDN) ui_->TxtDN->setText(EcritureDate(DateSaisie(date)));
+  MontrerNaissance();
+}
+
+void FrmNewMod::MontrerNaissance() {
+  const QDate naissance = DateSaisie(ui_->TxtDN->text());
+  ui_->DTP->setDate(naissance.isValid() ? naissance
+                                        : session_.plateforme.horloge.Maintenant().date());
 }
 
 void FrmNewMod::ChoisirPhoto() {

@@ -14,6 +14,10 @@ QDate DateSaisie(const QString &texte) {
   return {annee, trouve.captured(2).toInt(), trouve.captured(1).toInt()};
 }
 
+QString EcritureDate(QDate date) {
+  return date.toString(u"dd/MM/yyyy"_s);
+}
+
 QString SansBlancs(QStringView texte) {
   while (texte.startsWith(u' ')) texte = texte.mid(1);
   while (texte.endsWith(u' ')) texte.chop(1);

@@ -8,6 +8,9 @@
 /// Anything else is no date and gives an invalid one.
 QDate DateSaisie(const QString &texte);
 
+/// A date as it is stored, jj/mm/aaaa; empty for one that is none.
+QString EcritureDate(QDate date);
+
 /// The text without the blanks at its ends. Only blanks: a tab is a character of a name.
 QString SansBlancs(QStringView texte);
 

@@ -9,17 +9,22 @@ FondAuFocus::FondAuFocus(QLineEdit *champ, int gris) : QObject(champ), champ_(ch
 }
 
 bool FondAuFocus::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::FocusIn) {
-    QPalette palette;
-    const QColor fond = palette.color(QPalette::Base);
-    const int ecart = 255 - gris_;
-    palette.setColor(QPalette::Base,
-                     EstSombre(fond)
-                         ? QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart)
-                         : QColor(gris_, gris_, gris_));
-    champ_->setPalette(palette);
-  } else if (evenement->type() == QEvent::FocusOut) {
-    champ_->setPalette(QPalette());
-  }
+  const auto type = evenement->type();
+  if (type == QEvent::FocusIn || type == QEvent::FocusOut || type == QEvent::ReadOnlyChange)
+    Peindre(type == QEvent::FocusIn);
   return QObject::eventFilter(objet, evenement);
+}
+
+void FondAuFocus::Peindre(bool focus) {
+  QPalette palette;
+  const QColor fond = palette.color(QPalette::Base);
+  const int ecart = 255 - gris_;
+  if (champ_->isReadOnly())
+    palette.setColor(QPalette::Base, palette.color(QPalette::Window));
+  else if (focus && EstSombre(fond))
+    palette.setColor(QPalette::Base,
+                     QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart));
+  else if (focus)
+    palette.setColor(QPalette::Base, QColor(gris_, gris_, gris_));
+  champ_->setPalette(palette);
 }

@@ -2,8 +2,9 @@
 
 #include <QLineEdit>
 
-/// Tints the ground of a field while it has the focus, so that the eye finds it: a light grey on a
-/// light theme, as much lighter than the field on a dark one.
+/// The ground of a field tells what can be done with it: tinted while it has the focus, so that the
+/// eye finds it, a light grey on a light theme, as much lighter than the field on a dark one; that
+/// of the window while it is read-only.
 class FondAuFocus : public QObject {
   Q_OBJECT
 
@@ -15,6 +16,8 @@ class FondAuFocus : public QObject {
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
+  void Peindre(bool focus);
+
   QLineEdit *champ_;
   int gris_;
 };

@@ -6,9 +6,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDateEdit>
 #include <QHash>
 #include <QImage>
 #include <QLineEdit>
@@ -203,6 +205,15 @@ void Declencher(QAction *action) {
   action->trigger();
 }
 
+void ChoisirJour(QDateEdit *date, const QDate &jour) {
+  date->setFocus(Qt::TabFocusReason);
+  Frapper(date, FrappeNommee(u"Espace"_s));
+  QCalendarWidget *calendrier = date->calendarWidget();
+  Exiger(calendrier->isVisible(), u"an open calendar expected, none found"_s);
+  calendrier->setSelectedDate(jour);
+  Frapper(calendrier->findChild<QAbstractItemView *>(), FrappeNommee(u"Entree"_s));
+}
+
 }  // namespace
 
 void Cliquer(const Controle &controle, Clic clic) {
@@ -250,6 +261,10 @@ bool CocheEstPeinte(const Controle &controle, const QModelIndex &element) {
 }
 
 void Choisir(const Controle &controle, const Mot &mot) {
+  if (auto *date = controle.En<QDateEdit>()) {
+    ChoisirJour(date, QDate::fromString(mot.texte, u"dd/MM/yyyy"_s));
+    return;
+  }
   const QModelIndex element = Element(controle, mot);
   if (auto *combo = controle.En<QComboBox>()) {
     // By the open list, so that the program hears of a choice of what was chosen already.
