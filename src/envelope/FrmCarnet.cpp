@@ -179,9 +179,9 @@ void FrmCarnet::OuvrirPlusieurs() {
   }
   if (!disparus.isEmpty())
     session_.plateforme.boites.Attention(
-        u"Ces correspondants cochés ne sont plus dans le répertoire : un autre utilisateur les a "
-        "supprimés ou protégés entre-temps. Aucune enveloppe n'est imprimée pour eux.\n\n"_s +
-        disparus.join(u'\n'));
+        u"Aucune enveloppe ne sera imprimée pour :\n\n"_s + disparus.join(u'\n') +
+        u"\n\nCe qui était coché ici a été supprimé ou protégé entre-temps par un autre "
+        "utilisateur."_s);
   accept();
 }
 
