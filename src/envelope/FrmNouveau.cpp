@@ -132,6 +132,7 @@ void FrmNouveau::showEvent(QShowEvent *evenement) {
 }
 
 void FrmNouveau::Ecrire() {
+  if (!ui_->Champs->Accepter()) return;
   zones_.OublierCommentaire();
   const AdresseComposee adresse = ComposerAdresse(ui_->Champs->Adresse());
   if (mode_ == Mode::Expediteurs) {
@@ -163,6 +164,7 @@ void FrmNouveau::closeEvent(QCloseEvent *evenement) {
 }
 
 void FrmNouveau::EnregistrerAdresse() {
+  if (!ui_->Champs->Accepter()) return;
   if (QWidget *vide = ui_->Champs->PremierVide();
       vide != nullptr &&
       session_.plateforme.boites.Question(
@@ -178,6 +180,7 @@ void FrmNouveau::EnregistrerAdresse() {
 }
 
 void FrmNouveau::EnregistrerExpediteur() {
+  if (!ui_->Champs->Accepter()) return;
   if (QWidget *vide = ui_->Champs->PremierVide()) {
     session_.plateforme.boites.Information(
         u"Un ou plusieurs champs indispensables ne sont pas renseignés."_s);
