@@ -165,10 +165,11 @@ void FrmOptionsAnn::SignalerSansDate(const QList<EvenementJoint> &evenements) {
     lignes.append(u"%1 - %2 : « %3 »"_s.arg(joint.Nom, joint.Type_alerte, joint.evenement.Date));
   session_.plateforme.boites.Message(
       Boites::Genre::Attention, kTitre,
-      u"La date de %1 alerte(s) n'existe pas ; rien ne pourra être signalé :\n\n"_s.arg(
-          lignes.size()) +
+      (lignes.size() == 1
+           ? u"Cette alerte ne peut pas être signalée, car sa date n'existe pas :\n\n"_s
+           : u"Ces alertes ne peuvent pas être signalées, car leur date n'existe pas :\n\n"_s) +
           Abreger(lignes).join(u'\n') +
-          u"\n\nChoisissez l'alerte dans la liste, et enregistrez-la avec sa date."_s);
+          u"\n\nCliquez dans la liste sur l'alerte à corriger, et enregistrez-la avec une autre date."_s);
 }
 
 void FrmOptionsAnn::EnregistrerOptions() {

@@ -34,9 +34,8 @@ QString Reserves(const BilanImport &bilan) {
         "Copiez de nouveau le fichier entier, puis recommencez."_s.arg(*bilan.coupe);
   if (!bilan.douteux.isEmpty())
     texte +=
-        u"\n\n%1 velmira(s) ont été ajoutés sous un nom où « ? » remplace sans doute un caractère "
-        "que le fichier n'a pas pu contenir. Corrigez-les s'il le faut :\n"_s.arg(
-            bilan.douteux.size()) +
+        u"\n\n%1 velmira(s) ajouté(s) sous un nom où « ? » remplace sans doute un caractère que le "
+        "fichier n'a pas pu contenir ; à corriger s'il le faut :\n"_s.arg(bilan.douteux.size()) +
         Abreger(bilan.douteux).join(u'\n');
   return texte;
 }

@@ -179,7 +179,7 @@ class Fusion {
     });
   }
 
-  /// Gives the name when it is added and may have lost characters.
+  /// Gives how the name begins when it is added and may have lost characters.
   std::optional<QString> Integrer(const Fiche &fiche) {
     const QString &nom = fiche.lignes.first();
     if (const auto connu = Connu(EnCapitales(nom))) {
@@ -187,7 +187,7 @@ class Fusion {
       return std::nullopt;
     }
     premiers_.insert(EnCapitales(nom), Ajouter(fiche));
-    return nom.contains(u'?') ? std::optional(nom) : std::nullopt;
+    return nom.contains(u'?') ? std::optional(Debut(nom)) : std::nullopt;
   }
 
  private:
@@ -273,7 +273,7 @@ BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance 
   const auto suivante = [&]() -> std::optional<Fiche> {
     auto fiche = FicheSuivante(lecteur);
     if (!fiche || fiche->entiere) return fiche;
-    bilan.coupe = fiche->lignes.constFirst();
+    bilan.coupe = Debut(fiche->lignes.constFirst());
     return std::nullopt;
   };
   auto fiche = suivante();

@@ -22,8 +22,8 @@ std::optional<Exportation> ExporterVelmiras(Base &base, const Avance &avance);
 struct BilanImport {
   qsizetype traites = 0;         ///< records of the file that were added or merged
   bool arrete = false;           ///< records were left
-  std::optional<QString> coupe;  ///< name of the record that the end of the file cuts off
-  QStringList douteux;           ///< names added in which a "?" may stand for a character lost
+  std::optional<QString> coupe;  ///< how the name begins of the record that the end cuts off
+  QStringList douteux;           ///< how names begin that were added with a doubtful "?"
 };
 
 /// Merges the content of a file into the table. The name is what a record is known by, in upper or
