@@ -195,7 +195,7 @@ ReglagesPlomex ReglagesTirage() {
 
 void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
   const ContenuEnveloppe contenu{kExpediteur.join(u'\n'), Destinataire(numero).join(u'\n'), false};
-  ImprimerPage(imprimante, Imprimante::NomPdf(), ReglagesTirage(), EtatEnveloppe(), contenu);
+  ImprimerPlis(imprimante, Imprimante::NomPdf(), ReglagesTirage(), {{EtatEnveloppe(), contenu}});
 }
 
 template <typename Imprimer>
@@ -264,7 +264,8 @@ int MemoireEnveloppes() {
     adresses.append(ComposerAdresse(adresse));
   }
   const auto imprimer = [&] {
-    ImprimerPage(imprimante, Imprimante::NomPdf(), session.reglages.plomex, etat, zones.Contenu());
+    ImprimerPlis(imprimante, Imprimante::NomPdf(), session.reglages.plomex,
+                 {{etat, zones.Contenu()}});
     return true;
   };
   ImpressionMultiple(session, zones, imprimer, &vue).Imprimer(adresses);

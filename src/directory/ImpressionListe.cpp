@@ -191,7 +191,6 @@ FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
                             const ChoixListe &choix, const LectureListe &lire) {
   const auto document =
       imprimante.Ouvrir(imprimante.ParDefaut(), {.nom = u"Liste"_s, .margeFichier = kMargeFichier});
-  if (document == nullptr) return {};
   Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
   for (qsizetype rang = 0; rang < Imprimes(cadre); ++rang) {

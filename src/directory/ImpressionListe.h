@@ -45,6 +45,7 @@ using LectureListe = std::function<std::optional<Correspondant>(qsizetype rang)>
 
 /// Prints the list on the system's default printer; each correspondent is read when its turn has
 /// come. `Echouee` also where it was given up: then, and when `lire` throws, nothing of it is
-/// printed. Needs no window and no event loop, so that any thread may run it.
+/// printed. Throws `Erreur` where no printer answers. Needs no window and no event loop, so that
+/// any thread may run it.
 FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
                             const ChoixListe &choix, const LectureListe &lire);

@@ -7,6 +7,7 @@
 #include "ui/Theme.h"
 #include "ui_FrmConfigure.h"
 
+#include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QKeyEvent>
 
@@ -26,6 +27,7 @@ constexpr double kEchelle = 4;  // millimetres of a setting for one of the pictu
 constexpr double kBacGauche = 50;  // left end of the picture
 constexpr double kCourt = 52, kLong = 75;
 constexpr double kHautPortrait = 6, kHautPaysage = 21;
+constexpr double kIndice = 5;  // height of the hint, beside the edge of the sheet that it names
 constexpr double kGauchePortrait = 63, kGauchePaysage = 53;
 constexpr double kGauchePortraitChoisi = 65, kGauchePaysageChoisi = 52;
 constexpr QRectF kZoneAdresse(20, 12.5, 24, 9), kZoneExpediteur(0.5, 1.25, 16, 6);
@@ -47,8 +49,8 @@ bool TientSur16Bits(int valeur) {
 
 }  // namespace
 
-FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
-                           const ReglagesPlomex &plomex, QWidget *parent)
+FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const ReglagesPlomex &plomex,
+                           QWidget *parent)
     : QDialog(parent), boites_(boites), ui_(std::make_unique<Ui::FrmConfigure>()), plomex_(plomex) {
   ui_->setupUi(this);
   auto *bords = new QButtonGroup(this);
@@ -57,8 +59,9 @@ FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
   auto *positions = new QButtonGroup(this);
   for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB}) positions->addButton(position);
   ui_->CboPrint->lineEdit()->setReadOnly(true);
-  Peindre(ui_->Pct, Qt::white);
-  Peindre(ui_->PctCB, QColor(245, 236, 210, 120));  // the hint shows through
+  ui_->CboPrint->installEventFilter(this);
+  Peindre(ui_->Feuille, Qt::white);
+  Peindre(ui_->PctCB, QColor(245, 236, 210));
   for (QWidget *zone : {ui_->EtqA, ui_->EtqE}) Peindre(zone, QColor(205, 225, 240));
 
   const std::array champs{ui_->TxtMH, ui_->TxtMD, ui_->TxtAX, ui_->TxtAY, ui_->TxtEX, ui_->TxtEY};
@@ -66,7 +69,14 @@ FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
     new SelectionAuFocus(champ);
     champ->installEventFilter(this);
   }
-  Montrer(imprimantes);
+  ProposerImprimantes(imprimante.NomsConnus());
+  Montrer();
+  imprimante.Demander(this, [this, &imprimante](bool repondu) {
+    if (repondu) ProposerImprimantes(imprimante.NomsConnus());
+    ui_->LblRecherche->setText(repondu ? QString()
+                                       : u"Le serveur d'impression ne répond pas : seules les "
+                                         "imprimantes déjà connues sont proposées."_s);
+  });
 
   for (QLineEdit *champ : champs)
     connect(champ, &QLineEdit::textChanged, this, &FrmConfigure::Dessiner);
@@ -92,12 +102,24 @@ FrmConfigure::FrmConfigure(Boites &boites, const QStringList &imprimantes,
 
 FrmConfigure::~FrmConfigure() = default;
 
-void FrmConfigure::Montrer(const QStringList &imprimantes) {
-  ui_->CboPrint->addItems(imprimantes);
-  const QString imprimante =
-      NomComplet(imprimantes, plomex_.Imprimante, kLongueurImprimante).value_or(plomex_.Imprimante);
-  ui_->CboPrint->setCurrentIndex(static_cast<int>(imprimantes.indexOf(imprimante)));
+void FrmConfigure::ProposerImprimantes(const QStringList &noms) {
+  const QString montree =
+      ui_->CboPrint->count() == 0 ? plomex_.Imprimante : ui_->CboPrint->currentText();
+  const QString imprimante = NomComplet(noms, montree, kLongueurImprimante).value_or(montree);
+  ui_->CboPrint->clear();
+  ui_->CboPrint->addItems(noms);
+  ui_->CboPrint->setCurrentIndex(static_cast<int>(noms.indexOf(imprimante)));
   ui_->CboPrint->setEditText(imprimante);  // also one that is gone
+}
+
+void FrmConfigure::ChercherImprimante(const QString &lettres) {
+  QAbstractItemView *vue = ui_->CboPrint->view();
+  vue->setCurrentIndex(ui_->CboPrint->model()->index(ui_->CboPrint->currentIndex(), 0));
+  vue->keyboardSearch(lettres);
+  if (vue->currentIndex().isValid()) ui_->CboPrint->setCurrentIndex(vue->currentIndex().row());
+}
+
+void FrmConfigure::Montrer() {
   ui_->TxtMH->setText(Texte(plomex_.MargeHaute));
   ui_->TxtMD->setText(Texte(plomex_.MargeDroite));
   ui_->TxtAX->setText(Texte(plomex_.MargeMAX));
@@ -131,7 +153,12 @@ void FrmConfigure::ChangerVue(bool portrait, double gauche) {
   const double k = PixelsParMillimetre(*this);
   const QRectF feuille(gauche - kBacGauche, portrait ? kHautPortrait : kHautPaysage,
                        portrait ? kCourt : kLong, portrait ? kLong : kCourt);
-  ui_->Pct->setGeometry(QRectF(feuille.topLeft() * k, feuille.size() * k).toRect());
+  const QRectF avecIndice = feuille.adjusted(0, portrait ? -kIndice : 0, 0, portrait ? 0 : kIndice);
+  const auto pixels = [k](const QRectF &place) {
+    return QRectF(place.topLeft() * k, place.size() * k).toRect();
+  };
+  ui_->Pct->setGeometry(pixels(avecIndice));
+  ui_->Feuille->setGeometry(pixels(feuille.translated(-avecIndice.topLeft())));
   ui_->LblNote->setVisible(!portrait);
   ui_->PctOpt->setVisible(!portrait);
   EcrireIndice();
@@ -139,7 +166,7 @@ void FrmConfigure::ChangerVue(bool portrait, double gauche) {
 }
 
 void FrmConfigure::EcrireIndice() {
-  // At the edge that the hint speaks of, or beside the arrow's way.
+  // Beside the edge that the hint speaks of, where the envelope never lies.
   ui_->Pct->setAlignment(Qt::AlignLeft | (ui_->Opt1->isChecked() ? Qt::AlignTop : Qt::AlignBottom));
   ui_->Pct->setText(ui_->Opt1->isChecked() ? u"  Haut de la feuille A4 dans le bac"_s
                     : ui_->OptG->isChecked()
@@ -161,15 +188,20 @@ void FrmConfigure::Dessiner() {
 }
 
 bool FrmConfigure::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::KeyPress) {
-    const QString signe = static_cast<QKeyEvent *>(evenement)->text();
-    if (signe == u"+"_s || signe == u"-"_s) {
-      auto *champ = static_cast<QLineEdit *>(objet);
-      champ->setText(QString::number(Valeur(champ) + (signe == u"+"_s ? 1 : -1)));
-      return true;
-    }
+  if (evenement->type() != QEvent::KeyPress) return QDialog::eventFilter(objet, evenement);
+  const QString frappe = static_cast<QKeyEvent *>(evenement)->text();
+  if (objet == ui_->CboPrint) {
+    if (frappe.isEmpty() || !frappe.front().isPrint()) return false;
+    ChercherImprimante(frappe);
+    return true;
   }
-  return QDialog::eventFilter(objet, evenement);
+  if (frappe != u"+"_s && frappe != u"-"_s) return false;
+  auto *champ = static_cast<QLineEdit *>(objet);
+  const int valeur = Valeur(champ) + (frappe == u"+"_s ? 1 : -1);
+  champ->setText(QString::number(valeur));
+  // What is typed next takes the place of the digits: the sign may have been meant as one.
+  champ->setSelection(valeur < 0 ? 1 : 0, static_cast<int>(champ->text().size()));
+  return true;
 }
 
 void FrmConfigure::Confirmer() {

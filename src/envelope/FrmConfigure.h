@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Boites.h"
+#include "platform/Imprimante.h"
 #include "storage/Reglages.h"
 
 #include <QDialog>
@@ -8,6 +9,7 @@
 #include <memory>
 
 class Deplacable;
+class QKeyEvent;
 class QLineEdit;
 
 namespace Ui {
@@ -20,8 +22,8 @@ class FrmConfigure : public QDialog {
   Q_OBJECT
 
  public:
-  /// `imprimantes` are the names that can be chosen.
-  FrmConfigure(Boites &boites, const QStringList &imprimantes, const ReglagesPlomex &plomex,
+  /// Offers the printers that are known, and asks the system for them meanwhile.
+  FrmConfigure(Boites &boites, Imprimante &imprimante, const ReglagesPlomex &plomex,
                QWidget *parent);
   ~FrmConfigure() override;
 
@@ -32,7 +34,10 @@ class FrmConfigure : public QDialog {
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
-  void Montrer(const QStringList &imprimantes);
+  void Montrer();
+  void ProposerImprimantes(const QStringList &noms);
+  /// The combo goes to the next printer that begins with what is typed.
+  void ChercherImprimante(const QString &lettres);
   void BrancherMarqueur(Deplacable *marqueur, QLineEdit *x, QLineEdit *y);
   /// The form for portrait or landscape; `gauche` is the left end of the sheet, in millimetres.
   void ChangerVue(bool portrait, double gauche);

@@ -25,6 +25,7 @@
 #include "ui_FrmPlomex.h"
 
 #include <QCloseEvent>
+#include <QFontDatabase>
 #include <QScopeGuard>
 
 #include <optional>
@@ -98,6 +99,9 @@ void FrmPlomex::Brancher() {
 void FrmPlomex::Charger() {
   for (const FormatEnveloppe &format : kFormatsEnveloppe)
     ui_->CboFormat->addItem(QString::fromUtf16(format.libelle));
+  QFont chasseFixe;  // blanks make the columns of the list
+  chasseFixe.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
+  ui_->CboFormat->setFont(chasseFixe);
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
   ui_->LblDocument->hide();
   Signaler(session_.plateforme.boites, [this] { CompleterNoms(); });
@@ -109,7 +113,7 @@ void FrmPlomex::Charger() {
 }
 
 void FrmPlomex::CompleterNoms() {
-  // The system is asked only where it has to be: a print server may be slow to answer.
+  // The system is asked only where it has to be: it may be slow to answer.
   const auto completer = [this](QString &nom, qsizetype longueur, const auto &noms) {
     if (!PeutEtreAbrege(nom, longueur)) return;
     if (const auto complet = NomComplet(noms(), nom, longueur))
@@ -118,10 +122,16 @@ void FrmPlomex::CompleterNoms() {
       introuvables_.append(nom);
   };
   ReglagesPlomex &plomex = session_.reglages.plomex;
-  completer(plomex.Imprimante, kLongueurImprimante,
-            [this] { return session_.plateforme.imprimante.Noms(); });
   for (QString *police : {&plomex.PoliceA, &plomex.PoliceE})
     completer(*police, kLongueurPolice, [this] { return session_.plateforme.polices.Familles(); });
+  if (!PeutEtreAbrege(plomex.Imprimante, kLongueurImprimante)) return;
+  Imprimante &imprimante = session_.plateforme.imprimante;
+  imprimante.Demander(this, [this, completer, &imprimante](bool repondu) {
+    if (!repondu) return;
+    completer(session_.reglages.plomex.Imprimante, kLongueurImprimante,
+              [&imprimante] { return imprimante.NomsConnus(); });
+    MajEtiquettes();
+  });
 }
 
 QString FrmPlomex::AvecMarque(const QString &nom) const {
@@ -280,8 +290,7 @@ void FrmPlomex::ImprimerPlusieurs() {
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
   if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
   auto refus = qScopeGuard([this, avant = zones_.Montree()] { zones_.Remontrer(avant); });
-  ImpressionMultiple run(
-      session_, zones_, [this] { return tirage_->Imprimer(); }, this);
+  ImpressionMultiple run(session_, zones_, *tirage_, this);
   if (!run.Imprimer(carnet.Adresses())) return;
   refus.dismiss();
   zones_.ViderAdresse();
@@ -315,11 +324,10 @@ void FrmPlomex::Apercu() {
 }
 
 void FrmPlomex::Configurer() {
-  auto sablier = std::make_optional<Sablier>();  // a print server may be slow to answer
-  FrmConfigure dialogue(session_.plateforme.boites, session_.plateforme.imprimante.Noms(),
+  FrmConfigure dialogue(session_.plateforme.boites, session_.plateforme.imprimante,
                         session_.reglages.plomex, this);
-  sablier.reset();
   if (dialogue.exec() != QDialog::Accepted) return;
+  if (dialogue.Saisie().Imprimante != session_.reglages.plomex.Imprimante) tirage_->Oublier();
   session_.reglages.plomex = dialogue.Saisie();
   MajEtiquettes();
 }

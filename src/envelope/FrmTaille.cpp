@@ -4,6 +4,8 @@
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmTaille.h"
 
+#include <QLocale>
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -11,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString TexteTaille(Millimetres taille) {
-  return QString::number(taille.valeur).replace(u'.', u',');
+  return QString::number(taille.valeur, 'f', QLocale::FloatingPointShortest).replace(u'.', u',');
 }
 
 Millimetres Taille(const QString &texte) {

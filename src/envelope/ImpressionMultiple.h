@@ -1,29 +1,29 @@
 #pragma once
 
 #include "address/ChaineAdresse.h"
+#include "envelope/Tirage.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 
 #include <QList>
 
-#include <functional>
-#include <utility>
-
-/// A run of envelopes, one for each address, four seconds apart so that the printer can follow. A
-/// small window tells how far it is and stops it; nothing else can be started meanwhile.
+/// A run of envelopes, one for each address. On paper they come four seconds apart so that the
+/// printer can follow: a small window tells how far it is and stops it; nothing else can be started
+/// meanwhile. A run to "PDF" is one file, made at once.
 class ImpressionMultiple {
  public:
-  /// `imprimer` prints what the zones hold; false when printing is refused, which ends the run.
-  ImpressionMultiple(Session &session, ZonesEnveloppe &zones, std::function<bool()> imprimer,
-                     QWidget *fenetre)
-      : session_(session), zones_(zones), imprimer_(std::move(imprimer)), fenetre_(fenetre) {}
+  ImpressionMultiple(Session &session, ZonesEnveloppe &zones, Tirage &tirage, QWidget *fenetre)
+      : session_(session), zones_(zones), tirage_(tirage), fenetre_(fenetre) {}
 
-  /// False when printing has been refused.
+  /// False when a printing has been refused, which ends the run.
   bool Imprimer(const QList<AdresseComposee> &adresses);
 
  private:
+  bool Enregistrer(const QList<LignesAdresse> &lignes);
+  bool ImprimerUneAUne(const QString &appareil, const QList<LignesAdresse> &lignes);
+
   Session &session_;
   ZonesEnveloppe &zones_;
-  std::function<bool()> imprimer_;
+  Tirage &tirage_;
   QWidget *fenetre_;
 };

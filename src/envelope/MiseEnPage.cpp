@@ -160,13 +160,20 @@ bool ImpressionConfiguree(const ReglagesPlomex &p) {
          p.PositionEnveloppe != PositionEnveloppe::NonConfiguree;
 }
 
-FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &p,
-                           const EtatEnveloppe &e, const ContenuEnveloppe &contenu) {
+std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString &appareil,
+                                          const ReglagesPlomex &p, const std::vector<Pli> &plis,
+                                          const Avance &avance) {
   const auto sens =
       p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait : Orientation::Paysage;
-  const auto document = imprimante.Ouvrir(appareil, {.nom = u"Enveloppe"_s, .orientation = sens});
-  if (document == nullptr) return {};
-  EcrireLignes(MettreEnPage(p, e, contenu, *document), *document);
+  const QString nom = plis.size() == 1 ? u"Enveloppe"_s : u"Enveloppes"_s;
+  const auto document = imprimante.Ouvrir(appareil, {.nom = nom, .orientation = sens});
+  const auto nombre = static_cast<qsizetype>(plis.size());
+  for (qsizetype rang = 0; rang < nombre; ++rang) {
+    const auto &[etat, contenu] = plis[static_cast<std::size_t>(rang)];
+    if (rang > 0) document->NouvellePage();
+    EcrireLignes(MettreEnPage(p, etat, contenu, *document), *document);
+    if (!avance(rang + 1, nombre)) return std::nullopt;
+  }
   return document->Terminer();
 }
 

@@ -3,6 +3,7 @@
 
 #include "envelope/EtatEnveloppe.h"
 #include "platform/Imprimante.h"
+#include "storage/Avance.h"
 #include "storage/Reglages.h"
 
 #include <QString>
@@ -71,7 +72,15 @@ bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &eta
 /// Whether the printer has been told how it takes an envelope.
 bool ImpressionConfiguree(const ReglagesPlomex &plomex);
 
-/// Prints one page on the device of this name.
-FinImpression ImprimerPage(Imprimante &imprimante, const QString &appareil,
-                           const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
-                           const ContenuEnveloppe &contenu);
+/// An envelope as it is printed: what its zones hold, in the state that goes with it.
+struct Pli {
+  EtatEnveloppe etat;
+  ContenuEnveloppe contenu;
+};
+
+/// Prints a document of one page for each envelope on the device of this name, or nothing where
+/// `avance` asks to stop. Throws `Erreur` where the device cannot be had. Needs no window, so that
+/// any thread may run it.
+std::optional<FinImpression> ImprimerPlis(
+    Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
+    const std::vector<Pli> &plis, const Avance &avance = [](qsizetype, qsizetype) { return true; });

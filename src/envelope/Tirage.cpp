@@ -1,7 +1,8 @@
 #include "envelope/Tirage.h"
 
 #include "envelope/CommandesCommentaire.h"
-#include "ui/Sablier.h"
+#include "platform/Erreurs.h"
+#include "ui/Travail.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -10,51 +11,104 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// What is told of an envelope that was written to a file, or could not be printed.
-QString TexteFin(const FinImpression &fin, bool fichier) {
-  switch (fin.issue) {
-    case FinImpression::Issue::Imprimee:
-      break;
-    case FinImpression::Issue::Enregistree: {
-      const QFileInfo document(fin.fichier);
-      return u"Enveloppe enregistrée dans %1 :<br/><a href=\"%2\">%3</a>"_s.arg(
-          QDir::toNativeSeparators(document.path()).toHtmlEscaped(), fin.fichier.toHtmlEscaped(),
-          document.fileName().toHtmlEscaped());
-    }
-    case FinImpression::Issue::Echouee:
-      return fichier ? u"L'enveloppe n'a pas pu être enregistrée."_s
-                     : u"L'enveloppe n'a pas pu être imprimée."_s;
-  }
-  return {};
+QString TexteEnregistre(const QString &fichier, bool une) {
+  const QFileInfo document(fichier);
+  return u"%1 dans %2 :<br/><a href=\"%3\">%4</a>"_s.arg(
+      une ? u"Enveloppe enregistrée"_s : u"Enveloppes enregistrées"_s,
+      QDir::toNativeSeparators(document.path()).toHtmlEscaped(), fichier.toHtmlEscaped(),
+      document.fileName().toHtmlEscaped());
+}
+
+QString TexteEchec(bool fichier, bool une) {
+  if (une)
+    return fichier ? u"L'enveloppe n'a pas pu être enregistrée."_s
+                   : u"L'enveloppe n'a pas pu être imprimée."_s;
+  return fichier ? u"Les enveloppes n'ont pas pu être enregistrées."_s
+                 : u"Les enveloppes n'ont pas pu être imprimées."_s;
+}
+
+/// Asks the system, unless the built-in printer is wanted. `derniere` was printed on last.
+QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &derniere) {
+  if (voulue == Imprimante::NomPdf()) return voulue;
+  if (const auto trouvee = NomComplet(imprimante.Noms(), voulue, kLongueurImprimante))
+    return *trouvee;
+  return derniere.isEmpty() ? imprimante.ParDefaut() : derniere;
 }
 
 }  // namespace
 
 bool Tirage::Imprimer() {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const auto appareil = Appareil();
+  return appareil && Imprimer(*appareil, {Contenu()});
+}
+
+std::optional<QString> Tirage::Appareil() {
+  Oublier();
+  const ReglagesPlomex plomex = session_.reglages.plomex;
   if (!ImpressionConfiguree(plomex)) {
     session_.plateforme.boites.Information(
         u"Vous devez d'abord utiliser le menu 'Configurer l'impression' !"_s);
-    return false;
+    return std::nullopt;
   }
-  const Sablier sablier;  // a print server may be slow to answer
-  Imprimante &imprimante = session_.plateforme.imprimante;
-  // A printer that is gone leaves the one that was printed on last.
-  if (const auto trouvee = NomComplet(imprimante.Noms(), plomex.Imprimante, kLongueurImprimante))
-    courante_ = *trouvee;
-  const QString appareil = courante_.isEmpty() ? imprimante.ParDefaut() : courante_;
-  const FinImpression fin =
-      ImprimerPage(imprimante, appareil, plomex, zones_.Etat(), zones_.Contenu());
+  try {
+    return Travail(document_->window(), u"Recherche de l'imprimante"_s)
+        .Executer([&, derniere = courante_](const Avance &) {
+          return Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
+        });
+  } catch (const Erreur &erreur) {
+    MontrerEchec(TexteEchec(false, true), erreur.Texte());
+    return std::nullopt;
+  }
+}
+
+bool Tirage::Imprimer(const QString &appareil, const std::vector<Pli> &plis) {
+  FinImpression fin;
+  try {
+    const auto faite =
+        Travail(document_->window(), u"Impression"_s)
+            .Executer([&, plomex = session_.reglages.plomex](const Avance &avance) {
+              return ImprimerPlis(session_.plateforme.imprimante, appareil, plomex, plis, avance);
+            });
+    if (!faite) {
+      MontrerEchec(u"Impression arrêtée : rien n'a été imprimé."_s, {});
+      return false;
+    }
+    fin = *faite;
+  } catch (const Erreur &erreur) {
+    fin = {.raison = erreur.Texte()};
+  }
+  MontrerFin(fin, appareil, plis.size());
+  if (fin.issue == FinImpression::Issue::Echouee) return false;
   if (session_.reglages.rtcolor.AnnulerCommentaire) {
     zones_.OublierCommentaire();
     commentaire_.MajEtiquette();
   }
-  MontrerFin(fin, appareil == Imprimante::NomPdf());
-  return fin.issue != FinImpression::Issue::Echouee;
+  return true;
 }
 
-void Tirage::MontrerFin(const FinImpression &fin, bool fichier) {
-  document_->setText(TexteFin(fin, fichier));
-  document_->setVisible(!document_->text().isEmpty());
-  if (!fin.raison.isEmpty()) session_.plateforme.boites.Attention(fin.raison);
+void Tirage::Oublier() {
+  document_->clear();
+  document_->hide();
+}
+
+void Tirage::MontrerFin(const FinImpression &fin, const QString &appareil, std::size_t nombre) {
+  switch (fin.issue) {
+    case FinImpression::Issue::Imprimee:
+      Oublier();
+      break;
+    case FinImpression::Issue::Enregistree:
+      document_->setText(TexteEnregistre(fin.fichier, nombre == 1));
+      document_->show();
+      break;
+    case FinImpression::Issue::Echouee:
+      MontrerEchec(TexteEchec(appareil == Imprimante::NomPdf(), nombre == 1), fin.raison);
+      return;
+  }
+  courante_ = appareil;
+}
+
+void Tirage::MontrerEchec(const QString &constat, const QString &raison) {
+  document_->setText(constat);
+  document_->show();
+  if (!raison.isEmpty()) session_.plateforme.boites.Attention(raison);
 }

@@ -64,6 +64,8 @@ void VueEnveloppe::Placer() {
   // The zone leaves a pixel around its text.
   expediteur_->move(Pixels(origineExpediteur_) - QPoint(1, 1));
   adresse_->move(Pixels(origineAdresse_) - QPoint(1, 1));
+  for (EtiquetteZone *zone : {expediteur_, adresse_})
+    zone->ChangerPapier(papier_.translated(-zone->pos()));
   commentaire_->adjustSize();
   commentaire_->move(Pixels({largeur_ - kRetraitCommentaire, origineExpediteur_.y}) -
                      QPoint(commentaire_->width(), 0));

@@ -4,9 +4,11 @@
 
 #include "platform/Millimetres.h"
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <memory>
 
 /// A font as the user chooses it; the size in points.
@@ -59,8 +61,9 @@ class Document : public Feuille {
   /// Adds a page; what is written from now on goes there.
   virtual void NouvellePage() = 0;
 
-  /// Prints it, as its last call. `Echouee` where nothing was written or the device is gone; what
-  /// becomes of a document that a device has taken is not known here.
+  /// Prints it, as its last call. `Echouee` where nothing was written, or the device is gone, out
+  /// of service or refuses it; what becomes of a document that a device has taken is not known
+  /// here. May wait for the system for some seconds.
   virtual FinImpression Terminer() = 0;
 };
 
@@ -79,14 +82,26 @@ class Imprimante {
   /// Name of the built-in printer that writes one file a document into the user's documents.
   static QString NomPdf() { return QStringLiteral("PDF"); }
 
-  /// Device names: the system's printers, then `NomPdf()`.
-  virtual QStringList Noms() const = 0;
+  // The system may be slow to answer, so that whoever waits for it does so beside the windows, in
+  // any thread; it is waited for a few seconds at most.
 
-  /// The system's default printer, else `NomPdf()`.
-  virtual QString ParDefaut() const = 0;
+  /// Device names: the system's printers, then `NomPdf()`. Throws `Erreur` where the system does
+  /// not answer.
+  virtual QStringList Noms() = 0;
 
-  /// Begins a document on the device of this name; none where there is no such device. A document
-  /// goes before its printer.
+  /// The system's default printer, else `NomPdf()`. Throws `Erreur` where the system does not
+  /// answer.
+  virtual QString ParDefaut() = 0;
+
+  /// Begins a document on the device of this name. Throws `Erreur` where there is no such device,
+  /// or the system does not answer. A document goes before its printer.
   virtual std::unique_ptr<Document> Ouvrir(const QString &appareil,
                                            const DescriptionDocument &description) = 0;
+
+  /// The device names that the system has given last, `NomPdf()` alone before. Never waits.
+  virtual QStringList NomsConnus() const = 0;
+
+  /// Asks for the device names beside the windows, and calls `suite` in their thread when the
+  /// system has answered, or with false when it has not; never where `contexte` has gone by then.
+  virtual void Demander(QObject *contexte, std::function<void(bool repondu)> suite) = 0;
 };

@@ -3,6 +3,7 @@
 #include "platform/Caracteres.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/Montrable.h"
+#include "ui/Theme.h"
 
 #include <QPainter>
 
@@ -13,6 +14,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int kBord = 1;  // pixels around the text, for the mark of the focus
+
+// Inks beyond the paper, on a light and on a dark ground.
+constexpr QColor kHorsPapierSombre(184, 28, 28), kHorsPapierClair(255, 138, 128);
 
 constexpr qsizetype kLignes = 60, kCaracteres = 500;  // more never fits on an envelope
 
@@ -66,10 +70,13 @@ void EtiquetteZone::Mesurer() {
   update();
 }
 
-void EtiquetteZone::paintEvent(QPaintEvent *) {
-  QPainter dessin(this);
-  dessin.setRenderHint(QPainter::TextAntialiasing);
-  FeuilleEcran feuille(dessin, QPointF(kBord, kBord), echelle_);
+void EtiquetteZone::ChangerPapier(const QRect &papier) {
+  papier_ = papier;
+  update();
+}
+
+void EtiquetteZone::Ecrire(QPainter &dessin, const QColor &encre) const {
+  FeuilleEcran feuille(dessin, QPointF(kBord, kBord), echelle_, encre);
   const Millimetres bloc((width() - 2 * kBord) / echelle_);
   Millimetres y;
   for (const QString &ligne : LignesMontrees(texte_)) {
@@ -80,6 +87,19 @@ void EtiquetteZone::paintEvent(QPaintEvent *) {
     if (!ligne.trimmed().isEmpty()) feuille.Ecrire(x, y, police_, ligne);
     y += feuille.HauteurLigne(police_);
   }
+}
+
+void EtiquetteZone::paintEvent(QPaintEvent *) {
+  QPainter dessin(this);
+  dessin.setRenderHint(QPainter::TextAntialiasing);
+  const QRect papier = papier_.isEmpty() ? rect() : papier_.intersected(rect());
+  dessin.setClipRect(papier);
+  Ecrire(dessin, Qt::black);
+  if (papier != rect()) {
+    dessin.setClipRegion(QRegion(rect()) - papier);
+    Ecrire(dessin, EstSombre(palette()) ? kHorsPapierClair : kHorsPapierSombre);
+  }
+  dessin.setClipping(false);
   if (hasFocus()) {
     dessin.setPen(QPen(QColor(48, 126, 173), 1, Qt::DotLine));
     dessin.drawRect(rect().adjusted(0, 0, -1, -1));

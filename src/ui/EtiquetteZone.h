@@ -28,6 +28,10 @@ class EtiquetteZone : public QWidget {
   /// Pixels of the picture for a millimetre of the envelope. The zone takes the size of its text.
   void ChangerEchelle(double pixelsParMillimetre);
 
+  /// Where the paper is, in pixels of the zone; without it all is paper. What is written beyond it
+  /// is shown in another ink.
+  void ChangerPapier(const QRect &papier);
+
   QSize sizeHint() const override { return taille_; }
 
  protected:
@@ -35,10 +39,12 @@ class EtiquetteZone : public QWidget {
 
  private:
   void Mesurer();
+  void Ecrire(QPainter &dessin, const QColor &encre) const;
 
   QString texte_;
   Qt::Alignment alignement_ = Qt::AlignLeft;
   Police police_{QStringLiteral("Arial"), 10, false, false};
   double echelle_ = 1;
   QSize taille_;
+  QRect papier_;  ///< empty where all is paper
 };

@@ -14,7 +14,7 @@ void FeuilleEcran::Ecrire(Millimetres x, Millimetres y, const Police &police,
   peintre_.translate(origine_ + QPointF(x.valeur, y.valeur) * echelle_);
   peintre_.scale(echelle, echelle);
   peintre_.setFont(font);
-  peintre_.setPen(Qt::black);  // paper is white in every theme
+  peintre_.setPen(encre_);
   peintre_.drawText(QPointF(0, QFontMetricsF(font).ascent()), texte);
   peintre_.restore();
 }

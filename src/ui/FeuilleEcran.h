@@ -12,9 +12,11 @@ inline constexpr QColor kPapier(255, 254, 250);
 /// fonts, and scaled, so that lines keep their proportions at every size.
 class FeuilleEcran : public Feuille {
  public:
-  /// `origine` in pixels is the corner from which places count.
-  FeuilleEcran(QPainter &peintre, QPointF origine, double pixelsParMillimetre)
-      : peintre_(peintre), origine_(origine), echelle_(pixelsParMillimetre) {}
+  /// `origine` in pixels is the corner from which places count. Paper is white in every theme, and
+  /// so its ink is black.
+  FeuilleEcran(QPainter &peintre, QPointF origine, double pixelsParMillimetre,
+               const QColor &encre = Qt::black)
+      : peintre_(peintre), origine_(origine), echelle_(pixelsParMillimetre), encre_(encre) {}
 
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override;
   Millimetres Largeur(const QString &texte, const Police &police) const override {
@@ -28,6 +30,7 @@ class FeuilleEcran : public Feuille {
   QPainter &peintre_;
   QPointF origine_;
   double echelle_;
+  QColor encre_;
   MesurePolices mesure_;
 };
 

@@ -34,12 +34,18 @@ class Travail {
   /// ends meanwhile, it is asked to stop and waited for.
   template <typename Tache>
   auto Executer(const Base &base, const Tache &tache) const {
-    std::optional<std::invoke_result_t<Tache, Base &, const Avance &>> resultat;
-    Lancer([&, chemin = base.Chemin()](const Avance &avance) {
+    return Executer([&, chemin = base.Chemin()](const Avance &avance) {
       Base connexion;
       connexion.Ouvrir(chemin);
-      resultat.emplace(tache(connexion, avance));
+      return tache(connexion, avance);
     });
+  }
+
+  /// The same of a work that needs no database.
+  template <typename Tache>
+  auto Executer(const Tache &tache) const {
+    std::optional<std::invoke_result_t<Tache, const Avance &>> resultat;
+    Lancer([&](const Avance &avance) { resultat.emplace(tache(avance)); });
     return std::move(*resultat);
   }
 

@@ -266,11 +266,27 @@ class ImprimanteScenario::DocumentScenario : public Document {
   bool termine_ = false;
 };
 
+QStringList ImprimanteScenario::Noms() {
+  if (!repond_) throw Erreur(u"Le serveur d'impression ne répond pas."_s);
+  return connus_ = systeme_ + QStringList{NomPdf()};
+}
+
+void ImprimanteScenario::Demander(QObject *contexte, std::function<void(bool repondu)> suite) {
+  // Told later, as the system does.
+  QMetaObject::invokeMethod(
+      contexte,
+      [this, suite = std::move(suite)] {
+        Ignorer([this] { Noms(); });
+        suite(repond_);
+      },
+      Qt::QueuedConnection);
+}
+
 std::unique_ptr<Document> ImprimanteScenario::Ouvrir(const QString &appareil,
                                                      const DescriptionDocument &description) {
-  if (!Noms().contains(appareil)) {
+  if (appareil != NomPdf() && !Noms().contains(appareil)) {
     fautes_.append(u"there is no printer \"%1\""_s.arg(appareil));
-    return nullptr;
+    throw Erreur(u"L'imprimante n'est plus là."_s);
   }
   return std::make_unique<DocumentScenario>(*this, appareil, description);
 }

@@ -219,15 +219,19 @@ class ImprimanteScenario : public Imprimante {
  public:
   explicit ImprimanteScenario(const Monde &monde) : monde_(monde) {}
 
-  QStringList Noms() const override { return systeme_ + QStringList{NomPdf()}; }
-  QString ParDefaut() const override { return Noms().constFirst(); }
+  QStringList Noms() override;
+  QString ParDefaut() override { return Noms().constFirst(); }
   std::unique_ptr<Document> Ouvrir(const QString &appareil,
                                    const DescriptionDocument &description) override;
+  QStringList NomsConnus() const override { return connus_; }
+  void Demander(QObject *contexte, std::function<void(bool repondu)> suite) override;
 
   /// Printers of the system, the first being the default one.
   void Installer(const QStringList &noms) { systeme_ = noms; }
   /// These printers, which are there, print nothing from here on; the others do.
   void Refuser(const QStringList &noms) { muettes_ = noms; }
+  /// Whether the print server answers.
+  void Repondre(bool repond) { repond_ = repond; }
 
   /// Takes the pages that have been printed since the last call.
   QList<PageImprimee> PrendrePages() { return std::exchange(pages_, {}); }
@@ -239,6 +243,8 @@ class ImprimanteScenario : public Imprimante {
   const Monde &monde_;
   QStringList systeme_{QStringLiteral("HP Test")};
   QStringList muettes_;
+  QStringList connus_{NomPdf()};
+  bool repond_ = true;
   QList<PageImprimee> pages_;
   QStringList fautes_;
 };

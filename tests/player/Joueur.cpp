@@ -90,7 +90,8 @@ Joueur::Prenantes Joueur::PrenantesOuvertes() {
 }
 
 bool Joueur::VaPasser(const QWidget &prenante) const {
-  return prenante.objectName() == u"FrmAvancement"_s && !scene_->autreEcrivain;
+  const QString nom = prenante.objectName();
+  return nom == u"FrmEnCours"_s || (nom == u"FrmAvancement"_s && !scene_->autreEcrivain);
 }
 
 bool Joueur::PeutAvancer() const {

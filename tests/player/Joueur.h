@@ -37,8 +37,8 @@ class Joueur {
   void Derouler();
   void Planifier();
   void Pas();
-  /// Whether it is the window of a long work that ends by itself, which shows on a slow computer
-  /// only.
+  /// Whether it is a window that ends by itself: of a run, or of a long work, which shows on a slow
+  /// computer only.
   bool VaPasser(const QWidget &prenante) const;
   bool PeutAvancer() const;
   void ExecuterSuivante();

@@ -77,6 +77,8 @@ QList<Verbe> VerbesDuMonde() {
        }},
       {u"monde imprimante-muette"_s, 0, kSansLimite,
        [](S &s, const M &m) { s.imprimante.Refuser(Textes(m, 0)); }},
+      {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.Repondre(false); }},
+      {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.Repondre(true); }},
       {u"monde sans-programme"_s, 0, 1,
        [](S &s, const M &m) {
          if (const Monde &monde = MondeAuRepos(s); m.isEmpty())

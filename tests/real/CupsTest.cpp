@@ -3,11 +3,13 @@
 
 #include "commun/HorlogeFixe.h"
 #include "envelope/MiseEnPage.h"
+#include "platform/Erreurs.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QFile>
 #include <QFontDatabase>
 #include <QGuiApplication>
@@ -15,10 +17,17 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
+#include <QTimer>
 #include <QXmlStreamReader>
 
+#include <arpa/inet.h>
+#include <future>
 #include <gtest/gtest.h>
 #include <limits>
+#include <netinet/in.h>
+#include <optional>
+#include <sys/socket.h>
+#include <unistd.h>
 
 using namespace Qt::StringLiterals;
 
@@ -36,6 +45,7 @@ constexpr int kPatience = 60'000;  // milliseconds
 
 // The window is not held up for longer by a printer or a server that is not there. Milliseconds.
 constexpr qint64 kImmediat = 5'000;
+constexpr qint64 kPeu = 1'500;
 
 /// Millimetres from the top left corner. What was not found is near to nothing.
 struct Cadre {
@@ -98,7 +108,38 @@ QStringList Arrives() {
   return chemins;
 }
 
-const FinImpression kImprimee{FinImpression::Issue::Imprimee}, kEchouee;
+const FinImpression kImprimee{FinImpression::Issue::Imprimee};
+/// A printer whose every document fails on its way.
+constexpr char kPpdEnPanne[] = R"ppd(*PPD-Adobe: "4.3"
+*FormatVersion: "4.3"
+*FileVersion: "1.0"
+*LanguageVersion: English
+*LanguageEncoding: ISOLatin1
+*PCFileName: "PANNE.PPD"
+*Product: "(Panne)"
+*Manufacturer: "Essai"
+*ModelName: "Panne"
+*ShortNickName: "Panne"
+*NickName: "Panne"
+*PSVersion: "(3010.000) 0"
+*LanguageLevel: "3"
+*ColorDevice: False
+*FileSystem: False
+*cupsFilter2: "application/pdf application/pdf 0 /bin/false"
+*OpenUI *PageSize: PickOne
+*DefaultPageSize: A4
+*PageSize A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageSize
+*OpenUI *PageRegion: PickOne
+*DefaultPageRegion: A4
+*PageRegion A4: "<</PageSize[595 842]>>setpagedevice"
+*CloseUI: *PageRegion
+*DefaultImageableArea: A4
+*ImageableArea A4: "10 10 585 832"
+*DefaultPaperDimension: A4
+*PaperDimension A4: "595 842"
+)ppd";
+
 const Police kPolice{u"Liberation Sans"_s, 10, false, false};
 
 class Cups : public testing::Test {
@@ -116,7 +157,7 @@ class Cups : public testing::Test {
   }
 
   FinImpression Imprimer(const QString &appareil, const ContenuEnveloppe &contenu) {
-    return ImprimerPage(imprimante_, appareil, plomex_, etat_, contenu);
+    return *ImprimerPlis(imprimante_, appareil, plomex_, {{etat_, contenu}});
   }
 
   /// Prints and waits for the sheet: the one document that the printer gets.
@@ -205,6 +246,41 @@ TEST_F(Cups, ImprimantesDuServeur) {
   EXPECT_EQ(imprimante_.ParDefaut(), nom_);
 }
 
+// What a queue does not take is told, and nothing of it stays there to be printed later.
+TEST_F(Cups, FileQuiRefuse) {
+  const struct {
+    const char *commande;
+    const char16_t *raison;
+    const char *retour;
+  } cas[] = {
+      {"cupsreject", u"n'accepte plus", "cupsaccept"},
+      {"cupsdisable", u"arrêtée", "cupsenable"},
+  };
+  for (const auto &c : cas) {
+    SCOPED_TRACE(c.commande);
+    Executer(QString::fromLatin1(c.commande), {nom_});
+    const FinImpression fin = Imprimer(nom_, {{}, u"Perdu"_s});
+    EXPECT_EQ(fin.issue, FinImpression::Issue::Echouee);
+    EXPECT_TRUE(fin.raison.contains(QString::fromUtf16(c.raison))) << qPrintable(fin.raison);
+    Executer(QString::fromLatin1(c.retour), {nom_});
+  }
+  // One whose filter fails.
+  const QTemporaryDir dossier;
+  const QString description = dossier.filePath(u"panne.ppd"_s);
+  QFile ppd(description);
+  ASSERT_TRUE(ppd.open(QIODevice::WriteOnly));
+  ppd.write(kPpdEnPanne);
+  ppd.close();
+  const QString panne = u"Panne"_s;
+  Executer(u"lpadmin"_s,
+           {u"-p"_s, panne, u"-E"_s, u"-v"_s, u"file:///dev/null"_s, u"-P"_s, description});
+  const FinImpression fin = Imprimer(panne, {{}, u"Perdu"_s});
+  EXPECT_EQ(fin.issue, FinImpression::Issue::Echouee);
+  EXPECT_TRUE(fin.raison.contains(u"abandonné"_s)) << qPrintable(fin.raison);
+  EXPECT_TRUE(Executer(u"lpstat"_s, {u"-o"_s}).isEmpty());
+  EXPECT_EQ(Arrives(), connus_);
+}
+
 // A printer removed under an open page, or before one opens, is told, and at once. Nothing is
 // printed afterwards: now and then the server ends when it has lost a queue.
 TEST_F(Cups, ImprimanteRetiree) {
@@ -218,8 +294,8 @@ TEST_F(Cups, ImprimanteRetiree) {
   Executer(u"lpadmin"_s, {u"-x"_s, retiree});
   QElapsedTimer duree;
   duree.start();
-  EXPECT_EQ(ouvert->Terminer(), kEchouee);
-  EXPECT_EQ(Imprimer(retiree, {{}, u"Perdu"_s}), kEchouee);
+  EXPECT_EQ(ouvert->Terminer().issue, FinImpression::Issue::Echouee);
+  EXPECT_THROW(Imprimer(retiree, {{}, u"Perdu"_s}), Erreur);
   EXPECT_LT(duree.elapsed(), kImmediat);
 }
 
@@ -233,11 +309,65 @@ TEST(SansServeur, ResteLePdf) {
   duree.start();
   EXPECT_EQ(imprimante.Noms(), QStringList(Imprimante::NomPdf()));
   EXPECT_EQ(imprimante.ParDefaut(), Imprimante::NomPdf());
-  EXPECT_EQ(imprimante.Ouvrir(u"Enveloppes"_s, {.nom = u"Enveloppe"_s}), nullptr);
+  EXPECT_THROW(imprimante.Ouvrir(u"Enveloppes"_s, {.nom = u"Enveloppe"_s}), Erreur);
   EXPECT_LT(duree.elapsed(), kImmediat);
 
   const auto pdf = imprimante.Ouvrir(Imprimante::NomPdf(), {.nom = u"Enveloppe"_s});
   EXPECT_TRUE(QFile::exists(pdf->Terminer().fichier));
+}
+
+// A server that takes connections and never says a word: whoever waits for it is told so after a
+// few seconds, the windows go on meanwhile, and the end of the program does not wait.
+TEST(SansServeur, Muet) {
+  const int ecoute = socket(AF_INET, SOCK_STREAM, 0);
+  sockaddr_in adresse{};
+  adresse.sin_family = AF_INET;
+  adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t taille = sizeof adresse;
+  ASSERT_EQ(bind(ecoute, reinterpret_cast<sockaddr *>(&adresse), taille), 0);
+  ASSERT_EQ(listen(ecoute, 16), 0);
+  ASSERT_EQ(getsockname(ecoute, reinterpret_cast<sockaddr *>(&adresse), &taille), 0);
+  const QByteArray avant = qgetenv("CUPS_SERVER");
+  qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(ntohs(adresse.sin_port)));
+
+  HorlogeFixe horloge;
+  QElapsedTimer duree;
+  duree.start();
+  {
+    ImprimanteSysteme imprimante(horloge);
+    // The library reads the address once in each thread.
+    const auto muette = [](auto appel) {
+      return std::async(std::launch::async, [appel] { EXPECT_THROW(appel(), Erreur); });
+    };
+    const auto noms = muette([&] { imprimante.Noms(); });
+    const auto defaut = muette([&] { imprimante.ParDefaut(); });
+    const auto page = muette([&] { imprimante.Ouvrir(u"HP"_s, {.nom = u"Enveloppe"_s}); });
+    QEventLoop boucle;
+    QObject fenetre;
+    int battements = 0;
+    std::optional<bool> reponse;
+    QTimer battement;
+    QObject::connect(&battement, &QTimer::timeout, [&] { ++battements; });
+    battement.start(20);
+    imprimante.Demander(&fenetre, [&](bool repondu) {
+      reponse = repondu;
+      boucle.quit();
+    });
+    EXPECT_LT(duree.elapsed(), kPeu);
+    EXPECT_EQ(imprimante.NomsConnus(), QStringList(Imprimante::NomPdf()));
+    boucle.exec();
+    EXPECT_EQ(reponse, false);
+    EXPECT_GT(battements, 50);
+  }
+  EXPECT_LT(duree.restart(), 2 * kImmediat);
+
+  {
+    ImprimanteSysteme imprimante(horloge);
+    imprimante.Demander(QCoreApplication::instance(), [](bool) { ADD_FAILURE(); });
+  }
+  EXPECT_LT(duree.elapsed(), kPeu);
+  qputenv("CUPS_SERVER", avant);
+  close(ecoute);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "commun/HorlogeFixe.h"
 #include "directory/ImpressionListe.h"
 #include "envelope/MiseEnPage.h"
+#include "platform/Erreurs.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
 #include <QDir>
@@ -125,7 +126,7 @@ class Impression : public testing::Test {
     return QDir(Chemin({})).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
   }
   FinImpression Finir(ImprimanteSysteme &imprimante, const ContenuEnveloppe &contenu) const {
-    return ImprimerPage(imprimante, Imprimante::NomPdf(), plomex_, etat_, contenu);
+    return *ImprimerPlis(imprimante, Imprimante::NomPdf(), plomex_, {{etat_, contenu}});
   }
   /// The path of the page.
   QString Imprimer(const ContenuEnveloppe &contenu) {
@@ -328,8 +329,7 @@ TEST_F(Impression, ChoixDeLImprimante) {
 
   // No page opens on a printer that the system does not have, and none on another in its place.
   const QString disparue = u"Imprimante disparue"_s;
-  EXPECT_EQ(imprimante_.Ouvrir(disparue, {.nom = u"Enveloppe"_s}), nullptr);
-  EXPECT_EQ(ImprimerPage(imprimante_, disparue, plomex_, etat_, {{}, u"Perdu"_s}), kEchouee);
+  EXPECT_THROW(imprimante_.Ouvrir(disparue, {.nom = u"Enveloppe"_s}), Erreur);
   EXPECT_EQ(Fichiers(), QStringList());
 }
 

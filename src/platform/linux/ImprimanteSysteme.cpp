@@ -3,16 +3,18 @@
 #include "platform/Caracteres.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
+#include "platform/Pannes.h"
+#include "platform/linux/ServeurImpression.h"
 
 #include <QBuffer>
 #include <QFontMetricsF>
+#include <QMarginsF>
 #include <QPageLayout>
 #include <QPainter>
 #include <QPdfWriter>
-#include <QPrinter>
-#include <QPrinterInfo>
 #include <QStandardPaths>
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -22,12 +24,21 @@ namespace {
 
 using Issue = FinImpression::Issue;
 
-constexpr int kPointsParPoucePdf = 1200;
+constexpr int kPointsParPouce = 1200;
 
-/// What a document of either kind is: lines that are kept until it is ended, since the toolkit
-/// sends whatever it has begun to draw for a printer.
+/// What a document of either kind is: lines that are kept until it is ended and then drawn as a PDF
+/// in memory, so that it goes out whole or not at all.
 class DocumentPeint : public Document {
  public:
+  DocumentPeint(const QString &titre, QPageLayout::Orientation orientation) {
+    contenu_.open(QIODevice::WriteOnly);
+    pdf_.setTitle(titre);
+    pdf_.setCreator(u"Velmira"_s);
+    pdf_.setResolution(kPointsParPouce);
+    pdf_.setPageLayout(
+        QPageLayout(QPageSize(QPageSize::A4), orientation, QMarginsF(), QPageLayout::Millimeter));
+  }
+
   void NouvellePage() override { pages_.emplace_back(); }
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
     pages_.back().push_back({x, y, police, texte});
@@ -40,27 +51,25 @@ class DocumentPeint : public Document {
   }
 
  protected:
-  virtual const QPagedPaintDevice &Support() const = 0;
   /// Counts places from the corner of the page's printable area.
   virtual void Placer(QPainter &peintre) const = 0;
 
-  QPageLayout Mise() const {
-    QPageLayout mise = Support().pageLayout();
-    mise.setUnits(QPageLayout::Millimeter);
-    return mise;
+  QSizeF TailleFeuille() const {
+    return pdf_.pageLayout().fullRect(QPageLayout::Millimeter).size();
   }
-  double Unites(Millimetres longueur) const { return longueur / kPouce * Support().logicalDpiX(); }
+  static double Unites(Millimetres longueur) { return longueur / kPouce * kPointsParPouce; }
 
-  /// `support` is `Support()`.
-  bool Dessiner(QPagedPaintDevice &support) const {
+  /// The whole document; nothing where it could not be drawn.
+  std::optional<QByteArray> Dessiner() {
     QPainter peintre;
-    if (!peintre.begin(&support)) return false;
+    if (!peintre.begin(&pdf_)) return std::nullopt;
     Placer(peintre);
     for (std::size_t i = 0; i < pages_.size(); ++i) {
-      if (i > 0 && !support.newPage()) return false;
+      if (i > 0 && !pdf_.newPage()) return std::nullopt;
       for (const Ligne &ligne : pages_[i]) Dessiner(peintre, ligne);
     }
-    return peintre.end();
+    if (!peintre.end()) return std::nullopt;
+    return contenu_.data();
   }
 
  private:
@@ -75,12 +84,14 @@ class DocumentPeint : public Document {
     const double base = Unites(ligne.y) + Mesures(ligne.police).ascent();
     peintre.drawText(QPointF(Unites(ligne.x), base), ligne.texte);
   }
-  Millimetres Longueur(double unites) const { return kPouce * (unites / Support().logicalDpiX()); }
+  static Millimetres Longueur(double unites) { return kPouce * (unites / kPointsParPouce); }
   QFontMetricsF Mesures(const Police &police) const {
-    return QFontMetricsF(Caracteres(police), &Support());
+    return QFontMetricsF(Caracteres(police), &pdf_);
   }
 
   std::vector<std::vector<Ligne>> pages_{1};
+  QBuffer contenu_;
+  QPdfWriter pdf_{&contenu_};
 };
 
 /// The end of a printing to a new file, of the first name that is free.
@@ -96,40 +107,32 @@ FinImpression EcrirePdf(const QString &dossier, const QString &debut, const QByt
   }
 }
 
-/// Kept in memory to its end, so that its file is written whole or not at all.
 class DocumentPdf : public DocumentPeint {
  public:
   DocumentPdf(const DescriptionDocument &description, const Horloge &horloge, QString dossier)
-      : nom_(description.nom),
+      : DocumentPeint(description.nom, description.orientation == Orientation::Portrait
+                                           ? QPageLayout::Portrait
+                                           : QPageLayout::Landscape),
+        nom_(description.nom),
         marge_(description.margeFichier),
         horloge_(horloge),
-        dossier_(std::move(dossier)) {
-    contenu_.open(QIODevice::WriteOnly);
-    pdf_.setTitle(nom_);
-    pdf_.setCreator(u"Velmira"_s);
-    pdf_.setResolution(kPointsParPoucePdf);
-    pdf_.setPageLayout(QPageLayout(QPageSize(QPageSize::A4),
-                                   description.orientation == Orientation::Portrait
-                                       ? QPageLayout::Portrait
-                                       : QPageLayout::Landscape,
-                                   QMarginsF()));
-  }
+        dossier_(std::move(dossier)) {}
 
   Millimetres LargeurPage() const override {
-    return Millimetres(Mise().fullRect().width()) - marge_ * 2;
+    return Millimetres(TailleFeuille().width()) - marge_ * 2;
   }
   Millimetres HauteurPage() const override {
-    return Millimetres(Mise().fullRect().height()) - marge_ * 2;
+    return Millimetres(TailleFeuille().height()) - marge_ * 2;
   }
 
   FinImpression Terminer() override {
-    if (!Dessiner(pdf_)) return {Issue::Echouee};
+    const auto contenu = Dessiner();
+    if (!contenu) return {Issue::Echouee};
     const QString debut = nom_ + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
-    return EcrirePdf(dossier_, debut, contenu_.data());
+    return EcrirePdf(dossier_, debut, *contenu);
   }
 
  protected:
-  const QPagedPaintDevice &Support() const override { return pdf_; }
   void Placer(QPainter &peintre) const override {
     peintre.translate(Unites(marge_), Unites(marge_));
   }
@@ -139,26 +142,17 @@ class DocumentPdf : public DocumentPeint {
   Millimetres marge_;
   const Horloge &horloge_;
   QString dossier_;
-  QBuffer contenu_;
-  QPdfWriter pdf_{&contenu_};
 };
 
-/// The whole sheet, upright, on a printer of the system.
+/// The whole sheet, upright, on a printer of the system that leaves these margins, in millimetres.
 class DocumentSysteme : public DocumentPeint {
  public:
-  DocumentSysteme(const QString &appareil, const DescriptionDocument &description)
-      : appareil_(appareil), orientation_(description.orientation) {
-    imprimante_.setPrinterName(appareil);
-    imprimante_.setDocName(description.nom);
-    imprimante_.setCreator(u"Velmira"_s);
-    imprimante_.setPageSize(QPageSize(QPageSize::A4));
-    imprimante_.setPageOrientation(QPageLayout::Portrait);
-    imprimante_.setFullPage(true);
-  }
-
-  /// False where the toolkit has silently taken another printer, the system having none of this
-  /// name.
-  bool EstLa() const { return imprimante_.printerName() == appareil_; }
+  DocumentSysteme(QString appareil, const DescriptionDocument &description, const QMarginsF &marges)
+      : DocumentPeint(description.nom, QPageLayout::Portrait),
+        appareil_(std::move(appareil)),
+        nom_(description.nom),
+        orientation_(description.orientation),
+        marges_(marges) {}
 
   Millimetres LargeurPage() const override {
     return orientation_ == Orientation::Portrait ? LargeurFeuille() : HauteurFeuille();
@@ -168,27 +162,26 @@ class DocumentSysteme : public DocumentPeint {
   }
 
   FinImpression Terminer() override {
-    // The toolkit does not tell what the print server has refused.
-    const bool retiree = QPrinterInfo::printerInfo(appareil_).isNull();
-    const bool imprimee =
-        !retiree && Dessiner(imprimante_) && imprimante_.printerState() != QPrinter::Error;
-    return {imprimee ? Issue::Imprimee : Issue::Echouee};
+    const auto contenu = Dessiner();
+    if (!contenu) return {Issue::Echouee};
+    try {
+      ServeurImpression().Envoyer(appareil_, nom_, *contenu);
+    } catch (const Erreur &erreur) {
+      return {.raison = erreur.Texte()};
+    }
+    return {Issue::Imprimee};
   }
 
  protected:
-  const QPagedPaintDevice &Support() const override { return imprimante_; }
-
   /// A landscape page lies on the sheet with its top at the right edge. It is turned here: turned
-  /// by the toolkit it would keep the margins of the upright page, and each filter and printer
-  /// picks its own side.
+  /// on the way it would keep the margins of the upright page, and each filter and printer picks
+  /// its own side.
   void Placer(QPainter &peintre) const override {
-    const QPageLayout feuille = Mise();
-    const QMarginsF marges = feuille.minimumMargins();
-    const double haut = Unites(Millimetres(marges.top()));
+    const double haut = Unites(Millimetres(marges_.top()));
     if (orientation_ == Orientation::Portrait) {
-      peintre.translate(Unites(Millimetres(marges.left())), haut);
+      peintre.translate(Unites(Millimetres(marges_.left())), haut);
     } else {
-      peintre.translate(Unites(Millimetres(feuille.fullRect().width() - marges.right())), haut);
+      peintre.translate(Unites(Millimetres(TailleFeuille().width() - marges_.right())), haut);
       peintre.rotate(90);
     }
   }
@@ -196,20 +189,23 @@ class DocumentSysteme : public DocumentPeint {
  private:
   // Of the printable area of the sheet, which is upright whatever lies on it.
   Millimetres LargeurFeuille() const {
-    const QPageLayout feuille = Mise();
-    const QMarginsF marges = feuille.minimumMargins();
-    return Millimetres(feuille.fullRect().width() - marges.left() - marges.right());
+    return Millimetres(TailleFeuille().width() - marges_.left() - marges_.right());
   }
   Millimetres HauteurFeuille() const {
-    const QPageLayout feuille = Mise();
-    const QMarginsF marges = feuille.minimumMargins();
-    return Millimetres(feuille.fullRect().height() - marges.top() - marges.bottom());
+    return Millimetres(TailleFeuille().height() - marges_.top() - marges_.bottom());
   }
 
   QString appareil_;
+  QString nom_;
   Orientation orientation_;
-  QPrinter imprimante_{QPrinter::HighResolution};
+  QMarginsF marges_;
 };
+
+/// The system's printers, the built-in one behind them.
+QStringList AvecPdf(QStringList noms) {
+  noms.removeAll(Imprimante::NomPdf());
+  return noms << Imprimante::NomPdf();
+}
 
 }  // namespace
 
@@ -219,14 +215,18 @@ ImprimanteSysteme::ImprimanteSysteme(const Horloge &horloge, QString dossierPdf)
     dossierPdf_ = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
 }
 
-QStringList ImprimanteSysteme::Noms() const {
-  QStringList noms = QPrinterInfo::availablePrinterNames();
-  noms.removeAll(NomPdf());
-  return noms << NomPdf();
+QStringList ImprimanteSysteme::Interroger(const std::stop_token &arret) {
+  const QStringList noms = AvecPdf(ServeurImpression(arret).Lister().noms);
+  const std::scoped_lock tenu(verrou_);
+  return connus_ = noms;
 }
 
-QString ImprimanteSysteme::ParDefaut() const {
-  const QString defaut = QPrinterInfo::defaultPrinterName();
+QStringList ImprimanteSysteme::Noms() {
+  return Interroger({});
+}
+
+QString ImprimanteSysteme::ParDefaut() {
+  const QString defaut = ServeurImpression().Lister().parDefaut;
   return defaut.isEmpty() ? NomPdf() : defaut;
 }
 
@@ -234,7 +234,34 @@ std::unique_ptr<Document> ImprimanteSysteme::Ouvrir(const QString &appareil,
                                                     const DescriptionDocument &description) {
   if (appareil == NomPdf())
     return std::make_unique<DocumentPdf>(description, horloge_, dossierPdf_);
-  auto document = std::make_unique<DocumentSysteme>(appareil, description);
-  if (!document->EstLa()) return nullptr;
-  return document;
+  const auto marges = ServeurImpression().MargesA4(appareil);
+  if (!marges)
+    throw Erreur(PhraseEchec(u"L'imprimante « %1 » n'a rien imprimé"_s.arg(appareil),
+                             {u"le système ne l'a plus"_s, u"Choisissez-en une autre."_s}, {}, {}));
+  return std::make_unique<DocumentSysteme>(appareil, description, *marges);
+}
+
+QStringList ImprimanteSysteme::NomsConnus() const {
+  const std::scoped_lock tenu(verrou_);
+  return connus_;
+}
+
+void ImprimanteSysteme::Demander(QObject *contexte, std::function<void(bool repondu)> suite) {
+  suites_.emplace_back(contexte, std::move(suite));
+  if (suites_.size() > 1) return;  // the answer that is under way is theirs too
+  question_ = std::jthread([this](const std::stop_token &arret) {
+    bool repondu = true;
+    try {
+      Interroger(arret);
+    } catch (const Erreur &) {
+      repondu = false;
+    }
+    QMetaObject::invokeMethod(
+        &relais_, [this, repondu] { Repondre(repondu); }, Qt::QueuedConnection);
+  });
+}
+
+void ImprimanteSysteme::Repondre(bool repondu) {
+  for (const auto &[contexte, suite] : std::exchange(suites_, {}))
+    if (contexte != nullptr) suite(repondu);
 }
