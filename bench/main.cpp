@@ -86,32 +86,27 @@ bool MemesListes(const Donnees &donnees, const QString &categorie, const QString
                                        });
 }
 
-// A record: each turn shows the next one until it is painted. With `choisir` it is chosen in the
-// list, which scrolls; otherwise the list stays as it is.
+// A record: each turn chooses the next one in the list, which scrolls, until it is painted.
 
-void MontrerVelmira(benchmark::State &etat, const Donnees &donnees, bool choisir) {
+void MontrerVelmira(benchmark::State &etat, const Donnees &donnees) {
   const Lancement lancement(donnees.AppPath());
   ArbreVelmiras &liste = lancement.Liste();
   const ModeleListe &modele = liste.Modele();
   int ligne = 0;
   for (auto _ : etat) {
     ligne = (ligne + 1) % static_cast<int>(donnees.Nombre());
-    const QModelIndex noeud = modele.index(ligne, 0, modele.Racine());
-    if (choisir)
-      liste.SelectionnerEtCliquer(noeud);
-    else
-      emit liste.NoeudClique(noeud, Qt::LeftButton);
+    liste.SelectionnerEtCliquer(modele.index(ligne, 0, modele.Racine()));
     AttendreLaPeinture();
   }
 }
 
-void MontrerNu(benchmark::State &etat, const Donnees &donnees, bool choisir) {
+void MontrerNu(benchmark::State &etat, const Donnees &donnees) {
   const BaseNue base(donnees.CheminBase());
   const std::vector<LigneNue> lignes = base.Lister();
   QSplitter fenetre;
   FenetreNue gauche(base);
   FicheNue fiche(base);
-  if (choisir) fenetre.addWidget(&gauche);
+  fenetre.addWidget(&gauche);
   fenetre.addWidget(&fiche);
   fenetre.resize(900, 600);
   fenetre.show();
@@ -119,7 +114,7 @@ void MontrerNu(benchmark::State &etat, const Donnees &donnees, bool choisir) {
   int ligne = 0;
   for (auto _ : etat) {
     ligne = (ligne + 1) % static_cast<int>(lignes.size());
-    if (choisir) gauche.Liste().setCurrentIndex(gauche.Liste().model()->index(ligne, 0));
+    gauche.Liste().setCurrentIndex(gauche.Liste().model()->index(ligne, 0));
     fiche.Montrer(lignes[static_cast<std::size_t>(ligne)].index);
     AttendreLaPeinture();
   }
@@ -305,11 +300,10 @@ void Inscrire(const std::map<Cle, Donnees> &toutes) {
         [&](State &etat) { RemplirNu(etat, donnees, CategorieRare()); });
   }
   const Donnees &fiches = toutes.at(kFiches);
-  for (const bool choisir : {false, true})
-    Ligne(
-        choisir ? u"Choose a record in the list and show it"_s : u"Show a record"_s,
-        [&fiches, choisir](State &etat) { MontrerVelmira(etat, fiches, choisir); },
-        [&fiches, choisir](State &etat) { MontrerNu(etat, fiches, choisir); });
+  Ligne(
+      u"Choose a record in the list and show it"_s,
+      [&fiches](State &etat) { MontrerVelmira(etat, fiches); },
+      [&fiches](State &etat) { MontrerNu(etat, fiches); });
   for (const auto &paire : toutes) {
     const Donnees &donnees = paire.second;
     Ligne(
