@@ -250,7 +250,7 @@ int MemoireEnveloppes() {
   EtatEnveloppe etat;
   VueEnveloppe vue;
   ZonesEnveloppe zones(session, etat, &vue);
-  zones.EcrireExpediteur(ComposerAdresse({.lignes = {kExpediteur[0], kExpediteur[1]}}));
+  zones.EcrireExpediteur(ComposerAdresse({.lignes = {kExpediteur[0], kExpediteur[1]}}), 0);
   QList<AdresseComposee> adresses;
   for (int numero = 1; numero <= kEnveloppes; ++numero) {
     AdresseSaisie adresse;
