@@ -221,13 +221,14 @@ void ListeVelmiras::Chercher(const QString &saisie) {
 
 void ListeVelmiras::Trouver(const QString &saisie) {
   ModeleListe &modele = ui_->TV->Modele();
-  if (!EstResultat() && modele.NombreEnfants() == 0) return;
-  QString debut = saisie;
-  while (debut.endsWith(u' ')) debut.chop(1);  // a word of which nothing is typed yet
-  const bool commence = Commence(debut);
-  if (!Restreindre(commence ? QString() : SansBlancs(debut))) return;
-  const QModelIndex noeud =
-      commence ? modele.Commencant(saisie) : modele.index(0, 0, modele.Racine());
+  QModelIndex noeud = EstResultat() ? QModelIndex() : modele.Commencant(saisie);
+  if (!noeud.isValid() && (EstResultat() || modele.NombreEnfants() > 0)) {
+    QString debut = saisie;
+    while (debut.endsWith(u' ')) debut.chop(1);  // a word of which nothing is typed yet
+    const bool commence = Commence(debut);
+    if (!Restreindre(commence ? QString() : SansBlancs(debut))) return;
+    noeud = commence ? modele.Commencant(saisie) : modele.index(0, 0, modele.Racine());
+  }
   if (noeud.isValid()) ui_->TV->SelectionnerEtCliquer(noeud);
 }
 
