@@ -1,5 +1,6 @@
 #include "directory/FrmImprime.h"
 
+#include "ui/EchelleProgramme.h"
 #include "ui_FrmImprime.h"
 
 FrmImprime::FrmImprime(QWidget *liste)
@@ -8,6 +9,7 @@ FrmImprime::FrmImprime(QWidget *liste)
   for (QCheckBox *coche : findChildren<QCheckBox *>())
     connect(coche, &QCheckBox::clicked, this, [this] { ui_->CmdContinuer->setFocus(); });
   connect(ui_->CmdContinuer, &QPushButton::clicked, this, &QDialog::accept);
+  GarderTaille(this);
   resize(liste->width(), sizeHint().height());
   move(liste->mapToGlobal(QPoint()));
 }

@@ -2,6 +2,7 @@
 
 #include "storage/Lignes.h"
 #include "ui/CouleurNumero.h"
+#include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
 #include "ui_FrmLoupe.h"
@@ -18,7 +19,11 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLou
   MontrerNumero(ui_->LblTelT, ui_->LblPTLoupe, fiche.TelTravail, fiche.ListeRougeTravail);
   MontrerNumero(ui_->LblPort, ui_->LblPoLoupe, fiche.Portable, false);
   MontrerNumero(ui_->LblFax, ui_->LblFLoupe, fiche.Fax, false);
-  Colorer(ui_->LblExit, palette().color(QPalette::Disabled, QPalette::WindowText));
+  Grandir(ui_->LblNLoupe, 3, true);
+  for (QWidget *valeur : {ui_->LblPLoupe, ui_->LblPTLoupe, ui_->LblPoLoupe, ui_->LblFLoupe})
+    Grandir(valeur, 2.6);
+  for (QWidget *libelle : {ui_->LblTel, ui_->LblTelT, ui_->LblPort, ui_->LblFax, ui_->LblExit})
+    Grandir(libelle, 1.5);
 }
 
 FrmLoupe::~FrmLoupe() = default;

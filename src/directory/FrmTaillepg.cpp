@@ -2,6 +2,7 @@
 
 #include "ui/Brancheur.h"
 #include "ui/Echelle.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmTaillepg.h"
 
@@ -37,6 +38,8 @@ FrmTaillepg::FrmTaillepg(Boites &boites, qint32 taille, std::function<void(qint3
   ui_->SLD->setMinimumWidth(caractere * 48);
   ui_->LBLValeur->setAccessibleName(u"Taille, de %1 à %2"_s.arg(kMin).arg(kMax));
   ui_->LBLValeur->setFixedWidth(caractere * 9);
+  for (QWidget *mesure : {static_cast<QWidget *>(ui_->SLD), static_cast<QWidget *>(ui_->LBLValeur)})
+    GarderTaille(mesure);
   ui_->LBLValeur->setText(QString::number(ui_->SLD->value()));
   new SelectionAuFocus(ui_->LBLValeur);
 

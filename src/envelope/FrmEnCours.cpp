@@ -1,5 +1,6 @@
 #include "envelope/FrmEnCours.h"
 
+#include "ui/EchelleProgramme.h"
 #include "ui_FrmEnCours.h"
 
 using namespace Qt::StringLiterals;
@@ -8,6 +9,7 @@ FrmEnCours::FrmEnCours(int nombre, QWidget *parent)
     : QDialog(parent), nombre_(nombre), ui_(std::make_unique<Ui::FrmEnCours>()) {
   ui_->setupUi(this);
   ui_->LblEnCours->setMinimumWidth(fontMetrics().averageCharWidth() * 40);
+  GarderTaille(ui_->LblEnCours);
   ui_->PrgEnCours->setRange(0, nombre);
   connect(ui_->CmdArreter, &QPushButton::clicked, this, &FrmEnCours::reject);
 }

@@ -25,6 +25,7 @@ constexpr Point kIndice{Millimetres(6), Millimetres(98)};
 FrmVueAV::FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePlacee> lignes)
     : ui_(std::make_unique<Ui::FrmVueAV>()) {
   ui_->setupUi(this);
+  setProperty("enMillimetres", true);
   setWindowIcon(IconeProgramme());
   const QSizeF papier = QSizeF(std::clamp(largeur, kMinimum, kMaximum).valeur,
                                std::clamp(hauteur, kMinimum, kMaximum).valeur) /
@@ -34,7 +35,7 @@ FrmVueAV::FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePl
                                    ecran.height() / papier.height()});
   ui_->PctVA->Montrer(std::move(lignes), echelle);
   const QSizeF image = papier * echelle;
-  Colorer(ui_->Etiquette_KV1, QColor(110, 110, 110));
+  Peindre(ui_->Etiquette_KV1, Qt::white, QColor(110, 110, 110));
   ui_->Etiquette_KV1->move(static_cast<int>(image.width() * (kIndice.x / kLongueurDL)),
                            static_cast<int>(image.height() * (kIndice.y / kHauteurDL)));
   setFixedSize(static_cast<int>(image.width()), static_cast<int>(image.height()));

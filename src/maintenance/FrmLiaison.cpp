@@ -2,6 +2,7 @@
 
 #include "platform/Enregistrable.h"
 #include "ui/Garde.h"
+#include "ui/Grandir.h"
 #include "ui/Montrable.h"
 #include "ui_FrmLiaison.h"
 
@@ -22,6 +23,7 @@ FrmLiaison::FrmLiaison(Boites &boites, const QString &separateur, QWidget *paren
       ui_(std::make_unique<Ui::FrmLiaison>()),
       separateur_(separateur) {
   ui_->setupUi(this);
+  Grandir(ui_->Lbl, 1.5, true);
   options_ = {ui_->OptL_0, ui_->OptL_1, ui_->OptL_2, ui_->OptL_3, ui_->OptL_4};
   for (std::size_t i = 0; i < options_.size(); ++i)
     connect(options_[i], &QRadioButton::clicked, this,

@@ -30,6 +30,7 @@ QStringList LignesMontrees(const QString &texte) {
 
 EtiquetteZone::EtiquetteZone(QWidget *parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
+  setProperty("enMillimetres", true);
   Mesurer();
 }
 

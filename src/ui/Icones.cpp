@@ -3,9 +3,16 @@
 #include "ui/Theme.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QStandardPaths>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr char kIcone[] = "icone", kCote[] = "coteIcone";
+
+}  // namespace
 
 void PreparerIcones() {
   // Not every desktop names its icon folders; they are where all data lie.
@@ -27,4 +34,17 @@ QIcon Icone(const char16_t *nom) {
 
 QIcon IconeProgramme() {
   return QIcon(u":/velmira.svg"_s);
+}
+
+void PoserIcone(QLabel *etiquette, const QIcon &icone, int cote) {
+  etiquette->setProperty(kIcone, icone);
+  etiquette->setProperty(kCote, cote);
+  MettreIcone(*etiquette, 1);
+}
+
+void MettreIcone(QLabel &etiquette, double echelle) {
+  const auto icone = etiquette.property(kIcone).value<QIcon>();
+  if (icone.isNull()) return;
+  const int cote = qRound(etiquette.property(kCote).toInt() * echelle);
+  etiquette.setPixmap(icone.pixmap(QSize(cote, cote), etiquette.devicePixelRatio()));
 }

@@ -4,6 +4,7 @@
 #include <QPalette>
 #include <QWidget>
 
+#include <algorithm>
 #include <cmath>
 
 /// Whether a ground is so dark that light texts stand on it.
@@ -16,12 +17,22 @@ inline bool EstSombre(const QPalette &palette) {
   return EstSombre(palette.color(QPalette::Window));
 }
 
+/// Light of a colour, 0 for black and 1 for white.
+inline double Luminance(const QColor &couleur) {
+  const auto lumiere = [](double canal) { return std::pow(canal, 2.2); };
+  return 0.2126 * lumiere(couleur.redF()) + 0.7152 * lumiere(couleur.greenF()) +
+         0.0722 * lumiere(couleur.blueF());
+}
+
+/// How well an ink is read on a ground, from 1 to 21. A text takes 4.5.
+inline double Contraste(const QColor &encre, const QColor &fond) {
+  const double a = Luminance(encre), b = Luminance(fond);
+  return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
 /// Black or white, whichever is read better on a ground.
 inline QColor EncreSur(const QColor &fond) {
-  const auto lumiere = [](double canal) { return std::pow(canal, 2.2); };
-  const double luminance = 0.2126 * lumiere(fond.redF()) + 0.7152 * lumiere(fond.greenF()) +
-                           0.0722 * lumiere(fond.blueF());
-  return luminance > 0.18 ? Qt::black : Qt::white;
+  return Luminance(fond) > 0.18 ? Qt::black : Qt::white;
 }
 
 /// Gives a widget a ground, and its texts an ink.

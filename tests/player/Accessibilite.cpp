@@ -1,6 +1,7 @@
 #include "player/Accessibilite.h"
 
 #include "player/Echec.h"
+#include "ui/Theme.h"
 
 #include <QAbstractButton>
 #include <QAccessible>
@@ -51,6 +52,15 @@ void VerifierMenu(const QMenu &menu) {
   }
 }
 
+void VerifierContraste(const QLabel &etiquette) {
+  if (etiquette.text().isEmpty()) return;
+  const QColor encre = etiquette.palette().color(etiquette.foregroundRole());
+  const QColor fond = etiquette.palette().color(etiquette.backgroundRole());
+  Exiger(Contraste(encre, fond) >= 4.5, u"%1, %2 on %3: a contrast of 4.5 expected, %4 found"_s
+                                            .arg(etiquette.objectName(), encre.name(), fond.name())
+                                            .arg(Contraste(encre, fond), 0, 'f', 1));
+}
+
 }  // namespace
 
 void VerifierAccessibilite(const QWidget &fenetre) {
@@ -73,6 +83,7 @@ void VerifierAccessibilite(const QWidget &fenetre) {
     else if (const auto *etiquette = qobject_cast<QLabel *>(widget);
              etiquette != nullptr && etiquette->buddy() != nullptr)
       mnemoniques.Prendre(etiquette->text());
+    if (const auto *etiquette = qobject_cast<const QLabel *>(widget)) VerifierContraste(*etiquette);
     if ((widget->focusPolicy() & Qt::TabFocus) == 0 || EstInterne(widget)) continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);
     Exiger(acces != nullptr && !acces->text(QAccessible::Name).trimmed().isEmpty(),

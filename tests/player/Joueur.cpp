@@ -44,7 +44,9 @@ std::optional<Joueur::Faute> Joueur::Jouer() {
                       QStringLiteral(VELMIRA_DONNEES), QFileInfo(fichier_).absolutePath()),
                 options_.captures);
     scene_ = &scene;
+    scene.taille = options_.taille;
     Derouler();
+    mesures_ = scene.mesures;
   } catch (const ErreurAnalyse &erreur) {
     return Faute{erreur.ligne, erreur.texte};
   } catch (const Echec &echec) {

@@ -14,8 +14,9 @@
 class Joueur {
  public:
   struct Options {
-    QString monde;     ///< folder in which the world is kept; a temporary one when empty
-    QString captures;  ///< folder of the pictures; none are made when empty
+    QString monde;      ///< folder in which the world is kept; a temporary one when empty
+    QString captures;   ///< folder of the pictures; none are made when empty
+    qint32 taille = 0;  ///< of the program, in twips; 0 for what the scenario has
   };
 
   /// Where and why a scenario failed.
@@ -28,6 +29,9 @@ class Joueur {
 
   /// Nothing when the scenario is ok.
   std::optional<Faute> Jouer();
+
+  /// Of the windows that pictures were asked of.
+  const Mesures &LesMesures() const { return mesures_; }
 
  private:
   /// Dialogs and menus that take the user's input.
@@ -64,4 +68,5 @@ class Joueur {
   QElapsedTimer depuis_;  ///< since the last command began, or the end
   bool terminee_ = false;
   std::optional<Faute> faute_;
+  Mesures mesures_;
 };

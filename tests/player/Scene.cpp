@@ -2,6 +2,7 @@
 
 #include "platform/Erreurs.h"
 #include "player/Echec.h"
+#include "storage/Reglages.h"
 #include "storage/Requete.h"
 
 using namespace Qt::StringLiterals;
@@ -29,9 +30,17 @@ Scene::~Scene() {
   application_.SignalerPar(nullptr);
 }
 
+void Scene::EcrireTaille() const {
+  Reglages reglages;
+  LireReglages(monde.App(), reglages);
+  reglages.rtcolor.TailleFenetre = taille;
+  EcrireRTColor(monde.App(), reglages.rtcolor);
+}
+
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
+  if (taille != 0) EcrireTaille();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s});

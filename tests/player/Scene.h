@@ -7,6 +7,7 @@
 #include "player/Classeur.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
+#include "player/Mesures.h"
 #include "player/Monde.h"
 #include "storage/Base.h"
 
@@ -66,6 +67,9 @@ class Scene {
   QString utilisateur = QStringLiteral("Paul");
   const QString captures;  ///< folder of the pictures, or empty
 
+  qint32 taille = 0;  ///< of the program at each start, in twips; 0 for the one of the world
+  Mesures mesures;    ///< of the windows that pictures were asked of
+
   LecteurClasseur lecteurClasseur;
   std::optional<AutreEcrivain> autreEcrivain;
 
@@ -73,6 +77,8 @@ class Scene {
   qsizetype page = -1;        ///< the one that checks act on
 
  private:
+  void EcrireTaille() const;
+
   Application &application_;
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;

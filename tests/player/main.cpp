@@ -1,6 +1,7 @@
 // Plays scenarios: text files that drive the program by its controls.
 
 #include "player/Joueur.h"
+#include "ui/Echelle.h"
 #include "ui/Icones.h"
 
 #include <QCommandLineParser>
@@ -39,6 +40,18 @@ void PreparerApparence(bool sombre) {
   PreparerIcones();
 }
 
+/// Twice, at the size as designed and at the largest one: all of the windows is to have grown.
+std::optional<Joueur::Faute> JouerAEchelle(Application &application, const QString &fichier) {
+  Joueur dessin(application, fichier, {{}, {}, kTailleDessin});
+  if (auto faute = dessin.Jouer()) return faute;
+  Joueur agrandie(application, fichier, {{}, {}, kTailleMax});
+  if (auto faute = agrandie.Jouer()) return faute;
+  const QStringList fautes =
+      MalAEchelle(dessin.LesMesures(), agrandie.LesMesures(), Echelle(kTailleMax));
+  if (fautes.isEmpty()) return std::nullopt;
+  return Joueur::Faute{0, u"not at scale\n    "_s + fautes.join(u"\n    "_s)};
+}
+
 }  // namespace
 
 int main(int argc, char *argv[]) {
@@ -51,7 +64,10 @@ int main(int argc, char *argv[]) {
   arguments.addHelpOption();
   arguments.addOptions({{u"world"_s, u"Keep the world of the one file in DIR."_s, u"DIR"_s},
                         {u"captures"_s, u"Write the pictures into DIR."_s, u"DIR"_s},
-                        {u"sombre"_s, u"Use dark colours."_s}});
+                        {u"sombre"_s, u"Use dark colours."_s},
+                        {u"echelle"_s,
+                         u"Play each file at the designed and at the largest size, and "
+                         "hold the windows of its pictures against each other."_s}});
   arguments.addPositionalArgument(u"FILE"_s, u"Scenarios to play."_s, u"FILE..."_s);
   arguments.process(application);
   const QStringList fichiers = arguments.positionalArguments();
@@ -64,10 +80,13 @@ int main(int argc, char *argv[]) {
     Application::installTranslator(&traduction);
 
   int echecs = 0;
+  const auto jouer = [&](const QString &fichier) {
+    return arguments.isSet(u"echelle"_s)
+               ? JouerAEchelle(application, fichier)
+               : Joueur(application, fichier, {monde, arguments.value(u"captures"_s), 0}).Jouer();
+  };
   for (const QString &fichier : fichiers) {
-    const auto faute =
-        Joueur(application, fichier, {monde, arguments.value(u"captures"_s)}).Jouer();
-    if (faute) {
+    if (const auto faute = jouer(fichier)) {
       ++echecs;
       std::printf("%s:%d: %s\n", qPrintable(fichier), faute->ligne, qPrintable(faute->texte));
     } else {
