@@ -1,7 +1,9 @@
 #include "directory/CommandesAppel.h"
 
+#include "directory/Liens.h"
 #include "directory/PanneauFiche.h"
 #include "ui/Brancheur.h"
+#include "ui/Montrable.h"
 
 #include <QRegularExpression>
 #include <QScopeGuard>
@@ -53,9 +55,10 @@ CommandesAppel::CommandesAppel(Session &session, const Actions &actions, Panneau
     session_.plateforme.coquille.Ouvrir(session_.dossiers.AppPath + u"/VelmiraADSL.pdf"_s);
   });
   brancher(&fiche_, &PanneauFiche::AppelDemande, &CommandesAppel::AppelerFiche);
-  brancher(&fiche_, &PanneauFiche::CourrielDemande, &CommandesAppel::Ecrire);
+  brancher(&fiche_, &PanneauFiche::CourrielDemande,
+           [this](const QString &adresse) { OuvrirLien(adresse, LienCourriel(adresse)); });
   brancher(&fiche_, &PanneauFiche::SiteDemande,
-           [this](const QString &adresse) { session_.plateforme.coquille.Ouvrir(adresse); });
+           [this](const QString &texte) { OuvrirLien(texte, LienSite(texte)); });
 }
 
 void CommandesAppel::Appliquer() {
@@ -85,7 +88,7 @@ void CommandesAppel::Demander() {
   if (EstNumero(reponse, session_.reglages.SeparateurTel))
     Composer(reponse);
   else if (reponse.contains(u'@'))
-    Ecrire(reponse);
+    session_.plateforme.coquille.Ouvrir(u"mailto:"_s + reponse);
   else
     boites.Information(u"Mauvaise adresse émail !"_s);
 }
@@ -97,8 +100,15 @@ void CommandesAppel::AppelerFiche(const QString &numero) {
     Composer(numero);
 }
 
-void CommandesAppel::Ecrire(const QString &adresse) {
-  session_.plateforme.coquille.Ouvrir(u"mailto:"_s + adresse);
+void CommandesAppel::OuvrirLien(const QString &texte, const std::optional<QString> &lien) {
+  if (lien)
+    session_.plateforme.coquille.Ouvrir(*lien);
+  else
+    session_.plateforme.boites.Information(
+        u"« %1 » n'a pas été ouvert : seules une page web (http ou https) et une adresse de "
+        u"courriel "
+        "seule s'ouvrent depuis la fiche. Vous pouvez la corriger avec « Modifier »."_s.arg(
+            Montrable(texte, 200)));
 }
 
 void CommandesAppel::Composer(const QString &numero) {

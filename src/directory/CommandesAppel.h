@@ -47,7 +47,8 @@ class CommandesAppel : public QObject {
   void ConduireAppel(const QString &numero);
   /// None where the call is over without an answer: the device has gone, or the program ends.
   std::optional<ReponseModem> AttendreModem(const bool &fini);
-  void Ecrire(const QString &adresse);
+  /// Where there is no link, what stands in the record is told.
+  void OuvrirLien(const QString &texte, const std::optional<QString> &lien);
 
   void ChoisirPort(std::size_t choix);
   void DemanderPort();
