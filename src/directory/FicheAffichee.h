@@ -42,6 +42,9 @@ class FicheAffichee {
   /// Key of the record on display, 0 for none.
   Cle Index() const { return montree_.Index; }
 
+  /// As it is shown.
+  const Correspondant &Montree() const { return montree_; }
+
   /// Its address; an empty string for none.
   const AdresseComposee &Adresse() const { return adresse_; }
 
@@ -51,7 +54,9 @@ class FicheAffichee {
   void EcrireNotesQuittees();
   QString EchecNotes(const Erreur &erreur) const;
   void MontrerTextes(Correspondant fiche);
+  /// A picture that has gone for good is told once, and taken out of the record.
   void MontrerPhoto(const Correspondant &fiche);
+  bool PhotoOubliee(const QString &photo) const;
   QString LigneAge(const QString &ddn) const;
 
   Session &session_;

@@ -28,6 +28,10 @@ namespace {
 
 constexpr auto kVeille = 3s;  // between two looks at what the others have changed
 
+const QString kPlusDansLaListe =
+    u"Ce correspondant n'est plus dans la liste : un autre utilisateur l'a supprimé ou modifié "
+    "entre-temps."_s;
+
 std::unique_ptr<Ui::FrmVelmira> Preparer(FrmVelmira &fenetre) {
   auto ui = std::make_unique<Ui::FrmVelmira>();
   ui->setupUi(&fenetre);
@@ -207,6 +211,7 @@ void FrmVelmira::AccorderSelection() {
 void FrmVelmira::NoeudClic(Cle index, Qt::MouseButton bouton) {
   const auto accord = qScopeGuard([this] { AccorderSelection(); });
   if (!fiche_.LibererNotes()) return;
+  depart_.clear();
   if (index == 0) {
     fiche_.Effacer();
   } else if (!fiche_.Montrer(index)) {
@@ -229,10 +234,12 @@ void FrmVelmira::Actualiser() {
   const auto fiche = fiche_.Relire();
   const bool fidele = ui_->Liste->Actualiser(suspens ? fiche_.Index() : 0);
   changements_ = fidele ? changements : 0;
-  if (fiche && ui_->Liste->Arbre().Modele().Enfant(fiche_.Index()).isValid())
+  if (fiche && ui_->Liste->Arbre().Modele().Enfant(fiche_.Index()).isValid()) {
     fiche_.Actualiser(*fiche);
-  else if (!suspens && fiche_.Index() != 0)
+  } else if (!suspens && fiche_.Index() != 0) {
     fiche_.Effacer();
+    depart_ = fiche ? kPlusDansLaListe : TexteDisparu();
+  }
   AccorderSelection();
 }
 
@@ -265,9 +272,7 @@ void FrmVelmira::Supprimer() {
   const Cle choisie = fiche_.Index();
   Actualiser();
   if (choisie != fiche_.Index())
-    session_.plateforme.boites.Information(
-        u"Ce correspondant n'est plus dans la liste : un autre utilisateur l'a supprimé ou modifié "
-        "entre-temps."_s);
+    session_.plateforme.boites.Information(kPlusDansLaListe);
   else
     commandes_.SupprimerSelection();
 }
@@ -300,16 +305,14 @@ void FrmVelmira::EcrireMarques(bool masquer) {
 }
 
 void FrmVelmira::Agrandir() {
-  const QModelIndex noeud = commandes_.NoeudChoisi();
-  if (!noeud.isValid()) return;
+  if (!commandes_.NoeudChoisi().isValid()) return;
   if (!fiche_.LibererNotes()) return;
-  const Cle index = Index(noeud);
-  const auto fiche = SousSablier([&] { return TableAdresse(session_.base).Lire(index); });
-  if (!fiche && index != 0) {
-    AnnoncerDisparition();
+  Ignorer([this] { Actualiser(); });  // what is on display can be enlarged without the table
+  if (!depart_.isEmpty()) {
+    session_.plateforme.boites.Information(depart_);
     return;
   }
-  loupe_ = std::make_unique<FrmLoupe>(fiche.value_or(Correspondant()));
+  loupe_ = std::make_unique<FrmLoupe>(fiche_.Montree());
   connect(loupe_.get(), &FrmLoupe::Quittee, this, [this] {
     show();
     activateWindow();

@@ -112,6 +112,7 @@ class FrmVelmira : public QMainWindow {
   QMenu *mnuInv2_;              ///< pop-up of the list
   QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
+  QString depart_;              ///< why the record on display has gone, until another one is chosen
   bool premierPassage_ = true;
   const int niveau_;        ///< of the event loop that no command runs in
   qint64 changements_ = 0;  ///< of the database when it was shown last
