@@ -1,25 +1,24 @@
 #include "directory/PanneauFiche.h"
 
 #include "ui/CouleurNumero.h"
+#include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
 #include "ui/TexteExact.h"
 #include "ui_PanneauFiche.h"
 
 #include <QEvent>
-#include <QImageReader>
 #include <QToolButton>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kCotePhoto = 150;
-
-/// What fits the frame of an address.
+/// Whole, but for what would hold up the window.
 QString AdresseMontrable(const QString &adresse) {
-  constexpr qsizetype kLignes = 12, kCaracteres = 120;
-  return LignesMontrables(adresse, kLignes, kCaracteres).join(u'\n');
+  constexpr qsizetype kCaracteres = 100'000;
+  const QString debut = Montrable(adresse, kCaracteres);
+  return debut.size() < adresse.size() ? debut + u"\n..."_s : debut;
 }
 
 }  // namespace
@@ -29,10 +28,7 @@ PanneauFiche::PanneauFiche(QWidget *parent)
   ui_->setupUi(this);
   cmdTel_ = {ui_->CmdTel_0, ui_->CmdTel_1, ui_->CmdTel_2};
   for (QToolButton *bouton : cmdTel_) bouton->setIcon(Icone(u"call-start"));
-  QFont grand = ui_->LblName->font();
-  grand.setPointSizeF(grand.pointSizeF() * 1.6);
-  grand.setBold(true);
-  ui_->LblName->setFont(grand);
+  Grandir(ui_->LblName, 1.6, true);
   for (QWidget *etiquette :
        {static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
     Colorer(etiquette, CouleurNumero(false, palette()));
@@ -75,21 +71,19 @@ void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichag
 }
 
 bool PanneauFiche::MontrerPhoto(const QString &chemin) {
-  QImage image;
-  if (!chemin.isEmpty()) {
-    QImageReader lecteur(chemin);
-    lecteur.setAutoTransform(true);
-    const QSize cadre = QSize(kCotePhoto, kCotePhoto) * devicePixelRatioF();
-    if (lecteur.size().isValid())
-      lecteur.setScaledSize(lecteur.size().scaled(cadre, Qt::KeepAspectRatio));
-    image = lecteur.read();
-    if (!image.isNull()) image = image.scaled(cadre, Qt::KeepAspectRatio, Qt::SmoothTransformation);
-    image.setDevicePixelRatio(devicePixelRatioF());
-  }
-  ui_->Img->setPixmap(QPixmap::fromImage(image));
-  ui_->Img->setVisible(!image.isNull());
-  ui_->Shp->setVisible(!image.isNull());
-  return chemin.isEmpty() || !image.isNull();
+  const bool lue = ui_->Img->Montrer(chemin);
+  const bool montree = lue && !chemin.isEmpty();
+  ui_->Img->setVisible(montree);
+  ui_->Shp->setVisible(montree);
+  ui_->LblSansPhoto->hide();
+  return lue;
+}
+
+void PanneauFiche::AnnoncerPhotoAbsente(const QString &chemin) {
+  ui_->LblSansPhoto->setToolTip(
+      u"<p>La photo « %1 » ne peut pas être lue ici pour le moment.</p>"_s.arg(
+          chemin.toHtmlEscaped()));
+  ui_->LblSansPhoto->show();
 }
 
 void PanneauFiche::MontrerAdresseImportee(bool importee) {

@@ -33,6 +33,8 @@ class PanneauFiche : public QWidget {
   void Montrer(const Correspondant &fiche, const Affichage &affichage);
   /// Gives false when the file is no picture; the frame is then empty. An empty path is no failure.
   bool MontrerPhoto(const QString &chemin);
+  /// Says in the place of the portrait that it cannot be read; until the next one is shown.
+  void AnnoncerPhotoAbsente(const QString &chemin);
 
   /// The imported address is shown in the place of the address.
   void MontrerAdresseImportee(bool importee);

@@ -8,6 +8,8 @@
 #include <QStyleOption>
 #include <QToolTip>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr qsizetype kCaracteres = 1000;  // more never fits
@@ -20,7 +22,11 @@ EtiquetteElidee::EtiquetteElidee(QWidget *parent) : QLabel(parent) {
 }
 
 QString EtiquetteElidee::Ligne() const {
-  return Montrable(text(), kCaracteres).simplified();
+  QString ligne = Montrable(text(), kCaracteres);
+  ligne.replace(u"\r\n"_s, u" "_s);
+  for (QChar &signe : ligne)
+    if (signe != u'\u00a0' && signe != u'\u202f' && signe.isSpace()) signe = u' ';
+  return ligne;
 }
 
 QSize EtiquetteElidee::sizeHint() const {
@@ -42,8 +48,11 @@ void EtiquetteElidee::paintEvent(QPaintEvent *) {
 bool EtiquetteElidee::event(QEvent *evenement) {
   if (evenement->type() == QEvent::ToolTip && toolTip().isEmpty()) {
     const bool coupe = fontMetrics().horizontalAdvance(Ligne()) > contentsRect().width();
-    QToolTip::showText(static_cast<QHelpEvent *>(evenement)->globalPos(),
-                       coupe ? Ligne().toHtmlEscaped() : QString(), this);
+    QToolTip::showText(
+        static_cast<QHelpEvent *>(evenement)->globalPos(),
+        coupe ? u"<p style='white-space:pre-wrap'>%1</p>"_s.arg(Ligne().toHtmlEscaped())
+              : QString(),
+        this);
     return true;
   }
   return QLabel::event(evenement);

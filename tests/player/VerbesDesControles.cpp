@@ -68,6 +68,16 @@ void VerifierPolice(Scene &scene, const Mots &mots) {
              .arg(police.pointSizeF()));
 }
 
+/// The control wants the room that this text takes in its font.
+void VerifierPlace(Scene &scene, const Mots &mots) {
+  const Controle controle = Trouver(scene, mots);
+  Exiger(controle.widget != nullptr, controle.Sinon(u"a widget"_s));
+  const int largeur = QFontMetrics(PoliceDe(controle)).horizontalAdvance(mots[1].texte);
+  const int voulue = controle.widget->sizeHint().width();
+  Exiger(std::abs(voulue - largeur) <= 2,
+         u"%1: %2 pixels wide expected, %3 found"_s.arg(controle.nom).arg(largeur).arg(voulue));
+}
+
 void ExigerListe(const QString &quoi, const QStringList &attendus, const QStringList &trouves) {
   Exiger(attendus == trouves, u"%1: \"%2\" expected, \"%3\" found"_s.arg(
                                   quoi, attendus.join(u"\" \""_s), trouves.join(u"\" \""_s)));
@@ -164,6 +174,7 @@ QList<Verbe> VerbesDesControles() {
       {u"couleur"_s, 2, 2, VerifierCouleur<CouleurTexte>},
       {u"fond"_s, 2, 2, VerifierCouleur<CouleurFond>},
       {u"police"_s, 3, 3, VerifierPolice},
+      {u"place"_s, 2, 2, VerifierPlace},
       {u"alignement"_s, 2, 2,
        [](S &s, const M &m) { ExigerEgal(m[0].texte, m[1].texte, AlignementDe(Trouver(s, m))); }},
       {u"items"_s, 1, kSansLimite, VerifierElements},

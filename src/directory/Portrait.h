@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QLabel>
+#include <QList>
+#include <QUrl>
+
+/// The picture of a correspondent, as large as the label's maximum size allows.
+class Portrait : public QLabel {
+  Q_OBJECT
+
+ public:
+  using QLabel::QLabel;
+
+  /// False when the file is no picture that can be read here; nothing is shown then. An empty path
+  /// shows nothing, and is no failure.
+  bool Montrer(const QString &chemin);
+
+ signals:
+  /// Files or addresses have been dropped on it; only where the label accepts drops. Emitted once
+  /// the drop is over.
+  void Depose(const QList<QUrl> &adresses);
+
+ protected:
+  void showEvent(QShowEvent *evenement) override;
+  void dragEnterEvent(QDragEnterEvent *evenement) override;
+  void dropEvent(QDropEvent *evenement) override;
+
+ private:
+  /// The room for the picture, in pixels of the screen.
+  QSize Cadre() const;
+
+  QString chemin_;  ///< of the picture that is shown
+  QSize cadre_;     ///< it was made for
+};
