@@ -3,6 +3,7 @@
 #include "address/AdresseSaisie.h"
 #include "address/MiseEnLignes.h"
 #include "directory/Age.h"
+#include "directory/FichierPhoto.h"
 #include "directory/LibellesFiche.h"
 #include "directory/PanneauFiche.h"
 #include "storage/Tables.h"
@@ -36,7 +37,8 @@ std::optional<Correspondant> FicheAffichee::Relire() const {
 
 void FicheAffichee::Actualiser(const Correspondant &fiche) {
   if (fiche == montree_) return;
-  if (fiche.Photo != montree_.Photo) panneau_.MontrerPhoto(fiche.Photo);
+  if (fiche.Photo != montree_.Photo && !panneau_.MontrerPhoto(fiche.Photo))
+    panneau_.AnnoncerPhotoAbsente(fiche.Photo);
   MontrerTextes(fiche);
 }
 
@@ -59,8 +61,18 @@ bool FicheAffichee::NotesEnSuspens() const {
   return Index() != 0 && panneau_.NotesModifiees();
 }
 
+bool FicheAffichee::PhotoOubliee(const QString &photo) const {
+  // What is missing here may be there for another user of the same table.
+  const Dossiers &dossiers = session_.dossiers;
+  return dossiers.CheminBase == dossiers.CheminData && PhotoDisparue(photo);
+}
+
 void FicheAffichee::MontrerPhoto(const Correspondant &fiche) {
   if (panneau_.MontrerPhoto(fiche.Photo)) return;
+  if (!PhotoOubliee(fiche.Photo)) {
+    panneau_.AnnoncerPhotoAbsente(fiche.Photo);
+    return;
+  }
   Correspondant sansPhoto = fiche;
   sansPhoto.Photo = u""_s;
   SousSablier([&] { return TableAdresse(session_.base).Modifier(fiche, sansPhoto); });

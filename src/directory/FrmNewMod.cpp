@@ -8,6 +8,7 @@
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/DebutVisible.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/Guillemet.h"
 #include "ui/Sablier.h"
 #include "ui/SelectionAuFocus.h"
@@ -15,6 +16,8 @@
 
 #include <QDir>
 #include <QEvent>
+#include <QImageReader>
+#include <QUrl>
 
 #include <algorithm>
 #include <array>
@@ -25,6 +28,14 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kDebutWeb = u"http://www."_s;
+
+/// All that can be read here, and the kinds of picture that are the most usual.
+QString FiltrePhotos() {
+  QStringList genres;
+  for (const QByteArray &genre : QImageReader::supportedImageFormats())
+    genres.append(u"*."_s + QString::fromLatin1(genre));
+  return u"Images (%1);;Images (*.jpg *.bmp *.ico)"_s.arg(genres.join(u' '));
+}
 
 }  // namespace
 
@@ -45,6 +56,8 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
     champ.ligne->setMaxLength(std::numeric_limits<int>::max());
     new DebutVisible(champ.ligne);
   }
+  ui_->TxtDN->setMinimumWidth(fontMetrics().horizontalAdvance(u"00/00/0000000"_s));
+  GarderTaille(ui_->TxtDN);
   Brancher();
 }
 
@@ -57,13 +70,16 @@ void FrmNewMod::Brancher() {
   brancher(ui_->CmdOK, &FrmNewMod::Valider);
   brancher(ui_->CmdAnnule, &FrmNewMod::reject);
   brancher(ui_->CmdPhoto, &FrmNewMod::ChoisirPhoto);
+  brancher(ui_->ImgPhoto, &Portrait::Depose, &FrmNewMod::PrendreDepot);
   brancher(ui_->CmdEnregistre, &FrmNewMod::ImprimerPuisValider);
   connect(ui_->Label5, &QToolButton::clicked, this, [this] {
     session_.plateforme.boites.Information(
-        u"La photo est un fichier d'image (jpg, bmp ou ico), montré avec la fiche.\n\n"
+        u"La photo est un fichier d'image (jpg, png, bmp, ico...), montré avec la fiche. Vous "
+        u"pouvez "
+        "aussi la déposer ici depuis le gestionnaire de fichiers.\n\n"
         "Rangez-la de préférence dans le dossier « Photos » du programme :\n"_s +
         QDir::toNativeSeparators(session_.dossiers.Photos()) +
-        u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler »."_s);
+        u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler », et confirmez."_s);
   });
   new SelectionAuFocus(ui_->txtName);
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
@@ -81,6 +97,7 @@ QList<FrmNewMod::Champ> FrmNewMod::Champs() const {
 void FrmNewMod::Montrer(const Correspondant &fiche) {
   saisie_ = {.montree = fiche, .fiche = fiche};
   photo_ = fiche.Photo;
+  MontrerPhoto(photo_);
   for (const auto &[ligne, texte] : Champs()) ligne->setText(fiche.*texte);
   MontrerNaissance();
   ui_->ChkR_0->setChecked(fiche.ListeRougeTel);
@@ -201,7 +218,46 @@ void FrmNewMod::MontrerNaissance() {
 }
 
 void FrmNewMod::ChoisirPhoto() {
-  photo_ = session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.Photos(),
-                                              u"Images (*.jpg *.bmp *.ico)"_s);
-  if (photo_.isNull()) photo_ = u""_s;
+  const QString chemin =
+      session_.plateforme.boites.Fichier(u"Photo"_s, session_.dossiers.Photos(), FiltrePhotos());
+  if (chemin.isEmpty())
+    ProposerRetrait();
+  else
+    PrendrePhoto(chemin);
+}
+
+void FrmNewMod::ProposerRetrait() {
+  if (photo_.isEmpty() ||
+      session_.plateforme.boites.Question(Boites::Titre(), u"Retirer la photo ?"_s,
+                                          Boites::Reponse::Non) != Boites::Reponse::Oui)
+    return;
+  photo_ = u""_s;
+  MontrerPhoto(photo_);
+}
+
+void FrmNewMod::PrendrePhoto(const QString &chemin) {
+  if (ui_->ImgPhoto->Montrer(chemin)) {
+    photo_ = chemin;
+  } else {
+    session_.plateforme.boites.Attention(
+        u"« %1 » n'est pas une image que Velmira peut lire : la photo de la fiche n'a pas changé."_s
+            .arg(QDir::toNativeSeparators(chemin)));
+  }
+  MontrerPhoto(photo_);
+}
+
+void FrmNewMod::PrendreDepot(const QList<QUrl> &adresses) {
+  if (adresses.size() == 1 && adresses.constFirst().isLocalFile())
+    PrendrePhoto(adresses.constFirst().toLocalFile());
+  else
+    session_.plateforme.boites.Attention(
+        u"Déposez ici un seul fichier d'image de cet ordinateur : la photo de la fiche n'a pas "
+        "changé."_s);
+}
+
+void FrmNewMod::MontrerPhoto(const QString &chemin) {
+  if (chemin.isEmpty())
+    ui_->ImgPhoto->setText(u"Aucune\nphoto"_s);
+  else if (!ui_->ImgPhoto->Montrer(chemin))
+    ui_->ImgPhoto->setText(u"Photo\nnon lisible"_s);
 }

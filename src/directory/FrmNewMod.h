@@ -9,6 +9,7 @@
 #include <memory>
 
 class QLineEdit;
+class QUrl;
 
 namespace Ui {
 class FrmNewMod;
@@ -65,6 +66,12 @@ class FrmNewMod : public QDialog {
   void MontrerNaissance();
   void ImprimerPuisValider();
   void ChoisirPhoto();
+  /// Asks for a cancelled choice; nothing where there is no picture.
+  void ProposerRetrait();
+  /// Refuses what is no picture that can be read here.
+  void PrendrePhoto(const QString &chemin);
+  void PrendreDepot(const QList<QUrl> &adresses);
+  void MontrerPhoto(const QString &chemin);
 
   Session &session_;
   Contexte contexte_;

@@ -15,6 +15,7 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMimeData>
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
@@ -355,6 +356,19 @@ void Quitter(const Controle &controle) {
          u"focus on %1 expected, on \"%2\" found"_s.arg(
              controle.nom, foyer != nullptr ? foyer->objectName() : u"nothing"_s));
   foyer->clearFocus();
+}
+
+void Deposer(const Controle &controle, const QList<QUrl> &adresses) {
+  QWidget *widget = Widget(controle);
+  Exiger(widget->acceptDrops(), controle.Sinon(u"what takes drops"_s));
+  QMimeData donnees;
+  donnees.setUrls(adresses);
+  const QPoint place = widget->rect().center();
+  QDragEnterEvent entree(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
+  QApplication::sendEvent(widget, &entree);
+  Exiger(entree.isAccepted(), u"a drop taken by %1 expected, it is refused"_s.arg(controle.nom));
+  QDropEvent depot(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
+  QApplication::sendEvent(widget, &depot);
 }
 
 void Survoler(const Controle &controle) {

@@ -6,6 +6,7 @@
 #include "player/Ecran.h"
 
 #include <QModelIndex>
+#include <QUrl>
 
 enum class Clic { Simple, Double, Droit };
 
@@ -33,6 +34,9 @@ void Toucher(const Controle &controle, const QString &touche);
 
 /// Drags a control with the left button by millimetres of its picture, in whole pixels.
 void Glisser(const Controle &controle, double dx, double dy);
+
+/// Drops what a file manager drops for these addresses.
+void Deposer(const Controle &controle, const QList<QUrl> &adresses);
 
 void Quitter(const Controle &controle);
 void Survoler(const Controle &controle);

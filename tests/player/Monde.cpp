@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <sys/stat.h>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -101,6 +103,11 @@ void Monde::CreerDossier(const QString &nom) const {
 void Monde::RendreIllisible(const QString &nom) const {
   QFile::remove(Chemin(nom));
   Exiger(QFile::link(u"/proc/self/mem"_s, Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
+}
+
+void Monde::PoserTube(const QString &nom) const {
+  Exiger(mkfifo(QFile::encodeName(Chemin(nom)).constData(), S_IRUSR | S_IWUSR) == 0,
+         u"\"%1\" cannot be made"_s.arg(nom));
 }
 
 void Monde::FermerLAcces(const QString &nom) const {

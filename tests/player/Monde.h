@@ -33,6 +33,8 @@ class Monde {
   void CreerDossier(const QString &nom) const;
   /// Puts in its place a file that opens and cannot be read, also by the superuser.
   void RendreIllisible(const QString &nom) const;
+  /// Puts there a pipe that nobody writes into.
+  void PoserTube(const QString &nom) const;
   /// Puts there a name that leads nowhere: not even what it is can be told.
   void FermerLAcces(const QString &nom) const;
   void Effacer(const QString &nom) const;

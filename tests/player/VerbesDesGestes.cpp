@@ -1,6 +1,7 @@
 #include "player/Echec.h"
 #include "player/Elements.h"
 #include "player/Gestes.h"
+#include "player/Mesures.h"
 #include "player/Verbes.h"
 
 #include <QDir>
@@ -46,6 +47,15 @@ void TaperTexte(Scene &scene, const Mots &mots) {
   Taper(Atteindre(scene, mots), mots[1].texte, remplacer);
 }
 
+/// Files of the world by their names, addresses as they stand.
+void DeposerFichiers(Scene &scene, const Mots &mots) {
+  QList<QUrl> adresses;
+  for (const QString &nom : Textes(mots, 1))
+    adresses.append(nom.contains(u"://"_s) ? QUrl(nom)
+                                           : QUrl::fromLocalFile(scene.monde.Chemin(nom)));
+  Deposer(Atteindre(scene, mots), adresses);
+}
+
 QWidget *FenetreActive(const Scene &scene) {
   QWidget *fenetre = scene.ecran.FenetreActive();
   Exiger(fenetre != nullptr, u"a window on the screen expected, none found"_s);
@@ -54,6 +64,7 @@ QWidget *FenetreActive(const Scene &scene) {
 
 void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = FenetreActive(scene);
+  Mesurer(mots[0].texte, *fenetre, scene.mesures);
   if (scene.captures.isEmpty()) return;
   const QString chemin = QDir(scene.captures).filePath(mots[0].texte + u".png"_s);
   Exiger(QDir().mkpath(scene.captures) && fenetre->grab().save(chemin),
@@ -65,6 +76,7 @@ void Capturer(Scene &scene, const Mots &mots) {
 QList<Verbe> VerbesDesGestes() {
   using S = Scene;
   using M = Mots;
+  constexpr auto kSansLimite = Verbe::kSansLimite;
   return {
       {u"clic"_s, 1, 1, CliquerControle<Clic::Simple>},
       {u"double"_s, 1, 1, CliquerControle<Clic::Double>},
@@ -84,6 +96,7 @@ QList<Verbe> VerbesDesGestes() {
        [](S &s, const M &m) {
          Glisser(Atteindre(s, m), NombreDecimal(m[1]), NombreDecimal(m[2]));
        }},
+      {u"deposer"_s, 2, kSansLimite, DeposerFichiers},
       {u"quitter"_s, 1, 1, [](S &s, const M &m) { Quitter(Atteindre(s, m)); }},
       {u"survoler"_s, 1, 1, [](S &s, const M &m) { Survoler(Atteindre(s, m)); }},
       {u"fermer-fenetre"_s, 0, 0, [](S &s, const M &) { FenetreActive(s)->close(); }},

@@ -67,6 +67,7 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) { MondeAuRepos(s).CreerDossier(m[0].texte); }},
       {u"monde illisible"_s, 1, 1,
        [](S &s, const M &m) { MondeAuRepos(s).RendreIllisible(m[0].texte); }},
+      {u"monde tube"_s, 1, 1, [](S &s, const M &m) { MondeAuRepos(s).PoserTube(m[0].texte); }},
       {u"monde sans-acces"_s, 1, 1,
        [](S &s, const M &m) { MondeAuRepos(s).FermerLAcces(m[0].texte); }},
       {u"monde efface"_s, 1, 1, [](S &s, const M &m) { MondeAuRepos(s).Effacer(m[0].texte); }},
