@@ -208,7 +208,7 @@ void VerifierGrandeListe(const Donnees &donnees, const QStringList &debuts,
          "the bare renaming");
 
   // The entries behind the two at the head, the second of which the records hold as well.
-  const QStringList categories = ListerCategories(base, false);
+  const QStringList categories = CategoriesAuChoix(base);
   QStringList nues = nue.Categories();
   nues.removeOne(Favoris());
   exiger(categories.mid(2) == nues, "the categories");

@@ -26,8 +26,6 @@ QStringList ListerCategories(Base &base) {
   return entrees;
 }
 
-QStringList ListerCategories(Base &base, bool rechercheRapide) {
-  QStringList entrees{ToutesCategories()};
-  if (rechercheRapide) entrees.prepend(RechercheRapide());
-  return entrees + ListerCategories(base);
+QStringList CategoriesAuChoix(Base &base) {
+  return QStringList{ToutesCategories()} + ListerCategories(base);
 }

@@ -40,6 +40,5 @@ QString SansCategorie(QString categories, const QString &nom);
 /// base is closed the favourites alone. Throws `ErreurBase`.
 QStringList ListerCategories(Base &base);
 
-/// The same behind the pseudo-entries of the list of correspondents. `rechercheRapide`: a quick
-/// search is on, its entry comes first.
-QStringList ListerCategories(Base &base, bool rechercheRapide);
+/// What a list of correspondents can show: the same behind all of them.
+QStringList CategoriesAuChoix(Base &base);

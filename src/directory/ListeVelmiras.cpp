@@ -94,7 +94,7 @@ void ListeVelmiras::Ouvrir(bool surFavoris) {
 }
 
 void ListeVelmiras::RemplirCategories(const std::function<void()> &adieu) {
-  const QStringList categories = ListerCategories(session_->base, false);
+  const QStringList categories = CategoriesAuChoix(session_->base);
   if (EstProposee(categories, filtre_.categorie)) {
     PoserCategories(categories);
     return;
@@ -182,7 +182,7 @@ bool ListeVelmiras::Restreindre(const QString &contenu) {
 }
 
 bool ListeVelmiras::Actualiser(Cle retenue) {
-  const QStringList categories = ListerCategories(session_->base, false);
+  const QStringList categories = CategoriesAuChoix(session_->base);
   FiltreListe filtre = filtre_;
   if (!EstProposee(categories, filtre.categorie)) filtre.categorie = ToutesCategories();
   auto noeuds = Lister(filtre).value_or(std::vector<NoeudListe>());
@@ -208,21 +208,26 @@ void ListeVelmiras::Chercher(const QString &saisie) {
     if (boites.Question(Boites::Titre(),
                         u"Voulez-vous faire une recherche dans tous vos velmiras,\n"
                         "et non pas seulement dans la catégorie affichée ?"_s) ==
-        Boites::Reponse::Oui)
-      AfficherCategorie(ToutesCategories());
+        Boites::Reponse::Oui) {
+      FiltreListe tous = Entiere();
+      tous.categorie = ToutesCategories();
+      Charger(tous);
+    }
   }
   RechercheEnCours = !saisie.isEmpty();
   ui_->TxtRR->setFocus();
   if (!saisie.isEmpty())
     Trouver(saisie);
-  else if (Restreindre({}))
+  else if (ui_->TV->Modele().CochesMontrees() || Restreindre({}))
     CliquerRacine();
 }
 
 void ListeVelmiras::Trouver(const QString &saisie) {
   ModeleListe &modele = ui_->TV->Modele();
-  QModelIndex noeud = EstResultat() ? QModelIndex() : modele.Commencant(saisie);
-  if (!noeud.isValid() && (EstResultat() || modele.NombreEnfants() > 0)) {
+  // Who is ticked must stay in sight.
+  const bool fixe = modele.CochesMontrees() || (!EstResultat() && modele.NombreEnfants() == 0);
+  QModelIndex noeud = EstResultat() && !fixe ? QModelIndex() : modele.Commencant(saisie);
+  if (!noeud.isValid() && !fixe) {
     QString debut = saisie;
     while (debut.endsWith(u' ')) debut.chop(1);  // a word of which nothing is typed yet
     const bool commence = Commence(debut);

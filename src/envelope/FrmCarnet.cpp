@@ -102,7 +102,7 @@ QSet<Cle> FrmCarnet::Coches() const {
 void FrmCarnet::RemplirCategories() {
   const QSignalBlocker silence(ui_->LstCat);
   ui_->LstCat->clear();
-  ui_->LstCat->addItems(ListerCategories(session_.base, false));
+  ui_->LstCat->addItems(CategoriesAuChoix(session_.base));
   ui_->LstCat->setCurrentRow(categorie_ < ui_->LstCat->count() ? categorie_ : 0);
   ChoisirCategorie(ui_->LstCat->currentRow());
 }
