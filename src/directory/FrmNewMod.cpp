@@ -238,12 +238,12 @@ void FrmNewMod::ProposerRetrait() {
 void FrmNewMod::PrendrePhoto(const QString &chemin) {
   if (ui_->ImgPhoto->Montrer(chemin)) {
     photo_ = chemin;
-  } else {
-    session_.plateforme.boites.Attention(
-        u"« %1 » n'est pas une image que Velmira peut lire : la photo de la fiche n'a pas changé."_s
-            .arg(QDir::toNativeSeparators(chemin)));
+    return;
   }
   MontrerPhoto(photo_);
+  session_.plateforme.boites.Attention(
+      u"« %1 » n'est pas une image que Velmira peut lire : la photo de la fiche n'a pas changé."_s
+          .arg(QDir::toNativeSeparators(chemin)));
 }
 
 void FrmNewMod::PrendreDepot(const QList<QUrl> &adresses) {
