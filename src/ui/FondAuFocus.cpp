@@ -26,5 +26,6 @@ void FondAuFocus::Peindre(bool focus) {
                      QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart));
   else if (focus)
     palette.setColor(QPalette::Base, QColor(gris_, gris_, gris_));
-  champ_->setPalette(palette);
+  // The ground of a combo's field is painted by the combo.
+  (champ_->focusProxy() != nullptr ? champ_->focusProxy() : champ_)->setPalette(palette);
 }
