@@ -14,6 +14,7 @@
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmNewMod.h"
 
+#include <QCalendarWidget>
 #include <QDir>
 #include <QEvent>
 #include <QImageReader>
@@ -46,6 +47,7 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
       ui_(std::make_unique<Ui::FrmNewMod>()) {
   ui_->setupUi(this);
   setWindowTitle(titre);
+  ui_->DTP->calendarWidget()->setLocale(session_.plateforme.langue);
   Boites &boites = session_.plateforme.boites;
   constexpr int kGris = 242;  // of the field that has the focus
   ui_->Champs->Relier(boites, session_.base, session_.dossiers.AppPath, kGris, u"Image3"_s);

@@ -7,6 +7,7 @@
 #include "ui/Sablier.h"
 #include "ui_GestionCategories.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 
 using namespace Qt::StringLiterals;
@@ -40,6 +41,7 @@ void GestionCategories::Relier(Boites &boites, Horloge &horloge, Base &base,
   const Brancheur brancher(boites, this);
   brancher(ui_->CmdEnrCat, &GestionCategories::Enregistrer);
   brancher(ui_->CmdModSup, &GestionCategories::ModifierOuSupprimer);
+  ui_->CboCat->installEventFilter(this);
   connect(ui_->CboCat, &ComboSaisie::Tapee, this, &GestionCategories::Completer);
   connect(ui_->CboCat, &ComboASuppression::SuppressionDemandee, ui_->CboCat,
           &QComboBox::clearEditText);
@@ -47,6 +49,16 @@ void GestionCategories::Relier(Boites &boites, Horloge &horloge, Base &base,
   PoserBulle(ui_->CmdModSup, horloge,
              {u"Supprimer ou modifier\nla catégorie sélectionnée"_s, kBulleJaune});
   Remplir();
+}
+
+bool GestionCategories::eventFilter(QObject *objet, QEvent *evenement) {
+  const bool frappe = objet == ui_->CboCat && evenement->type() == QEvent::KeyPress;
+  const int touche = frappe ? static_cast<const QKeyEvent *>(evenement)->key() : 0;
+  const bool entree = touche == Qt::Key_Return || touche == Qt::Key_Enter;
+  if (!entree || ui_->CboCat->currentText().isEmpty())
+    return QWidget::eventFilter(objet, evenement);
+  ui_->CmdEnrCat->click();
+  return true;
 }
 
 void GestionCategories::RemplirCombo(const QStringList &categories) {

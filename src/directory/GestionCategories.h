@@ -37,6 +37,10 @@ class GestionCategories : public QWidget {
   /// The marked ones as a category string: the one that was shown while no mark has been changed.
   QString Marquees() const;
 
+ protected:
+  /// Enter in the combo records the new category: the editor is not closed over it.
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
  private:
   void Remplir();
   void RemplirCombo(const QStringList &categories);
