@@ -6,6 +6,7 @@
 #include "ui/Bulle.h"
 
 #include <QApplication>
+#include <QLineEdit>
 
 #include <array>
 #include <cmath>
@@ -21,7 +22,8 @@ Controle Trouver(const Scene &scene, const Mots &mots) {
 /// The words for a state and for its contrary.
 using Noms = std::array<const char16_t *, 2>;
 constexpr Noms kVisible{u"visible", u"hidden"}, kActif{u"enabled", u"disabled"},
-    kGras{u"bold", u"not bold"}, kFocus{u"the focus", u"none"}, kCoche{u"ticked", u"not ticked"};
+    kGras{u"bold", u"not bold"}, kFocus{u"the focus", u"none"}, kCoche{u"ticked", u"not ticked"},
+    kDebut{u"its beginning", u"a later part"};
 
 void ExigerEtat(const QString &quoi, bool attendu, bool trouve, const Noms &noms) {
   ExigerEgal(quoi, QString::fromUtf16(noms[attendu ? 0 : 1]),
@@ -36,6 +38,12 @@ void VerifierEtat(Scene &scene, const Mots &mots) {
 
 bool EstGras(const Controle &controle) {
   return PoliceDe(controle).bold();
+}
+
+bool MontreSonDebut(const Controle &controle) {
+  auto *champ = controle.En<QLineEdit>();
+  Exiger(champ != nullptr, controle.Sinon(u"a field of one line"_s));
+  return champ->cursorPositionAt({0, champ->height() / 2}) == 0;
 }
 
 bool ALeFoyer(const Controle &controle) {
@@ -177,6 +185,7 @@ QList<Verbe> VerbesDesControles() {
       {u"place"_s, 2, 2, VerifierPlace},
       {u"alignement"_s, 2, 2,
        [](S &s, const M &m) { ExigerEgal(m[0].texte, m[1].texte, AlignementDe(Trouver(s, m))); }},
+      {u"debut"_s, 1, 1, VerifierEtat<MontreSonDebut, kDebut, true>},
       {u"items"_s, 1, kSansLimite, VerifierElements},
       {u"noeuds"_s, 1, kSansLimite, VerifierElements},
       {u"items-contient"_s, 2, 2, [](S &s, const M &m) { Element(Trouver(s, m), m[1]); }},
