@@ -6,7 +6,6 @@
 #include "ui/Brancheur.h"
 
 #include <QKeyEvent>
-#include <QPalette>
 #include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
@@ -23,10 +22,6 @@ void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
 
 void ComboVilles::Verrouiller(bool verrouille) {
   lineEdit()->setReadOnly(verrouille);
-  // The line's own ground does not reach the frame around it.
-  QPalette palette;
-  if (verrouille) palette.setColor(QPalette::Base, palette.color(QPalette::Window));
-  setPalette(palette);
 }
 
 void ComboVilles::showPopup() {
