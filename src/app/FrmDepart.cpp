@@ -1,9 +1,11 @@
 #include "app/FrmDepart.h"
 
+#include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Theme.h"
 #include "ui_FrmDepart.h"
 
+#include <QEvent>
 #include <QLayout>
 #include <QLinearGradient>
 #include <QPainter>
@@ -15,17 +17,30 @@ FrmDepart::FrmDepart()
     : QWidget(nullptr, Qt::SplashScreen), ui_(std::make_unique<Ui::FrmDepart>()) {
   ui_->setupUi(this);
   Colorer(this, Qt::white);
-  QFont titre(u"Arial"_s);
-  titre.setPixelSize(40);
-  titre.setBold(true);
-  titre.setLetterSpacing(QFont::AbsoluteSpacing, 6);
-  ui_->Label1->setFont(titre);
-  ui_->Image1->setPixmap(IconeProgramme().pixmap(64, 64));
-  move(screen()->availableGeometry().center() - QPoint(width(), height()) / 2);
+  PoserIcone(ui_->Image1, IconeProgramme(), 64);
+  MettreTitre();
   ui_->LblversionVelmira->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
 }
 
 FrmDepart::~FrmDepart() = default;
+
+void FrmDepart::MettreTitre() {
+  Grandir(ui_->Label1, 3.3, true);
+  QFont titre = ui_->Label1->font();
+  titre.setFamily(u"Arial"_s);
+  titre.setLetterSpacing(QFont::PercentageSpacing, 120);
+  ui_->Label1->setFont(titre);
+}
+
+void FrmDepart::changeEvent(QEvent *evenement) {
+  QWidget::changeEvent(evenement);
+  if (evenement->type() == QEvent::FontChange) MettreTitre();
+}
+
+void FrmDepart::resizeEvent(QResizeEvent *evenement) {
+  QWidget::resizeEvent(evenement);
+  move(screen()->availableGeometry().center() - rect().center());
+}
 
 void FrmDepart::AnnoncerFermeture() {
   Annoncer(u"Fermeture de Velmira..."_s);

@@ -23,8 +23,12 @@ class FrmDepart : public QWidget {
   void AnnoncerFermeture();
 
  protected:
+  void changeEvent(QEvent *evenement) override;
+  void resizeEvent(QResizeEvent *evenement) override;
   void paintEvent(QPaintEvent *evenement) override;
 
  private:
+  void MettreTitre();
+
   std::unique_ptr<Ui::FrmDepart> ui_;
 };

@@ -125,6 +125,7 @@ void Programme::Charger() {
   BalayerRestes(session_.dossiers, session_.plateforme.horloge.Maintenant());
 
   echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
+  echelle_->Appliquer(depart_.get());  // which was there before its size was known
   velmira_ = std::make_unique<FrmVelmira>(session_);
   plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
   BrancherFenetres();

@@ -10,7 +10,7 @@
 /// Sizes by what they are of, as "loupe: FrmLoupe/LblTel, font".
 using Mesures = QHash<QString, double>;
 
-/// Adds those of a window, under the name of a picture.
+/// Adds those of a window, on the screen or not, under the name of a picture.
 void Mesurer(const QString &nom, const QWidget &fenetre, Mesures &mesures);
 
 /// What is not so many times as large as in `dessin`, a sentence each.

@@ -4,6 +4,7 @@
 #include "player/Mesures.h"
 #include "player/Verbes.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QPixmap>
 
@@ -64,7 +65,8 @@ QWidget *FenetreActive(const Scene &scene) {
 
 void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = FenetreActive(scene);
-  Mesurer(mots[0].texte, *fenetre, scene.mesures);
+  for (const QWidget *autre : QApplication::topLevelWidgets())
+    if (autre->objectName().startsWith(u"Frm"_s)) Mesurer(mots[0].texte, *autre, scene.mesures);
   if (scene.captures.isEmpty()) return;
   const QString chemin = QDir(scene.captures).filePath(mots[0].texte + u".png"_s);
   Exiger(QDir().mkpath(scene.captures) && fenetre->grab().save(chemin),
