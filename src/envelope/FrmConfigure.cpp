@@ -10,17 +10,21 @@
 #include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QKeyEvent>
+#include <QTimer>
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <limits>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
-constexpr double kEchelle = 4;  // millimetres of a setting for one of the picture
+constexpr auto kPatience = 300ms;  // a search that is shorter is not told
+constexpr double kEchelle = 4;     // millimetres of a setting for one of the picture
 
 // The picture, in millimetres. The left end of the sheet differs between the first view and a
 // change of view.
@@ -71,12 +75,9 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
   }
   ProposerImprimantes(imprimante.NomsConnus());
   Montrer();
-  imprimante.Demander(this, [this, &imprimante](bool repondu) {
-    if (repondu) ProposerImprimantes(imprimante.NomsConnus());
-    ui_->LblRecherche->setText(repondu ? QString()
-                                       : u"Le serveur d'impression ne répond pas : seules les "
-                                         "imprimantes déjà connues sont proposées."_s);
-  });
+  ui_->LblRecherche->hide();
+  ui_->LblRecherche->setMinimumHeight(2 * fontMetrics().lineSpacing());
+  Demander(imprimante);
 
   for (QLineEdit *champ : champs)
     connect(champ, &QLineEdit::textChanged, this, &FrmConfigure::Dessiner);
@@ -101,6 +102,24 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
 }
 
 FrmConfigure::~FrmConfigure() = default;
+
+void FrmConfigure::Demander(Imprimante &imprimante) {
+  const auto dire = [this](const QString &texte) {
+    ui_->LblRecherche->setText(texte);
+    ui_->LblRecherche->setVisible(!texte.isEmpty());
+  };
+  auto *patience = new QTimer(this);
+  patience->setSingleShot(true);
+  connect(patience, &QTimer::timeout, this, [dire] { dire(u"Recherche des imprimantes..."_s); });
+  patience->start(kPatience);
+  imprimante.Demander(this, [this, dire, patience, &imprimante](bool repondu) {
+    patience->stop();
+    if (repondu) ProposerImprimantes(imprimante.NomsConnus());
+    dire(repondu ? QString()
+                 : u"Le serveur d'impression ne répond pas : seules les imprimantes déjà connues "
+                   "sont proposées."_s);
+  });
+}
 
 void FrmConfigure::ProposerImprimantes(const QStringList &noms) {
   const QString montree =
@@ -157,8 +176,9 @@ void FrmConfigure::ChangerVue(bool portrait, double gauche) {
   const auto pixels = [k](const QRectF &place) {
     return QRectF(place.topLeft() * k, place.size() * k).toRect();
   };
-  ui_->Pct->setGeometry(pixels(avecIndice));
-  ui_->Feuille->setGeometry(pixels(feuille.translated(-avecIndice.topLeft())));
+  const QRect cadre = pixels(avecIndice);
+  ui_->Pct->setGeometry(cadre);
+  ui_->Feuille->setGeometry(pixels(feuille).translated(-cadre.topLeft()));
   ui_->LblNote->setVisible(!portrait);
   ui_->PctOpt->setVisible(!portrait);
   EcrireIndice();

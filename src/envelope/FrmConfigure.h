@@ -35,6 +35,7 @@ class FrmConfigure : public QDialog {
 
  private:
   void Montrer();
+  void Demander(Imprimante &imprimante);
   void ProposerImprimantes(const QStringList &noms);
   /// The combo goes to the next printer that begins with what is typed.
   void ChercherImprimante(const QString &lettres);
