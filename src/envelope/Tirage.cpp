@@ -27,6 +27,10 @@ QString TexteEchec(bool fichier, bool une) {
                  : u"Les enveloppes n'ont pas pu être imprimées."_s;
 }
 
+QString TexteArret() {
+  return u"Impression arrêtée : rien n'a été imprimé."_s;
+}
+
 /// Asks the system, unless the built-in printer is wanted. `derniere` was printed on last.
 QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &derniere) {
   if (voulue == Imprimante::NomPdf()) return voulue;
@@ -51,10 +55,15 @@ std::optional<QString> Tirage::Appareil() {
     return std::nullopt;
   }
   try {
-    return Travail(document_->window(), u"Recherche de l'imprimante"_s)
-        .Executer([&, derniere = courante_](const Avance &) {
-          return Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
-        });
+    const auto choisie =
+        Travail(document_->window(), u"Recherche de l'imprimante"_s)
+            .Executer([&, derniere = courante_](const Avance &avance) -> std::optional<QString> {
+              QString nom = Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
+              if (!avance(1, 1)) return std::nullopt;
+              return nom;
+            });
+    if (!choisie) MontrerEchec(TexteArret(), {});
+    return choisie;
   } catch (const Erreur &erreur) {
     MontrerEchec(TexteEchec(false, true), erreur.Texte());
     return std::nullopt;
@@ -70,7 +79,7 @@ bool Tirage::Imprimer(const QString &appareil, const std::vector<Pli> &plis) {
               return ImprimerPlis(session_.plateforme.imprimante, appareil, plomex, plis, avance);
             });
     if (!faite) {
-      MontrerEchec(u"Impression arrêtée : rien n'a été imprimé."_s, {});
+      MontrerEchec(TexteArret(), {});
       return false;
     }
     fin = *faite;
