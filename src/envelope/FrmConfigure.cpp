@@ -76,7 +76,6 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
   ProposerImprimantes(imprimante.NomsConnus());
   Montrer();
   ui_->LblRecherche->hide();
-  ui_->LblRecherche->setMinimumHeight(2 * fontMetrics().lineSpacing());
   Demander(imprimante);
 
   for (QLineEdit *champ : champs)
