@@ -7,11 +7,12 @@
 #include "GrandeListe.h"
 #include "Lancement.h"
 #include "Nu.h"
+#include "address/MiseEnLignes.h"
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
-#include "envelope/ImpressionMultiple.h"
 #include "envelope/MiseEnPage.h"
 #include "envelope/VueEnveloppe.h"
+#include "envelope/ZonesEnveloppe.h"
 #include "platform/Fichiers.h"
 #include "storage/Tables.h"
 #include "ui/Icones.h"
@@ -219,23 +220,10 @@ void EnveloppesNues(benchmark::State &etat) {
   });
 }
 
-/// Tells what this process holds at some pauses of a run, and lets none take time.
-class HorlogeDeTirage : public HorlogeSysteme {
- public:
-  void Attendre(std::chrono::milliseconds, const std::function<bool()> &) override {
-    ++numero_;
-    if (numero_ == 100 || numero_ == kEnveloppes)
-      std::printf("%d %.0f\n", numero_, Memoire("VmRSS"));
-  }
-
- private:
-  int numero_ = 0;
-};
-
-/// What this process holds after the first hundred envelopes of a run, and after all.
+/// Tells what this process holds after the first hundred envelopes, and after all.
 int MemoireEnveloppes() {
   const DossierPdf dossier;
-  HorlogeDeTirage horloge;
+  HorlogeSysteme horloge;
   ImprimanteSysteme imprimante(horloge, dossier.Chemin());
   BoitesSysteme boites;
   CoquilleSysteme coquille;
@@ -251,19 +239,16 @@ int MemoireEnveloppes() {
   VueEnveloppe vue;
   ZonesEnveloppe zones(session, etat, &vue);
   zones.EcrireExpediteur(ComposerAdresse({.lignes = {kExpediteur[0], kExpediteur[1]}}), 0);
-  QList<AdresseComposee> adresses;
   for (int numero = 1; numero <= kEnveloppes; ++numero) {
     AdresseSaisie adresse;
     const QStringList lignes = Destinataire(numero);
     std::copy(lignes.begin(), lignes.end(), adresse.lignes.begin());
-    adresses.append(ComposerAdresse(adresse));
-  }
-  const auto imprimer = [&] {
+    zones.EcrireLignesAdresse(
+        MettreEnLignes(ComposerAdresse(adresse), Role::Destinataire, session.reglages));
     ImprimerPlis(imprimante, Imprimante::NomPdf(), session.reglages.plomex,
                  {{etat, zones.Contenu()}});
-    return true;
-  };
-  ImpressionMultiple(session, zones, imprimer, &vue).Imprimer(adresses);
+    if (numero == 100 || numero == kEnveloppes) std::printf("%d %.0f\n", numero, Memoire("VmRSS"));
+  }
   return dossier.Nombre() == kEnveloppes ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
