@@ -6,7 +6,10 @@
 #include "ui/Bulle.h"
 
 #include <QApplication>
+#include <QFontMetrics>
+#include <QImage>
 #include <QLineEdit>
+#include <QPixmap>
 
 #include <array>
 #include <cmath>
@@ -23,7 +26,7 @@ Controle Trouver(const Scene &scene, const Mots &mots) {
 using Noms = std::array<const char16_t *, 2>;
 constexpr Noms kVisible{u"visible", u"hidden"}, kActif{u"enabled", u"disabled"},
     kGras{u"bold", u"not bold"}, kFocus{u"the focus", u"none"}, kCoche{u"ticked", u"not ticked"},
-    kDebut{u"its beginning", u"a later part"};
+    kDebut{u"its beginning", u"a later part"}, kChasseFixe{u"one width", u"several"};
 
 void ExigerEtat(const QString &quoi, bool attendu, bool trouve, const Noms &noms) {
   ExigerEgal(quoi, QString::fromUtf16(noms[attendu ? 0 : 1]),
@@ -65,6 +68,25 @@ void VerifierCase(Scene &scene, const Mots &mots) {
 template <QColor (*lire)(const Controle &)>
 void VerifierCouleur(Scene &scene, const Mots &mots) {
   ExigerEgal(mots[0].texte, mots[1].texte.toLower(), lire(Trouver(scene, mots)).name());
+}
+
+/// Whether this colour is painted anywhere on the control.
+template <bool attendu>
+void VerifierEncre(Scene &scene, const Mots &mots) {
+  const Controle controle = Trouver(scene, mots);
+  Exiger(controle.widget != nullptr, controle.Sinon(u"a widget"_s));
+  const QImage image = controle.widget->grab().toImage();
+  const QRgb encre = QColor(mots[1].texte).rgb();
+  bool trouvee = false;
+  for (int y = 0; y < image.height() && !trouvee; ++y)
+    for (int x = 0; x < image.width() && !trouvee; ++x) trouvee = image.pixel(x, y) == encre;
+  Exiger(trouvee == attendu,
+         u"%1: %2 %3 expected"_s.arg(controle.nom, attendu ? u"some"_s : u"no"_s, mots[1].texte));
+}
+
+bool AChasseFixe(const Controle &controle) {
+  const QFontMetrics mesures(PoliceDe(controle));
+  return mesures.horizontalAdvance(u'i') == mesures.horizontalAdvance(u'M');
 }
 
 void VerifierPolice(Scene &scene, const Mots &mots) {
@@ -181,6 +203,9 @@ QList<Verbe> VerbesDesControles() {
       {u"decoche"_s, 1, 2, VerifierCase<false>},
       {u"couleur"_s, 2, 2, VerifierCouleur<CouleurTexte>},
       {u"fond"_s, 2, 2, VerifierCouleur<CouleurFond>},
+      {u"encre"_s, 2, 2, VerifierEncre<true>},
+      {u"sans-encre"_s, 2, 2, VerifierEncre<false>},
+      {u"chasse-fixe"_s, 1, 1, VerifierEtat<AChasseFixe, kChasseFixe, true>},
       {u"police"_s, 3, 3, VerifierPolice},
       {u"place"_s, 2, 2, VerifierPlace},
       {u"alignement"_s, 2, 2,
