@@ -6,13 +6,28 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-class AnalyseLigne {
+class Ligne {
  public:
-  AnalyseLigne(int numero, QString texte) : numero_(numero), texte_(std::move(texte)) {}
+  Ligne(int numero, QString texte) : numero_(numero), texte_(std::move(texte)) {}
 
-  std::optional<Mot> Suivant() {
-    while (Reste() && texte_[position_].isSpace()) ++position_;
-    if (!Reste() || Commentaire()) return std::nullopt;
+  QList<Mot> Mots() {
+    QList<Mot> mots;
+    for (;;) {
+      while (Reste() && texte_[position_].isSpace()) ++position_;
+      if (!Reste() || Commentaire()) return mots;
+      mots.append(Suivant());
+    }
+  }
+
+ private:
+  bool Reste() const { return position_ < texte_.size(); }
+  bool Commentaire() const {
+    return texte_[position_] == u'#' &&
+           (position_ == 0 || position_ + 1 == texte_.size() || texte_[position_ + 1].isSpace());
+  }
+  [[noreturn]] void Refuser(const QString &raison) const { throw ErreurAnalyse{numero_, raison}; }
+
+  Mot Suivant() {
     Mot mot;
     while (Reste() && !texte_[position_].isSpace()) {
       const QChar signe = texte_[position_++];
@@ -31,39 +46,21 @@ class AnalyseLigne {
     return mot;
   }
 
- private:
-  bool Reste() const { return position_ < texte_.size(); }
-  bool Commentaire() const {
-    return texte_[position_] == u'#' &&
-           (position_ == 0 || position_ + 1 == texte_.size() || texte_[position_ + 1].isSpace());
-  }
-  [[noreturn]] void Refuser(const QString &raison) const { throw ErreurAnalyse{numero_, raison}; }
-
   QString Cite() {
     QString texte;
-    for (;;) {
-      if (!Reste()) Refuser(u"the closing quote is missing"_s);
+    while (Reste()) {
       const QChar signe = texte_[position_++];
       if (signe == u'"') return texte;
       texte += signe == u'\\' ? Echappe() : signe;
     }
+    Refuser(u"the closing quote is missing"_s);
   }
 
   QChar Echappe() {
-    const QChar signe = Reste() ? texte_[position_++] : QChar();
-    switch (signe.unicode()) {
-      case u'n':
-        return u'\n';
-      case u'r':
-        return u'\r';
-      case u't':
-        return u'\t';
-      case u'"':
-      case u'\\':
-        return signe;
-      default:
-        Refuser(u"unknown escape \\%1"_s.arg(signe));
-    }
+    static const QString kSignes = u"nrt\"\\"_s, kSens = u"\n\r\t\"\\"_s;
+    const qsizetype place = Reste() ? kSignes.indexOf(texte_[position_++]) : -1;
+    if (place < 0) Refuser(u"unknown escape behind \\"_s);
+    return kSens[place];
   }
 
   int Rang() {
@@ -79,6 +76,41 @@ class AnalyseLigne {
   qsizetype position_ = 0;
 };
 
+/// Commands that are played once for each row of a table, with the row's words in the place of the
+/// names of its columns.
+struct Bloc {
+  QList<Commande> commandes;
+  QStringList colonnes;
+
+  /// A command that holds the word `-` of this row is left out of it.
+  void Jouer(int ligne, const QList<Mot> &rangee, QList<Commande> &suite) const {
+    if (rangee.size() != colonnes.size())
+      throw ErreurAnalyse{
+          ligne,
+          u"%1 words expected, one a column, %2 found"_s.arg(colonnes.size()).arg(rangee.size())};
+    for (Commande commande : commandes) {
+      bool jouee = true;
+      for (Mot &mot : commande.mots) jouee &= Remplacer(mot, rangee);
+      commande.texte += u"    (line %1)"_s.arg(ligne);
+      if (jouee) suite.append(commande);
+    }
+  }
+
+ private:
+  bool Remplacer(Mot &mot, const QList<Mot> &rangee) const {
+    for (qsizetype i = 0; i < colonnes.size(); ++i) {
+      const QString nom = u'{' + colonnes[i] + u'}';
+      if (!mot.texte.contains(nom)) continue;
+      if (rangee[i].Est(u"-")) return false;
+      if (mot.Est(nom))
+        mot = rangee[i];
+      else
+        mot.texte.replace(nom, rangee[i].texte);
+    }
+    return true;
+  }
+};
+
 }  // namespace
 
 std::optional<int> Mot::Indice() const {
@@ -87,17 +119,28 @@ std::optional<int> Mot::Indice() const {
   return !cite && texte.startsWith(u'#') && nombre ? std::optional(indice) : std::nullopt;
 }
 
-QList<Commande> Analyser(const QByteArray &scenario) {
-  QList<Commande> commandes;
-  const QStringList lignes = QString::fromUtf8(scenario).split(u'\n');
-  for (int i = 0; i < lignes.size(); ++i) {
-    const QString texte = lignes[i].trimmed();
-    AnalyseLigne ligne(i + 1, texte);
-    const auto verbe = ligne.Suivant();
-    if (!verbe) continue;
-    Commande commande{i + 1, texte, verbe->texte, {}};
-    while (const auto mot = ligne.Suivant()) commande.mots.append(*mot);
-    commandes.append(commande);
+QList<Commande> Analyser(const QString &scenario) {
+  QList<Commande> suite;
+  std::optional<Bloc> bloc;
+  const QStringList lignes = scenario.split(u'\n');
+  for (int numero = 1; numero <= lignes.size(); ++numero) {
+    const QString texte = lignes[numero - 1].trimmed();
+    QList<Mot> mots = Ligne(numero, texte).Mots();
+    if (mots.isEmpty()) continue;
+    const bool rangees = bloc && !bloc->colonnes.isEmpty();
+    if (mots.first().Est(u"bloc") && !bloc) {
+      bloc.emplace();
+    } else if (mots.first().Est(u"avec") && bloc && !rangees) {
+      for (const Mot &mot : mots.sliced(1)) bloc->colonnes.append(mot.texte);
+    } else if (mots.first().Est(u"fin") && rangees) {
+      bloc.reset();
+    } else if (rangees) {
+      bloc->Jouer(numero, mots, suite);
+    } else {
+      const QString verbe = mots.takeFirst().texte;
+      (bloc ? bloc->commandes : suite).append({numero, texte, verbe, mots});
+    }
   }
-  return commandes;
+  if (bloc) throw ErreurAnalyse{static_cast<int>(lignes.size()), u"a bloc without its fin"_s};
+  return suite;
 }

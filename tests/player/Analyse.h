@@ -1,7 +1,6 @@
 #pragma once
 // The text of a scenario as commands and words.
 
-#include <QByteArray>
 #include <QList>
 #include <QString>
 
@@ -27,11 +26,12 @@ struct Commande {
   QList<Mot> mots;
 };
 
+/// Thrown with the number of the line.
 struct ErreurAnalyse {
   int ligne = 0;
   QString texte;
 };
 
-/// A "#" opens a comment at the start of a line or with a blank behind it; elsewhere it begins an
-/// index or a colour. Throws `ErreurAnalyse`.
-QList<Commande> Analyser(const QByteArray &scenario);
+/// The commands in their order, a `bloc` as often as it has rows. A "#" opens a comment at the
+/// start of a line or with a blank behind it; elsewhere it begins an index or a colour.
+QList<Commande> Analyser(const QString &scenario);

@@ -136,8 +136,10 @@ class CoquilleScenario : public Coquille {
   void Desinstaller() { inerte_ = true; }
 
   std::deque<QString> &Ouverts() { return ouverts_; }
+  const std::deque<QString> &Ouverts() const { return ouverts_; }
   /// Paths of the programs that have been started.
   std::deque<QString> &Lances() { return lances_; }
+  const std::deque<QString> &Lances() const { return lances_; }
   /// Path of the workbook opened last, also when its opening has been checked; empty for none.
   const QString &Classeur() const { return classeur_; }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include <QString>
-
-#include <utility>
+#include <QStringList>
 
 /// Why a scenario fails. It is no std::exception, so that the program's own nets let it through;
 /// the player catches it before it reaches the toolkit.
@@ -15,7 +14,18 @@ inline void Exiger(bool condition, const QString &sinon) {
 }
 
 inline void ExigerEgal(const QString &quoi, const QString &attendu, const QString &trouve) {
+  const auto montrable = [](QString texte) { return texte.replace(u'\n', QStringLiteral("\\n")); };
   Exiger(attendu == trouve, QStringLiteral("%1: \"%2\" expected, \"%3\" found")
-                                .arg(quoi, QString(attendu).replace(u'\n', QStringLiteral("\\n")),
-                                     QString(trouve).replace(u'\n', QStringLiteral("\\n"))));
+                                .arg(quoi, montrable(attendu), montrable(trouve)));
+}
+
+inline QString EnListe(const QStringList &textes) {
+  return u'"' + textes.join(QStringLiteral("\" \"")) + u'"';
+}
+
+inline void ExigerListe(const QString &quoi, const QStringList &attendus,
+                        const QStringList &trouves) {
+  Exiger(
+      attendus == trouves,
+      QStringLiteral("%1: %2 expected, %3 found").arg(quoi, EnListe(attendus), EnListe(trouves)));
 }

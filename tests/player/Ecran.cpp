@@ -1,22 +1,66 @@
 #include "player/Ecran.h"
 
-#include "player/Echec.h"
-
 #include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
+#include <QCalendarWidget>
+#include <QComboBox>
 #include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMetaProperty>
 #include <QScrollArea>
+#include <QTextDocumentFragment>
 #include <QToolBar>
+#include <QTreeView>
+
+#include <algorithm>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-bool EstFrm(const QWidget *fenetre) {
-  return fenetre->objectName().startsWith(u"Frm"_s);
+QString SansMarque(const QString &texte) {
+  QString sans;
+  for (qsizetype i = 0; i < texte.size(); ++i) {
+    if (texte[i] == u'&' && ++i == texte.size()) break;
+    sans += texte[i];
+  }
+  return sans;
 }
+
+bool EstRiche(const QLabel &etiquette) {
+  return etiquette.textFormat() == Qt::RichText ||
+         (etiquette.textFormat() == Qt::AutoText && Qt::mightBeRichText(etiquette.text()));
+}
+
+/// What is painted. The colours of a style sheet change with the state of the widget and are seen
+/// there alone.
+struct Image {
+  QString fond, texte;  ///< the colour that most of it shows, and the one that differs most from it
+
+  explicit Image(QWidget *widget) {
+    constexpr int kCadre = 6;  // pixels
+    const QImage image =
+        widget->grab(widget->rect().adjusted(kCadre, kCadre, -kCadre, -kCadre)).toImage();
+    QHash<QRgb, int> nombres;
+    for (int y = 0; y < image.height(); ++y)
+      for (int x = 0; x < image.width(); ++x) ++nombres[image.pixel(x, y)];
+    if (nombres.isEmpty()) return;
+    const QColor plus = std::max_element(nombres.cbegin(), nombres.cend()).key();
+    const auto ecart = [&](const QColor &c) {
+      return std::abs(c.red() - plus.red()) + std::abs(c.green() - plus.green()) +
+             std::abs(c.blue() - plus.blue());
+    };
+    const QList<QRgb> couleurs = nombres.keys();
+    fond = plus.name();
+    texte = QColor(*std::ranges::max_element(couleurs, {}, ecart)).name();
+  }
+};
 
 bool EstSurgissante(const QWidget *fenetre) {
   return fenetre->windowType() == Qt::Popup;
@@ -32,24 +76,15 @@ bool Appartient(const QObject *objet, const QWidget *fenetre) {
   return false;
 }
 
-template <typename Classe>
-Classe *Chercher(const QWidget *fenetre, const QString &nom) {
-  for (Classe *objet : fenetre->findChildren<Classe *>(nom))
-    if (Appartient(objet, fenetre)) return objet;
-  return nullptr;
-}
-
 /// Whether the mouse finds the item: in the menu bar, or in a menu that stands open.
 bool EstAtteignable(const QAction *action) {
   if (!action->isVisible() || !action->isEnabled()) return false;
   for (const QObject *lieu : action->associatedObjects()) {
     if (const auto *menu = qobject_cast<const QMenu *>(lieu)) {
       if (menu->isVisible() || EstAtteignable(menu->menuAction())) return true;
-    } else if (const auto *widget = qobject_cast<const QWidget *>(lieu)) {
-      const bool montre = qobject_cast<const QMenuBar *>(widget) != nullptr ||
-                          qobject_cast<const QToolBar *>(widget) != nullptr ||
-                          qobject_cast<const QAbstractButton *>(widget) != nullptr;
-      if (montre && widget->isVisible()) return true;
+    } else if (lieu->inherits("QMenuBar") || lieu->inherits("QToolBar") ||
+               lieu->inherits("QAbstractButton")) {
+      if (static_cast<const QWidget *>(lieu)->isVisible()) return true;
     }
   }
   return false;
@@ -59,14 +94,12 @@ bool EstAtteignable(const QAction *action) {
 void FermerSurgissante(const Controle &controle) {
   QWidget *surgissante = QApplication::activePopupWidget();
   if (surgissante == nullptr) return;
-  if (controle.action != nullptr) {
-    for (const QObject *lieu : controle.action->associatedObjects())
-      if (const auto *menu = qobject_cast<const QMenu *>(lieu);
-          menu != nullptr && menu->isVisible())
-        return;
+  if (const auto *action = controle.En<QAction>()) {
+    for (const QObject *lieu : action->associatedObjects())
+      if (const auto *menu = qobject_cast<const QMenu *>(lieu); menu && menu->isVisible()) return;
   }
-  for (const QObject *o = surgissante; controle.widget != nullptr && o != nullptr; o = o->parent())
-    if (o == controle.widget) return;
+  for (const QObject *o = surgissante; o != nullptr; o = o->parent())
+    if (o == controle.objet) return;
   surgissante->close();
   throw Reessayer{};
 }
@@ -74,22 +107,122 @@ void FermerSurgissante(const Controle &controle) {
 QString NomsMontres() {
   QStringList noms;
   for (const QWidget *fenetre : QApplication::topLevelWidgets())
-    if (fenetre->isVisible() && EstFrm(fenetre)) noms.append(fenetre->objectName());
+    if (fenetre->isVisible() && fenetre->objectName().startsWith(u"Frm"_s))
+      noms.append(fenetre->objectName());
   return noms.isEmpty() ? u"none"_s : noms.join(u", "_s);
-}
-
-QString Etat(const QAction *action) {
-  if (!action->isVisible()) return u"a hidden one"_s;
-  return action->isEnabled() ? u"one in no menu that stands open"_s : u"a disabled one"_s;
 }
 
 }  // namespace
 
-QString Controle::Sinon(const QString &attendu) const {
-  return u"%1: %2 expected, %3 found"_s.arg(
-      nom, attendu,
-      widget == nullptr ? u"a menu item"_s
-                        : QString::fromLatin1(widget->metaObject()->className()));
+QAbstractItemView *Controle::Vue() const {
+  if (const auto *combo = En<QComboBox>()) return combo->view();
+  return Comme<QAbstractItemView>(u"a list, a tree or a combo");
+}
+
+QString Controle::Texte() const {
+  if (objet == fenetre) return fenetre->windowTitle();
+  if (const auto *mois = En<QCalendarWidget>())
+    return mois->selectedDate().toString(u"dd/MM/yyyy"_s);
+  const auto *etiquette = En<QLabel>();
+  if (etiquette != nullptr && EstRiche(*etiquette))
+    return QTextDocumentFragment::fromHtml(etiquette->text()).toPlainText();
+  for (const char *nom : {"plainText", "currentText", "text", "title"}) {
+    const QVariant texte = objet->property(nom);
+    if (!texte.isValid()) continue;
+    const bool marque = En<QAction>() || En<QAbstractButton>() || En<QGroupBox>() || En<QMenu>() ||
+                        (etiquette != nullptr && etiquette->buddy() != nullptr);
+    return marque ? SansMarque(texte.toString()) : texte.toString();
+  }
+  throw Echec{u"%1: what has a text expected"_s.arg(nom)};
+}
+
+bool Controle::EstVisible() const {
+  if (const auto *menu = En<QMenu>()) return menu->menuAction()->isVisible();
+  const auto *widget = En<QWidget>();
+  return widget == nullptr || widget == fenetre ? objet->property("visible").toBool()
+                                                : widget->isVisibleTo(fenetre);
+}
+
+bool Controle::EstCoche() const {
+  Exiger(objet->property("checkable").toBool(), u"%1: what can be ticked expected"_s.arg(nom));
+  return objet->property("checked").toBool();
+}
+
+bool Controle::ALeFoyer() const {
+  const QWidget *foyer = QApplication::focusWidget();
+  return foyer != nullptr && (foyer == objet || Widget()->isAncestorOf(foyer));
+}
+
+bool Controle::MontreSonDebut() const {
+  auto *champ = Comme<QLineEdit>(u"a field of one line");
+  return champ->cursorPositionAt({0, champ->height() / 2}) == 0;
+}
+
+QString Controle::CouleurTexte() const {
+  QWidget *widget = Widget();
+  if (widget->testAttribute(Qt::WA_StyleSheet)) return Image(widget).texte;
+  return widget->palette().color(widget->foregroundRole()).name();
+}
+
+QString Controle::CouleurFond() const {
+  QWidget *widget = Widget();
+  if (widget->testAttribute(Qt::WA_StyleSheet)) return Image(widget).fond;
+  return widget->palette().color(widget->backgroundRole()).name();
+}
+
+QString Controle::Alignement() const {
+  const QVariant alignement = objet->property("alignment");
+  Exiger(alignement.isValid(), u"%1: what has an alignment expected"_s.arg(nom));
+  const auto valeur = alignement.value<Qt::Alignment>();
+  if (valeur.testFlag(Qt::AlignRight)) return u"droite"_s;
+  return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;
+}
+
+QModelIndexList Controle::Elements() const {
+  const QAbstractItemView *vue = Vue();
+  QModelIndexList elements;
+  const auto parcourir = [&](const QModelIndex &parent, const auto &lui) -> void {
+    for (int i = 0; i < vue->model()->rowCount(parent); ++i) {
+      elements.append(vue->model()->index(i, 0, parent));
+      lui(elements.constLast(), lui);
+    }
+  };
+  if (vue->model() != nullptr) parcourir(vue->rootIndex(), parcourir);
+  return elements;
+}
+
+QModelIndex Controle::Element(const Mot &mot) const {
+  const QModelIndexList elements = Elements();
+  const auto indice = mot.Est(u"racine") ? std::optional(0) : mot.Indice();
+  int rang = mot.rang;
+  for (const QModelIndex &element : elements)
+    if (indice ? elements.indexOf(element) == *indice
+               : element.data().toString() == mot.texte && --rang == 0)
+      return element;
+  throw Echec{u"%1: item %2 of \"%3\" expected, %4 found"_s.arg(nom).arg(mot.rang).arg(
+      mot.texte, EnListe(Textes(elements)))};
+}
+
+QModelIndexList Controle::Selection() const {
+  QModelIndexList choisis;
+  const auto *combo = En<QComboBox>();
+  for (const QModelIndex &element : Elements())
+    if (combo != nullptr ? element.row() == combo->currentIndex()
+                         : Vue()->selectionModel()->isSelected(element))
+      choisis.append(element);
+  return choisis;
+}
+
+QStringList Textes(const QModelIndexList &elements) {
+  QStringList textes;
+  for (const QModelIndex &element : elements) textes.append(element.data().toString());
+  return textes;
+}
+
+bool EstCoche(const QModelIndex &element) {
+  const QVariant etat = element.data(Qt::CheckStateRole);
+  Exiger(etat.isValid(), u"a box at \"%1\" expected, none found"_s.arg(element.data().toString()));
+  return etat.value<Qt::CheckState>() == Qt::Checked;
 }
 
 Ecran::Ecran() {
@@ -97,12 +230,10 @@ Ecran::Ecran() {
 }
 
 bool Ecran::eventFilter(QObject *objet, QEvent *evenement) {
-  if (evenement->type() == QEvent::Show && objet->isWidgetType()) {
-    auto *fenetre = static_cast<QWidget *>(objet);
-    if (fenetre->isWindow() && EstFrm(fenetre)) {
-      montrees_.removeIf([&](const auto &autre) { return autre.isNull() || autre == fenetre; });
-      montrees_.append(fenetre);
-    }
+  auto *fenetre = evenement->type() == QEvent::Show ? qobject_cast<QWidget *>(objet) : nullptr;
+  if (fenetre != nullptr && fenetre->isWindow() && fenetre->objectName().startsWith(u"Frm"_s)) {
+    montrees_.removeIf([&](const auto &autre) { return autre.isNull() || autre == fenetre; });
+    montrees_.append(fenetre);
   }
   return QObject::eventFilter(objet, evenement);
 }
@@ -112,6 +243,12 @@ QWidget *Ecran::FenetreActive() const {
   for (auto fenetre = montrees_.crbegin(); fenetre != montrees_.crend(); ++fenetre)
     if (*fenetre && (*fenetre)->isVisible()) return *fenetre;
   return nullptr;
+}
+
+QWidget *Ecran::Active() const {
+  QWidget *fenetre = FenetreActive();
+  Exiger(fenetre != nullptr, u"a window on the screen expected, none found"_s);
+  return fenetre;
 }
 
 QWidget *Ecran::Fenetre(const QString &nom) {
@@ -125,44 +262,43 @@ QWidget *Ecran::Fenetre(const QString &nom) {
 
 Controle Ecran::Trouver(const QString &nom) const {
   const qsizetype point = nom.indexOf(u'.');
-  QWidget *fenetre = FenetreActive();
-  if (point >= 0)
-    fenetre = Fenetre(nom.left(point));
-  else if (QWidget *elle = Fenetre(nom))
-    fenetre = elle;
+  QWidget *fenetre = Fenetre(nom.left(point));
+  if (fenetre == nullptr && point < 0) fenetre = FenetreActive();
   Exiger(fenetre != nullptr,
          u"%1: its window expected, on the screen: %2"_s.arg(nom, NomsMontres()));
-
   const QString objet = nom.mid(point + 1).replace(u'(', u'_').remove(u')');
-  if (fenetre->objectName() == objet) return {nom, fenetre, fenetre, nullptr};
-  if (auto *widget = Chercher<QWidget>(fenetre, objet)) return {nom, fenetre, widget, nullptr};
-  if (auto *action = Chercher<QAction>(fenetre, objet)) return {nom, fenetre, nullptr, action};
-  throw Echec{u"control %1 expected, none of this name in %2; on the screen: %3"_s.arg(
-      objet, fenetre->objectName(), NomsMontres())};
+  if (fenetre->objectName() == objet) return {nom, fenetre, fenetre};
+  QObject *trouve = nullptr;
+  for (QObject *candidat : fenetre->findChildren<QObject *>(objet))
+    if (Appartient(candidat, fenetre) && (trouve == nullptr || candidat->isWidgetType()) &&
+        (candidat->isWidgetType() || qobject_cast<QAction *>(candidat)))
+      trouve = candidat;
+  Exiger(trouve != nullptr,
+         u"control %1 expected, none of this name in %2; on the screen: %3"_s.arg(
+             objet, fenetre->objectName(), NomsMontres()));
+  return {nom, fenetre, trouve};
 }
 
 Controle Ecran::Atteindre(const QString &nom) const {
   const Controle controle = Trouver(nom);
   const QWidget *dialogue = QApplication::activeModalWidget();
-  Exiger(dialogue == nullptr || dialogue == controle.fenetre,
-         u"%1 expected within reach, it is behind the dialog %2"_s.arg(
-             nom, dialogue ? dialogue->objectName() : QString()));
-  Exiger(controle.fenetre == FenetreActive() || nom.contains(u'.'),
-         u"%1 expected as the active window, on the screen: %2"_s.arg(nom, NomsMontres()));
-  Exiger(controle.fenetre->isVisible(),
-         u"%1 expected within reach, %2 is hidden; on the screen: %3"_s.arg(
+  Exiger((dialogue == nullptr || dialogue == controle.fenetre) && controle.fenetre->isVisible() &&
+             (controle.fenetre == FenetreActive() || nom.contains(u'.')),
+         u"%1 of %2 expected within reach, on the screen: %3"_s.arg(
              nom, controle.fenetre->objectName(), NomsMontres()));
   FermerSurgissante(controle);
-  if (controle.action != nullptr) {
-    Exiger(EstAtteignable(controle.action),
-           u"%1: an item within reach expected, %2 found"_s.arg(nom, Etat(controle.action)));
+  if (const auto *action = controle.En<QAction>()) {
+    Exiger(EstAtteignable(action), u"%1: an item within reach expected, %2 found"_s.arg(
+                                       nom, !action->isVisible()  ? u"a hidden one"_s
+                                            : action->isEnabled() ? u"one of no open menu"_s
+                                                                  : u"a disabled one"_s));
     return controle;
   }
-  Exiger(controle.widget->isVisible(), u"%1: visible expected, hidden found"_s.arg(nom));
-  Exiger(controle.widget->isEnabled(), u"%1: enabled expected, disabled found"_s.arg(nom));
-  for (QWidget *parent = controle.widget->parentWidget(); parent; parent = parent->parentWidget())
+  Exiger(controle.Widget()->isVisible(), u"%1: visible expected, hidden found"_s.arg(nom));
+  Exiger(controle.EstActif(), u"%1: enabled expected, disabled found"_s.arg(nom));
+  for (QWidget *parent = controle.Widget()->parentWidget(); parent; parent = parent->parentWidget())
     if (auto *zone = qobject_cast<QScrollArea *>(parent))
-      zone->ensureWidgetVisible(controle.widget);
+      zone->ensureWidgetVisible(controle.Widget());
   return controle;
 }
 

@@ -1,8 +1,11 @@
 #pragma once
-// The windows on the screen and the controls in them.
+// The windows on the screen, the controls in them, and what a person sees of a control.
 
-#include <QAction>
-#include <QList>
+#include "player/Analyse.h"
+#include "player/Echec.h"
+
+#include <QAbstractItemView>
+#include <QFont>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -11,18 +14,49 @@
 struct Controle {
   QString nom;
   QWidget *fenetre = nullptr;
-  QWidget *widget = nullptr;
-  QAction *action = nullptr;
+  QObject *objet = nullptr;
 
-  /// Whether it is of this class.
   template <typename Classe>
   Classe *En() const {
-    return qobject_cast<Classe *>(widget);
+    return qobject_cast<Classe *>(objet);
   }
 
-  /// The failure of a command that needs another kind of control.
-  QString Sinon(const QString &attendu) const;
+  /// What a command needs; another kind of control is an `Echec`.
+  template <typename Classe>
+  Classe *Comme(const char16_t *attendu) const {
+    auto *trouve = En<Classe>();
+    Exiger(trouve != nullptr, QStringLiteral("%1: %2 expected, %3 found")
+                                  .arg(nom, QString::fromUtf16(attendu),
+                                       QString::fromLatin1(objet->metaObject()->className())));
+    return trouve;
+  }
+  QWidget *Widget() const { return Comme<QWidget>(u"a widget"); }
+
+  /// The view of a list, a tree or a combo.
+  QAbstractItemView *Vue() const;
+
+  // What is seen. A control that has nothing of the kind is an `Echec`.
+  QString Texte() const;  ///< caption, content or current item, without the marks of keys
+  bool EstVisible() const;
+  bool EstActif() const { return objet->property("enabled").toBool(); }
+  bool EstCoche() const;
+  bool ALeFoyer() const;
+  QFont Police() const { return objet->property("font").value<QFont>(); }
+  bool EstGras() const { return Police().bold(); }
+  bool MontreSonDebut() const;  ///< of a field of one line
+  QString CouleurTexte() const;
+  QString CouleurFond() const;
+  QString Alignement() const;  ///< `gauche`, `droite` or `centre`
+
+  // Items of a list, nodes of a tree in the displayed order, depth first.
+  QModelIndexList Elements() const;
+  /// The one meant by `"text"`, `"text"#n`, `#i` or `racine`.
+  QModelIndex Element(const Mot &mot) const;
+  QModelIndexList Selection() const;
 };
+
+QStringList Textes(const QModelIndexList &elements);
+bool EstCoche(const QModelIndex &element);
 
 /// Thrown when a menu or a list that stood open has been closed, as a click beside it does: the
 /// command is to be tried again once the program knows.
@@ -35,15 +69,17 @@ class Ecran : public QObject {
 
   /// The topmost modal dialog, else the window that was shown last; or nullptr.
   QWidget *FenetreActive() const;
+  /// The same; none at all is an `Echec`.
+  QWidget *Active() const;
 
   /// A window on the screen or a hidden one; or nullptr.
   static QWidget *Fenetre(const QString &nom);
 
-  /// `Control` of the active window, `Window.Control` of any, or a window. Throws `Echec`.
+  /// `Control` of the active window, `Window.Control` of any, or a window.
   Controle Trouver(const QString &nom) const;
 
   /// The same, for something that the user does: what is hidden, disabled, or behind a dialog is
-  /// refused by an `Echec`.
+  /// an `Echec`.
   Controle Atteindre(const QString &nom) const;
 
   /// Activates the active window when none or another one has the focus.

@@ -1,18 +1,16 @@
 #include "player/Gestes.h"
 
-#include "player/Echec.h"
-#include "player/Elements.h"
 #include "ui/FeuilleEcran.h"
 
-#include <QAbstractButton>
+#include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDateEdit>
-#include <QHash>
 #include <QImage>
+#include <QKeySequence>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMimeData>
@@ -29,53 +27,37 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QWidget *Widget(const Controle &controle) {
-  Exiger(controle.widget != nullptr, controle.Sinon(u"a widget"_s));
-  return controle.widget;
-}
-
 /// Where a click finds the control: the middle of what is to be seen of it.
 QPoint PlaceDuClic(const QWidget *widget) {
   const bool caseACocher = qobject_cast<const QCheckBox *>(widget) != nullptr;
   if (caseACocher || qobject_cast<const QRadioButton *>(widget) != nullptr) {
     QStyleOptionButton option;
     option.initFrom(widget);
-    return widget->style()
-        ->subElementRect(
-            caseACocher ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator, &option,
-            widget)
-        .center();
+    const auto partie =
+        caseACocher ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator;
+    return widget->style()->subElementRect(partie, &option, widget).center();
   }
   const QRect visible = widget->visibleRegion().boundingRect();
   return (visible.isEmpty() ? widget->rect() : visible).center();
 }
 
-void CliquerEn(QWidget *widget, const QPoint &place, Clic clic) {
+void CliquerEn(QWidget *widget, const QPoint &place, Clic clic, Qt::KeyboardModifiers avec = {}) {
   const QPointer<QWidget> reste(widget);
-  switch (clic) {
-    case Clic::Double:
-      QTest::mouseClick(widget, Qt::LeftButton, {}, place);
-      if (reste) QTest::mouseDClick(widget, Qt::LeftButton, {}, place);
-      if (reste) QTest::mouseRelease(widget, Qt::LeftButton, {}, place);
-      break;
-    case Clic::Simple:
-      QTest::mouseClick(widget, Qt::LeftButton, {}, place);
-      break;
-    case Clic::Droit: {
-      QTest::mousePress(widget, Qt::RightButton, {}, place);
-      if (reste) {
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
-        QApplication::sendEvent(widget, &menu);
-      }
-      if (reste) QTest::mouseRelease(widget, Qt::RightButton, {}, place);
-      break;
-    }
+  if (clic != Clic::Droit) QTest::mouseClick(widget, Qt::LeftButton, avec, place);
+  if (clic == Clic::Double && reste) QTest::mouseDClick(widget, Qt::LeftButton, avec, place);
+  if (clic == Clic::Double && reste) QTest::mouseRelease(widget, Qt::LeftButton, avec, place);
+  if (clic != Clic::Droit) return;
+  QTest::mousePress(widget, Qt::RightButton, avec, place);
+  if (reste) {
+    QContextMenuEvent menu(QContextMenuEvent::Mouse, place, widget->mapToGlobal(place));
+    QApplication::sendEvent(widget, &menu);
   }
+  if (reste) QTest::mouseRelease(widget, Qt::RightButton, avec, place);
 }
 
 /// Brings an item into view and tells where it stands.
 QRect PlaceElement(const Controle &controle, const QModelIndex &element) {
-  QAbstractItemView *vue = Vue(controle);
+  QAbstractItemView *vue = controle.Vue();
   vue->scrollTo(element);
   const QRect place = vue->visualRect(element).intersected(vue->viewport()->rect());
   Exiger(!place.isEmpty(),
@@ -85,7 +67,7 @@ QRect PlaceElement(const Controle &controle, const QModelIndex &element) {
 }
 
 QPoint PlaceCase(const Controle &controle, const QModelIndex &element) {
-  const QAbstractItemView *vue = Vue(controle);
+  const QAbstractItemView *vue = controle.Vue();
   QStyleOptionViewItem option;
   option.initFrom(vue);
   option.widget = vue;
@@ -108,43 +90,25 @@ Frappe FrappeDe(QChar signe) {
           signe.isUpper() ? Qt::ShiftModifier : Qt::NoModifier};
 }
 
-Frappe FrappeNommee(QString nom) {
-  static const QHash<QString, Qt::Key> kTouches{
-      {u"Suppr"_s, Qt::Key_Delete},     {u"Entree"_s, Qt::Key_Return},
-      {u"Echap"_s, Qt::Key_Escape},     {u"Tab"_s, Qt::Key_Tab},
-      {u"Espace"_s, Qt::Key_Space},     {u"Haut"_s, Qt::Key_Up},
-      {u"Bas"_s, Qt::Key_Down},         {u"Gauche"_s, Qt::Key_Left},
-      {u"Droite"_s, Qt::Key_Right},     {u"Debut"_s, Qt::Key_Home},
-      {u"Fin"_s, Qt::Key_End},          {u"Inser"_s, Qt::Key_Insert},
-      {u"Retour"_s, Qt::Key_Backspace}, {u"PgPrec"_s, Qt::Key_PageUp},
-      {u"PgSuiv"_s, Qt::Key_PageDown},  {u"Alt"_s, Qt::Key_Alt}};
-  static const QList<std::pair<QString, Qt::KeyboardModifier>> kAvec{
-      {u"Ctrl+"_s, Qt::ControlModifier},
-      {u"Maj+"_s, Qt::ShiftModifier},
-      {u"Alt+"_s, Qt::AltModifier}};
-  const QString entier = nom;
-  Qt::KeyboardModifiers avec;
-  for (const auto &[prefixe, modificateur] : kAvec)
-    if (nom.size() > prefixe.size() && nom.startsWith(prefixe)) {
-      avec |= modificateur;
-      nom.remove(0, prefixe.size());
-    }
-  if (const auto touche = kTouches.constFind(nom); touche != kTouches.cend()) {
-    const QString texte = *touche == Qt::Key_Return   ? u"\r"_s
-                          : *touche == Qt::Key_Space  ? u" "_s
-                          : *touche == Qt::Key_Delete ? u"\x7f"_s
-                                                      : u""_s;
-    return {*touche, texte, avec};
-  }
-  bool nombre = false;
-  const int fonction = QStringView(nom).mid(1).toInt(&nombre);
-  if (nom.startsWith(u'F') && nombre && fonction >= 1 && fonction <= 12)
-    return {static_cast<Qt::Key>(Qt::Key_F1 + fonction - 1), {}, avec};
-  Exiger(nom.size() == 1, u"a key expected, \"%1\" found"_s.arg(entier));
-  Frappe frappe = FrappeDe(nom[0]);
-  frappe.avec |= avec;
-  if (avec.testFlag(Qt::ControlModifier)) frappe.texte.clear();
-  return frappe;
+Frappe FrappeNommee(const QString &nom) {
+  static const QList<std::pair<QString, QString>> kNoms{
+      {u"Suppr"_s, u"Del"_s},    {u"Entree"_s, u"Return"_s}, {u"Echap"_s, u"Esc"_s},
+      {u"Espace"_s, u"Space"_s}, {u"Haut"_s, u"Up"_s},       {u"Bas"_s, u"Down"_s},
+      {u"Gauche"_s, u"Left"_s},  {u"Droite"_s, u"Right"_s},  {u"Debut"_s, u"Home"_s},
+      {u"Fin"_s, u"End"_s},      {u"Inser"_s, u"Ins"_s},     {u"Retour"_s, u"Backspace"_s},
+      {u"PgPrec"_s, u"PgUp"_s},  {u"PgSuiv"_s, u"PgDown"_s}, {u"Maj"_s, u"Shift"_s}};
+  if (nom.size() == 1) return FrappeDe(nom[0]);
+  QString portable = nom;
+  for (const auto &[ici, ailleurs] : kNoms) portable.replace(ici, ailleurs);
+  const QKeySequence suite = QKeySequence::fromString(portable, QKeySequence::PortableText);
+  Exiger(suite.count() == 1 && suite[0].key() != Qt::Key_unknown,
+         u"a key expected, \"%1\" found"_s.arg(nom));
+  const Qt::Key touche = suite[0].key();
+  const QString texte = touche == Qt::Key_Return   ? u"\r"_s
+                        : touche == Qt::Key_Space  ? u" "_s
+                        : touche == Qt::Key_Delete ? u"\x7f"_s
+                                                   : u""_s;
+  return {touche, texte, suite[0].keyboardModifiers()};
 }
 
 void Frapper(QWidget *widget, const Frappe &frappe) {
@@ -153,12 +117,11 @@ void Frapper(QWidget *widget, const Frappe &frappe) {
 
 /// The part of a control that takes what is typed.
 QWidget *ZoneDeSaisie(const Controle &controle) {
-  QWidget *widget = Widget(controle);
-  if (const auto *combo = qobject_cast<QComboBox *>(widget)) widget = combo->lineEdit();
-  const bool saisie = widget != nullptr && widget->metaObject()->indexOfSlot("selectAll()") >= 0 &&
-                      qobject_cast<QAbstractItemView *>(widget) == nullptr;
-  Exiger(saisie && !widget->property("readOnly").toBool(),
-         controle.Sinon(u"what takes typed text"_s));
+  QWidget *widget = controle.Widget();
+  if (const auto *combo = controle.En<QComboBox>()) widget = combo->lineEdit();
+  Exiger(widget != nullptr && widget->metaObject()->indexOfSlot("selectAll()") >= 0 &&
+             !widget->inherits("QAbstractItemView") && !widget->property("readOnly").toBool(),
+         u"%1: what takes typed text expected"_s.arg(controle.nom));
   return widget;
 }
 
@@ -173,8 +136,7 @@ QPoint PlaceDePrise(const Controle &controle, const QWidget *widget) {
   for (int y = kPas; y < widget->height(); y += kPas)
     for (int x = kPas; x < widget->width(); x += kPas)
       if (libre({x, y})) return {x, y};
-  throw Echec{
-      u"%1 expected in reach of the mouse, it lies behind another control"_s.arg(controle.nom)};
+  throw Echec{u"%1 expected in reach of the mouse, it lies behind another one"_s.arg(controle.nom)};
 }
 
 void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
@@ -200,7 +162,7 @@ void Declencher(QAction *action) {
   for (QObject *lieu : action->associatedObjects())
     if (auto *menu = qobject_cast<QMenu *>(lieu); menu != nullptr && menu->isVisible()) {
       menu->setActiveAction(action);
-      Frapper(menu, FrappeNommee(u"Entree"_s));
+      Frapper(menu, FrappeDe(u'\r'));
       return;
     }
   action->trigger();
@@ -208,95 +170,68 @@ void Declencher(QAction *action) {
 
 void ChoisirJour(QDateEdit *date, const QDate &jour) {
   date->setFocus(Qt::TabFocusReason);
-  Frapper(date, FrappeNommee(u"Espace"_s));
+  Frapper(date, FrappeDe(u' '));
   QCalendarWidget *calendrier = date->calendarWidget();
   Exiger(calendrier->isVisible(), u"an open calendar expected, none found"_s);
   calendrier->setSelectedDate(jour);
-  Frapper(calendrier->findChild<QAbstractItemView *>(), FrappeNommee(u"Entree"_s));
+  Frapper(calendrier->findChild<QAbstractItemView *>(), FrappeDe(u'\r'));
 }
 
 }  // namespace
 
 void Cliquer(const Controle &controle, Clic clic) {
-  if (controle.action != nullptr)
-    Declencher(controle.action);
-  else if (const auto *vue = controle.En<QAbstractItemView>())
-    CliquerEn(vue->viewport(), PlaceDuClic(vue->viewport()), clic);
-  else
-    CliquerEn(controle.widget, PlaceDuClic(controle.widget), clic);
+  if (auto *action = controle.En<QAction>()) return Declencher(action);
+  QWidget *widget = controle.Widget();
+  if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
+  CliquerEn(widget, PlaceDuClic(widget), clic);
 }
 
-void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic) {
-  CliquerEn(Vue(controle)->viewport(), PlaceElement(controle, element).center(), clic);
+void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic,
+                    Qt::KeyboardModifiers avec) {
+  CliquerEn(controle.Vue()->viewport(), PlaceElement(controle, element).center(), clic, avec);
 }
 
-void Cocher(const Controle &controle, bool etat) {
-  const auto *bouton = controle.En<QAbstractButton>();
-  const bool cochable =
-      controle.action != nullptr ? controle.action->isCheckable() : bouton && bouton->isCheckable();
-  Exiger(cochable, controle.Sinon(u"what can be ticked"_s));
-  const auto coche = [&] {
-    return controle.action != nullptr ? controle.action->isChecked() : bouton->isChecked();
-  };
-  if (coche() != etat) Cliquer(controle, Clic::Simple);
-}
-
-void CocherElement(const Controle &controle, const QModelIndex &element, bool etat) {
-  if (EstCoche(element) != etat)
-    CliquerEn(Vue(controle)->viewport(), PlaceCase(controle, element), Clic::Simple);
+void CliquerCase(const Controle &controle, const QModelIndex &element) {
+  CliquerEn(controle.Vue()->viewport(), PlaceCase(controle, element), Clic::Simple);
 }
 
 bool CocheEstPeinte(const Controle &controle, const QModelIndex &element) {
   constexpr int kMarge = 3;  // around the middle of the box, within its border
   const QPoint milieu = PlaceCase(controle, element);
   const QRect dedans(milieu - QPoint(kMarge, kMarge), milieu + QPoint(kMarge, kMarge));
-  const QImage image = Vue(controle)->viewport()->grab(dedans).toImage();
+  const QImage image = controle.Vue()->viewport()->grab(dedans).toImage();
   int sombre = 255, clair = 0;
   for (int y = 0; y < image.height(); ++y)
     for (int x = 0; x < image.width(); ++x) {
-      const int gris = qGray(image.pixel(x, y));
-      sombre = std::min(sombre, gris);
-      clair = std::max(clair, gris);
+      sombre = std::min(sombre, qGray(image.pixel(x, y)));
+      clair = std::max(clair, qGray(image.pixel(x, y)));
     }
   return clair - sombre > 100;
 }
 
-void Choisir(const Controle &controle, const Mot &mot) {
-  if (auto *date = controle.En<QDateEdit>()) {
-    ChoisirJour(date, QDate::fromString(mot.texte, u"dd/MM/yyyy"_s));
-    return;
-  }
-  const QModelIndex element = Element(controle, mot);
-  if (auto *combo = controle.En<QComboBox>()) {
+void Choisir(const Controle &controle, const Mot &mot, bool choisi) {
+  if (auto *date = controle.En<QDateEdit>())
+    return ChoisirJour(date, QDate::fromString(mot.texte, u"dd/MM/yyyy"_s));
+  const QModelIndex element = controle.Element(mot);
+  QAbstractItemView *vue = controle.Vue();
+  if (controle.En<QComboBox>() != nullptr) {
     // By the open list, so that the program hears of a choice of what was chosen already.
     Derouler(controle);
-    combo->view()->setCurrentIndex(element);
-    Frapper(combo->view(), FrappeNommee(u"Entree"_s));
-    return;
+    vue->setCurrentIndex(element);
+    return Frapper(vue, FrappeDe(u'\r'));
   }
-  const QAbstractItemView *vue = Vue(controle);
   const bool plusieurs = vue->selectionMode() == QAbstractItemView::MultiSelection ||
                          vue->selectionMode() == QAbstractItemView::ExtendedSelection;
-  if (!plusieurs)
-    CliquerElement(controle, element, Clic::Simple);
-  else if (!vue->selectionModel()->isSelected(element))
-    QTest::mouseClick(vue->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                      PlaceElement(controle, element).center());
-}
-
-void Retirer(const Controle &controle, const Mot &mot) {
-  const QModelIndex element = Element(controle, mot);
-  const QAbstractItemView *vue = Vue(controle);
-  Exiger(vue->selectionModel()->isSelected(element),
-         u"%1: \"%2\" expected selected, \"%3\" found"_s.arg(
-             controle.nom, mot.texte, Textes(Selection(controle)).join(u"\" \""_s)));
-  QTest::mouseClick(vue->viewport(), Qt::LeftButton, Qt::ControlModifier,
-                    PlaceElement(controle, element).center());
+  const bool avant = vue->selectionModel()->isSelected(element);
+  Exiger(choisi || avant, u"%1: \"%2\" expected selected, %3 found"_s.arg(
+                              controle.nom, mot.texte, EnListe(Textes(controle.Selection()))));
+  if (!plusieurs || avant != choisi)
+    CliquerElement(controle, element, Clic::Simple,
+                   plusieurs ? Qt::ControlModifier : Qt::NoModifier);
 }
 
 void Derouler(const Controle &controle) {
-  auto *combo = controle.En<QComboBox>();
-  Exiger(combo != nullptr, controle.Sinon(u"a combo"_s));
+  auto *combo = controle.Comme<QComboBox>(u"a combo");
   if (combo->view()->isVisible()) return;
   combo->setFocus(Qt::MouseFocusReason);
   combo->showPopup();
@@ -324,7 +259,7 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
 
 void Toucher(const Controle &controle, const QString &touche) {
   const Frappe frappe = FrappeNommee(touche);
-  QWidget *widget = Widget(controle);
+  QWidget *widget = controle.Widget();
   if (widget == controle.fenetre) {
     QWidget *surgissante = QApplication::activePopupWidget();
     QWidget *foyer = surgissante ? surgissante : widget;
@@ -339,7 +274,7 @@ void Toucher(const Controle &controle, const QString &touche) {
 
 void Glisser(const Controle &controle, double dx, double dy) {
   constexpr int kEtapes = 4;
-  QWidget *widget = Widget(controle);
+  QWidget *widget = controle.Widget();
   const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
   const double parMillimetre = PixelsParMillimetre(*widget);
   const QPoint chemin(qRound(dx * parMillimetre), qRound(dy * parMillimetre));
@@ -350,29 +285,26 @@ void Glisser(const Controle &controle, double dx, double dy) {
   if (reste) EnvoyerSouris(widget, QEvent::MouseButtonRelease, prise + chemin);
 }
 
-void Quitter(const Controle &controle) {
-  QWidget *foyer = QApplication::focusWidget();
-  Exiger(foyer != nullptr && (foyer == controle.widget || Widget(controle)->isAncestorOf(foyer)),
-         u"focus on %1 expected, on \"%2\" found"_s.arg(
-             controle.nom, foyer != nullptr ? foyer->objectName() : u"nothing"_s));
-  foyer->clearFocus();
-}
-
 void Deposer(const Controle &controle, const QList<QUrl> &adresses) {
-  QWidget *widget = Widget(controle);
-  Exiger(widget->acceptDrops(), controle.Sinon(u"what takes drops"_s));
+  QWidget *widget = controle.Widget();
   QMimeData donnees;
   donnees.setUrls(adresses);
   const QPoint place = widget->rect().center();
   QDragEnterEvent entree(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
   QApplication::sendEvent(widget, &entree);
-  Exiger(entree.isAccepted(), u"a drop taken by %1 expected, it is refused"_s.arg(controle.nom));
+  Exiger(widget->acceptDrops() && entree.isAccepted(),
+         u"a drop taken by %1 expected, it is refused"_s.arg(controle.nom));
   QDropEvent depot(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
   QApplication::sendEvent(widget, &depot);
 }
 
+void Quitter(const Controle &controle) {
+  Exiger(controle.ALeFoyer(), u"focus on %1 expected, it is elsewhere"_s.arg(controle.nom));
+  QApplication::focusWidget()->clearFocus();
+}
+
 void Survoler(const Controle &controle) {
-  QWidget *widget = Widget(controle);
+  QWidget *widget = controle.Widget();
   if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
   // To its own window: by the place on the screen another one that lies there would be found too.
   QWidget *fenetre = widget->window();

@@ -2,28 +2,23 @@
 // What a person does with the mouse and the keyboard. Controls have been reached before; what
 // cannot be done with one throws `Echec`.
 
-#include "player/Analyse.h"
 #include "player/Ecran.h"
 
-#include <QModelIndex>
 #include <QUrl>
 
 enum class Clic { Simple, Double, Droit };
 
 void Cliquer(const Controle &controle, Clic clic);
-void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic);
-
-/// Brings a box to a state by a click, if it isn't in it.
-void Cocher(const Controle &controle, bool etat);
-void CocherElement(const Controle &controle, const QModelIndex &element, bool etat);
-
+void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic,
+                    Qt::KeyboardModifiers avec = {});
+/// The box of an item.
+void CliquerCase(const Controle &controle, const QModelIndex &element);
 /// Whether a mark is seen in the box of an item.
 bool CocheEstPeinte(const Controle &controle, const QModelIndex &element);
 
 /// Selects an item as a user's choice does. In a list of several selections it adds the item, and
-/// `Retirer` takes it out.
-void Choisir(const Controle &controle, const Mot &mot);
-void Retirer(const Controle &controle, const Mot &mot);
+/// takes it out where `choisi` is false.
+void Choisir(const Controle &controle, const Mot &mot, bool choisi);
 void Derouler(const Controle &controle);
 
 /// Types a text key by key, in the place of the old one or behind it.

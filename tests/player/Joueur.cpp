@@ -35,7 +35,7 @@ std::optional<Joueur::Faute> Joueur::Jouer() {
   try {
     const auto texte = LireFichier(fichier_);
     Exiger(texte.has_value(), u"the file cannot be read"_s);
-    commandes_ = Analyser(*texte);
+    commandes_ = Analyser(QString::fromUtf8(*texte));
     QTemporaryDir temporaire;
     Exiger(options_.monde.isEmpty() ? temporaire.isValid() : QDir().mkpath(options_.monde),
            u"the folder of the world cannot be made"_s);

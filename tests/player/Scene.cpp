@@ -3,7 +3,6 @@
 #include "platform/Erreurs.h"
 #include "player/Echec.h"
 #include "storage/Reglages.h"
-#include "storage/Requete.h"
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -12,12 +11,6 @@ void LaisserPasser() {
   // Bounded: a window may plan its next repaint at each one.
   constexpr int kTours = 8;
   for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
-}
-
-AutreEcrivain::AutreEcrivain(const QString &chemin, Verrou verrou) {
-  base_.Ouvrir(chemin);
-  Requete(base_, verrou == Verrou::Ecriture ? u"BEGIN IMMEDIATE"_s : u"BEGIN EXCLUSIVE"_s)
-      .Executer();
 }
 
 Scene::Scene(Application &application, Monde m, QString dossierCaptures)
@@ -91,11 +84,25 @@ void Scene::VerifierFautes() const {
   Exiger(fautes.isEmpty(), fautes.join(u"; "));
 }
 
+void Scene::VerifierToutVu() const {
+  const auto rien = [](const QString &quoi, const auto &traces) {
+    Exiger(traces.empty(), u"nothing %1 expected, \"%2\" found"_s.arg(
+                               quoi, traces.empty() ? QString() : traces.front()));
+  };
+  VerifierAucuneBoite();
+  rien(u"opened"_s, coquille.Ouverts());
+  rien(u"started"_s, coquille.Lances());
+}
+
+void Scene::VerifierAucuneBoite() const {
+  for (const BoiteVue &boite : boites.Vues())
+    throw Echec{u"no unread box expected, %1 found"_s.arg(
+        EnListe({boite.genre, boite.titre, boite.texte}))};
+}
+
 void Scene::VerifierFin() const {
   VerifierFautes();  // of commands that have not returned
-  for (const BoiteVue &boite : boites.Vues())
-    throw Echec{u"no unchecked box expected at the end, %1 \"%2\" \"%3\" found"_s.arg(
-        boite.genre, boite.titre, boite.texte)};
+  VerifierToutVu();
   for (const auto &reponse : boites.Reponses())
     throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
   Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);

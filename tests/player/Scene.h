@@ -4,31 +4,19 @@
 #include "app/Application.h"
 #include "app/Programme.h"
 #include "platform/linux/ClasseurSysteme.h"
-#include "player/Classeur.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
 #include "player/Mesures.h"
 #include "player/Monde.h"
-#include "storage/Base.h"
+
+#include <QDateTime>
+#include <QJsonObject>
 
 #include <memory>
 #include <optional>
 
 /// Lets pending events through.
 void LaisserPasser();
-
-/// Another user who is writing: nobody else can write while this lives.
-class AutreEcrivain {
- public:
-  enum class Verrou {
-    Ecriture,  ///< the others may read
-    Exclusif,  ///< they may not: he is bringing what he has written to the disk
-  };
-  AutreEcrivain(const QString &chemin, Verrou verrou);
-
- private:
-  Base base_;
-};
 
 class Scene {
  public:
@@ -51,6 +39,9 @@ class Scene {
 
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
   void VerifierFautes() const;
+  /// The same when it has told or started something that the scenario has not looked at.
+  void VerifierToutVu() const;
+  void VerifierAucuneBoite() const;
   /// What is left over at the end of a scenario is a failure.
   void VerifierFin() const;
 
@@ -66,15 +57,20 @@ class Scene {
   Ecran ecran;
   QString utilisateur = QStringLiteral("Paul");
   const QString captures;  ///< folder of the pictures, or empty
+  std::optional<AutreEcrivain> autreEcrivain;
 
   qint32 taille = 0;  ///< of the program at each start, in twips; 0 for the one of the world
   Mesures mesures;    ///< of the windows that pictures were asked of
 
-  LecteurClasseur lecteurClasseur;
-  std::optional<AutreEcrivain> autreEcrivain;
-
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on
+
+  struct ClasseurLu {
+    QString chemin;
+    QDateTime ecrit;
+    QJsonObject contenu;
+  };
+  ClasseurLu classeurLu;
 
  private:
   void EcrireTaille() const;

@@ -1,24 +1,27 @@
 #pragma once
-// The verbs of the language, by subject.
+// The verbs of the language.
 
 #include "player/Analyse.h"
 #include "player/Scene.h"
+
+#include <functional>
 
 using Mots = QList<Mot>;
 
 struct Verbe {
   QString nom;  ///< with the second word, where that is what tells the verb
   qsizetype minimum, maximum;
-  void (*faire)(Scene &scene, const Mots &mots);
-
-  static constexpr qsizetype kSansLimite = 1000;
+  std::function<void(Scene &scene, const Mots &mots)> faire;
+  /// Something that the user does: what the program told before must have been looked at.
+  bool acte = false;
 };
+
+constexpr qsizetype kSansLimite = 1000;
 
 QList<Verbe> VerbesDuMonde();
 QList<Verbe> VerbesDesGestes();
 QList<Verbe> VerbesDesControles();  ///< checks of windows and controls
-QList<Verbe> VerbesDesTraces();     ///< checks of boxes, rows, files, pages
-QList<Verbe> VerbesDuClasseur();    ///< checks of the workbook opened last
+QList<Verbe> VerbesDesTraces();     ///< checks of boxes, rows, files, pages, workbooks
 
 /// Runs a command. Throws `Echec`, for an unknown verb too, and `Reessayer`.
 void Executer(Scene &scene, const Commande &commande);

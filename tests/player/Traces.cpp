@@ -1,0 +1,290 @@
+#include "envelope/FrmVueAV.h"
+#include "player/Verbes.h"
+
+#include <QColor>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
+
+#include <cmath>
+
+using namespace Qt::StringLiterals;
+
+using S = Scene;
+using M = Mots;
+
+namespace {
+
+template <typename Trace>
+Trace Premiere(std::deque<Trace> &traces, const QString &attendu) {
+  Exiger(!traces.empty(), attendu + u" expected, none found"_s);
+  Trace premiere = std::move(traces.front());
+  traces.pop_front();
+  return premiere;
+}
+
+void VerifierBoite(Scene &scene, const Mots &mots) {
+  const auto boite = Premiere(scene.boites.Vues(), u"box "_s + EnListe(Textes(mots, 0)));
+  QStringList attendus = Textes(mots, 0), trouves{boite.genre, boite.titre, boite.texte};
+  for (qsizetype i = 0; i < trouves.size(); ++i)
+    if (mots[i].Joker()) attendus[i] = trouves[i];
+  if (mots.size() > 3) trouves += {u"defaut"_s, boite.defaut};
+  ExigerListe(u"box"_s, attendus, trouves);
+}
+
+void VerifierDemarrage(Scene &scene, const Mots &mots) {
+  const bool trouve = QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte));
+  ExigerEgal(u"\"%1\" in the start list"_s.arg(mots[0].texte), mots[1].texte,
+             trouve ? u"present"_s : u"absent"_s);
+}
+
+/// `Field "value"` or `Field=value`, any number of them.
+void VerifierChamps(Scene &scene, const Mots &mots) {
+  for (qsizetype i = 2; i < mots.size(); ++i) {
+    const Mot &mot = mots[i];
+    const bool egal = mot.egal > 0;
+    Exiger(egal || i + 1 < mots.size(), u"a value of %1 expected"_s.arg(mot.texte));
+    const QString nom = egal ? mot.texte.left(mot.egal) : mot.texte;
+    QString attendu = egal ? mot.texte.mid(mot.egal + 1) : mots[++i].texte;
+    const QString trouve = scene.monde.Champ(mots[0].texte, Nombre(mots[1]), nom);
+    if (egal && !mot.cite && attendu == u"nul"_s)
+      attendu = trouve.isNull() ? u""_s : u"nul"_s;
+    else if (attendu == u"vrai"_s || attendu == u"faux"_s)
+      attendu = attendu == u"vrai"_s ? u"1"_s : u"0"_s;
+    ExigerEgal(nom, attendu, trouve);
+  }
+}
+
+void VerifierFichier(Scene &scene, const Mots &mots) {
+  const QString &nom = mots[0].texte;
+  const Mot &quoi = mots[1];
+  if (quoi.Est(u"absent")) {
+    Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)), u"no file %1 expected"_s.arg(nom));
+  } else if (quoi.Est(u"egal") && mots.size() == 3) {
+    Exiger(scene.monde.Octets(nom) == scene.monde.Octets(mots[2].texte),
+           u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
+  } else if (quoi.Est(u"lignes")) {
+    ExigerListe(nom, Textes(mots, 2), scene.monde.Lire(nom));
+  } else if (quoi.Est(u"ligne") && mots.size() == 4) {
+    ExigerEgal(u"line %1 of %2"_s.arg(mots[2].texte, nom), mots[3].texte,
+               scene.monde.Lire(nom).value(Nombre(mots[2]) - 1, u"no line"_s));
+  } else {
+    Exiger(quoi.Est(u"present"), u"fichier: what is meant by %1?"_s.arg(quoi.texte));
+    scene.monde.Octets(nom);
+  }
+}
+
+void CompterPages(Scene &scene, const Mots &mots) {
+  scene.pages = scene.imprimante.PrendrePages();
+  scene.page = scene.pages.size() - 1;
+  ExigerEgal(u"pages"_s, mots[0].texte, QString::number(scene.pages.size()));
+}
+
+const PageImprimee &Page(const Scene &scene) {
+  Exiger(scene.page >= 0 && scene.page < scene.pages.size(),
+         u"page %1 expected, %2 were counted"_s.arg(scene.page + 1).arg(scene.pages.size()));
+  return scene.pages[scene.page];
+}
+
+using Lignes = QList<LigneImprimee>;
+
+/// The lines of the page, or of the preview in millimetres of the envelope.
+Lignes LignesDe(const Scene &scene, bool apercu) {
+  if (!apercu) return Page(scene).lignes;
+  constexpr double kReduction = 1.18;
+  const auto *fenetre = qobject_cast<const FrmVueAV *>(scene.ecran.Active());
+  Exiger(fenetre != nullptr, u"FrmVueAV expected as the active window"_s);
+  Lignes lignes;
+  for (const LignePlacee &ligne : fenetre->Lignes())
+    lignes.append({ligne.texte, Millimetres(ligne.x.valeur * kReduction),
+                   Millimetres(ligne.y.valeur * kReduction), ligne.police});
+  return lignes;
+}
+
+QStringList TextesDe(const Lignes &lignes) {
+  QStringList textes;
+  for (const LigneImprimee &ligne : lignes) textes.append(ligne.texte);
+  return textes;
+}
+
+/// One of the lines of this text is as expected; `dire` tells what the others are.
+template <typename Convient, typename Dire>
+void ExigerLigne(const Lignes &lignes, const Mots &mots, Convient convient, Dire dire) {
+  QStringList trouvees;
+  for (const LigneImprimee &ligne : lignes) {
+    if (ligne.texte != mots[0].texte) continue;
+    if (convient(ligne)) return;
+    trouvees.append(dire(ligne));
+  }
+  throw Echec{u"%1 expected, %2 found"_s.arg(
+      EnListe(Textes(mots, 0)), EnListe(trouvees.isEmpty() ? TextesDe(lignes) : trouvees))};
+}
+
+void VerifierPlace(const Lignes &lignes, const Mots &mots) {
+  // With room for what a number loses on its way to text.
+  const auto estEn = [](const Mot &attendu, Millimetres trouve) {
+    return attendu.Joker() || std::abs(NombreDecimal(attendu) - trouve.valeur) <= 0.1 + 1e-9;
+  };
+  ExigerLigne(
+      lignes, mots,
+      [&](const LigneImprimee &l) { return estEn(mots[1], l.x) && estEn(mots[2], l.y); },
+      [](const LigneImprimee &l) {
+        return u"%1 %2"_s.arg(l.x.valeur, 0, 'f', 2).arg(l.y.valeur, 0, 'f', 2);
+      });
+}
+
+void VerifierPolice(const Lignes &lignes, const Mots &mots) {
+  const auto convient = [&](const LigneImprimee &ligne) {
+    const Police &police = ligne.police;
+    bool bien =
+        police.nom == mots[1].texte && std::abs(police.points - NombreDecimal(mots[2])) < 0.05;
+    for (const Mot &style : mots.sliced(3))
+      bien &= style.Est(u"gras")       ? police.gras
+              : style.Est(u"souligne") ? police.souligne
+                                       : style.Est(u"maigre") && !police.gras;
+    return bien;
+  };
+  ExigerLigne(lignes, mots, convient, [](const LigneImprimee &ligne) {
+    return u"%1 %2 %3 %4"_s.arg(ligne.police.nom)
+        .arg(ligne.police.points)
+        .arg(ligne.police.gras ? u"gras"_s : u"maigre"_s,
+             ligne.police.souligne ? u"souligne"_s : u""_s);
+  });
+}
+
+QList<Verbe> VerbesDesLignes(const QString &quoi, bool apercu) {
+  return {
+      {quoi + u" texte"_s, 3, 3, [=](S &s, const M &m) { VerifierPlace(LignesDe(s, apercu), m); }},
+      {quoi + u" police"_s, 3, 5,
+       [=](S &s, const M &m) { VerifierPolice(LignesDe(s, apercu), m); }},
+      {quoi + u" lignes"_s, 0, kSansLimite,
+       [=](S &s, const M &m) {
+         ExigerListe(u"lines"_s, Textes(m, 0), TextesDe(LignesDe(s, apercu)));
+       }},
+      {quoi + u" absente"_s, 1, 1,
+       [=](S &s, const M &m) {
+         Exiger(!TextesDe(LignesDe(s, apercu)).contains(m[0].texte),
+                u"no line \"%1\" expected"_s.arg(m[0].texte));
+       }},
+  };
+}
+
+/// The workbook that the program opened last, read by another program than its writer.
+const QJsonObject &ContenuDuClasseur(Scene &scene) {
+  const QFileInfo fichier(scene.coquille.Classeur());
+  Exiger(fichier.isFile(), u"an opened workbook expected, none is there"_s);
+  Scene::ClasseurLu &lu = scene.classeurLu;
+  if (lu.chemin == fichier.filePath() && lu.ecrit == fichier.lastModified()) return lu.contenu;
+  constexpr int kLimite = 50'000;  // milliseconds
+  QProcess lecteur;
+  // The system's, whose package the reading library is.
+  lecteur.start(u"/usr/bin/python3"_s, {QStringLiteral(VELMIRA_LIRE_CLASSEUR), fichier.filePath()});
+  Exiger(lecteur.waitForFinished(kLimite) && lecteur.exitCode() == 0,
+         u"the workbook cannot be read: "_s + QString::fromUtf8(lecteur.readAllStandardError()));
+  lu = {fichier.filePath(), fichier.lastModified(),
+        QJsonDocument::fromJson(lecteur.readAllStandardOutput()).object()};
+  return lu.contenu;
+}
+
+QString Cellule(Scene &scene, const QString &nom, const QString &quoi) {
+  const QJsonObject lue = ContenuDuClasseur(scene)[u"cellules"][nom].toObject();
+  const QString valeur = lue[quoi].toVariant().toString();
+  Exiger(quoi != u"texte"_s || valeur.isEmpty() || lue[u"type"] == u"s"_s,
+         u"%1: a text expected, a formula or a number found"_s.arg(nom));
+  return valeur;
+}
+
+Verbe ChampDeCellule(const QString &verbe, const QString &quoi) {
+  return {u"classeur "_s + verbe, 2, 2, [quoi](S &s, const M &m) {
+            static const QHash<QString, QString> kCotes{
+                {u"centre"_s, u"center"_s}, {u"droite"_s, u"right"_s}, {u"gauche"_s, u"left"_s}};
+            const bool cote = quoi == u"horizontal"_s;
+            QString trouve = Cellule(s, m[0].texte, quoi);
+            if (cote && trouve != u"center"_s && trouve != u"right"_s) trouve = u"left"_s;
+            ExigerEgal(m[0].texte, cote ? kCotes.value(m[1].texte) : m[1].texte, trouve);
+          }};
+}
+
+Verbe GrasDeCellule(const QString &verbe, const QString &attendu) {
+  return {u"classeur "_s + verbe, 1, 1, [attendu](S &s, const M &m) {
+            ExigerEgal(m[0].texte + u" bold"_s, attendu, Cellule(s, m[0].texte, u"gras"_s));
+          }};
+}
+
+/// The oldest of what was opened or started.
+Verbe Lancement(const QString &nom, std::deque<QString> &(CoquilleScenario::*traces)()) {
+  return {nom, 1, 1, [nom, traces](S &s, const M &m) {
+            const QString trouve = Premiere((s.coquille.*traces)(), nom + u' ' + m[0].texte);
+            if (QFileInfo(trouve).fileName() != m[0].texte) ExigerEgal(nom, m[0].texte, trouve);
+          }};
+}
+
+}  // namespace
+
+QList<Verbe> VerbesDesTraces() {
+  const QList<Verbe> verbes{
+      {u"boite"_s, 3, 5, VerifierBoite},
+      {u"aucune-boite"_s, 0, 0, [](S &s, const M &) { s.VerifierAucuneBoite(); }},
+      {u"rien-ouvert"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
+      {u"rien-lance"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
+      {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.boites.Vues().clear(); }},
+      {u"pause"_s, 1, 1,
+       [](S &s, const M &m) {
+         const auto pause = Premiere(s.horloge.Pauses(), u"pause "_s + m[0].texte);
+         ExigerEgal(u"pause"_s, m[0].texte, QString::number(pause.count()));
+       }},
+      Lancement(u"ouvre"_s, &CoquilleScenario::Ouverts),
+      Lancement(u"lance"_s, &CoquilleScenario::Lances),
+      {u"demarrage"_s, 2, 2, VerifierDemarrage},
+      {u"envoye"_s, 1, 1,
+       [](S &s, const M &m) {
+         ExigerEgal(u"sent"_s, m[0].texte, QString::fromLatin1(s.port.PrendreEnvoyes()));
+       }},
+      {u"lignes"_s, 2, 2,
+       [](S &s, const M &m) {
+         ExigerEgal(u"rows of "_s + m[0].texte, m[1].texte,
+                    QString::number(s.monde.Nombre(m[0].texte)));
+       }},
+      {u"champ"_s, 3, kSansLimite, VerifierChamps},
+      {u"nul"_s, 3, 3,
+       [](S &s, const M &m) {
+         Exiger(s.monde.Champ(m[0].texte, Nombre(m[1]), m[2].texte).isNull(),
+                u"%1: nul expected"_s.arg(m[2].texte));
+       }},
+      {u"fichier"_s, 2, kSansLimite, VerifierFichier},
+      {u"pages"_s, 1, 1, CompterPages},
+      {u"page"_s, 1, 1,
+       [](S &s, const M &m) {
+         s.page = Nombre(m[0]) - 1;
+         Page(s);
+       }},
+      {u"page imprimante"_s, 1, 1,
+       [](S &s, const M &m) { ExigerEgal(u"printer"_s, m[0].texte, Page(s).imprimante); }},
+      {u"page portrait"_s, 0, 0,
+       [](S &s, const M &) {
+         Exiger(Page(s).orientation == Orientation::Portrait, u"portrait expected"_s);
+       }},
+      {u"page paysage"_s, 0, 0,
+       [](S &s, const M &) {
+         Exiger(Page(s).orientation == Orientation::Paysage, u"paysage expected"_s);
+       }},
+      {u"classeur feuille"_s, 1, 1,
+       [](S &s, const M &m) {
+         ExigerListe(u"sheets"_s, {m[0].texte},
+                     ContenuDuClasseur(s)[u"feuilles"].toVariant().toStringList());
+       }},
+      {u"classeur lignes"_s, 1, 1,
+       [](S &s, const M &m) {
+         ExigerEgal(u"rows of the workbook"_s, m[0].texte,
+                    QString::number(ContenuDuClasseur(s)[u"nombre"].toInt()));
+       }},
+      ChampDeCellule(u"cellule"_s, u"texte"_s),
+      ChampDeCellule(u"fond"_s, u"fond"_s),
+      ChampDeCellule(u"couleur"_s, u"couleur"_s),
+      ChampDeCellule(u"alignement"_s, u"horizontal"_s),
+      GrasDeCellule(u"gras"_s, u"true"_s),
+      GrasDeCellule(u"maigre"_s, u"false"_s),
+  };
+  return verbes + VerbesDesLignes(u"page"_s, false) + VerbesDesLignes(u"apercu"_s, true);
+}
