@@ -6,6 +6,7 @@
 #include <QCalendarWidget>
 #include <QComboBox>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -151,6 +152,11 @@ bool Controle::EstCoche() const {
 bool Controle::ALeFoyer() const {
   const QWidget *foyer = QApplication::focusWidget();
   return foyer != nullptr && (foyer == objet || Widget()->isAncestorOf(foyer));
+}
+
+bool Controle::AChasseFixe() const {
+  const QFontMetrics mesures(Police());
+  return mesures.horizontalAdvance(u'i') == mesures.horizontalAdvance(u'M');
 }
 
 bool Controle::MontreSonDebut() const {

@@ -43,6 +43,7 @@ struct Controle {
   bool ALeFoyer() const;
   QFont Police() const { return objet->property("font").value<QFont>(); }
   bool EstGras() const { return Police().bold(); }
+  bool AChasseFixe() const;     ///< all letters of one width
   bool MontreSonDebut() const;  ///< of a field of one line
   QString CouleurTexte() const;
   QString CouleurFond() const;

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QImage>
 #include <QPixmap>
 
 #include <cmath>
@@ -162,6 +163,18 @@ void VerifierPlace(Scene &scene, const Mots &mots) {
   const int voulue = controle.Widget()->sizeHint().width();
   Exiger(std::abs(voulue - largeur) <= 2,
          u"%1: %2 pixels wide expected, %3 found"_s.arg(controle.nom).arg(largeur).arg(voulue));
+}
+
+/// Whether this colour is painted anywhere on the control.
+Verbe Encre(const QString &nom, bool attendue) {
+  return {nom, 2, 2, [nom, attendue](S &s, const M &m) {
+            const QImage image = Trouver(s, m).Widget()->grab().toImage();
+            bool trouvee = false;
+            for (int y = 0; y < image.height() && !trouvee; ++y)
+              for (int x = 0; x < image.width() && !trouvee; ++x)
+                trouvee = image.pixel(x, y) == QColor(m[1].texte).rgb();
+            Exiger(trouvee == attendue, u"%1: %2 %3 expected"_s.arg(m[0].texte, nom, m[1].texte));
+          }};
 }
 
 void VerifierElements(Scene &scene, const Mots &mots) {
@@ -380,6 +393,9 @@ QList<Verbe> VerbesDesControles() {
       Etat(u"focus"_s, &C::ALeFoyer, true),
       Case(u"coche"_s, true),
       Case(u"decoche"_s, false),
+      Encre(u"encre"_s, true),
+      Encre(u"sans-encre"_s, false),
+      Etat(u"chasse-fixe"_s, &C::AChasseFixe, true),
       Etat(u"debut"_s, &C::MontreSonDebut, true),
       {u"police"_s, 3, 3, VerifierPolice},
       {u"place"_s, 2, 2, VerifierPlace},
