@@ -37,15 +37,22 @@ bool ImpressionMultiple::ImprimerUneAUne(const QString &appareil,
     enCours.Montrer(i + 1);
     zones_.EcrireLignesAdresse(lignes[i]);
     fenetre_->repaint();
-    if (!tirage_.Imprimer(appareil, {tirage_.Contenu()})) return false;
+    if (!tirage_.Imprimer(appareil, {tirage_.Contenu()})) {
+      enCours.hide();
+      if (i > 0) DireArret(i, lignes.size());
+      return false;
+    }
     session_.plateforme.horloge.Attendre(4000ms, [&enCours] { return enCours.Arrete(); });
     if (enCours.Arrete() && i + 1 < lignes.size()) {
       enCours.hide();
-      session_.plateforme.boites.Information(
-          u"Impression arrêtée : %1 enveloppe(s) imprimée(s) sur %2."_s.arg(i + 1).arg(
-              lignes.size()));
+      DireArret(i + 1, lignes.size());
       break;
     }
   }
   return true;
+}
+
+void ImpressionMultiple::DireArret(qsizetype imprimees, qsizetype nombre) {
+  session_.plateforme.boites.Information(
+      u"Impression arrêtée : %1 enveloppe(s) imprimée(s) sur %2."_s.arg(imprimees).arg(nombre));
 }

@@ -21,6 +21,7 @@ class ImpressionMultiple {
  private:
   bool Enregistrer(const QList<LignesAdresse> &lignes);
   bool ImprimerUneAUne(const QString &appareil, const QList<LignesAdresse> &lignes);
+  void DireArret(qsizetype imprimees, qsizetype nombre);
 
   Session &session_;
   ZonesEnveloppe &zones_;
