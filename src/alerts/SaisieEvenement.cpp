@@ -144,10 +144,14 @@ void SaisieEvenement::Montrer(const EvenementJoint &joint) {
 }
 
 QDate SaisieEvenement::DateChoisie() const {
+  const int mois = ui_->CboM->currentIndex() + 1, jour = ui_->CboJ->currentIndex() + 1;
   const bool cetteAnnee = ui_->ChkAlAn->isChecked() && ui_->CboA->currentIndex() < 0;
-  const int annee =
-      cetteAnnee ? horloge_->Maintenant().date().year() : ui_->CboA->currentText().toInt();
-  return {annee, ui_->CboM->currentIndex() + 1, ui_->CboJ->currentIndex() + 1};
+  if (!cetteAnnee) return {ui_->CboA->currentText().toInt(), mois, jour};
+  int annee = horloge_->Maintenant().date().year();
+  // Due in every year, so it is entered in every year; what is stored has to be a date.
+  if (mois == 2 && jour == 29)
+    while (!QDate::isLeapYear(annee)) --annee;
+  return {annee, mois, jour};
 }
 
 std::optional<Evenement> SaisieEvenement::Saisi() const {

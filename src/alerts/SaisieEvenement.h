@@ -40,6 +40,8 @@ class SaisieEvenement : public QGroupBox {
   void RemplirListes();
   void SuivreAnnuelle();
   void ChoisirJour(const QString &date);
+  /// An annual event has the current year, one of 29/02 the last year that has this day. None when
+  /// there is no such day.
   QDate DateChoisie() const;
   /// What the fields say, but for the key of the type; nothing when something is missing.
   std::optional<Evenement> Saisi() const;
