@@ -47,6 +47,7 @@ void CommandesFiche::Selectionner(Cle index) {
 
 void CommandesFiche::AfficherTous() {
   liste_.AfficherCategorie(ToutesCategories());
+  liste_.RemplirCategories();
 }
 
 FrmNewMod::Contexte CommandesFiche::Contexte() const {
@@ -86,7 +87,6 @@ void CommandesFiche::Nouveau() {
     liste_.MettreAJourCompte();
     return;
   }
-  liste_.RemplirCategories();
   AfficherTous();
   Selectionner(fiche->Index);
   if (fiche->Index > kCleNouvelleMax)
@@ -121,8 +121,10 @@ void CommandesFiche::ModifierSelection() {
   const Cle index = Index(choisi);
   const auto fiche = Corriger(fenetre_.parent, index);
   if (!fiche) return;
-  if (liste_.EstVidee(fiche->Categories)) QuitterCategorieVide();
-  liste_.RemplirCategories();
+  if (liste_.EstVidee(fiche->Categories))
+    QuitterCategorieVide();
+  else
+    liste_.RemplirCategories();
   Selectionner(index);
   liste_.Arbre().setFocus();
 }
@@ -200,7 +202,6 @@ void CommandesFiche::SupprimerSelection() {
     arbre.setFocus();
   } else {
     QuitterCategorieVide();
-    liste_.RemplirCategories();
   }
 }
 

@@ -19,7 +19,7 @@ class Repertoire {
   /// Selects a correspondent and shows it. One that the list lacks changes nothing.
   virtual void Selectionner(Cle index) = 0;
 
-  /// Chooses all categories, which fills the list anew.
+  /// Chooses all categories, which fills the list anew, and reads the categories again.
   virtual void AfficherTous() = 0;
 
   /// How a correspondent is added from another window.
