@@ -37,8 +37,7 @@ ArbreAlertes::Noeud Lu(const QTreeWidgetItem &element) {
   return static_cast<const Element &>(element).noeud;
 }
 
-/// What a node stands for: a person or not, and the key.
-std::pair<bool, Cle> Cible(const ArbreAlertes::Noeud &noeud) {
+ArbreAlertes::LaCible Cible(const ArbreAlertes::Noeud &noeud) {
   if (const auto *personne = noeud.Personne()) return {true, personne->ID};
   return {false, noeud.Evenement()->evenement.ID};
 }
@@ -81,11 +80,14 @@ void ArbreAlertes::MontrerSupprimees(const QList<PersonneAlerte> &personnes) {
 
 void ArbreAlertes::Remplacer(const QList<QTreeWidgetItem *> &noeuds) {
   const int place = verticalScrollBar()->value();
+  const QTreeWidgetItem *element = itemAt(0, 0);
+  const auto haut = element != nullptr ? std::optional(Cible(Lu(*element))) : std::nullopt;
   clear();
   addTopLevelItems(noeuds);
   expandAll();
   doItemsLayout();
   verticalScrollBar()->setValue(place);
+  if (QTreeWidgetItem *reste = haut ? Trouver(*haut) : nullptr) scrollToItem(reste, PositionAtTop);
   if (cases_) MettreCases(true);
 }
 
@@ -121,10 +123,18 @@ std::optional<qsizetype> ArbreAlertes::Rang() const {
 }
 
 void ArbreAlertes::Retrouver(const Noeud &noeud) {
+  QTreeWidgetItem *trouve = Trouver(Cible(noeud));
+  if (trouve == nullptr) return;
+  const int place = verticalScrollBar()->value();  // the user may be looking elsewhere
+  setCurrentItem(trouve);
+  verticalScrollBar()->setValue(place);
+}
+
+QTreeWidgetItem *ArbreAlertes::Trouver(const LaCible &cible) const {
   const auto noeuds = Tous();
   const auto trouve = std::ranges::find(
-      noeuds, Cible(noeud), [](const QTreeWidgetItem *element) { return Cible(Lu(*element)); });
-  if (trouve != noeuds.end()) setCurrentItem(*trouve);
+      noeuds, cible, [](const QTreeWidgetItem *element) { return Cible(Lu(*element)); });
+  return trouve == noeuds.end() ? nullptr : *trouve;
 }
 
 void ArbreAlertes::Selectionner(qsizetype rang) {

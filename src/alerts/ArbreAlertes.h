@@ -5,6 +5,7 @@
 #include <QTreeWidget>
 
 #include <optional>
+#include <utility>
 #include <variant>
 
 /// The people of the alerts with their events below them. A node is clicked by the mouse or by
@@ -25,9 +26,12 @@ class ArbreAlertes : public QTreeWidget {
     const EvenementJoint *Evenement() const { return std::get_if<EvenementJoint>(&valeur); }
   };
 
+  /// What a node stands for: a person or not, and the key.
+  using LaCible = std::pair<bool, Cle>;
+
   explicit ArbreAlertes(QWidget *parent = nullptr);
 
-  /// `seulementAlertes` leaves out who has no event.
+  /// `seulementAlertes` leaves out who has no event. The node at the top stays there.
   void Montrer(const QList<PersonneEvenements> &personnes, bool seulementAlertes);
   /// Deleted people, without their birth dates.
   void MontrerSupprimees(const QList<PersonneAlerte> &personnes);
@@ -39,9 +43,10 @@ class ArbreAlertes : public QTreeWidget {
   std::optional<Noeud> Selection() const;
   /// Place of the selected node among all of them, from 0.
   std::optional<qsizetype> Rang() const;
-  /// Selects the node of the same person or event without a click, where the tree has it.
+  /// Selects the node of the same person or event without a click, where the tree has it, and does
+  /// not scroll to it.
   void Retrouver(const Noeud &noeud);
-  /// The same by its place. A place that the tree lacks changes nothing.
+  /// Selects a node by its place, without a click. A place that the tree lacks changes nothing.
   void Selectionner(qsizetype rang);
 
  signals:
@@ -61,6 +66,8 @@ class ArbreAlertes : public QTreeWidget {
   void Cliquer(QTreeWidgetItem *noeud);
   void Remplacer(const QList<QTreeWidgetItem *> &noeuds);
   QList<QTreeWidgetItem *> Tous() const;
+  /// Null where the tree has none.
+  QTreeWidgetItem *Trouver(const LaCible &cible) const;
 
   bool cases_ = false;
 };
