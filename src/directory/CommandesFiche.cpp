@@ -195,6 +195,7 @@ void CommandesFiche::SupprimerSelection() {
     return;
 
   Oter(Index(noeud));
+  if (arbre.Modele().NombreEnfants() == 0) liste_.QuitterResultat();
   if (arbre.Modele().NombreEnfants() > 0) {
     // Those who are still listed may have left the category before.
     liste_.RemplirCategories([this] { DireCategorieVide(); });

@@ -58,7 +58,8 @@ FrmVelmira::FrmVelmira(Session &session)
   const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
   ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
   ui_->Partage->setStretchFactor(1, 1);
-  ui_->Fond->PoserPanneaux({ui_->PanneauCommandes, ui_->Liste, ui_->Fiche, ui_->PanneauJour});
+  ui_->Fond->PoserPanneaux({ui_->PanneauCommandes, ui_->Liste, ui_->Fiche, ui_->PanneauJour},
+                           echelle);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
   mnuInv_->setObjectName(u"mnuInv"_s);
   mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});

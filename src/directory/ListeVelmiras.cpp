@@ -174,6 +174,10 @@ void ListeVelmiras::AfficherCategorie(const QString &categorie) {
   Afficher(categorie, filtre_.lettre);
 }
 
+void ListeVelmiras::QuitterResultat() {
+  if (EstResultat()) AfficherCategorie(filtre_.categorie);
+}
+
 bool ListeVelmiras::Restreindre(const QString &contenu) {
   if (filtre_.contenu == contenu) return true;
   FiltreListe filtre = filtre_;

@@ -52,6 +52,9 @@ class ListeVelmiras : public QWidget {
   /// Chooses a category as the user would, which fills the tree. Throws `ErreurBase`.
   void AfficherCategorie(const QString &categorie);
 
+  /// Ends a search in the names: its category is shown whole. Throws `ErreurBase`.
+  void QuitterResultat();
+
   /// Puts a node in its place in the tree; the record is another's business.
   void Inserer(const NoeudListe &noeud);
   /// Puts the node of a record that has been changed in its new place, its box as it was; a record

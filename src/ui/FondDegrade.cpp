@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr EtendueDegrade kEtendue{48, 26};
+constexpr int kDebut = 48, kMarge = 26;
 
 QColor EnQt(const Boites::Couleur &couleur) {
   return {couleur.rouge, couleur.vert, couleur.bleu};
@@ -18,6 +18,11 @@ QColor EnQt(const Boites::Couleur &couleur) {
 }  // namespace
 
 FondDegrade::FondDegrade(QWidget *parent) : QWidget(parent) {}
+
+void FondDegrade::PoserPanneaux(const QList<QWidget *> &panneaux, double echelle) {
+  panneaux_ = panneaux;
+  echelle_ = echelle;
+}
 
 void FondDegrade::Choisir(bool uni) {
   uni_ = uni;
@@ -38,12 +43,13 @@ void FondDegrade::changeEvent(QEvent *evenement) {
 }
 
 void FondDegrade::paintEvent(QPaintEvent *evenement) {
-  constexpr double kCoin = 4;
+  const double coin = 4 * echelle_;
   QPainter dessin(this);
   dessin.fillRect(evenement->rect(), palette().color(QPalette::Window));
   if (!uni_) {
-    int ligne = kEtendue.debut;
-    for (const Boites::Couleur &couleur : PeindreDegrade({0, 0, 0}, Couleur(), kEtendue, height()))
+    const EtendueDegrade etendue{qRound(kDebut * echelle_), qRound(kMarge * echelle_)};
+    int ligne = etendue.debut;
+    for (const Boites::Couleur &couleur : PeindreDegrade({0, 0, 0}, Couleur(), etendue, height()))
       dessin.fillRect(0, ligne++, width(), 1, EnQt(couleur));
   }
   dessin.setRenderHint(QPainter::Antialiasing);
@@ -51,6 +57,6 @@ void FondDegrade::paintEvent(QPaintEvent *evenement) {
   for (const QWidget *panneau : panneaux_) {
     if (!panneau->isVisible()) continue;
     dessin.setBrush(panneau->palette().color(QPalette::Window));
-    dessin.drawRoundedRect(QRect(panneau->mapTo(this, QPoint()), panneau->size()), kCoin, kCoin);
+    dessin.drawRoundedRect(QRect(panneau->mapTo(this, QPoint()), panneau->size()), coin, coin);
   }
 }

@@ -14,8 +14,9 @@ class FondDegrade : public QWidget {
  public:
   explicit FondDegrade(QWidget *parent = nullptr);
 
-  /// The panels, which lie anywhere within this widget.
-  void PoserPanneaux(const QList<QWidget *> &panneaux) { panneaux_ = panneaux; }
+  /// The panels, which lie anywhere within this widget; the gradient and their corners are so many
+  /// times as large.
+  void PoserPanneaux(const QList<QWidget *> &panneaux, double echelle);
 
   /// A plain colour, or the gradient.
   void Choisir(bool uni);
@@ -28,5 +29,6 @@ class FondDegrade : public QWidget {
   Boites::Couleur Couleur() const;
 
   QList<QWidget *> panneaux_;
+  double echelle_ = 1;
   bool uni_ = false;
 };
