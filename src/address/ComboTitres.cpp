@@ -28,6 +28,13 @@ QStringList ComboTitres::Titres() const {
   return titres;
 }
 
+int ComboTitres::Rang(const QString &titre) const {
+  const QStringList titres = Titres();
+  for (int i = 0; i < titres.size(); ++i)
+    if (EstTitreConnu({titres[i]}, titre)) return i + 1;
+  return -1;
+}
+
 bool ComboTitres::EnAttente() const {
   return lineEdit()->isModified() && !currentText().trimmed().isEmpty();
 }
@@ -82,7 +89,17 @@ bool ComboTitres::focusNextPrevChild(bool suivant) {
 void ComboTitres::showPopup() {
   bool admis = true;
   Signaler(*boites_, [&] { admis = AjouterSaisie(); });
-  if (admis) ComboASuppression::showPopup();
+  if (!admis) return;
+  DesignerSaisie();
+  ComboASuppression::showPopup();
+}
+
+void ComboTitres::DesignerSaisie() {
+  if (!EnAttente()) return;
+  const QString saisie = currentText();
+  setCurrentIndex(Rang(saisie));
+  setEditText(saisie);
+  lineEdit()->setModified(true);
 }
 
 bool ComboTitres::AjouterSaisie() {
@@ -109,7 +126,6 @@ void ComboTitres::Effacer() {
                         Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
   RetirerTitre(appPath_, titre);
-  const int index = findText(titre, Qt::MatchFixedString | Qt::MatchCaseSensitive);
-  if (index > 0) removeItem(index);
+  for (int rang = Rang(titre); rang > 0; rang = Rang(titre)) removeItem(rang);
   setCurrentIndex(0);
 }

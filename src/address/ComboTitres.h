@@ -31,6 +31,8 @@ class ComboTitres : public ComboASuppression {
 
  private:
   QStringList Titres() const;
+  /// Where a title stands in the list, whatever its blanks; -1 where it does not.
+  int Rang(const QString &titre) const;
   /// A title was typed, and neither chosen nor put.
   bool EnAttente() const;
   void Poser(const QString &titre);
@@ -41,6 +43,8 @@ class ComboTitres : public ComboASuppression {
   void Choisir(int index);
   /// False where the title is refused.
   bool AjouterSaisie();
+  /// The list opens on a title that was typed: another one would be taken in its place.
+  void DesignerSaisie();
   void Effacer();
 
   Boites *boites_ = nullptr;

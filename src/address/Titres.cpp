@@ -74,7 +74,7 @@ void AjouterTitre(const QString &appPath, const QString &titre) {
 
 void RetirerTitre(const QString &appPath, const QString &titre) {
   QStringList titres = TitresPresents(appPath);
-  titres.removeOne(titre);
+  titres.removeIf([&](const QString &connu) { return EstTitreConnu({connu}, titre); });
   Ecrire(appPath, titres);
 }
 

@@ -18,8 +18,8 @@ bool EstTitreEnregistrable(const QString &titre);
 bool EstTitreConnu(const QStringList &titres, const QString &titre);
 
 /// Add and take off one title of the file as it stands now, which is then sorted; a missing file is
-/// made. One that is known already is not added. They throw `ErreurFichier`, also when the file
-/// cannot be read: it is untouched then.
+/// made. One that is known already is not added; blanks make no other title. They throw
+/// `ErreurFichier`, also when the file cannot be read: it is untouched then.
 void AjouterTitre(const QString &appPath, const QString &titre);
 void RetirerTitre(const QString &appPath, const QString &titre);
 
