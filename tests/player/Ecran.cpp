@@ -189,8 +189,9 @@ QModelIndexList Controle::Elements() const {
   QModelIndexList elements;
   const auto parcourir = [&](const QModelIndex &parent, const auto &lui) -> void {
     for (int i = 0; i < vue->model()->rowCount(parent); ++i) {
-      elements.append(vue->model()->index(i, 0, parent));
-      lui(elements.constLast(), lui);
+      const QModelIndex element = vue->model()->index(i, 0, parent);
+      elements.append(element);
+      lui(element, lui);
     }
   };
   if (vue->model() != nullptr) parcourir(vue->rootIndex(), parcourir);
