@@ -17,6 +17,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QLabel>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QThread>
@@ -377,15 +378,19 @@ TEST(Boites, NeSuitPasUneFenetreReduite) {
   ASSERT_TRUE(Attendre([&] { return QApplication::activeWindow() == &fenetre; }));
   fenetre.showMinimized();
   bool vue = false;
+  QString texte;
   QTimer::singleShot(0, [&] {
     QWidget *boite = QApplication::activeModalWidget();
     ASSERT_NE(boite, nullptr);
     EXPECT_EQ(boite->parentWidget(), nullptr);
     vue = boite->isVisible();
+    texte = boite->findChild<QLabel *>(u"qt_msgbox_label"_s)->text();
     boite->close();
   });
-  BoitesSysteme().Attention(u"L'enveloppe n'a pas pu être imprimée."_s);
+  BoitesSysteme().Attention(u"« Paul » n'a pas d'adresse : à corriger !"_s);
   EXPECT_TRUE(vue);
+  // no line begins or ends with one of these signs alone
+  EXPECT_EQ(texte, u"«\u00A0Paul\u00A0» n'a pas d'adresse\u00A0: à corriger\u00A0!"_s);
 }
 
 }  // namespace

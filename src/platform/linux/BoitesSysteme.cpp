@@ -6,6 +6,9 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -29,9 +32,16 @@ QWidget *Devant() {
   return active != nullptr && !active->isMinimized() ? active : nullptr;
 }
 
+/// No line begins with a sign that French sets apart by a blank, or ends behind an opening quote.
+QString Insecable(QString texte) {
+  static const QRegularExpression kBlanc(u" (?=[:;!?»])|(?<=«) "_s);
+  return texte.replace(kBlanc, QString(QChar::Nbsp));
+}
+
 /// The texts hold what users have typed: nothing in them is markup.
 void Preparer(QMessageBox &boite) {
   boite.setTextFormat(Qt::PlainText);
+  boite.setText(Insecable(boite.text()));
 }
 
 }  // namespace
@@ -78,7 +88,7 @@ Boites::Choix BoitesSysteme::QuestionAnnulable(const QString &titre, const QStri
 bool BoitesSysteme::Confirmation(const QString &titre, const QString &texte) {
   QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Ok | QMessageBox::Cancel,
                     Devant());
-  boite.setTextFormat(Qt::PlainText);
+  Preparer(boite);
   return boite.exec() == QMessageBox::Ok;
 }
 
