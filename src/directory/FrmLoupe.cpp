@@ -8,6 +8,10 @@
 #include "ui_FrmLoupe.h"
 
 #include <QKeyEvent>
+#include <QLayout>
+#include <QScreen>
+
+#include <algorithm>
 
 FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLoupe>()) {
   constexpr qsizetype kTitre = 80, kLisible = 200;  // characters; more would not fit the screen
@@ -34,6 +38,13 @@ void FrmLoupe::MontrerNumero(QLabel *libelle, QLabel *valeur, const QString &num
   Colorer(valeur, CouleurNumero(listeRouge, palette()));
   libelle->setVisible(!numero.isEmpty());
   valeur->setVisible(!numero.isEmpty());
+}
+
+void FrmLoupe::showEvent(QShowEvent *evenement) {
+  QWidget::showEvent(evenement);
+  const int voulue =
+      std::min(layout()->totalHeightForWidth(width()), screen()->availableSize().height());
+  if (voulue > height()) resize(width(), voulue);
 }
 
 void FrmLoupe::mousePressEvent(QMouseEvent *) {

@@ -24,6 +24,8 @@ class FrmLoupe : public QWidget {
   void Quittee();
 
  protected:
+  /// As high as a long name needs it, within the screen.
+  void showEvent(QShowEvent *evenement) override;
   void mousePressEvent(QMouseEvent *evenement) override;
   void keyPressEvent(QKeyEvent *evenement) override;
   void closeEvent(QCloseEvent *evenement) override;

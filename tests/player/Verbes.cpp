@@ -165,6 +165,16 @@ void VerifierPlace(Scene &scene, const Mots &mots) {
          u"%1: %2 pixels wide expected, %3 found"_s.arg(controle.nom).arg(largeur).arg(voulue));
 }
 
+/// The control is as high as its lines are.
+void VerifierEntier(Scene &scene, const Mots &mots) {
+  const Controle controle = Trouver(scene, mots);
+  const QWidget *widget = controle.Widget();
+  const int voulue = widget->heightForWidth(widget->width());
+  Exiger(widget->height() >= voulue, u"%1: %2 pixels high expected, %3 found"_s.arg(controle.nom)
+                                         .arg(voulue)
+                                         .arg(widget->height()));
+}
+
 /// Whether this colour is painted anywhere on the control.
 Verbe Encre(const QString &nom, bool attendue) {
   return {nom, 2, 2, [nom, attendue](S &s, const M &m) {
@@ -399,6 +409,7 @@ QList<Verbe> VerbesDesControles() {
       Etat(u"debut"_s, &C::MontreSonDebut, true),
       {u"police"_s, 3, 3, VerifierPolice},
       {u"place"_s, 2, 2, VerifierPlace},
+      {u"entier"_s, 1, 1, VerifierEntier},
       {u"items"_s, 1, kSansLimite, VerifierElements},
       {u"noeuds"_s, 1, kSansLimite, VerifierElements},
       {u"items-contient"_s, 2, 2, [](S &s, const M &m) { Trouver(s, m).Element(m[1]); }},
