@@ -124,10 +124,13 @@ void FrmConfigure::ProposerImprimantes(const QStringList &noms) {
   const QString montree =
       ui_->CboPrint->count() == 0 ? plomex_.Imprimante : ui_->CboPrint->currentText();
   const QString imprimante = NomComplet(noms, montree, kLongueurImprimante).value_or(montree);
+  const bool deroulee = ui_->CboPrint->view()->isVisible();
+  ui_->CboPrint->hidePopup();  // an open list would keep its old height
   ui_->CboPrint->clear();
   ui_->CboPrint->addItems(noms);
   ui_->CboPrint->setCurrentIndex(static_cast<int>(noms.indexOf(imprimante)));
   ui_->CboPrint->setEditText(imprimante);  // also one that is gone
+  if (deroulee) ui_->CboPrint->showPopup();
 }
 
 void FrmConfigure::ChercherImprimante(const QString &lettres) {

@@ -57,10 +57,14 @@ std::optional<QString> Tirage::Appareil() {
   try {
     const auto choisie =
         Travail(document_->window(), u"Recherche de l'imprimante"_s)
-            .Executer([&, derniere = courante_](const Avance &avance) -> std::optional<QString> {
-              QString nom = Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
-              if (!avance(1, 1)) return std::nullopt;
-              return nom;
+            .Executer([&, derniere = courante_](const Avance &avance) {
+              std::optional<QString> nom;
+              try {
+                nom = Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
+              } catch (const Erreur &) {
+                if (avance(1, 1)) throw;  // who has stopped it needs no reason
+              }
+              return avance(1, 1) ? nom : std::nullopt;
             });
     if (!choisie) MontrerEchec(TexteArret(), {});
     return choisie;
