@@ -96,7 +96,7 @@ QList<QLineEdit *> ChampsAdresse::Lignes() const {
 }
 
 bool ChampsAdresse::Accepter() {
-  ui_->CboTitre->Conclure();
+  ui_->CboTitre->Finir();
   QLineEdit *premier = nullptr;
   for (QLineEdit *champ : Lignes()) {
     const QString propre = SansSeparateurs(champ->text());

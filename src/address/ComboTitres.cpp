@@ -54,6 +54,11 @@ void ComboTitres::Conclure() {
   if (EnAttente()) Poser(currentText().trimmed());
 }
 
+void ComboTitres::Finir() {
+  Conclure();
+  if (champ_->text() == pose_ + u' ') champ_->setText(pose_);
+}
+
 bool ComboTitres::ConclureEtAvancer() {
   if (!EnAttente()) return false;
   Conclure();

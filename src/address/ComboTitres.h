@@ -17,8 +17,9 @@ class ComboTitres : public ComboASuppression {
   /// Reads the titles of the application folder. `champ` takes the title that is chosen.
   void Relier(Boites &boites, const QString &appPath, QLineEdit *champ);
 
-  /// Puts a title that was typed and not yet chosen at the front of the field.
-  void Conclure();
+  /// Puts a title that was typed and not yet chosen at the front of the field; the blank of one
+  /// that no name has come behind goes.
+  void Finir();
 
   /// Stays shut where the typed title cannot be added: the user is told, and may write it
   /// otherwise.
@@ -36,6 +37,7 @@ class ComboTitres : public ComboASuppression {
   /// A title was typed, and neither chosen nor put.
   bool EnAttente() const;
   void Poser(const QString &titre);
+  void Conclure();
   /// The name is typed behind the title.
   void AllerAuChamp();
   /// Takes the title as if it had been chosen, and goes on with the name; false where none waits.

@@ -86,5 +86,5 @@ QString RemplacerTitre(const QString &ligne, const QStringList &titres, const QS
   if (pris == 0 && titre.isEmpty()) return ligne;
   const QString reste = ligne.mid(pris).trimmed();
   const QString nouveau = SansFin(titre);
-  return nouveau.isEmpty() || reste.isEmpty() ? nouveau + reste : nouveau + u' ' + reste;
+  return nouveau.isEmpty() ? reste : nouveau + u' ' + reste;
 }

@@ -133,11 +133,12 @@ TEST(Titres, TitreRemplace) {
       {u"Docteur Paul", u"Mme", u"Mme Paul"},
       {u"Paul", u"Docteur  ", u"Docteur Paul"},
       {u"Docteur   Paul", u"Docteur  ", u"Docteur Paul"},
-      {u"Mme", u"M.", u"M."},
+      {u"Mme", u"M.", u"M. "},
       {u"M. Paul", u"", u"Paul"},
       {u" Paul ", u"", u" Paul "},
       {u"Dr", u"", u"Dr"},
-      {u"", u"M.", u"M."},
+      {u"", u"M.", u"M. "},
+      {u"M. ", u"Mme", u"Mme "},
   };
   for (const auto &c : cas)
     EXPECT_EQ(RemplacerTitre(QString::fromUtf16(c.ligne), titres, QString::fromUtf16(c.titre)),
