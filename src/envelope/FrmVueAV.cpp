@@ -36,8 +36,11 @@ FrmVueAV::FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePl
   ui_->PctVA->Montrer(std::move(lignes), echelle);
   const QSizeF image = papier * echelle;
   Peindre(ui_->Etiquette_KV1, Qt::white, QColor(110, 110, 110));
-  ui_->Etiquette_KV1->move(static_cast<int>(image.width() * (kIndice.x / kLongueurDL)),
-                           static_cast<int>(image.height() * (kIndice.y / kHauteurDL)));
+  // A flat envelope would cut it.
+  const double bas = image.height() - ui_->Etiquette_KV1->sizeHint().height();
+  ui_->Etiquette_KV1->move(
+      static_cast<int>(image.width() * (kIndice.x / kLongueurDL)),
+      static_cast<int>(std::min(image.height() * (kIndice.y / kHauteurDL), bas)));
   setFixedSize(static_cast<int>(image.width()), static_cast<int>(image.height()));
 }
 

@@ -87,8 +87,10 @@ void VueEnveloppe::paintEvent(QPaintEvent *) {
   const double marge = Pixels(kMargeTimbre);
   dessin.setPen(QPen(QColor(200, 196, 186), 1, Qt::DashLine));
   dessin.setBrush(Qt::NoBrush);
+  dessin.setClipRect(papier_);
   dessin.drawRect(
       QRectF(QPointF(papier_.right() - marge - timbre.width(), papier_.top() + marge), timbre));
+  dessin.setClipping(false);
 
   // Where each zone begins.
   dessin.setPen(QPen(QColor(150, 180, 200), 1));
