@@ -30,6 +30,7 @@
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -370,27 +371,35 @@ TEST(Attente, LaisseTravailler) {
   EXPECT_TRUE(clique);
 }
 
-// A box that belongs to a minimised window would be out of sight with it, and hold the program.
-TEST(Boites, NeSuitPasUneFenetreReduite) {
+/// Shows a box, which goes at once: the window that it stands before, and what it shows.
+std::pair<QWidget *, QString> Montrer(const QString &texte) {
+  std::pair<QWidget *, QString> montree;
+  QTimer::singleShot(0, [&] {
+    QWidget *boite = QApplication::activeModalWidget();
+    ASSERT_NE(boite, nullptr);
+    EXPECT_TRUE(boite->isVisible());
+    montree = {boite->parentWidget(), boite->findChild<QLabel *>(u"qt_msgbox_label"_s)->text()};
+    boite->close();
+  });
+  BoitesSysteme().Attention(texte);
+  return montree;
+}
+
+// A box that belongs to a minimised window would be out of sight with it, and hold the program; one
+// that belongs to none can lie behind the window.
+TEST(Boites, DevantLaFenetre) {
   QWidget fenetre;
   fenetre.show();
   fenetre.activateWindow();
   ASSERT_TRUE(Attendre([&] { return QApplication::activeWindow() == &fenetre; }));
+  QApplication::setActiveWindow(nullptr);  // as between two boxes
+  EXPECT_EQ(Montrer(u"Encore une"_s).first, &fenetre);
+  fenetre.activateWindow();
   fenetre.showMinimized();
-  bool vue = false;
-  QString texte;
-  QTimer::singleShot(0, [&] {
-    QWidget *boite = QApplication::activeModalWidget();
-    ASSERT_NE(boite, nullptr);
-    EXPECT_EQ(boite->parentWidget(), nullptr);
-    vue = boite->isVisible();
-    texte = boite->findChild<QLabel *>(u"qt_msgbox_label"_s)->text();
-    boite->close();
-  });
-  BoitesSysteme().Attention(u"« Paul » n'a pas d'adresse : à corriger !"_s);
-  EXPECT_TRUE(vue);
   // no line begins or ends with one of these signs alone
-  EXPECT_EQ(texte, u"«\u00A0Paul\u00A0» n'a pas d'adresse\u00A0: à corriger\u00A0!"_s);
+  EXPECT_EQ(Montrer(u"« Paul » n'a pas d'adresse : à corriger !"_s),
+            std::pair(static_cast<QWidget *>(nullptr),
+                      u"«\u00A0Paul\u00A0» n'a pas d'adresse\u00A0: à corriger\u00A0!"_s));
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 #include <QMessageBox>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,10 +28,23 @@ QMessageBox::Icon Icone(Boites::Genre genre) {
   return QMessageBox::NoIcon;
 }
 
-/// The window in front. One that has been minimised would take its box along.
+/// Whether a box can stand before a window that is not active.
+bool PeutPorter(const QWidget *fenetre) {
+  return fenetre->isVisible() &&
+         (fenetre->windowType() == Qt::Window || fenetre->windowType() == Qt::Dialog);
+}
+
+/// The window in front; behind a box that has just been closed none is active yet. One that has
+/// been minimised would take its box along.
 QWidget *Devant() {
-  QWidget *active = QApplication::activeWindow();
-  return active != nullptr && !active->isMinimized() ? active : nullptr;
+  QWidget *devant = QApplication::activeWindow();
+  if (devant == nullptr) devant = QApplication::activeModalWidget();
+  if (devant == nullptr) {
+    const auto fenetres = QApplication::topLevelWidgets();
+    const auto trouvee = std::ranges::find_if(fenetres, PeutPorter);
+    if (trouvee != fenetres.end()) devant = *trouvee;
+  }
+  return devant != nullptr && !devant->isMinimized() ? devant : nullptr;
 }
 
 /// No line begins with a sign that French sets apart by a blank, or ends behind an opening quote.
