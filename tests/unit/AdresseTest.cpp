@@ -240,6 +240,29 @@ TEST_F(ExpediteurDefautTest, HorsDeLaPageDeCode) {
   EXPECT_EQ(LireExpediteurDefaut(Chemin(), base)->chaine, u"Antonín Dvo?ák ?$?ód?$ "_s);
 }
 
+// What is undone in the table is undone in the file.
+TEST_F(ExpediteurDefautTest, RevientSansLaTransaction) {
+  Expediteur expediteur;
+  expediteur.Index = 1;
+  {
+    FichierDefaut fichier(Chemin());
+    fichier.Suivre(expediteur);
+    EXPECT_TRUE(Existe(u"Defaut.ini"_s));
+  }
+  EXPECT_FALSE(Existe(u"Defaut.ini"_s));
+  Poser(u"Defaut.ini"_s, "A$ $ \r\n1\r\n");
+  {
+    FichierDefaut fichier(Chemin());
+    fichier.Suivre({});
+    EXPECT_FALSE(Existe(u"Defaut.ini"_s));
+  }
+  EXPECT_EQ(Octets(u"Defaut.ini"_s), "A$ $ \r\n1\r\n");
+  FichierDefaut fichier(Chemin());
+  fichier.ChoisirAucun();
+  fichier.Garder();
+  EXPECT_EQ(Octets(u"Defaut.ini"_s), "\r\n0\r\n");
+}
+
 TEST_F(ExpediteurDefautTest, SansBase) {
   Base fermee;
   Poser(u"Defaut.ini"_s, "\r\n0\r\n");
