@@ -113,7 +113,7 @@ void CommandesAppel::OuvrirLien(const QString &texte, const std::optional<QStrin
 
 void CommandesAppel::Composer(const QString &numero) {
   Boites &boites = session_.plateforme.boites;
-  if (finAppel_) {
+  if (finAppel_ != nullptr) {
     boites.Information(
         u"Un appel est déjà en cours.\nPour raccrocher, décochez « Utiliser la numérotation "
         "téléphonique » dans le menu 'Options'."_s);
