@@ -49,14 +49,14 @@ void MesurerControle(const QString &lui, const QWidget &widget, Mesures &mesures
 }
 
 /// A window that is as large as what it holds is not exactly so many times as large: boxes and
-/// frames are the style's.
+/// frames are the style's. Letters grow in whole pixels where their font is hinted.
 bool EstBonne(const QString &quoi, double dessin, double agrandie, double echelle) {
   if (quoi.endsWith(kFenetre))
-    return agrandie >= dessin * (1 + (echelle - 1) * 0.6) && agrandie <= dessin * echelle * 1.03;
+    return agrandie >= dessin * (1 + (echelle - 1) * 0.6) && agrandie <= dessin * echelle * 1.1;
   if (quoi.endsWith(kPolice))
     return std::abs(agrandie - PointsAEchelle(dessin, echelle)) <= 1;  // lists have whole points
   const double voulue = dessin * echelle;
-  return std::abs(agrandie - voulue) <= 1 + voulue * 0.03;  // where it is a text's
+  return std::abs(agrandie - voulue) <= 1 + voulue * 0.1;  // where it is a text's
 }
 
 }  // namespace
