@@ -8,6 +8,7 @@
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
+#include "ui/Veille.h"
 #include "ui_FrmOptionsAnn.h"
 
 #include <QApplication>
@@ -20,7 +21,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString kTitre = u"Alertes"_s;
-constexpr auto kVeille = std::chrono::seconds(3);
 
 }  // namespace
 
@@ -37,7 +37,9 @@ FrmOptionsAnn::FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *
   ui_->mnuAl->addAction(ui_->Liste->ActionReinscrire());
   Brancher();
   Charger();
-  Veiller();
+  Veiller(session_.plateforme.horloge, this, [this] {
+    if (isActiveWindow()) Actualiser();
+  });
 }
 
 FrmOptionsAnn::~FrmOptionsAnn() {
@@ -115,11 +117,6 @@ void FrmOptionsAnn::VenirDevant() {
     });
   };
   QMetaObject::invokeMethod(this, proposer, Qt::QueuedConnection);
-}
-
-void FrmOptionsAnn::Veiller() {
-  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
-  if (isActiveWindow()) Actualiser();
 }
 
 void FrmOptionsAnn::Actualiser() {

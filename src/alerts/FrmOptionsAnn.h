@@ -36,8 +36,6 @@ class FrmOptionsAnn : public QDialog {
 
   void VenirDevant();
   void Actualiser();
-  /// Looks again and again at what others have changed.
-  void Veiller();
   void Rechercher();
   void SignalerSansDate(const QList<EvenementJoint> &evenements);
   void EnregistrerOptions();

@@ -105,10 +105,9 @@ void CommandesAppel::OuvrirLien(const QString &texte, const std::optional<QStrin
     session_.plateforme.coquille.Ouvrir(*lien);
   else
     session_.plateforme.boites.Information(
-        u"« %1 » n'a pas été ouvert : depuis une fiche ne s'ouvrent qu'une page web (http ou "
-        u"https) "
-        "et une adresse de courriel, sans rien d'autre. La fiche n'a pas changé, et vous pouvez la "
-        "corriger."_s.arg(Montrable(texte, 200)));
+        u"« %1 » n'a pas été ouvert : depuis une fiche ne s'ouvrent qu'une page web "
+        "(http ou https) et une adresse de courriel, sans rien d'autre. La fiche n'a pas changé, "
+        "et vous pouvez la corriger."_s.arg(Montrable(texte, 200)));
 }
 
 void CommandesAppel::Composer(const QString &numero) {

@@ -13,6 +13,7 @@
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
 #include "ui/Theme.h"
+#include "ui/Veille.h"
 #include "ui_FrmVelmira.h"
 
 #include <QApplication>
@@ -25,8 +26,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr auto kVeille = 3s;  // between two looks at what the others have changed
 
 const QString kPlusDansLaListe =
     u"Ce correspondant n'est plus dans la liste : un autre utilisateur l'a supprimé ou modifié "
@@ -76,7 +75,9 @@ FrmVelmira::FrmVelmira(Session &session)
     ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris);
   });
   if (!ouverte) changements_ = 0;
-  Veiller();
+  Veiller(session_.plateforme.horloge, this, [this] {
+    if (isActiveWindow()) ActualiserAuRepos();
+  });
 }
 
 FrmVelmira::~FrmVelmira() {
@@ -252,11 +253,6 @@ void FrmVelmira::ActualiserAuRepos() {
     const Attente attente(session_.base, 0ms);
     Actualiser();
   });
-}
-
-void FrmVelmira::Veiller() {
-  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
-  if (isActiveWindow()) ActualiserAuRepos();
 }
 
 void FrmVelmira::Nouveau() {

@@ -80,8 +80,6 @@ class FrmVelmira : public QMainWindow {
   void Actualiser();
   /// The same where no command of the user's is under way, and without waiting for anybody.
   void ActualiserAuRepos();
-  /// The same every few seconds while the window is the one in front.
-  void Veiller();
   /// The list selects the record on display, whatever was asked for.
   void AccorderSelection();
 

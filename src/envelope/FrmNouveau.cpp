@@ -9,6 +9,7 @@
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
+#include "ui/Veille.h"
 #include "ui_FrmNouveau.h"
 
 #include <QApplication>
@@ -19,8 +20,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-constexpr auto kVeille = 3s;  // between two looks at what the others have changed
 
 const QString kTitreExpediteur = u"   Expéditeur"_s;
 const QString kTitreNouveau = u"  Nouvel expéditeur"_s;
@@ -96,7 +95,7 @@ void FrmNouveau::Preparer() {
   ui_->LstExp->Remplir();
   QuitterSaisie(kTitreExpediteur);
   MontrerChoisi();
-  Veiller();
+  Veiller(session_.plateforme.horloge, this, [this] { Actualiser(); });
 }
 
 bool FrmNouveau::event(QEvent *evenement) {
@@ -104,11 +103,6 @@ bool FrmNouveau::event(QEvent *evenement) {
   if (evenement->type() == QEvent::WindowActivate)
     QMetaObject::invokeMethod(this, &FrmNouveau::Actualiser, Qt::QueuedConnection);
   return traite;
-}
-
-void FrmNouveau::Veiller() {
-  session_.plateforme.horloge.Apres(kVeille, this, [this] { Veiller(); });
-  Actualiser();
 }
 
 void FrmNouveau::Actualiser() {
