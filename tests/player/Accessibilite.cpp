@@ -7,6 +7,7 @@
 #include <QAccessible>
 #include <QGroupBox>
 #include <QGuiApplication>
+#include <QKeySequence>
 #include <QLabel>
 #include <QMainWindow>
 #include <QMap>
@@ -21,26 +22,19 @@ bool EstInterne(const QWidget *widget) {
   return widget->focusProxy() != nullptr || widget->objectName().startsWith(u"qt_"_s);
 }
 
-QChar Mnemonique(const QString &texte) {
-  for (qsizetype i = texte.indexOf(u'&'); i >= 0 && i + 1 < texte.size();
-       i = texte.indexOf(u'&', i + 2))
-    if (texte[i + 1] != u'&') return texte[i + 1].toUpper();
-  return {};
-}
-
 class Mnemoniques {
  public:
   void Prendre(const QString &texte) {
-    const QChar touche = Mnemonique(texte);
-    if (touche.isNull()) return;
+    const QString touche = QKeySequence::mnemonic(texte).toString();
+    if (touche.isEmpty()) return;
     Exiger(!prises_.contains(touche),
-           u"Alt+%1 expected for one control, for \"%2\" and \"%3\" found"_s.arg(touche).arg(
-               prises_.value(touche), texte));
+           u"%1 expected for one control, for \"%2\" and \"%3\" found"_s.arg(
+               touche, prises_.value(touche), texte));
     prises_[touche] = texte;
   }
 
  private:
-  QMap<QChar, QString> prises_;
+  QMap<QString, QString> prises_;
 };
 
 void VerifierMenu(const QMenu &menu) {

@@ -76,6 +76,34 @@ class Ligne {
   qsizetype position_ = 0;
 };
 
+/// A line may say the same of several controls: each becomes a command of its own. What stands
+/// behind ":" answers the boxes to come.
+void Ajouter(QList<Commande> &suite, const Commande &commande) {
+  static const QStringList kDeuxMots{u"taper"_s, u"ajouter"_s, u"choisir"_s, u"touche"_s};
+  static const QStringList kCases{u"cocher"_s, u"decocher"_s, u"coche"_s, u"decoche"_s};
+  QList<Mot> mots = commande.mots;
+  for (qsizetype i = 0; i < mots.size(); ++i)
+    if (mots[i].Est(u":")) {
+      suite.append({commande.ligne, commande.texte, u"reponse"_s, mots.mid(i + 1)});
+      mots.resize(i);
+    }
+  const auto fin = [&](qsizetype debut) {
+    if (commande.verbe == u"clic"_s) return debut + 1;
+    if (kDeuxMots.contains(commande.verbe)) return debut + 2;
+    if (!kCases.contains(commande.verbe)) return mots.size();
+    const bool element =
+        mots.size() > debut + 1 &&
+        (mots[debut + 1].cite || mots[debut + 1].Indice() || mots[debut + 1].Est(u"racine"));
+    return debut + (element ? 2 : 1);
+  };
+  qsizetype debut = 0;
+  do {
+    suite.append(
+        {commande.ligne, commande.texte, commande.verbe, mots.mid(debut, fin(debut) - debut)});
+    debut = fin(debut);
+  } while (debut < mots.size());
+}
+
 /// Commands that are played once for each row of a table, with the row's words in the place of the
 /// names of its columns.
 struct Bloc {
@@ -92,7 +120,7 @@ struct Bloc {
       bool jouee = true;
       for (Mot &mot : commande.mots) jouee &= Remplacer(mot, rangee);
       commande.texte += u"    (line %1)"_s.arg(ligne);
-      if (jouee) suite.append(commande);
+      if (jouee) Ajouter(suite, commande);
     }
   }
 
@@ -138,7 +166,10 @@ QList<Commande> Analyser(const QString &scenario) {
       bloc->Jouer(numero, mots, suite);
     } else {
       const QString verbe = mots.takeFirst().texte;
-      (bloc ? bloc->commandes : suite).append({numero, texte, verbe, mots});
+      if (const Commande commande{numero, texte, verbe, mots}; bloc)
+        bloc->commandes.append(commande);
+      else
+        Ajouter(suite, commande);
     }
   }
   if (bloc) throw ErreurAnalyse{static_cast<int>(lignes.size()), u"a bloc without its fin"_s};

@@ -3,12 +3,14 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
+#include "player/Echec.h"
 #include "ui/MesurePolices.h"
 
 #include <QColor>
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -16,7 +18,7 @@
 using namespace Qt::StringLiterals;
 
 void HorlogeScenario::Attendre(std::chrono::milliseconds duree, const std::function<bool()> &) {
-  pauses_.push_back(duree);
+  journal_.pauses.push_back(duree);
   if (pendant_.empty()) return;
   const auto action = std::move(pendant_.front());
   pendant_.pop_front();
@@ -63,104 +65,87 @@ void HorlogeScenario::FaireEchoir() {
 }
 
 void BoitesScenario::Message(Genre genre, const QString &titre, const QString &texte) {
-  const auto nom = [genre] {
-    switch (genre) {
-      case Genre::Information:
-        return u"information"_s;
-      case Genre::Attention:
-        return u"attention"_s;
-      case Genre::Critique:
-        return u"critique"_s;
-      case Genre::Simple:
-        break;
-    }
-    return u"simple"_s;
-  };
-  vues_.push_back({nom(), titre, texte, u"ok"_s});
+  static const QHash<Genre, QString> kNoms{{Genre::Information, u"information"_s},
+                                           {Genre::Attention, u"attention"_s},
+                                           {Genre::Critique, u"critique"_s},
+                                           {Genre::Simple, u"simple"_s}};
+  journal_.boites.push_back({kNoms.value(genre), titre, texte, u"ok"_s});
+}
+
+void BoitesScenario::Erreur(const QString &texte) {
+  journal_.boites.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
 }
 
 Boites::Reponse BoitesScenario::Question(const QString &titre, const QString &texte,
                                          Reponse defaut) {
-  vues_.push_back({u"question"_s, titre, texte, defaut == Reponse::Oui ? u"oui"_s : u"non"_s});
-  const auto reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
+  const QString bouton = defaut == Reponse::Oui ? u"oui"_s : u"non"_s;
+  const auto reponse = Demander({u"question"_s, titre, texte, bouton}, u"oui non annuler"_s);
   return reponse.texte == u"oui"_s ? Reponse::Oui : Reponse::Non;
 }
 
 std::optional<QString> BoitesScenario::Saisie(const QString &titre, const QString &invite,
                                               const QString &defaut) {
-  vues_.push_back({u"saisie"_s, titre, invite, defaut});
-  const auto reponse = Repondre(vues_.back(), {u"ok"_s, u"annuler"_s}, true);
+  const auto reponse = Demander({u"saisie"_s, titre, invite, defaut}, u"ok annuler *"_s);
   if (reponse.cite) return reponse.texte;
   return reponse.texte == u"ok"_s ? std::optional(defaut) : std::nullopt;
 }
 
 bool BoitesScenario::Confirmation(const QString &titre, const QString &texte) {
-  vues_.push_back({u"question"_s, titre, texte, {}});
-  return Repondre(vues_.back(), {u"ok"_s, u"annuler"_s}, false).texte == u"ok"_s;
+  return Demander({u"question"_s, titre, texte, {}}, u"ok annuler"_s).texte == u"ok"_s;
 }
 
 Boites::Choix BoitesScenario::QuestionAnnulable(const QString &titre, const QString &texte) {
-  vues_.push_back({u"question"_s, titre, texte, {}});
-  const auto reponse = Repondre(vues_.back(), {u"oui"_s, u"non"_s, u"annuler"_s}, false);
+  const auto reponse = Demander({u"question"_s, titre, texte, {}}, u"oui non annuler"_s);
   if (reponse.texte == u"oui"_s) return Choix::Oui;
   return reponse.texte == u"non"_s ? Choix::Non : Choix::Annuler;
 }
 
 QString BoitesScenario::Fichier(const QString &invite, const QString &dossier,
                                 const QString &filtre) {
-  vues_.push_back({u"fichier"_s, invite, filtre, dossier});
-  return RepondreChemin(vues_.back());
-}
-
-std::optional<Boites::Couleur> BoitesScenario::ChoixCouleur(const Couleur &depart) {
-  vues_.push_back(
-      {u"couleur"_s, Titre(), {}, QColor(depart.rouge, depart.vert, depart.bleu).name()});
-  const auto reponse = Repondre(vues_.back(), {u"annuler"_s}, true);
-  if (!reponse.cite) return std::nullopt;
-  const QColor couleur(reponse.texte);
-  if (!couleur.isValid()) fautes_.append(u"\"%1\" is no colour"_s.arg(reponse.texte));
-  return Couleur{couleur.red(), couleur.green(), couleur.blue()};
-}
-
-void BoitesScenario::Erreur(const QString &texte) {
-  vues_.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
+  return Chemin(Demander({u"fichier"_s, invite, filtre, dossier}, u"annuler *"_s));
 }
 
 QString BoitesScenario::Dossier(const QString &invite) {
-  vues_.push_back({u"dossier"_s, Titre(), invite, {}});
-  return RepondreChemin(vues_.back());
+  return Chemin(Demander({u"dossier"_s, Titre(), invite, {}}, u"annuler *"_s));
 }
 
-QString BoitesScenario::RepondreChemin(const BoiteVue &boite) {
-  const auto reponse = Repondre(boite, {u"annuler"_s}, true);
+QString BoitesScenario::Chemin(const Journal::Reponse &reponse) const {
   return reponse.cite ? QDir::cleanPath(monde_.Chemin(reponse.texte)) : QString();
 }
 
-BoitesScenario::ReponsePrevue BoitesScenario::Repondre(const BoiteVue &boite,
-                                                       const QStringList &possibles, bool texte) {
-  if (reponses_.empty()) {
-    fautes_.append(u"no answer is queued for the box %1 \"%2\" \"%3\""_s.arg(
-        boite.genre, boite.titre, boite.texte));
+std::optional<Boites::Couleur> BoitesScenario::ChoixCouleur(const Couleur &depart) {
+  const QString avant = QColor(depart.rouge, depart.vert, depart.bleu).name();
+  const auto reponse = Demander({u"couleur"_s, Titre(), {}, avant}, u"annuler *"_s);
+  if (!reponse.cite) return std::nullopt;
+  const QColor couleur(reponse.texte);
+  return Couleur{couleur.red(), couleur.green(), couleur.blue()};
+}
+
+Journal::Reponse BoitesScenario::Demander(const BoiteVue &boite, const QString &possibles) {
+  journal_.boites.push_back(boite);
+  const QString elle = EnListe({boite.genre, boite.titre, boite.texte});
+  if (journal_.reponses.empty()) {
+    journal_.fautes.append(u"no answer is queued for the box "_s + elle);
     return {};
   }
-  ReponsePrevue reponse = std::move(reponses_.front());
-  reponses_.pop_front();
-  if (reponse.cite ? !texte : !possibles.contains(reponse.texte))
-    fautes_.append(
-        u"\"%1\" is no answer to the box %2 \"%3\""_s.arg(reponse.texte, boite.genre, boite.texte));
+  journal_.boites.back().repondue = true;
+  const Journal::Reponse reponse = journal_.reponses.front();
+  journal_.reponses.pop_front();
+  if (!possibles.split(u' ').contains(reponse.cite ? u"*"_s : reponse.texte))
+    journal_.fautes.append(u"\"%1\" is no answer to the box %2"_s.arg(reponse.texte, elle));
   return reponse;
 }
 
 bool CoquilleScenario::OuvrirSurLeBureau(const QString &document) {
-  if (inerte_) return false;
-  ouverts_.push_back(document);
-  if (document.endsWith(u".xlsx"_s)) classeur_ = document;
+  if (inerte) return false;
+  journal_.ouverts.push_back(document);
+  if (document.endsWith(u".xlsx"_s)) journal_.classeur = document;
   return true;
 }
 
 bool CoquilleScenario::Lancer(const QString &programme) {
   if (!PeutLancer(programme)) return false;
-  lances_.push_back(programme);
+  journal_.lances.push_back(programme);
   return true;
 }
 
@@ -175,9 +160,8 @@ bool CoquilleScenario::LienExiste(const QString &nom) const {
 void CoquilleScenario::CreerLien(const QString &nom, const QString &) {
   if (nom.contains(u'/') || nom == u"."_s || nom == u".."_s)
     throw ErreurFichier(u"« %1 » ne peut pas être le nom d'un fichier."_s.arg(nom));
-  const QString chemin = CheminLien(nom);
-  CreerDossier(QFileInfo(chemin).path());
-  RemplacerFichier(chemin, {});
+  CreerDossier(QFileInfo(CheminLien(nom)).path());
+  RemplacerFichier(CheminLien(nom), {});
 }
 
 QString ListeDemarrageScenario::Chemin(const QString &nom) const {
@@ -198,25 +182,22 @@ void ListeDemarrageScenario::Retirer(const QString &nom) {
 }
 
 bool PortSerieScenario::Ouvrir(int) {
-  if (ouvert_) fautes_.append(u"a port is opened before the last one is closed"_s);
-  ouvert_ = branche_;
+  if (ouvert_) journal_.fautes.append(u"a port is opened before the last one is closed"_s);
   recus_.clear();
-  return ouvert_;
+  return ouvert_ = branche;
 }
 
 void PortSerieScenario::Ecrire(const QByteArray &octets) {
-  if (!ouvert_) {
-    fautes_.append(u"\"%1\" is sent without a port"_s.arg(QString::fromLatin1(octets)));
-    return;
-  }
-  envoyes_ += octets;
-  if (reponses_.empty()) return;
-  recus_ += reponses_.front();
-  reponses_.pop_front();
+  if (!ouvert_)
+    journal_.fautes.append(u"\"%1\" is sent without a port"_s.arg(QString::fromLatin1(octets)));
+  journal_.envoyes += octets;
+  if (journal_.reponsesModem.empty()) return;
+  recus_ += journal_.reponsesModem.front();
+  journal_.reponsesModem.pop_front();
 }
 
 QByteArray PortSerieScenario::Lire() {
-  if (!ouvert_) fautes_.append(u"the port is read while it is closed"_s);
+  if (!ouvert_) journal_.fautes.append(u"the port is read while it is closed"_s);
   return std::exchange(recus_, {});
 }
 
@@ -238,15 +219,13 @@ class ImprimanteScenario::DocumentScenario : public Document {
     pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().orientation, {}});
   }
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
-    if (termine_) imprimante_.fautes_.append(u"\"%1\" is printed behind the end"_s.arg(texte));
     pages_.last().lignes.append({texte, x, y, police});
   }
   FinImpression Terminer() override {
-    if (std::exchange(termine_, true)) imprimante_.fautes_.append(u"a document is ended twice"_s);
     const QString appareil = pages_.first().imprimante;
-    if (imprimante_.muettes_.contains(appareil))
+    if (imprimante_.muettes.contains(appareil))
       return {.raison = appareil == Imprimante::NomPdf() ? u"Le disque est plein."_s : QString()};
-    imprimante_.pages_.append(pages_);
+    imprimante_.journal_.pages.append(pages_);
     if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
     return {FinImpression::Issue::Enregistree,
             imprimante_.monde_.Home() + u"/Documents/"_s + nom_ + u".pdf"_s};
@@ -263,12 +242,11 @@ class ImprimanteScenario::DocumentScenario : public Document {
   QString nom_;
   QList<PageImprimee> pages_;
   MesurePolices mesure_;
-  bool termine_ = false;
 };
 
 QStringList ImprimanteScenario::Noms() {
-  if (!repond_) throw Erreur(u"Le serveur d'impression ne répond pas."_s);
-  return connus_ = systeme_ + QStringList{NomPdf()};
+  if (!repond) throw Erreur(u"Le serveur d'impression ne répond pas."_s);
+  return connus_ = systeme + QStringList{NomPdf()};
 }
 
 void ImprimanteScenario::Demander(QObject *contexte, std::function<void(bool repondu)> suite) {
@@ -277,7 +255,7 @@ void ImprimanteScenario::Demander(QObject *contexte, std::function<void(bool rep
       contexte,
       [this, suite = std::move(suite)] {
         Ignorer([this] { Noms(); });
-        suite(repond_);
+        suite(repond);
       },
       Qt::QueuedConnection);
 }
@@ -285,7 +263,7 @@ void ImprimanteScenario::Demander(QObject *contexte, std::function<void(bool rep
 std::unique_ptr<Document> ImprimanteScenario::Ouvrir(const QString &appareil,
                                                      const DescriptionDocument &description) {
   if (appareil != NomPdf() && !Noms().contains(appareil)) {
-    fautes_.append(u"there is no printer \"%1\""_s.arg(appareil));
+    journal_.fautes.append(u"there is no printer \"%1\""_s.arg(appareil));
     throw Erreur(u"L'imprimante n'est plus là."_s);
   }
   return std::make_unique<DocumentScenario>(*this, appareil, description);

@@ -1,6 +1,7 @@
 #include "player/Ecran.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QApplication>
 #include <QCalendarWidget>
@@ -103,6 +104,17 @@ void FermerSurgissante(const Controle &controle) {
     if (o == controle.objet) return;
   surgissante->close();
   throw Reessayer{};
+}
+
+/// The program's own models are held to what views demand of a model, from here on.
+void EprouverModeles(const QWidget &fenetre) {
+  for (const QAbstractItemView *vue : fenetre.findChildren<QAbstractItemView *>()) {
+    QAbstractItemModel *modele = vue->model();
+    if (modele != nullptr && modele->metaObject()->className()[0] != 'Q' &&
+        modele->findChild<QAbstractItemModelTester *>() == nullptr)
+      new QAbstractItemModelTester(modele, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                   modele);
+  }
 }
 
 QString NomsMontres() {
@@ -241,6 +253,7 @@ bool Ecran::eventFilter(QObject *objet, QEvent *evenement) {
   if (fenetre != nullptr && fenetre->isWindow() && fenetre->objectName().startsWith(u"Frm"_s)) {
     montrees_.removeIf([&](const auto &autre) { return autre.isNull() || autre == fenetre; });
     montrees_.append(fenetre);
+    EprouverModeles(*fenetre);
   }
   return QObject::eventFilter(objet, evenement);
 }

@@ -2,18 +2,14 @@
 
 #include "ui/Echelle.h"
 
-#include <QAbstractButton>
-#include <QLabel>
 #include <QLayout>
-#include <QMenuBar>
+#include <QVariant>
 
 #include <cmath>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr char16_t kFenetre[] = u", window", kPolice[] = u", font";
 
 bool EstSurPapier(const QWidget *widget) {
   for (; widget != nullptr; widget = widget->parentWidget())
@@ -25,35 +21,29 @@ bool EstSurPapier(const QWidget *widget) {
 bool Compte(const QWidget &widget, const QWidget &fenetre) {
   return widget.window() == &fenetre && !widget.objectName().isEmpty() &&
          !widget.objectName().startsWith(u"qt_"_s) && !EstSurPapier(&widget) &&
-         qobject_cast<const QMenuBar *>(&widget) == nullptr;
+         !widget.inherits("QMenuBar");
 }
 
-void MesurerControle(const QString &lui, const QWidget &widget, Mesures &mesures) {
-  const auto noter = [&](const char16_t *quoi, int longueur) {
-    if (longueur > 0 && longueur < QWIDGETSIZE_MAX)
-      mesures[lui + QString::fromUtf16(quoi)] = longueur;
-  };
-  mesures[lui + QString::fromUtf16(kPolice)] = widget.font().pointSizeF();
-  noter(u", smallest width", widget.minimumWidth());
-  noter(u", smallest height", widget.minimumHeight());
-  noter(u", largest width", widget.maximumWidth());
-  noter(u", largest height", widget.maximumHeight());
-  if (const auto *bouton = qobject_cast<const QAbstractButton *>(&widget))
-    noter(u", icon", bouton->iconSize().height());
-  if (const auto *etiquette = qobject_cast<const QLabel *>(&widget))
-    noter(u", picture", etiquette->pixmap(Qt::ReturnByValue).height());
-  if (const QLayout *disposition = widget.layout()) {
-    noter(u", gap", disposition->spacing());
-    noter(u", margin", disposition->contentsMargins().left());
+void MesurerObjet(const QString &lui, const QObject &objet, Mesures &mesures) {
+  for (const char *nom : {"minimumWidth", "minimumHeight", "maximumWidth", "maximumHeight",
+                          "iconSize", "pixmap", "spacing", "font"}) {
+    if (objet.inherits("QComboBox") && qstrcmp(nom, "iconSize") == 0) continue;
+    const QVariant valeur = objet.property(nom);
+    const double taille = valeur.typeId() == QMetaType::QFont   ? valeur.value<QFont>().pointSizeF()
+                          : valeur.typeId() == QMetaType::QSize ? valeur.toSize().height()
+                          : valeur.typeId() == QMetaType::QPixmap ? valeur.value<QPixmap>().height()
+                                                                  : valeur.toDouble();
+    if (taille > 0 && taille < QWIDGETSIZE_MAX)
+      mesures[lui + u", "_s + QLatin1StringView(nom)] = taille;
   }
 }
 
 /// A window that is as large as what it holds is not exactly so many times as large: boxes and
 /// frames are the style's. Letters grow in whole pixels where their font is hinted.
 bool EstBonne(const QString &quoi, double dessin, double agrandie, double echelle) {
-  if (quoi.endsWith(kFenetre))
+  if (quoi.endsWith(u", window"_s))
     return agrandie >= dessin * (1 + (echelle - 1) * 0.6) && agrandie <= dessin * echelle * 1.1;
-  if (quoi.endsWith(kPolice))
+  if (quoi.endsWith(u", font"_s))
     return std::abs(agrandie - PointsAEchelle(dessin, echelle)) <= 1;  // lists have whole points
   const double voulue = dessin * echelle;
   return std::abs(agrandie - voulue) <= 1 + voulue * 0.1;  // where it is a text's
@@ -62,26 +52,24 @@ bool EstBonne(const QString &quoi, double dessin, double agrandie, double echell
 }  // namespace
 
 void Mesurer(const QString &nom, const QWidget &fenetre, Mesures &mesures) {
-  if (EstSurPapier(&fenetre)) return;
   const QString elle = nom + u": "_s + fenetre.objectName();
-  bool papier = false;
+  bool papier = EstSurPapier(&fenetre);
   for (const QWidget *widget : fenetre.findChildren<QWidget *>()) {
     papier |= EstSurPapier(widget);
-    if (Compte(*widget, fenetre))
-      MesurerControle(elle + u'/' + widget->objectName(), *widget, mesures);
+    if (!Compte(*widget, fenetre)) continue;
+    MesurerObjet(elle + u'/' + widget->objectName(), *widget, mesures);
+    if (widget->layout() != nullptr)
+      MesurerObjet(elle + u'/' + widget->objectName() + u", layout"_s, *widget->layout(), mesures);
   }
   if (papier) return;  // which makes a part of its size
-  mesures[elle + u" width"_s + QString::fromUtf16(kFenetre)] = fenetre.width();
-  mesures[elle + u" height"_s + QString::fromUtf16(kFenetre)] = fenetre.height();
+  mesures[elle + u" width, window"_s] = fenetre.width();
+  mesures[elle + u" height, window"_s] = fenetre.height();
 }
 
 QStringList MalAEchelle(const Mesures &dessin, const Mesures &agrandie, double echelle) {
   QStringList fautes;
-  for (const auto &[quoi, taille] : dessin.asKeyValueRange()) {
-    const double trouvee = agrandie.value(quoi, -1);
-    if (!EstBonne(quoi, taille, trouvee, echelle))
+  for (const auto &[quoi, taille] : dessin.asKeyValueRange())
+    if (const double trouvee = agrandie.value(quoi, -1); !EstBonne(quoi, taille, trouvee, echelle))
       fautes.append(u"%1: %2 expected, %3 found"_s.arg(quoi).arg(taille * echelle).arg(trouvee));
-  }
-  fautes.sort();
   return fautes;
 }

@@ -230,6 +230,17 @@ QString Monde::Champ(const QString &table, Cle cle, const QString &champ) const 
   });
 }
 
+QStringList Monde::Colonne(const QString &table, const QString &champ) const {
+  return Avec(Base(), table, [&](::Base &base, const TableLue &lue) {
+    Exiger(lue.champs.contains(champ), u"table %1: there is no %2"_s.arg(table, champ));
+    QStringList valeurs;
+    Requete requete(base,
+                    u"SELECT \"%1\" FROM %2 ORDER BY \"%3\""_s.arg(champ, lue.sql, lue.champs[0]));
+    while (requete.Suivante()) valeurs.append(requete.Nul(0) ? u"nul"_s : requete.Texte(0));
+    return valeurs;
+  });
+}
+
 AutreEcrivain::AutreEcrivain(const QString &chemin, bool seul) {
   base_.Ouvrir(chemin);
   Requete(base_, seul ? u"BEGIN EXCLUSIVE"_s : u"BEGIN IMMEDIATE"_s).Executer();

@@ -55,6 +55,8 @@ class Monde {
   qint64 Nombre(const QString &table) const;
   /// As text, a yes or no as 1 or 0; null is a null text.
   QString Champ(const QString &table, Cle cle, const QString &champ) const;
+  /// Of all rows in the order of their keys; null is "nul".
+  QStringList Colonne(const QString &table, const QString &champ) const;
 
  private:
   QString dossier_, livraison_, dossierScenario_;

@@ -80,8 +80,7 @@ void Scene::Liberer() {
 }
 
 void Scene::VerifierFautes() const {
-  const QStringList fautes = fautes_ + boites.Fautes() + imprimante.Fautes() + port.Fautes();
-  Exiger(fautes.isEmpty(), fautes.join(u"; "));
+  Exiger(journal.fautes.isEmpty(), journal.fautes.join(u"; "));
 }
 
 void Scene::VerifierToutVu() const {
@@ -90,23 +89,23 @@ void Scene::VerifierToutVu() const {
                                quoi, traces.empty() ? QString() : traces.front()));
   };
   VerifierAucuneBoite();
-  rien(u"opened"_s, coquille.Ouverts());
-  rien(u"started"_s, coquille.Lances());
+  rien(u"opened"_s, journal.ouverts);
+  rien(u"started"_s, journal.lances);
 }
 
 void Scene::VerifierAucuneBoite() const {
-  for (const BoiteVue &boite : boites.Vues())
-    throw Echec{u"no unread box expected, %1 found"_s.arg(
-        EnListe({boite.genre, boite.titre, boite.texte}))};
+  for (const BoiteVue &boite : journal.boites)
+    Exiger(boite.repondue, u"no unread box expected, %1 found"_s.arg(
+                               EnListe({boite.genre, boite.titre, boite.texte})));
 }
 
 void Scene::VerifierFin() const {
   VerifierFautes();  // of commands that have not returned
   VerifierToutVu();
-  for (const auto &reponse : boites.Reponses())
+  for (const auto &reponse : journal.reponses)
     throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
   Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);
-  for (const QByteArray &reponse : port.Reponses())
+  for (const QByteArray &reponse : journal.reponsesModem)
     throw Echec{u"the modem expected to answer \"%1\", it was never asked"_s.arg(
         QString::fromLatin1(reponse))};
 }

@@ -34,9 +34,6 @@ class Scene {
   /// Takes away a program that has closed itself. Not while one of its handlers runs.
   void Liberer();
 
-  /// Keeps what failed where nothing can be thrown.
-  void Noter(const QString &faute) { fautes_.append(faute); }
-
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
   void VerifierFautes() const;
   /// The same when it has told or started something that the scenario has not looked at.
@@ -46,13 +43,14 @@ class Scene {
   void VerifierFin() const;
 
   const Monde monde;
-  BoitesScenario boites{monde};
-  HorlogeScenario horloge{boites};
-  CoquilleScenario coquille{monde};
-  ImprimanteScenario imprimante{monde};
+  Journal journal;
+  BoitesScenario boites{journal, monde};
+  HorlogeScenario horloge{journal, boites};
+  CoquilleScenario coquille{journal, monde};
+  ImprimanteScenario imprimante{journal, monde};
   PolicesScenario polices;
   ListeDemarrageScenario demarrage{monde};
-  PortSerieScenario port;
+  PortSerieScenario port{journal};
   ClasseurSysteme classeur;  ///< the real one: its files are read back
   Ecran ecran;
   QString utilisateur = QStringLiteral("Paul");
@@ -79,5 +77,4 @@ class Scene {
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;
   bool termine_ = false;
-  QStringList fautes_;
 };

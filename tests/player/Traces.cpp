@@ -1,4 +1,5 @@
 #include "envelope/FrmVueAV.h"
+#include "player/Echec.h"
 #include "player/Verbes.h"
 
 #include <QColor>
@@ -24,8 +25,16 @@ Trace Premiere(std::deque<Trace> &traces, const QString &attendu) {
   return premiere;
 }
 
+/// What was foreseen by an answer needs no check.
+BoiteVue PremiereBoite(Scene &scene, const Mot &genre) {
+  BoiteVue boite;
+  do boite = Premiere(scene.journal.boites, u"box "_s + genre.texte);
+  while (boite.repondue && !genre.Joker() && boite.genre != genre.texte);
+  return boite;
+}
+
 void VerifierBoite(Scene &scene, const Mots &mots) {
-  const auto boite = Premiere(scene.boites.Vues(), u"box "_s + EnListe(Textes(mots, 0)));
+  const auto boite = PremiereBoite(scene, mots[0]);
   QStringList attendus = Textes(mots, 0), trouves{boite.genre, boite.titre, boite.texte};
   for (qsizetype i = 0; i < trouves.size(); ++i)
     if (mots[i].Joker()) attendus[i] = trouves[i];
@@ -59,8 +68,12 @@ void VerifierChamps(Scene &scene, const Mots &mots) {
 void VerifierFichier(Scene &scene, const Mots &mots) {
   const QString &nom = mots[0].texte;
   const Mot &quoi = mots[1];
-  if (quoi.Est(u"absent")) {
-    Exiger(!QFileInfo::exists(scene.monde.Chemin(nom)), u"no file %1 expected"_s.arg(nom));
+  const QStringList noms = Textes(mots.first(mots.size() - 1), 0);
+  if (mots.constLast().Est(u"absent")) {
+    for (const QString &absent : noms)
+      Exiger(!QFileInfo::exists(scene.monde.Chemin(absent)), u"no file %1 expected"_s.arg(absent));
+  } else if (mots.constLast().Est(u"present")) {
+    for (const QString &present : noms) scene.monde.Octets(present);
   } else if (quoi.Est(u"egal") && mots.size() == 3) {
     Exiger(scene.monde.Octets(nom) == scene.monde.Octets(mots[2].texte),
            u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
@@ -70,18 +83,19 @@ void VerifierFichier(Scene &scene, const Mots &mots) {
     ExigerEgal(u"line %1 of %2"_s.arg(mots[2].texte, nom), mots[3].texte,
                scene.monde.Lire(nom).value(Nombre(mots[2]) - 1, u"no line"_s));
   } else {
-    Exiger(quoi.Est(u"present"), u"fichier: what is meant by %1?"_s.arg(quoi.texte));
-    scene.monde.Octets(nom);
+    throw Echec{u"fichier: what is meant by %1?"_s.arg(quoi.texte)};
   }
 }
 
-void CompterPages(Scene &scene, const Mots &mots) {
-  scene.pages = scene.imprimante.PrendrePages();
+void CompterPages(Scene &scene, int nombre) {
+  scene.pages = std::exchange(scene.journal.pages, {});
   scene.page = scene.pages.size() - 1;
-  ExigerEgal(u"pages"_s, mots[0].texte, QString::number(scene.pages.size()));
+  ExigerEgal(u"pages"_s, QString::number(nombre), QString::number(scene.pages.size()));
 }
 
-const PageImprimee &Page(const Scene &scene) {
+/// One that has not been counted must be the only one.
+const PageImprimee &Page(Scene &scene) {
+  if (!scene.journal.pages.isEmpty()) CompterPages(scene, 1);
   Exiger(scene.page >= 0 && scene.page < scene.pages.size(),
          u"page %1 expected, %2 were counted"_s.arg(scene.page + 1).arg(scene.pages.size()));
   return scene.pages[scene.page];
@@ -90,7 +104,7 @@ const PageImprimee &Page(const Scene &scene) {
 using Lignes = QList<LigneImprimee>;
 
 /// The lines of the page, or of the preview in millimetres of the envelope.
-Lignes LignesDe(const Scene &scene, bool apercu) {
+Lignes LignesDe(Scene &scene, bool apercu) {
   if (!apercu) return Page(scene).lignes;
   constexpr double kReduction = 1.18;
   const auto *fenetre = qobject_cast<const FrmVueAV *>(scene.ecran.Active());
@@ -155,7 +169,12 @@ void VerifierPolice(const Lignes &lignes, const Mots &mots) {
 
 QList<Verbe> VerbesDesLignes(const QString &quoi, bool apercu) {
   return {
-      {quoi + u" texte"_s, 3, 3, [=](S &s, const M &m) { VerifierPlace(LignesDe(s, apercu), m); }},
+      {quoi + u" texte"_s, 3, kSansLimite,
+       [=](S &s, const M &m) {
+         Exiger(m.size() % 3 == 0, u"places expected, each a text and two numbers"_s);
+         for (qsizetype i = 0; i < m.size(); i += 3)
+           VerifierPlace(LignesDe(s, apercu), m.sliced(i, 3));
+       }},
       {quoi + u" police"_s, 3, 5,
        [=](S &s, const M &m) { VerifierPolice(LignesDe(s, apercu), m); }},
       {quoi + u" lignes"_s, 0, kSansLimite,
@@ -172,7 +191,7 @@ QList<Verbe> VerbesDesLignes(const QString &quoi, bool apercu) {
 
 /// The workbook that the program opened last, read by another program than its writer.
 const QJsonObject &ContenuDuClasseur(Scene &scene) {
-  const QFileInfo fichier(scene.coquille.Classeur());
+  const QFileInfo fichier(scene.journal.classeur);
   Exiger(fichier.isFile(), u"an opened workbook expected, none is there"_s);
   Scene::ClasseurLu &lu = scene.classeurLu;
   if (lu.chemin == fichier.filePath() && lu.ecrit == fichier.lastModified()) return lu.contenu;
@@ -196,26 +215,30 @@ QString Cellule(Scene &scene, const QString &nom, const QString &quoi) {
 }
 
 Verbe ChampDeCellule(const QString &verbe, const QString &quoi) {
-  return {u"classeur "_s + verbe, 2, 2, [quoi](S &s, const M &m) {
+  return {u"classeur "_s + verbe, 2, kSansLimite, [quoi](S &s, const M &m) {
             static const QHash<QString, QString> kCotes{
                 {u"centre"_s, u"center"_s}, {u"droite"_s, u"right"_s}, {u"gauche"_s, u"left"_s}};
             const bool cote = quoi == u"horizontal"_s;
-            QString trouve = Cellule(s, m[0].texte, quoi);
-            if (cote && trouve != u"center"_s && trouve != u"right"_s) trouve = u"left"_s;
-            ExigerEgal(m[0].texte, cote ? kCotes.value(m[1].texte) : m[1].texte, trouve);
+            for (qsizetype i = 0; i + 1 < m.size(); i += 2) {
+              QString trouve = Cellule(s, m[i].texte, quoi);
+              if (cote && trouve != u"center"_s && trouve != u"right"_s) trouve = u"left"_s;
+              const QString &voulu = m[i + 1].texte;
+              ExigerEgal(m[i].texte, cote ? kCotes.value(voulu) : voulu, trouve);
+            }
           }};
 }
 
 Verbe GrasDeCellule(const QString &verbe, const QString &attendu) {
-  return {u"classeur "_s + verbe, 1, 1, [attendu](S &s, const M &m) {
-            ExigerEgal(m[0].texte + u" bold"_s, attendu, Cellule(s, m[0].texte, u"gras"_s));
+  return {u"classeur "_s + verbe, 1, kSansLimite, [attendu](S &s, const M &m) {
+            for (const Mot &mot : m)
+              ExigerEgal(mot.texte + u" bold"_s, attendu, Cellule(s, mot.texte, u"gras"_s));
           }};
 }
 
 /// The oldest of what was opened or started.
-Verbe Lancement(const QString &nom, std::deque<QString> &(CoquilleScenario::*traces)()) {
+Verbe Lancement(const QString &nom, std::deque<QString> Journal::*traces) {
   return {nom, 1, 1, [nom, traces](S &s, const M &m) {
-            const QString trouve = Premiere((s.coquille.*traces)(), nom + u' ' + m[0].texte);
+            const QString trouve = Premiere(s.journal.*traces, nom + u' ' + m[0].texte);
             if (QFileInfo(trouve).fileName() != m[0].texte) ExigerEgal(nom, m[0].texte, trouve);
           }};
 }
@@ -225,21 +248,30 @@ Verbe Lancement(const QString &nom, std::deque<QString> &(CoquilleScenario::*tra
 QList<Verbe> VerbesDesTraces() {
   const QList<Verbe> verbes{
       {u"boite"_s, 3, 5, VerifierBoite},
+      {u"boites"_s, 1, kSansLimite,
+       [](S &s, const M &m) {
+         BoiteVue boite;
+         for (const Mot &mot : m) {
+           if (!mot.cite) boite = PremiereBoite(s, mot);
+           ExigerEgal(u"box"_s, mot.texte, mot.cite ? boite.texte : boite.genre);
+         }
+       }},
       {u"aucune-boite"_s, 0, 0, [](S &s, const M &) { s.VerifierAucuneBoite(); }},
       {u"rien-ouvert"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
       {u"rien-lance"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
-      {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.boites.Vues().clear(); }},
+      {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.journal.boites.clear(); }},
       {u"pause"_s, 1, 1,
        [](S &s, const M &m) {
-         const auto pause = Premiere(s.horloge.Pauses(), u"pause "_s + m[0].texte);
+         const auto pause = Premiere(s.journal.pauses, u"pause "_s + m[0].texte);
          ExigerEgal(u"pause"_s, m[0].texte, QString::number(pause.count()));
        }},
-      Lancement(u"ouvre"_s, &CoquilleScenario::Ouverts),
-      Lancement(u"lance"_s, &CoquilleScenario::Lances),
+      Lancement(u"ouvre"_s, &Journal::ouverts),
+      Lancement(u"lance"_s, &Journal::lances),
       {u"demarrage"_s, 2, 2, VerifierDemarrage},
       {u"envoye"_s, 1, 1,
        [](S &s, const M &m) {
-         ExigerEgal(u"sent"_s, m[0].texte, QString::fromLatin1(s.port.PrendreEnvoyes()));
+         ExigerEgal(u"sent"_s, m[0].texte,
+                    QString::fromLatin1(std::exchange(s.journal.envoyes, {})));
        }},
       {u"lignes"_s, 2, 2,
        [](S &s, const M &m) {
@@ -247,13 +279,18 @@ QList<Verbe> VerbesDesTraces() {
                     QString::number(s.monde.Nombre(m[0].texte)));
        }},
       {u"champ"_s, 3, kSansLimite, VerifierChamps},
+      {u"colonne"_s, 2, kSansLimite,
+       [](S &s, const M &m) {
+         ExigerListe(m[0].texte + u'.' + m[1].texte, Textes(m, 2),
+                     s.monde.Colonne(m[0].texte, m[1].texte));
+       }},
       {u"nul"_s, 3, 3,
        [](S &s, const M &m) {
          Exiger(s.monde.Champ(m[0].texte, Nombre(m[1]), m[2].texte).isNull(),
                 u"%1: nul expected"_s.arg(m[2].texte));
        }},
       {u"fichier"_s, 2, kSansLimite, VerifierFichier},
-      {u"pages"_s, 1, 1, CompterPages},
+      {u"pages"_s, 1, 1, [](S &s, const M &m) { CompterPages(s, Nombre(m[0])); }},
       {u"page"_s, 1, 1,
        [](S &s, const M &m) {
          s.page = Nombre(m[0]) - 1;

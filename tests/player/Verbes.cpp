@@ -9,6 +9,7 @@
 #include <QImage>
 #include <QPixmap>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -37,6 +38,13 @@ const Monde &AuRepos(const Scene &scene) {
   return scene.monde;
 }
 
+/// Does the same to each of the files that it names.
+Verbe SurFichiers(const QString &nom, void (Monde::*faire)(const QString &) const) {
+  return {nom, 1, kSansLimite, [faire](S &s, const M &m) {
+            for (const Mot &mot : m) (AuRepos(s).*faire)(mot.texte);
+          }};
+}
+
 /// The world that most stories begin in, told in the language too.
 void InstallerType(Scene &scene, const Mots &) {
   const auto texte = LireFichier(QStringLiteral(VELMIRA_MONDE_TYPE));
@@ -60,7 +68,7 @@ void PendantPause(Scene &scene, const Mots &mots) {
     try {
       Executer(scene, commande);
     } catch (const Echec &echec) {
-      scene.Noter(echec.texte);
+      scene.journal.fautes.append(echec.texte);
     }
   });
 }
@@ -237,6 +245,14 @@ Verbe Montree(const QString &nom, bool attendue) {
           }};
 }
 
+/// Queues answers for the boxes to come.
+void Prevoir(Scene &scene, const Mots &mots) {
+  for (const Mot &mot : mots) {
+    const bool bouton = mot.Est(u"oui") || mot.Est(u"non") || mot.Est(u"annuler") || mot.Est(u"ok");
+    scene.journal.reponses.push_back({mot.texte, !bouton});
+  }
+}
+
 }  // namespace
 
 void Executer(Scene &scene, const Commande &commande) {
@@ -255,7 +271,10 @@ void Executer(Scene &scene, const Commande &commande) {
              .arg(verbe.minimum)
              .arg(verbe.maximum)
              .arg(mots.size()));
-  if (verbe.acte) scene.VerifierToutVu();
+  if (verbe.acte) {
+    scene.VerifierToutVu();
+    scene.journal.boites.clear();
+  }
   verbe.faire(scene, mots);
 }
 
@@ -292,27 +311,26 @@ QList<Verbe> VerbesDuMonde() {
          AuRepos(s).CopierDepuisScenario(m[0].texte, s.monde.Donnees() + u"/Velmira.mdb"_s);
        }},
       {u"monde nouvelle-base"_s, 0, 0, [](S &s, const M &) { AuRepos(s).LivrerBase(); }},
-      {u"monde dossier"_s, 1, 1, [](S &s, const M &m) { AuRepos(s).CreerDossier(m[0].texte); }},
-      {u"monde illisible"_s, 1, 1,
-       [](S &s, const M &m) { AuRepos(s).RendreIllisible(m[0].texte); }},
-      {u"monde tube"_s, 1, 1, [](S &s, const M &m) { AuRepos(s).PoserTube(m[0].texte); }},
-      {u"monde sans-acces"_s, 1, 1, [](S &s, const M &m) { AuRepos(s).FermerLAcces(m[0].texte); }},
-      {u"monde efface"_s, 1, 1, [](S &s, const M &m) { AuRepos(s).Effacer(m[0].texte); }},
+      SurFichiers(u"monde dossier"_s, &Monde::CreerDossier),
+      SurFichiers(u"monde illisible"_s, &Monde::RendreIllisible),
+      SurFichiers(u"monde tube"_s, &Monde::PoserTube),
+      SurFichiers(u"monde sans-acces"_s, &Monde::FermerLAcces),
+      SurFichiers(u"monde efface"_s, &Monde::Effacer),
       {u"monde imprimante"_s, 0, kSansLimite,
        [](S &s, const M &m) {
          AuRepos(s);
-         s.imprimante.Installer(Textes(m, 0));
+         s.imprimante.systeme = Textes(m, 0);
        }},
       {u"monde imprimante-muette"_s, 0, kSansLimite,
-       [](S &s, const M &m) { s.imprimante.Refuser(Textes(m, 0)); }},
-      {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.Repondre(false); }},
-      {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.Repondre(true); }},
+       [](S &s, const M &m) { s.imprimante.muettes = Textes(m, 0); }},
+      {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = false; }},
+      {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = true; }},
       {u"monde sans-programme"_s, 0, 1,
        [](S &s, const M &m) {
          if (const Monde &monde = AuRepos(s); m.isEmpty())
-           s.coquille.Desinstaller();
+           s.coquille.inerte = true;
          else
-           s.coquille.Desinstaller(monde.Chemin(m[0].texte));
+           s.coquille.absents.append(monde.Chemin(m[0].texte));
        }},
       {u"ligne"_s, 1, kSansLimite,
        [](S &s, const M &m) { s.monde.Ajouter(m[0].texte, m.sliced(1)); }},
@@ -345,16 +363,11 @@ QList<Verbe> VerbesDuMonde() {
       {u"attendre"_s, 1, 1,
        [](S &s, const M &m) { s.horloge.Avancer(std::chrono::milliseconds(Nombre(m[0]))); }},
       {u"pendant-pause"_s, 1, kSansLimite, PendantPause},
-      {u"reponse"_s, 1, 1,
-       [](S &s, const M &m) {
-         const bool bouton =
-             m[0].Est(u"oui") || m[0].Est(u"non") || m[0].Est(u"annuler") || m[0].Est(u"ok");
-         s.boites.Prevoir({m[0].texte, !bouton});
-       }},
+      {u"reponse"_s, 1, kSansLimite, Prevoir},
       {u"modem"_s, 1, 1,
        [](S &s, const M &m) {
-         s.port.Brancher();
-         if (!m[0].Est(u"ouvert")) s.port.Prevoir(m[0].texte.toLatin1());
+         s.port.branche = true;
+         if (!m[0].Est(u"ouvert")) s.journal.reponsesModem.push_back(m[0].texte.toLatin1());
        }},
   };
 }

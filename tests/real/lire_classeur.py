@@ -1,6 +1,5 @@
 #!/usr/bin/env python3
-"""Prints a workbook as JSON: its sheets, and of the first one the cells with their formats, the
-rows and the columns that have a size or a colour of their own."""
+"""Prints a workbook as JSON: its sheets, and of the first one its cells, rows and columns."""
 
 import json
 import sys
@@ -16,33 +15,18 @@ def fill(styled):
     return colour(styled.fill.fgColor) if styled.fill.fill_type == "solid" else None
 
 
-def main():
-    workbook = openpyxl.load_workbook(sys.argv[1])
-    sheet = workbook.worksheets[0]
-    cells = {}
-    for row in sheet.iter_rows():
-        for cell in row:
-            cells[cell.coordinate] = {
-                "texte": "" if cell.value is None else str(cell.value),
-                "type": cell.data_type,
-                "gras": bool(cell.font.b),
-                "italique": bool(cell.font.i),
-                "souligne": cell.font.u is not None,
-                "couleur": colour(cell.font.color),
-                "fond": fill(cell),
-                "horizontal": cell.alignment.horizontal,
-                "vertical": cell.alignment.vertical,
-                "lignes": bool(cell.alignment.wrap_text),
-            }
-    print(json.dumps({
-        "feuilles": workbook.sheetnames,
-        "nombre": sheet.max_row,
-        "cellules": cells,
-        "rangs": {str(n): {"hauteur": r.height, "fond": fill(r)}
-                  for n, r in sheet.row_dimensions.items()},
-        "colonnes": {c: {"largeur": d.width, "derniere": d.max, "vertical": d.alignment.vertical}
-                     for c, d in sheet.column_dimensions.items()},
-    }))
-
-
-main()
+workbook = openpyxl.load_workbook(sys.argv[1])
+sheet = workbook.worksheets[0]
+print(json.dumps({
+    "feuilles": workbook.sheetnames,
+    "nombre": sheet.max_row,
+    "cellules": {cell.coordinate: {
+        "texte": "" if cell.value is None else str(cell.value), "type": cell.data_type,
+        "gras": bool(cell.font.b), "italique": bool(cell.font.i),
+        "souligne": cell.font.u is not None, "couleur": colour(cell.font.color),
+        "fond": fill(cell), "horizontal": cell.alignment.horizontal,
+        "vertical": cell.alignment.vertical, "lignes": bool(cell.alignment.wrap_text),
+    } for row in sheet.iter_rows() for cell in row},
+    "rangs": {n: {"hauteur": r.height, "fond": fill(r)} for n, r in sheet.row_dimensions.items()},
+    "colonnes": {c: {"largeur": d.width} for c, d in sheet.column_dimensions.items()},
+}))

@@ -1,40 +1,107 @@
 #pragma once
-// What several unit tests need: a folder of their own, raw files, and texts that print readably.
+// What the tests of the rules share: tables of cases, failures as words, a folder of their own.
 
+#include "commun/BaseAncienne.h"
 #include "commun/DisquePlein.h"
+#include "platform/Erreurs.h"
+#include "storage/Tables.h"
 
-#include <QByteArray>
 #include <QDir>
 #include <QFile>
-#include <QString>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 #include <ostream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace Qt::StringLiterals;
+using Rangee = const QStringList &;
 
 inline void PrintTo(const QString &texte, std::ostream *flux) {
   *flux << (texte.isNull() ? "null" : '"' + texte.left(2000).toStdString() + '"');
 }
-inline void PrintTo(const QByteArray &octets, std::ostream *flux) {
-  *flux << '"' << octets.left(2000).toPercentEncoding(" ,=[]*$\"").toStdString() << '"';
+
+/// Calls `regle` with the cells of each row of a table; what it gives is the last cell. A row is a
+/// line, or ends at "||"; its cells stand between "|". "·" is a blank, "¶" CR LF, "↵" LF, "∅" null.
+template <typename Regle>
+void Cas(const char *tableau, Regle &&regle) {
+  for (const QString &ligne : QString::fromUtf8(tableau).replace(u"||"_s, u"\n"_s).split(u'\n')) {
+    if (ligne.trimmed().isEmpty()) continue;
+    SCOPED_TRACE(ligne.toStdString());
+    QStringList cellules;
+    for (const QString &brute : ligne.split(u'|')) {
+      QString cellule = brute.trimmed();
+      cellule.replace(u'·', u' ').replace(u"¶"_s, u"\r\n"_s).replace(u'↵', u'\n');
+      cellules.append(cellule == u"∅"_s ? QString() : cellule);
+    }
+    if constexpr (std::is_void_v<decltype(regle(cellules))>)
+      regle(std::as_const(cellules));
+    else
+      EXPECT_EQ(QString(regle(std::as_const(cellules))), cellules.constLast());
+  }
 }
 
-/// A test with a folder of its own.
+inline QString OuiNon(bool oui) {
+  return oui ? u"oui"_s : u"non"_s;
+}
+
+/// The words for the user of what a step throws; empty when it does not.
+template <typename Etape>
+QString Echec(Etape &&etape) {
+  try {
+    etape();
+    return {};
+  } catch (const Erreur &erreur) {
+    return erreur.Texte();
+  }
+}
+
 class DansUnDossier : public testing::Test {
  protected:
   QString Chemin(const QString &nom = {}) const { return dossier_.filePath(nom); }
-
-  void Poser(const QString &nom, const QByteArray &octets) const {
-    QFile fichier(Chemin(nom));
-    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size());
-  }
+  bool Existe(const QString &nom) const { return QFile::exists(Chemin(nom)); }
   QByteArray Octets(const QString &nom) const {
     QFile fichier(Chemin(nom));
     return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray("(no file)");
   }
-  bool Existe(const QString &nom) const { return QFile::exists(Chemin(nom)); }
-  QStringList Contenu() const {
-    return QDir(dossier_.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+  /// In the place of whatever is there, with the folders that it needs.
+  void Poser(const QString &nom, const QByteArray &octets) const {
+    QDir().mkpath(QFileInfo(Chemin(nom)).path());
+    QFile::remove(Chemin(nom));
+    QFile fichier(Chemin(nom));
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size());
+  }
+  /// A database of ours with a correspondent for each name.
+  void CreerBase(const QString &nom, const QStringList &velmiras = {}) const {
+    static const QTemporaryDir modele;
+    static const bool vide = (CreerBaseVide(modele.filePath(u"vide"_s)), true);
+    QFile octets(modele.filePath(u"vide"_s));
+    ASSERT_TRUE(vide && octets.open(QIODevice::ReadOnly));
+    Poser(nom, octets.readAll());
+    for (const QString &velmira : velmiras)
+      Sql(nom, u"INSERT INTO Adresse (NomVelmira) VALUES ('%1')"_s.arg(velmira));
+  }
+  /// A statement as another program would run it; gives its rows.
+  QString Sql(const QString &nom, const QString &texte) const {
+    return FichierNu(Chemin(nom)).Executer(texte).join(u' ');
+  }
+  QString Noms(const QString &nom) const {
+    return Sql(nom, u"SELECT NomVelmira FROM Adresse ORDER BY [Index]"_s);
+  }
+  /// Another program is killed in the middle of a writing, with pages of it already in the file.
+  void TuerUnEcrivain(const QString &nom) const {
+    if (const pid_t enfant = ::fork(); enfant != 0) {
+      ASSERT_EQ(::waitpid(enfant, nullptr, 0), enfant);
+      ASSERT_TRUE(Existe(nom + u"-journal"_s));
+      return;
+    }
+    FichierNu fichier(Chemin(nom));
+    fichier.Executer(u"PRAGMA cache_size=5"_s);
+    fichier.Executer(u"BEGIN"_s);
+    for (int i = 0; i < 300; ++i)
+      fichier.Executer(u"INSERT INTO Adresse (Ligne1) VALUES (zeroblob(500))"_s);
+    ::kill(::getpid(), SIGKILL);
   }
 
  private:

@@ -1,0 +1,162 @@
+// Files: what is replaced, the settings, the default sender, the application folder, the lists.
+
+#include "Outils.h"
+#include "envelope/ExpediteurDefaut.h"
+#include "platform/Fichiers.h"
+#include "platform/PageDeCode.h"
+#include "storage/DossierApplication.h"
+#include "storage/Reglages.h"
+
+#include <QRegularExpression>
+
+namespace {
+
+class Fichiers : public DansUnDossier {
+ protected:
+  Reglages Lire() const {
+    Reglages r;
+    LireReglages(Chemin(), r);
+    return r;
+  }
+};
+
+}  // namespace
+
+TEST_F(Fichiers, ToutOuRien) {
+  const QByteArray grand(9000, 'b');
+  Poser(u"f"_s, "ancien");
+  QFile::link(Chemin(u"f"_s), Chemin(u"lien"_s));
+  {
+    const DisquePlein plein(100);
+    EXPECT_NE(Echec([&] { RemplacerFichier(Chemin(u"f"_s), grand); }), u""_s);
+    EXPECT_NE(Echec([&] { CreerFichier(Chemin(u"g"_s), grand); }), u""_s);
+  }
+  EXPECT_EQ(QDir(Chemin()).entryList(QDir::Files | QDir::Hidden).join(u' '), u"f lien"_s);
+  EXPECT_EQ(Octets(u"f"_s), "ancien");
+  RemplacerFichier(Chemin(u"lien"_s), "neuf");
+  EXPECT_TRUE(QFileInfo(Chemin(u"lien"_s)).isSymLink() && Octets(u"f"_s) == "neuf");
+  // Another disk and this one, a free name, then the same, which is taken.
+  const QTemporaryDir ailleurs(u"/dev/shm/velmira-XXXXXX"_s);
+  for (const QString &but : {ailleurs.filePath(u"f"_s), Chemin(u"g"_s)})
+    for (const bool libre : {true, false}) {
+      Poser(u"a"_s, "a");
+      EXPECT_EQ(Echec([&] { RenommerFichier(Chemin(u"a"_s), but); }).isEmpty(), libre);
+      EXPECT_TRUE(Existe(u"a"_s) != libre && LireFichier(but) == "a") << but.toStdString();
+    }
+}
+
+TEST_F(Fichiers, Reglages) {
+  const QByteArray autres =
+      "; \351crit\r\n[Autre]\r\nTailleA = 99\r\n[Defaut]\r\n Inconnue = x \r\n";
+  Poser(u"Plomex.ini"_s, autres +
+                             "Orientation=2\r\nTailleA=11\r\nGrasA=4\r\nMargeMAX=-16\r\n"
+                             "MargeMEX= -5 \r\nAdresse=True\r\nTailleE=8.6\r\nPoliceA=" +
+                             QByteArray(50, 'p') + "\r\nImprimante=" + QByteArray(50, 'i'));
+  ::Reglages r = Lire();
+  EXPECT_EQ(r.plomex.PoliceA.size() * 100 + r.plomex.Imprimante.size(), 2939) << "cut";
+  EcrireReglages(Chemin(), r.plomex);
+  EXPECT_TRUE(Octets(u"Plomex.ini"_s).startsWith(autres)) << "what is no key of ours stays";
+  // What makes no sense leaves the old value.
+  Poser(u"Plomex.ini"_s,
+        "[Defaut]\r\nOrientation=256\r\nTailleA=32768\r\nGrasA=\r\nMargeMAX=nan\r\n"
+        "Adresse=peut-etre\r\nTelephone=-1\r\nIcoMenu=VRAI\r\nEnveloppe=0\r\n");
+  LireReglages(Chemin(), r);
+  const ReglagesPlomex &p = r.plomex;
+  EXPECT_EQ(std::tuple(int(p.Orientation), p.TailleA, p.TailleE, p.GrasA.Nombre(),
+                       p.MargeMAX.valeur, p.MargeMEX.valeur),
+            std::tuple(2, 11, 9, 4, -16, -5));
+  EXPECT_TRUE(p.Adresse && p.Telephone && p.IcoMenu && !p.Enveloppe);
+  // Settings of one line: what is read, and what is written back.
+  Cas(R"(
+    1,2,3,"Zoé, €",4,5000,6,7,8,9,10,-11,12,13¶ | 1,2,3,"Zoé, €",4,5000,6,7,8,9,10,-11,12,13¶
+    10,20,30,"P",2,8000,1,1,2¶                  | 10,20,30,"P",2,8000,1,1,2,0,1,0,0,0¶
+    40000,x,70,"P",300,99999999999,1,-1,2¶      | 225,150,70,"P",1,9000,1,0,2,0,1,0,0,0¶
+    1,1,1,"",1,1,0¶ | 1,1,1,"",1,9000,0,0,0,0,1,0,0,0¶ || 1,1,1,"",1,2¶ | 1,1,1,"",1,2,0,0,0,0,1,0,0,0¶
+  )",
+      [this](Rangee c) {
+        Poser(u"RTColor.ini"_s, VersPageDeCode(c[0]));
+        EcrireRTColor(Chemin(), Lire().rtcolor);
+        return DepuisPageDeCode(Octets(u"RTColor.ini"_s));
+      });
+}
+
+// The file; the file afterwards; the sender and its option, or none.
+TEST_F(Fichiers, ExpediteurParDefaut) {
+  CreerBase(u"a"_s);
+  Sql(u"a"_s,
+      u"INSERT INTO Expediteur (Ligne1, Ville, ParDefaut) VALUES ('Dvorak', 'L', 0), "
+      "('Dvořák', 'Łódź', 1)"_s);
+  Base base;
+  base.Ouvrir(Chemin(u"a"_s));
+  Cas(R"(
+    Élo$44000*N$·¶1¶ | Élo$44000*N$·¶1¶ | Élo$44000*N$·1 || Élo$N$·¶ | Élo$N$·¶0¶ | Élo$N$·0
+    Dvo?ák$?ód?$·¶0¶ | Dvo?ák$?ód?$·¶0¶ | Dvořák$Łódź$·0 || ?$L$·¶0¶ | ?$L$·¶0¶   | ?$L$·0
+    $ | (no file) | aucun || n'importe quoi¶1¶ | (no file) | aucun
+  )",
+      [&](Rangee c) {
+        Poser(u"Defaut.ini"_s, VersPageDeCode(c[0]));
+        const auto lu = LireExpediteurDefaut(Chemin(), base);
+        EXPECT_EQ(DepuisPageDeCode(Octets(u"Defaut.ini"_s)), c[1]);
+        return lu ? lu->chaine + QString::number(Nombre(lu->optionCP)) : u"aucun"_s;
+      });
+  EXPECT_EQ(Sql(u"a"_s, u"SELECT sum(ParDefaut) FROM Expediteur"_s), u"0"_s);
+  // What is undone in the table is undone in the file.
+  Poser(u"Defaut.ini"_s, "A$ $ \r\n1\r\n");
+  for (const bool garder : {false, true}) {
+    {
+      FichierDefaut fichier(Chemin());
+      fichier.ChoisirAucun();
+      if (garder) fichier.Garder();
+    }
+    EXPECT_EQ(Octets(u"Defaut.ini"_s), garder ? "\r\n0\r\n" : "A$ $ \r\n1\r\n");
+  }
+}
+
+// Filled once from the installed files; the base and the guide follow their editions.
+TEST_F(Fichiers, DossierDApplication) {
+  Poser(u"i/Civilite.txt"_s, "M.");
+  Poser(u"i/Saints.txt"_s, "saints");
+  Poser(u"h/Saints.txt"_s, "les miens");
+  const auto trouver = [this] {
+    return TrouverAppPath(Chemin(u"bin"_s), Chemin(u"i"_s), Chemin(u"h"_s));
+  };
+  // The installed version and edition; whether a base is laid, the edition of the guide.
+  Cas("1 A | oui A || 1 A | non A || 3 B | oui B || 2 B | non B || 3 C | non C || 4 C | oui C",
+      [&](Rangee c) {
+        CreerBase(u"i/Velmira_base.mdb"_s);
+        Sql(u"i/Velmira_base.mdb"_s, u"PRAGMA user_version="_s + c[0][0]);
+        for (const QString &nom : {u"i/guide/edition.txt"_s, u"i/guide/images/x.png"_s})
+          Poser(nom, c[0].right(1).toLatin1());
+        EXPECT_EQ(trouver(), Chemin(u"h"_s));
+        EXPECT_EQ(Octets(u"h/Civilite.txt"_s), Existe(u"deja"_s) ? "Dr" : "M.");
+        EXPECT_EQ(Octets(u"h/Saints.txt"_s), "les miens");
+        for (const QString &nom : {u"deja"_s, u"h/Civilite.txt"_s}) Poser(nom, "Dr");
+        return OuiNon(QFile::remove(Chemin(u"h/Velmira_base.mdb"_s))) + u' ' +
+               QString::fromLatin1(Octets(u"h/guide/images/x.png"_s));
+      });
+  Poser(u"h/guide/images/x.png"_s, "touchée");
+  trouver();
+  EXPECT_EQ(Octets(u"h/guide/images/x.png"_s), "touchée") << "not copied at each start";
+  Poser(u"bin/Velmira.portable"_s, "");
+  EXPECT_EQ(trouver(), Chemin(u"bin"_s));
+}
+
+// The delivered lists: the form of each line, in the code page that the program reads them in.
+TEST(Donnees, FormeDesListes) {
+  Cas(R"(
+    CdPostal.txt | 36000 | [0-9]{5}··[A-Z]+(·[A-Z]+)*
+    Civilite.txt | 10    | \S(.*\S)?
+    Saints.txt   | 365   | "[0-3]\d[01]\d","St\(e\) \p{Lu}\p{Ll}+(-\p{L}\p{Ll}*)*(·-·St\(e\)·[^ÃÂ]+)*"
+    Alerte.txt   | 20    | [^Ã]{0,79}
+  )",
+      [](Rangee c) {
+        QFile fichier(QStringLiteral(VELMIRA_DATA "/") + c[0]);
+        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+        QStringList lignes = DepuisPageDeCode(fichier.readAll()).split(u"\r\n"_s);
+        EXPECT_TRUE(lignes.takeLast().isEmpty() && lignes.size() > c[1].toInt());
+        const QRegularExpression forme(QRegularExpression::anchoredPattern(c[2]));
+        for (const QString &ligne : lignes)
+          ASSERT_TRUE(forme.match(ligne).hasMatch()) << ligne.toStdString();
+        EXPECT_TRUE(lignes.removeDuplicates() == 0 || c[0] == u"Alerte.txt"_s);
+      });
+}
