@@ -1,68 +1,18 @@
 #include "player/Ecran.h"
 
-#include <QAbstractButton>
 #include <QAbstractItemModelTester>
 #include <QAction>
 #include <QApplication>
-#include <QCalendarWidget>
 #include <QComboBox>
 #include <QEvent>
-#include <QFontMetrics>
-#include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QMenuBar>
-#include <QMetaProperty>
 #include <QScrollArea>
-#include <QTextDocumentFragment>
-#include <QToolBar>
-#include <QTreeView>
-
-#include <algorithm>
-#include <cstdlib>
+#include <QStyle>
+#include <QStyleOptionViewItem>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString SansMarque(const QString &texte) {
-  QString sans;
-  for (qsizetype i = 0; i < texte.size(); ++i) {
-    if (texte[i] == u'&' && ++i == texte.size()) break;
-    sans += texte[i];
-  }
-  return sans;
-}
-
-bool EstRiche(const QLabel &etiquette) {
-  return etiquette.textFormat() == Qt::RichText ||
-         (etiquette.textFormat() == Qt::AutoText && Qt::mightBeRichText(etiquette.text()));
-}
-
-/// What is painted. The colours of a style sheet change with the state of the widget and are seen
-/// there alone.
-struct Image {
-  QString fond, texte;  ///< the colour that most of it shows, and the one that differs most from it
-
-  explicit Image(QWidget *widget) {
-    constexpr int kCadre = 6;  // pixels
-    const QImage image =
-        widget->grab(widget->rect().adjusted(kCadre, kCadre, -kCadre, -kCadre)).toImage();
-    QHash<QRgb, int> nombres;
-    for (int y = 0; y < image.height(); ++y)
-      for (int x = 0; x < image.width(); ++x) ++nombres[image.pixel(x, y)];
-    if (nombres.isEmpty()) return;
-    const QColor plus = std::max_element(nombres.cbegin(), nombres.cend()).key();
-    const auto ecart = [&](const QColor &c) {
-      return std::abs(c.red() - plus.red()) + std::abs(c.green() - plus.green()) +
-             std::abs(c.blue() - plus.blue());
-    };
-    const QList<QRgb> couleurs = nombres.keys();
-    fond = plus.name();
-    texte = QColor(*std::ranges::max_element(couleurs, {}, ecart)).name();
-  }
-};
 
 bool EstSurgissante(const QWidget *fenetre) {
   return fenetre->windowType() == Qt::Popup;
@@ -132,30 +82,6 @@ QAbstractItemView *Controle::Vue() const {
   return Comme<QAbstractItemView>(u"a list, a tree or a combo");
 }
 
-QString Controle::Texte() const {
-  if (objet == fenetre) return fenetre->windowTitle();
-  if (const auto *mois = En<QCalendarWidget>())
-    return mois->selectedDate().toString(u"dd/MM/yyyy"_s);
-  const auto *etiquette = En<QLabel>();
-  if (etiquette != nullptr && EstRiche(*etiquette))
-    return QTextDocumentFragment::fromHtml(etiquette->text()).toPlainText();
-  for (const char *nom : {"plainText", "currentText", "text", "title"}) {
-    const QVariant texte = objet->property(nom);
-    if (!texte.isValid()) continue;
-    const bool marque = En<QAction>() || En<QAbstractButton>() || En<QGroupBox>() || En<QMenu>() ||
-                        (etiquette != nullptr && etiquette->buddy() != nullptr);
-    return marque ? SansMarque(texte.toString()) : texte.toString();
-  }
-  throw Echec{u"%1: what has a text expected"_s.arg(nom)};
-}
-
-bool Controle::EstVisible() const {
-  if (const auto *menu = En<QMenu>()) return menu->menuAction()->isVisible();
-  const auto *widget = En<QWidget>();
-  return widget == nullptr || widget == fenetre ? objet->property("visible").toBool()
-                                                : widget->isVisibleTo(fenetre);
-}
-
 bool Controle::EstCoche() const {
   Exiger(objet->property("checkable").toBool(), u"%1: what can be ticked expected"_s.arg(nom));
   return objet->property("checked").toBool();
@@ -164,36 +90,6 @@ bool Controle::EstCoche() const {
 bool Controle::ALeFoyer() const {
   const QWidget *foyer = QApplication::focusWidget();
   return foyer != nullptr && (foyer == objet || Widget()->isAncestorOf(foyer));
-}
-
-bool Controle::AChasseFixe() const {
-  const QFontMetrics mesures(Police());
-  return mesures.horizontalAdvance(u'i') == mesures.horizontalAdvance(u'M');
-}
-
-bool Controle::MontreSonDebut() const {
-  auto *champ = Comme<QLineEdit>(u"a field of one line");
-  return champ->cursorPositionAt({0, champ->height() / 2}) == 0;
-}
-
-QString Controle::CouleurTexte() const {
-  QWidget *widget = Widget();
-  if (widget->testAttribute(Qt::WA_StyleSheet)) return Image(widget).texte;
-  return widget->palette().color(widget->foregroundRole()).name();
-}
-
-QString Controle::CouleurFond() const {
-  QWidget *widget = Widget();
-  if (widget->testAttribute(Qt::WA_StyleSheet)) return Image(widget).fond;
-  return widget->palette().color(widget->backgroundRole()).name();
-}
-
-QString Controle::Alignement() const {
-  const QVariant alignement = objet->property("alignment");
-  Exiger(alignement.isValid(), u"%1: what has an alignment expected"_s.arg(nom));
-  const auto valeur = alignement.value<Qt::Alignment>();
-  if (valeur.testFlag(Qt::AlignRight)) return u"droite"_s;
-  return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;
 }
 
 QModelIndexList Controle::Elements() const {
@@ -230,6 +126,27 @@ QModelIndexList Controle::Selection() const {
                          : Vue()->selectionModel()->isSelected(element))
       choisis.append(element);
   return choisis;
+}
+
+QRect Controle::Place(const QModelIndex &element) const {
+  QAbstractItemView *vue = Vue();
+  vue->scrollTo(element);
+  const QRect place = vue->visualRect(element).intersected(vue->viewport()->rect());
+  Exiger(!place.isEmpty(),
+         u"%1: the item \"%2\" expected in sight, it cannot be brought there"_s.arg(
+             nom, element.data().toString()));
+  return place;
+}
+
+QPoint Controle::PlaceDeCase(const QModelIndex &element) const {
+  const QAbstractItemView *vue = Vue();
+  QStyleOptionViewItem option;
+  option.initFrom(vue);
+  option.widget = vue;
+  option.rect = Place(element);
+  option.text = element.data().toString();
+  option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
+  return vue->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, vue).center();
 }
 
 QStringList Textes(const QModelIndexList &elements) {

@@ -5,7 +5,6 @@
 #include "player/Echec.h"
 
 #include <QAbstractItemView>
-#include <QFont>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -35,25 +34,20 @@ struct Controle {
   /// The view of a list, a tree or a combo.
   QAbstractItemView *Vue() const;
 
-  // What is seen. A control that has nothing of the kind is an `Echec`.
-  QString Texte() const;  ///< caption, content or current item, without the marks of keys
-  bool EstVisible() const;
   bool EstActif() const { return objet->property("enabled").toBool(); }
+  /// What cannot be ticked is an `Echec`.
   bool EstCoche() const;
   bool ALeFoyer() const;
-  QFont Police() const { return objet->property("font").value<QFont>(); }
-  bool EstGras() const { return Police().bold(); }
-  bool AChasseFixe() const;     ///< all letters of one width
-  bool MontreSonDebut() const;  ///< of a field of one line
-  QString CouleurTexte() const;
-  QString CouleurFond() const;
-  QString Alignement() const;  ///< `gauche`, `droite` or `centre`
 
   // Items of a list, nodes of a tree in the displayed order, depth first.
   QModelIndexList Elements() const;
   /// The one meant by `"text"`, `"text"#n`, `#i` or `racine`.
   QModelIndex Element(const Mot &mot) const;
   QModelIndexList Selection() const;
+  /// Brings an item into view and tells where it stands.
+  QRect Place(const QModelIndex &element) const;
+  /// The middle of its box.
+  QPoint PlaceDeCase(const QModelIndex &element) const;
 };
 
 QStringList Textes(const QModelIndexList &elements);

@@ -1,5 +1,6 @@
-#include "player/Gestes.h"
+// The verbs of what a person does with the mouse and the keyboard.
 
+#include "player/Verbes.h"
 #include "ui/FeuilleEcran.h"
 
 #include <QAction>
@@ -17,15 +18,19 @@
 #include <QRadioButton>
 #include <QStyle>
 #include <QStyleOptionButton>
-#include <QStyleOptionViewItem>
+#include <QUrl>
 #include <QWindow>
 #include <QtTest>
 
-#include <algorithm>
-
 using namespace Qt::StringLiterals;
 
+using S = Scene;
+using M = Mots;
+using C = Controle;
+
 namespace {
+
+enum class Clic { Simple, Double, Droit };
 
 /// Where a click finds the control: the middle of what is to be seen of it.
 QPoint PlaceDuClic(const QWidget *widget) {
@@ -41,7 +46,8 @@ QPoint PlaceDuClic(const QWidget *widget) {
   return (visible.isEmpty() ? widget->rect() : visible).center();
 }
 
-void CliquerEn(QWidget *widget, const QPoint &place, Clic clic, Qt::KeyboardModifiers avec = {}) {
+void CliquerEn(QWidget *widget, const QPoint &place, Clic clic = Clic::Simple,
+               Qt::KeyboardModifiers avec = {}) {
   const QPointer<QWidget> reste(widget);
   if (clic != Clic::Droit) QTest::mouseClick(widget, Qt::LeftButton, avec, place);
   if (clic == Clic::Double && reste) QTest::mouseDClick(widget, Qt::LeftButton, avec, place);
@@ -53,28 +59,6 @@ void CliquerEn(QWidget *widget, const QPoint &place, Clic clic, Qt::KeyboardModi
     QApplication::sendEvent(widget, &menu);
   }
   if (reste) QTest::mouseRelease(widget, Qt::RightButton, avec, place);
-}
-
-/// Brings an item into view and tells where it stands.
-QRect PlaceElement(const Controle &controle, const QModelIndex &element) {
-  QAbstractItemView *vue = controle.Vue();
-  vue->scrollTo(element);
-  const QRect place = vue->visualRect(element).intersected(vue->viewport()->rect());
-  Exiger(!place.isEmpty(),
-         u"%1: the item \"%2\" expected in sight, it cannot be brought there"_s.arg(
-             controle.nom, element.data().toString()));
-  return place;
-}
-
-QPoint PlaceCase(const Controle &controle, const QModelIndex &element) {
-  const QAbstractItemView *vue = controle.Vue();
-  QStyleOptionViewItem option;
-  option.initFrom(vue);
-  option.widget = vue;
-  option.rect = PlaceElement(controle, element);
-  option.text = element.data().toString();
-  option.features = QStyleOptionViewItem::HasCheckIndicator | QStyleOptionViewItem::HasDisplay;
-  return vue->style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, vue).center();
 }
 
 struct Frappe {
@@ -177,9 +161,7 @@ void ChoisirJour(QDateEdit *date, const QDate &jour) {
   Frapper(calendrier->findChild<QAbstractItemView *>(), FrappeDe(u'\r'));
 }
 
-}  // namespace
-
-void Cliquer(const Controle &controle, Clic clic) {
+void Cliquer(const Controle &controle, Clic clic = Clic::Simple) {
   if (auto *action = controle.En<QAction>()) return Declencher(action);
   QWidget *widget = controle.Widget();
   if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
@@ -187,36 +169,42 @@ void Cliquer(const Controle &controle, Clic clic) {
 }
 
 void CliquerElement(const Controle &controle, const QModelIndex &element, Clic clic,
-                    Qt::KeyboardModifiers avec) {
-  CliquerEn(controle.Vue()->viewport(), PlaceElement(controle, element).center(), clic, avec);
+                    Qt::KeyboardModifiers avec = {}) {
+  CliquerEn(controle.Vue()->viewport(), controle.Place(element).center(), clic, avec);
 }
 
-void CliquerCase(const Controle &controle, const QModelIndex &element) {
-  CliquerEn(controle.Vue()->viewport(), PlaceCase(controle, element), Clic::Simple);
+/// Of a control, or of an item.
+void MettreCase(const Controle &controle, const Mots &mots, bool etat) {
+  if (mots.size() == 1) {
+    if (controle.EstCoche() != etat) Cliquer(controle);
+    return LaisserPasser();
+  }
+  const QPersistentModelIndex element = controle.Element(mots[1]);
+  if (EstCoche(element) != etat)
+    CliquerEn(controle.Vue()->viewport(), controle.PlaceDeCase(element));
+  LaisserPasser();
+  Exiger(!element.isValid() || EstCoche(element) == etat,
+         u"%1, box of \"%2\": a click changes nothing"_s.arg(controle.nom, mots[1].texte));
 }
 
-bool CocheEstPeinte(const Controle &controle, const QModelIndex &element) {
-  constexpr int kMarge = 3;  // around the middle of the box, within its border
-  const QPoint milieu = PlaceCase(controle, element);
-  const QRect dedans(milieu - QPoint(kMarge, kMarge), milieu + QPoint(kMarge, kMarge));
-  const QImage image = controle.Vue()->viewport()->grab(dedans).toImage();
-  int sombre = 255, clair = 0;
-  for (int y = 0; y < image.height(); ++y)
-    for (int x = 0; x < image.width(); ++x) {
-      sombre = std::min(sombre, qGray(image.pixel(x, y)));
-      clair = std::max(clair, qGray(image.pixel(x, y)));
-    }
-  return clair - sombre > 100;
+void Derouler(const Controle &controle, const Mots &) {
+  auto *combo = controle.Comme<QComboBox>(u"a combo");
+  if (combo->view()->isVisible()) return;
+  combo->setFocus(Qt::MouseFocusReason);
+  combo->showPopup();
 }
 
-void Choisir(const Controle &controle, const Mot &mot, bool choisi) {
+/// Selects an item as a user's choice does. In a list of several selections it adds the item, and
+/// takes it out where `choisi` is false.
+void Choisir(const Controle &controle, const Mots &mots, bool choisi) {
+  const Mot &mot = mots[1];
   if (auto *date = controle.En<QDateEdit>())
     return ChoisirJour(date, QDate::fromString(mot.texte, u"dd/MM/yyyy"_s));
   const QModelIndex element = controle.Element(mot);
   QAbstractItemView *vue = controle.Vue();
   if (controle.En<QComboBox>() != nullptr) {
     // By the open list, so that the program hears of a choice of what was chosen already.
-    Derouler(controle);
+    Derouler(controle, mots);
     vue->setCurrentIndex(element);
     return Frapper(vue, FrappeDe(u'\r'));
   }
@@ -230,13 +218,7 @@ void Choisir(const Controle &controle, const Mot &mot, bool choisi) {
                    plusieurs ? Qt::ControlModifier : Qt::NoModifier);
 }
 
-void Derouler(const Controle &controle) {
-  auto *combo = controle.Comme<QComboBox>(u"a combo");
-  if (combo->view()->isVisible()) return;
-  combo->setFocus(Qt::MouseFocusReason);
-  combo->showPopup();
-}
-
+/// Key by key, in the place of the old text or behind it.
 void Taper(const Controle &controle, const QString &texte, bool remplacer) {
   const QPointer<QWidget> zone(ZoneDeSaisie(controle));
   zone->setFocus(Qt::TabFocusReason);
@@ -257,8 +239,9 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
   }
 }
 
-void Toucher(const Controle &controle, const QString &touche) {
-  const Frappe frappe = FrappeNommee(touche);
+/// On a window the key goes to what has the focus.
+void Toucher(const Controle &controle, const Mots &mots) {
+  const Frappe frappe = FrappeNommee(mots[1].texte);
   QWidget *widget = controle.Widget();
   if (widget == controle.fenetre) {
     QWidget *surgissante = QApplication::activePopupWidget();
@@ -272,12 +255,14 @@ void Toucher(const Controle &controle, const QString &touche) {
   Frapper(widget, frappe);
 }
 
-void Glisser(const Controle &controle, double dx, double dy) {
+/// By millimetres of the picture that it lies on, in whole pixels.
+void Glisser(const Controle &controle, const Mots &mots) {
   constexpr int kEtapes = 4;
   QWidget *widget = controle.Widget();
   const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
   const double parMillimetre = PixelsParMillimetre(*widget);
-  const QPoint chemin(qRound(dx * parMillimetre), qRound(dy * parMillimetre));
+  const QPoint chemin(qRound(NombreDecimal(mots[1]) * parMillimetre),
+                      qRound(NombreDecimal(mots[2]) * parMillimetre));
   const QPointer<QWidget> reste(widget);
   EnvoyerSouris(widget, QEvent::MouseButtonPress, prise);
   for (int etape = 1; reste && etape <= kEtapes; ++etape)
@@ -285,25 +270,30 @@ void Glisser(const Controle &controle, double dx, double dy) {
   if (reste) EnvoyerSouris(widget, QEvent::MouseButtonRelease, prise + chemin);
 }
 
-void Deposer(const Controle &controle, const QList<QUrl> &adresses) {
-  QWidget *widget = controle.Widget();
+/// Files of the world by their names, addresses as they stand.
+void Deposer(Scene &scene, const Mots &mots) {
+  QList<QUrl> adresses;
+  for (const QString &nom : Textes(mots, 1))
+    adresses.append(nom.contains(u"://"_s) ? QUrl(nom)
+                                           : QUrl::fromLocalFile(scene.monde.Chemin(nom)));
+  QWidget *widget = scene.ecran.Atteindre(mots[0].texte).Widget();
   QMimeData donnees;
   donnees.setUrls(adresses);
   const QPoint place = widget->rect().center();
   QDragEnterEvent entree(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
   QApplication::sendEvent(widget, &entree);
   Exiger(widget->acceptDrops() && entree.isAccepted(),
-         u"a drop taken by %1 expected, it is refused"_s.arg(controle.nom));
+         u"a drop taken by %1 expected, it is refused"_s.arg(mots[0].texte));
   QDropEvent depot(place, Qt::CopyAction, &donnees, Qt::LeftButton, {});
   QApplication::sendEvent(widget, &depot);
 }
 
-void Quitter(const Controle &controle) {
+void Quitter(const Controle &controle, const Mots &) {
   Exiger(controle.ALeFoyer(), u"focus on %1 expected, it is elsewhere"_s.arg(controle.nom));
   QApplication::focusWidget()->clearFocus();
 }
 
-void Survoler(const Controle &controle) {
+void Survoler(const Controle &controle, const Mots &) {
   QWidget *widget = controle.Widget();
   if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
   // To its own window: by the place on the screen another one that lies there would be found too.
@@ -311,4 +301,55 @@ void Survoler(const Controle &controle) {
   const QPoint place = widget->mapTo(fenetre, PlaceDuClic(widget));
   EntrerDans(fenetre, place);
   QTest::mouseMove(fenetre->windowHandle(), place);
+}
+
+/// An act on the control that the first word names.
+Verbe Acte(const QString &nom, qsizetype nombre,
+           std::function<void(const Controle &, const Mots &)> faire, qsizetype minimum = 0) {
+  return {nom, minimum > 0 ? minimum : nombre, nombre,
+          [faire](S &s, const M &m) { faire(s.ecran.Atteindre(m[0].texte), m); }};
+}
+
+Verbe ClicSurControle(const QString &nom, Clic clic) {
+  return Acte(nom, 1, [clic](const C &c, const M &) { Cliquer(c, clic); });
+}
+
+Verbe ClicSurNoeud(const QString &nom, Clic clic) {
+  return Acte(nom, 2, [clic](const C &c, const M &m) { CliquerElement(c, c.Element(m[1]), clic); });
+}
+
+}  // namespace
+
+QList<Verbe> VerbesDesGestes() {
+  return {
+      ClicSurControle(u"clic"_s, Clic::Simple),
+      ClicSurControle(u"double"_s, Clic::Double),
+      ClicSurControle(u"droit"_s, Clic::Droit),
+      ClicSurNoeud(u"noeud"_s, Clic::Simple),
+      ClicSurNoeud(u"double-noeud"_s, Clic::Double),
+      ClicSurNoeud(u"droit-noeud"_s, Clic::Droit),
+      Acte(
+          u"cocher"_s, 2, [](const C &c, const M &m) { MettreCase(c, m, true); }, 1),
+      Acte(
+          u"decocher"_s, 2, [](const C &c, const M &m) { MettreCase(c, m, false); }, 1),
+      Acte(u"choisir"_s, 2, [](const C &c, const M &m) { Choisir(c, m, true); }),
+      Acte(u"retirer"_s, 2, [](const C &c, const M &m) { Choisir(c, m, false); }),
+      Acte(u"derouler"_s, 1, Derouler),
+      Acte(u"taper"_s, 2, [](const C &c, const M &m) { Taper(c, m[1].texte, true); }),
+      Acte(u"ajouter"_s, 2, [](const C &c, const M &m) { Taper(c, m[1].texte, false); }),
+      Acte(u"touche"_s, 2, Toucher),
+      Acte(u"glisser"_s, 3, Glisser),
+      Acte(u"quitter"_s, 1, Quitter),
+      Acte(u"survoler"_s, 1, Survoler),
+      {u"deposer"_s, 2, kSansLimite, Deposer},
+      {u"fermer-fenetre"_s, 0, 0, [](S &s, const M &) { s.ecran.Active()->close(); }},
+      {u"demarrer"_s, 0, 0, [](S &s, const M &) { s.Demarrer(); }},
+      {u"fermer"_s, 0, 0, [](S &s, const M &) { s.Fermer(); }},
+      {u"relancer"_s, 0, 0,
+       [](S &s, const M &) {
+         s.Fermer();
+         s.VerifierToutVu();
+         s.Demarrer();
+       }},
+  };
 }

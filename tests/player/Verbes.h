@@ -19,7 +19,7 @@ struct Verbe {
 constexpr qsizetype kSansLimite = 1000;
 
 QList<Verbe> VerbesDuMonde();
-QList<Verbe> VerbesDesGestes();
+QList<Verbe> VerbesDesGestes();     ///< acts of the user
 QList<Verbe> VerbesDesControles();  ///< checks of windows and controls
 QList<Verbe> VerbesDesTraces();     ///< checks of boxes, rows, files, pages, workbooks
 
