@@ -1,5 +1,7 @@
 #include "player/Analyse.h"
 
+#include "player/Echec.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -10,8 +12,8 @@ class Ligne {
  public:
   Ligne(int numero, QString texte) : numero_(numero), texte_(std::move(texte)) {}
 
-  QList<Mot> Mots() {
-    QList<Mot> mots;
+  Mots EnMots() {
+    Mots mots;
     for (;;) {
       while (Reste() && texte_[position_].isSpace()) ++position_;
       if (!Reste() || Commentaire()) return mots;
@@ -25,7 +27,7 @@ class Ligne {
     return texte_[position_] == u'#' &&
            (position_ == 0 || position_ + 1 == texte_.size() || texte_[position_ + 1].isSpace());
   }
-  [[noreturn]] void Refuser(const QString &raison) const { throw ErreurAnalyse{numero_, raison}; }
+  [[noreturn]] void Refuser(const QString &raison) const { throw Echec{raison, numero_}; }
 
   Mot Suivant() {
     Mot mot;
@@ -81,7 +83,7 @@ class Ligne {
 void Ajouter(QList<Commande> &suite, const Commande &commande) {
   static const QStringList kDeuxMots{u"taper"_s, u"ajouter"_s, u"choisir"_s, u"touche"_s};
   static const QStringList kCases{u"cocher"_s, u"decocher"_s, u"coche"_s, u"decoche"_s};
-  QList<Mot> mots = commande.mots;
+  Mots mots = commande.mots;
   for (qsizetype i = 0; i < mots.size(); ++i)
     if (mots[i].Est(u":")) {
       suite.append({commande.ligne, commande.texte, u"reponse"_s, mots.mid(i + 1)});
@@ -111,11 +113,11 @@ struct Bloc {
   QStringList colonnes;
 
   /// A command that holds the word `-` of this row is left out of it.
-  void Jouer(int ligne, const QList<Mot> &rangee, QList<Commande> &suite) const {
+  void Jouer(int ligne, const Mots &rangee, QList<Commande> &suite) const {
     if (rangee.size() != colonnes.size())
-      throw ErreurAnalyse{
-          ligne,
-          u"%1 words expected, one a column, %2 found"_s.arg(colonnes.size()).arg(rangee.size())};
+      throw Echec{
+          u"%1 words expected, one a column, %2 found"_s.arg(colonnes.size()).arg(rangee.size()),
+          ligne};
     for (Commande commande : commandes) {
       bool jouee = true;
       for (Mot &mot : commande.mots) jouee &= Remplacer(mot, rangee);
@@ -125,7 +127,7 @@ struct Bloc {
   }
 
  private:
-  bool Remplacer(Mot &mot, const QList<Mot> &rangee) const {
+  bool Remplacer(Mot &mot, const Mots &rangee) const {
     for (qsizetype i = 0; i < colonnes.size(); ++i) {
       const QString nom = u'{' + colonnes[i] + u'}';
       if (!mot.texte.contains(nom)) continue;
@@ -153,7 +155,7 @@ QList<Commande> Analyser(const QString &scenario) {
   const QStringList lignes = scenario.split(u'\n');
   for (int numero = 1; numero <= lignes.size(); ++numero) {
     const QString texte = lignes[numero - 1].trimmed();
-    QList<Mot> mots = Ligne(numero, texte).Mots();
+    Mots mots = Ligne(numero, texte).EnMots();
     if (mots.isEmpty()) continue;
     const bool rangees = bloc && !bloc->colonnes.isEmpty();
     if (mots.first().Est(u"bloc") && !bloc) {
@@ -172,6 +174,6 @@ QList<Commande> Analyser(const QString &scenario) {
         Ajouter(suite, commande);
     }
   }
-  if (bloc) throw ErreurAnalyse{static_cast<int>(lignes.size()), u"a bloc without its fin"_s};
+  if (bloc) throw Echec{u"a bloc without its fin"_s, static_cast<int>(lignes.size())};
   return suite;
 }

@@ -19,19 +19,16 @@ struct Mot {
   std::optional<int> Indice() const;
 };
 
+using Mots = QList<Mot>;
+
 struct Commande {
   int ligne = 0;  ///< from 1
   QString texte;  ///< as it stands there
   QString verbe;
-  QList<Mot> mots;
-};
-
-/// Thrown with the number of the line.
-struct ErreurAnalyse {
-  int ligne = 0;
-  QString texte;
+  Mots mots;
 };
 
 /// The commands in their order, a `bloc` as often as it has rows. A "#" opens a comment at the
-/// start of a line or with a blank behind it; elsewhere it begins an index or a colour.
+/// start of a line or with a blank behind it; elsewhere it begins an index or a colour. Throws
+/// `Echec` with the line.
 QList<Commande> Analyser(const QString &scenario);

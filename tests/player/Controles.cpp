@@ -216,7 +216,7 @@ Verbe Montree(const QString &nom, bool attendue) {
 void VerifierPolice(Scene &scene, const Mots &mots) {
   const QFont police = PoliceDe(Trouver(scene, mots));
   if (!mots[1].Joker()) ExigerEgal(mots[0].texte, mots[1].texte, police.family());
-  Exiger(std::abs(police.pointSizeF() - NombreDecimal(mots[2])) < 0.05,
+  Exiger(std::abs(police.pointSizeF() - Nombre(mots[2])) < 0.05,
          u"%1: %2 points expected, %3 found"_s.arg(mots[0].texte, mots[2].texte)
              .arg(police.pointSizeF()));
 }
@@ -240,9 +240,9 @@ void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = scene.ecran.Active();
   for (const QWidget *autre : QApplication::topLevelWidgets())
     if (autre->objectName().startsWith(u"Frm"_s)) Mesurer(mots[0].texte, *autre, scene.mesures);
-  if (scene.captures.isEmpty()) return;
-  const QString chemin = QDir(scene.captures).filePath(mots[0].texte + u".png"_s);
-  Exiger(QDir().mkpath(scene.captures) && fenetre->grab().save(chemin),
+  if (scene.Captures().isEmpty()) return;
+  const QString chemin = QDir(scene.Captures()).filePath(mots[0].texte + u".png"_s);
+  Exiger(QDir().mkpath(scene.Captures()) && fenetre->grab().save(chemin),
          u"\"%1\" cannot be written"_s.arg(chemin));
 }
 

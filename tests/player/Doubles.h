@@ -11,6 +11,7 @@
 #include "platform/PortSerie.h"
 #include "player/Monde.h"
 
+#include <QDateTime>
 #include <QPointer>
 #include <QStringList>
 

@@ -7,6 +7,7 @@
 /// the player catches it before it reaches the toolkit.
 struct Echec {
   QString texte;
+  int ligne = 0;  ///< of the scenario, where it is known
 };
 
 inline void Exiger(bool condition, const QString &sinon) {

@@ -261,8 +261,8 @@ void Glisser(const Controle &controle, const Mots &mots) {
   QWidget *widget = controle.Widget();
   const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
   const double parMillimetre = PixelsParMillimetre(*widget);
-  const QPoint chemin(qRound(NombreDecimal(mots[1]) * parMillimetre),
-                      qRound(NombreDecimal(mots[2]) * parMillimetre));
+  const QPoint chemin(qRound(Nombre(mots[1]) * parMillimetre),
+                      qRound(Nombre(mots[2]) * parMillimetre));
   const QPointer<QWidget> reste(widget);
   EnvoyerSouris(widget, QEvent::MouseButtonPress, prise);
   for (int etape = 1; reste && etape <= kEtapes; ++etape)

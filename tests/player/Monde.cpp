@@ -3,9 +3,7 @@
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
-#include "player/Echec.h"
-#include "storage/Lignes.h"
-#include "storage/Requete.h"
+#include "player/Verbes.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -14,9 +12,16 @@
 
 using namespace Qt::StringLiterals;
 
+using S = Scene;
+using M = Mots;
+
 namespace {
 
 constexpr auto kFinDeLigne = "\r\n";
+
+QString Livre(const QString &nom) {
+  return QStringLiteral(VELMIRA_DONNEES) + u'/' + nom;
+}
 
 void EcrireOctets(const QString &chemin, const QByteArray &octets) {
   QDir().mkpath(QFileInfo(chemin).path());
@@ -31,78 +36,115 @@ void Copier(const QString &source, const QString &cible) {
   EcrireOctets(cible, *octets);
 }
 
-/// A table as the engine tells it; the first column is the key.
-struct TableLue {
-  QString sql;
-  QStringList champs;
-  QList<bool> textes;
-};
-
-/// Runs a step on the open database.
-template <typename Etape>
-auto Avec(const QString &chemin, const QString &nom, Etape &&etape) {
-  try {
-    Base base;
-    base.Ouvrir(chemin);
-    TableLue table{u'"' + nom + u'"', {}, {}};
-    Requete colonnes(base, u"SELECT name, type = 'TEXT' FROM pragma_table_info(?)"_s);
-    colonnes.Lier(nom);
-    while (colonnes.Suivante()) {
-      table.champs.append(colonnes.Texte(0));
-      table.textes.append(colonnes.Entier(1) != 0);
-    }
-    Exiger(!table.champs.isEmpty(), u"there is no table %1"_s.arg(nom));
-    return etape(base, table);
-  } catch (const Erreur &erreur) {
-    throw Echec{erreur.Texte()};
-  }
+/// The world changes only while nobody works in it.
+const Monde &AuRepos(const Scene &scene) {
+  Exiger(!scene.EnMarche(), u"a program that is closed expected, it is running"_s);
+  return scene.monde;
 }
 
-/// One statement for a row, with the values of `Field=value` words and the key where it has one.
-void Changer(const QString &chemin, const QString &nom, const QString &texte,
-             const QList<Mot> &champs, std::optional<Cle> cle) {
-  Avec(chemin, nom, [&](Base &base, const TableLue &table) {
-    QStringList noms, places;
-    QList<QString> valeurs;
-    for (const Mot &mot : champs) {
-      const QString valeur = mot.texte.mid(mot.egal + 1);
-      noms.append(u'"' + mot.texte.left(mot.egal) + u'"');
-      places.append(noms.constLast() + u"=?"_s);
-      Exiger(mot.egal > 0 && table.champs.contains(mot.texte.left(mot.egal)),
-             u"Field=\"value\" of %1 expected, \"%2\" found"_s.arg(nom, mot.texte));
-      valeurs.append(!mot.cite && valeur == u"nul"_s    ? QString()
-                     : !mot.cite && valeur == u"vrai"_s ? u"1"_s
-                     : !mot.cite && valeur == u"faux"_s ? u"0"_s
-                                                        : valeur + u""_s);
-    }
-    for (qsizetype i = 1; !cle && i < table.champs.size(); ++i)
-      if (const QString champ = u'"' + table.champs[i] + u'"'; !noms.contains(champ)) {
-        noms.append(champ);
-        valeurs.append(table.textes[i] ? u""_s : u"0"_s);
-      }
-    Transaction transaction(base);
-    // A number as a text becomes a number by the affinity of its column.
-    Requete requete(base, texte.arg(table.sql, cle ? places.join(u", ") : noms.join(u", "),
-                                    cle ? table.champs[0] : u"?, "_s.repeated(noms.size() - 1)));
-    for (const QString &valeur : valeurs) requete.Lier(valeur);
-    if (cle) requete.Lier(*cle);
-    Exiger(requete.Executer() == 1,
-           u"table %1: row %2 expected, none of this key found"_s.arg(nom).arg(cle.value_or(0)));
-    transaction.Valider();
-  });
+void Installer(Scene &scene, const Mots &) {
+  const Monde &monde = AuRepos(scene);
+  RedacteurEnregistrement chemin;
+  chemin.Ecrire(monde.Donnees());
+  EcrireOctets(monde.App() + u"/CheminData.cfg"_s, chemin.Octets());
+  EcrireOctets(monde.App() + u"/Cheminbase.cfg"_s, chemin.Octets());
+  Exiger(QDir().mkpath(monde.Donnees()) && QFile::rename(monde.App() + u"/Velmira_base.mdb"_s,
+                                                         monde.Donnees() + u"/Velmira.mdb"_s),
+         u"the delivered Velmira_base.mdb cannot be put in place"_s);
+}
+
+/// The world that most stories begin in, told in the language too.
+void InstallerType(Scene &scene, const Mots &) {
+  const auto texte = LireFichier(QStringLiteral(VELMIRA_MONDE_TYPE));
+  for (const Commande &commande : Analyser(QString::fromUtf8(texte.value_or(QByteArray()))))
+    Executer(scene, commande);
+}
+
+void Ecrire(Scene &scene, const Mots &mots) {
+  QByteArray octets;
+  for (const QString &ligne : Textes(mots, 1)) octets += VersPageDeCode(ligne) + kFinDeLigne;
+  EcrireOctets(AuRepos(scene).Chemin(mots[0].texte), octets);
+}
+
+/// Does the same to each of the paths that it names.
+Verbe SurChemins(const QString &nom, bool (*faire)(const QString &chemin)) {
+  return {nom, 1, kSansLimite, [nom, faire](S &s, const M &m) {
+            for (const Mot &mot : m)
+              Exiger(faire(AuRepos(s).Chemin(mot.texte)), u"%1 %2: refused"_s.arg(nom, mot.texte));
+          }};
+}
+
+bool CreerDossiers(const QString &chemin) {
+  return QDir().mkpath(chemin);
+}
+
+/// Puts in its place a file that opens and cannot be read, also by the superuser.
+bool RendreIllisible(const QString &chemin) {
+  QFile::remove(chemin);
+  return QFile::link(u"/proc/self/mem"_s, chemin);
+}
+
+/// Puts there a pipe that nobody writes into.
+bool PoserTube(const QString &chemin) {
+  return mkfifo(QFile::encodeName(chemin).constData(), S_IRUSR | S_IWUSR) == 0;
+}
+
+/// Puts there a name that leads nowhere: not even what it is can be told.
+bool FermerLAcces(const QString &chemin) {
+  QFile::remove(chemin);
+  return QFile::link(chemin, chemin);
+}
+
+QByteArray Octets(const Scene &scene, const QString &nom) {
+  const auto octets = LireFichier(scene.monde.Chemin(nom));
+  const QDir dossier = QFileInfo(scene.monde.Chemin(nom)).dir();
+  Exiger(octets.has_value(),
+         u"file %1 expected, its folder holds %2"_s.arg(
+             nom, EnListe(dossier.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))));
+  return *octets;
+}
+
+/// Without the final line end.
+QStringList Lignes(const Scene &scene, const QString &nom) {
+  QByteArray octets = Octets(scene, nom);
+  if (octets.isEmpty()) return {};
+  if (octets.endsWith(kFinDeLigne)) octets.chop(2);
+  return DepuisPageDeCode(octets).split(QLatin1StringView(kFinDeLigne));
+}
+
+void VerifierFichier(Scene &scene, const Mots &mots) {
+  const QString &nom = mots[0].texte;
+  const Mot &quoi = mots[1];
+  const QStringList noms = Textes(mots.first(mots.size() - 1), 0);
+  if (mots.constLast().Est(u"absent")) {
+    for (const QString &absent : noms)
+      Exiger(!QFileInfo::exists(scene.monde.Chemin(absent)), u"no file %1 expected"_s.arg(absent));
+  } else if (mots.constLast().Est(u"present")) {
+    for (const QString &present : noms) Octets(scene, present);
+  } else if (quoi.Est(u"egal") && mots.size() == 3) {
+    Exiger(Octets(scene, nom) == Octets(scene, mots[2].texte),
+           u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
+  } else if (quoi.Est(u"lignes")) {
+    ExigerListe(nom, Textes(mots, 2), Lignes(scene, nom));
+  } else if (quoi.Est(u"ligne") && mots.size() == 4) {
+    ExigerEgal(u"line %1 of %2"_s.arg(mots[2].texte, nom), mots[3].texte,
+               Lignes(scene, nom).value(qRound(Nombre(mots[2])) - 1, u"no line"_s));
+  } else {
+    throw Echec{u"fichier: what is meant by %1?"_s.arg(quoi.texte)};
+  }
 }
 
 }  // namespace
 
-Monde::Monde(const QString &dossier, QString livraison, QString dossierScenario)
-    : dossier_(QFileInfo(dossier).canonicalFilePath()),
-      livraison_(std::move(livraison)),
-      dossierScenario_(std::move(dossierScenario)) {
+Monde::Monde(const QString &dossier, QString dossierScenario)
+    : dossierScenario_(std::move(dossierScenario)) {
+  QDir().mkpath(dossier);
+  dossier_ = QFileInfo(dossier).canonicalFilePath();
   for (const QString &partie : {App(), Home()})
     Exiger(!QFileInfo::exists(partie) && QDir().mkpath(partie),
            u"\"%1\" cannot be made anew"_s.arg(partie));
-  for (const QString &nom : QDir(livraison_).entryList(QDir::Files))
-    Copier(livraison_ + u'/' + nom, App() + u'/' + nom);
+  for (const QString &nom : QDir(Livre({})).entryList(QDir::Files))
+    Copier(Livre(nom), App() + u'/' + nom);
 }
 
 QString Monde::Donnees() const {
@@ -123,6 +165,10 @@ QString Monde::Chemin(const QString &nom) const {
   return QDir::cleanPath((duMonde ? dossier_ : App()) + u'/' + nom);
 }
 
+QString Monde::ACote(const QString &nom) const {
+  return QDir(dossierScenario_).filePath(nom);
+}
+
 QString Monde::Completer(QString texte) const {
   constexpr int kLong = 33'000;
   return texte.replace(u"{app}"_s, App())
@@ -130,118 +176,47 @@ QString Monde::Completer(QString texte) const {
       .replace(u"{long}"_s, QString(kLong, u'x'));
 }
 
-void Monde::Installer() const {
-  CreerDossier(Donnees());
-  RedacteurEnregistrement chemin;
-  chemin.Ecrire(Donnees());
-  EcrireOctets(App() + u"/CheminData.cfg"_s, chemin.Octets());
-  EcrireOctets(App() + u"/Cheminbase.cfg"_s, chemin.Octets());
-  Exiger(QFile::rename(App() + u"/Velmira_base.mdb"_s, Donnees() + u"/Velmira.mdb"_s),
-         u"the delivered Velmira_base.mdb cannot be put in place"_s);
-}
-
-void Monde::LivrerBase() const {
-  Copier(livraison_ + u"/Velmira_base.mdb"_s, App() + u"/Velmira_base.mdb"_s);
-}
-
-void Monde::Ecrire(const QString &nom, const QStringList &lignes) const {
-  QByteArray octets;
-  for (const QString &ligne : lignes) octets += VersPageDeCode(ligne) + kFinDeLigne;
-  EcrireOctets(Chemin(nom), octets);
-}
-
-void Monde::CopierDepuisScenario(const QString &source, const QString &cible) const {
-  Copier(QDir(dossierScenario_).filePath(source), Chemin(cible));
-}
-
-void Monde::CreerDossier(const QString &nom) const {
-  Exiger(QDir().mkpath(Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
-}
-
-void Monde::RendreIllisible(const QString &nom) const {
-  QFile::remove(Chemin(nom));
-  Exiger(QFile::link(u"/proc/self/mem"_s, Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
-}
-
-void Monde::PoserTube(const QString &nom) const {
-  Exiger(mkfifo(QFile::encodeName(Chemin(nom)).constData(), S_IRUSR | S_IWUSR) == 0,
-         u"\"%1\" cannot be made"_s.arg(nom));
-}
-
-void Monde::FermerLAcces(const QString &nom) const {
-  QFile::remove(Chemin(nom));
-  Exiger(QFile::link(Chemin(nom), Chemin(nom)), u"\"%1\" cannot be made"_s.arg(nom));
-}
-
-void Monde::Effacer(const QString &nom) const {
-  QFile fichier(Chemin(nom));
-  Exiger(fichier.remove(), u"\"%1\" cannot be deleted: %2"_s.arg(nom, fichier.errorString()));
-}
-
-void Monde::AbimerBase() const {
-  QFile fichier(Base());
-  Exiger(fichier.open(QFile::ReadWrite), u"%1 cannot be written"_s.arg(Base()));
-  fichier.write(QByteArray(4096, 'x'));
-}
-
-QByteArray Monde::Octets(const QString &nom) const {
-  const auto octets = LireFichier(Chemin(nom));
-  const QDir dossier = QFileInfo(Chemin(nom)).dir();
-  Exiger(octets.has_value(),
-         u"file %1 expected, its folder holds %2"_s.arg(
-             nom, EnListe(dossier.entryList(QDir::AllEntries | QDir::NoDotAndDotDot))));
-  return *octets;
-}
-
-QStringList Monde::Lire(const QString &nom) const {
-  QByteArray octets = Octets(nom);
-  if (octets.isEmpty()) return {};
-  if (octets.endsWith(kFinDeLigne)) octets.chop(2);
-  return DepuisPageDeCode(octets).split(QLatin1StringView(kFinDeLigne));
-}
-
-void Monde::Ajouter(const QString &table, const QList<Mot> &champs) const {
-  Changer(Base(), table, u"INSERT INTO %1 (%2) VALUES (%3?)"_s, champs, std::nullopt);
-}
-
-void Monde::Modifier(const QString &table, Cle cle, const QList<Mot> &champs) const {
-  Changer(Base(), table, u"UPDATE %1 SET %2 WHERE \"%3\"=?"_s, champs, cle);
-}
-
-void Monde::Supprimer(const QString &table, Cle cle) const {
-  Changer(Base(), table, u"DELETE FROM %1 WHERE %2\"%3\"=?"_s, {}, cle);
-}
-
-qint64 Monde::Nombre(const QString &table) const {
-  return Avec(Base(), table, [](::Base &base, const TableLue &lue) {
-    Requete requete(base, u"SELECT count(*) FROM "_s + lue.sql);
-    return requete.Suivante() ? requete.Entier(0) : 0;
-  });
-}
-
-QString Monde::Champ(const QString &table, Cle cle, const QString &champ) const {
-  return Avec(Base(), table, [&](::Base &base, const TableLue &lue) {
-    Exiger(lue.champs.contains(champ), u"table %1: there is no %2"_s.arg(table, champ));
-    Requete requete(base,
-                    u"SELECT \"%1\" FROM %2 WHERE \"%3\"=?"_s.arg(champ, lue.sql, lue.champs[0]));
-    requete.Lier(cle);
-    Exiger(requete.Suivante(), u"table %1: row %2 expected, none found"_s.arg(table).arg(cle));
-    return requete.Nul(0) ? QString() : requete.Texte(0) + u""_s;
-  });
-}
-
-QStringList Monde::Colonne(const QString &table, const QString &champ) const {
-  return Avec(Base(), table, [&](::Base &base, const TableLue &lue) {
-    Exiger(lue.champs.contains(champ), u"table %1: there is no %2"_s.arg(table, champ));
-    QStringList valeurs;
-    Requete requete(base,
-                    u"SELECT \"%1\" FROM %2 ORDER BY \"%3\""_s.arg(champ, lue.sql, lue.champs[0]));
-    while (requete.Suivante()) valeurs.append(requete.Nul(0) ? u"nul"_s : requete.Texte(0));
-    return valeurs;
-  });
-}
-
-AutreEcrivain::AutreEcrivain(const QString &chemin, bool seul) {
-  base_.Ouvrir(chemin);
-  Requete(base_, seul ? u"BEGIN EXCLUSIVE"_s : u"BEGIN IMMEDIATE"_s).Executer();
+QList<Verbe> VerbesDuMonde() {
+  return {
+      {u"monde installe"_s, 0, 0, Installer},
+      {u"monde type"_s, 0, 0, InstallerType},
+      {u"monde fichier"_s, 1, kSansLimite, Ecrire},
+      {u"monde copie"_s, 2, 2,
+       [](S &s, const M &m) { Copier(AuRepos(s).ACote(m[0].texte), s.monde.Chemin(m[1].texte)); }},
+      {u"monde base"_s, 1, 1,
+       [](S &s, const M &m) {
+         Copier(AuRepos(s).ACote(m[0].texte), s.monde.Donnees() + u"/Velmira.mdb"_s);
+       }},
+      {u"monde nouvelle-base"_s, 0, 0,
+       [](S &s, const M &) {
+         Copier(Livre(u"Velmira_base.mdb"_s), AuRepos(s).App() + u"/Velmira_base.mdb"_s);
+       }},
+      SurChemins(u"monde dossier"_s, CreerDossiers),
+      SurChemins(u"monde illisible"_s, RendreIllisible),
+      SurChemins(u"monde tube"_s, PoserTube),
+      SurChemins(u"monde sans-acces"_s, FermerLAcces),
+      SurChemins(u"monde efface"_s, [](const QString &chemin) { return QFile::remove(chemin); }),
+      {u"fichier"_s, 2, kSansLimite, VerifierFichier},
+      {u"utilisateur"_s, 1, 1,
+       [](S &s, const M &m) {
+         AuRepos(s);
+         s.utilisateur = m[0].texte;
+       }},
+      {u"monde imprimante"_s, 0, kSansLimite,
+       [](S &s, const M &m) {
+         AuRepos(s);
+         s.imprimante.systeme = Textes(m, 0);
+       }},
+      {u"monde imprimante-muette"_s, 0, kSansLimite,
+       [](S &s, const M &m) { s.imprimante.muettes = Textes(m, 0); }},
+      {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = false; }},
+      {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = true; }},
+      {u"monde sans-programme"_s, 0, 1,
+       [](S &s, const M &m) {
+         if (const Monde &monde = AuRepos(s); m.isEmpty())
+           s.coquille.inerte = true;
+         else
+           s.coquille.absents.append(monde.Chemin(m[0].texte));
+       }},
+  };
 }

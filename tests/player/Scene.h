@@ -1,29 +1,47 @@
 #pragma once
-// What one scenario plays on: its world, what stands for the system, and the program.
 
 #include "app/Application.h"
 #include "app/Programme.h"
 #include "platform/linux/ClasseurSysteme.h"
+#include "player/Analyse.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
 #include "player/Mesures.h"
 #include "player/Monde.h"
+#include "storage/Base.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
+#include <QEventLoop>
 #include <QJsonObject>
+#include <QSet>
+#include <QTemporaryDir>
 
 #include <memory>
 #include <optional>
+#include <vector>
 
 /// Lets pending events through.
 void LaisserPasser();
 
+/// One scenario: its world, what stands for the system, the program, and its commands, which are
+/// played one at a time.
 class Scene {
  public:
-  Scene(Application &application, Monde monde, QString captures);
+  struct Options {
+    QString monde;      ///< folder in which the world is kept; a temporary one when empty
+    QString captures;   ///< folder of the pictures; none are made when empty
+    qint32 taille = 0;  ///< of the program at each start, in twips; 0 for what the world has
+  };
+
+  /// Throws `Echec` for a scenario that cannot be read.
+  Scene(Application &application, QString fichier, Options options);
   ~Scene();
   Scene(const Scene &) = delete;
   Scene &operator=(const Scene &) = delete;
+
+  /// Where and why it fails; nothing when it is ok.
+  std::optional<Echec> Jouer();
 
   /// Runs the start-up up to the main window shown. Where the launch is stopped the program has
   /// ended.
@@ -31,17 +49,18 @@ class Scene {
   /// Closes the program as its close box does.
   void Fermer();
   bool EnMarche() const { return programme_ != nullptr; }
-  /// Takes away a program that has closed itself. Not while one of its handlers runs.
-  void Liberer();
 
-  /// Throws `Echec` when the program has asked for what the scenario does not answer.
-  void VerifierFautes() const;
-  /// The same when it has told or started something that the scenario has not looked at.
+  /// Throws `Echec` when the program has told or started something that the scenario has not looked
+  /// at.
   void VerifierToutVu() const;
   void VerifierAucuneBoite() const;
-  /// What is left over at the end of a scenario is a failure.
-  void VerifierFin() const;
 
+ private:
+  const QString fichier_;
+  const Options options_;
+  QTemporaryDir temporaire_;
+
+ public:
   const Monde monde;
   Journal journal;
   BoitesScenario boites{journal, monde};
@@ -54,11 +73,10 @@ class Scene {
   ClasseurSysteme classeur;  ///< the real one: its files are read back
   Ecran ecran;
   QString utilisateur = QStringLiteral("Paul");
-  const QString captures;  ///< folder of the pictures, or empty
-  std::optional<AutreEcrivain> autreEcrivain;
+  std::unique_ptr<Base> autreEcrivain;  ///< another user's, who keeps the database to himself
 
-  qint32 taille = 0;  ///< of the program at each start, in twips; 0 for the one of the world
-  Mesures mesures;    ///< of the windows that pictures were asked of
+  const QString &Captures() const { return options_.captures; }
+  Mesures mesures;  ///< of the windows that pictures were asked of
 
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on
@@ -71,10 +89,43 @@ class Scene {
   ClasseurLu classeurLu;
 
  private:
-  void EcrireTaille() const;
+  /// Dialogs and menus that take the user's input.
+  using Prenantes = QSet<const QWidget *>;
+  static Prenantes PrenantesOuvertes();
+
+  /// A command that has not returned, with what was there when it began.
+  struct EnCours {
+    Prenantes ouvertes;
+    int attentes = 0;  ///< of the program, for something to happen
+  };
+
+  void Planifier();
+  void Pas();
+  bool PeutAvancer() const;
+  /// Whether it is a window that ends by itself: of a run, or of a long work, which shows on a slow
+  /// computer only.
+  bool VaPasser(const QWidget &prenante) const;
+  void ExecuterSuivante();
+  /// Throws `Echec` when the program has asked for what the scenario does not answer.
+  void VerifierFautes() const;
+  /// What is left over at the end of a scenario is a failure.
+  void VerifierFin() const;
+  void Terminer(const std::optional<Echec> &faute);
+  void FermerDialogues();
+  /// Takes away a program that has closed itself. Not while one of its handlers runs.
+  void Liberer();
 
   Application &application_;
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;
-  bool termine_ = false;
+  bool programmeTermine_ = false;
+
+  QList<Commande> commandes_;
+  qsizetype suivante_ = 0;
+  std::vector<EnCours> pile_;
+  QElapsedTimer depuis_;  ///< since the last command began, or the end
+  bool terminee_ = false;
+  std::optional<Echec> faute_;
+  QObject contexte_;  ///< of the timers
+  QEventLoop boucle_;
 };

@@ -1,3 +1,5 @@
+// The verbs of what the program tells the system, and what it is answered.
+
 #include "envelope/FrmVueAV.h"
 #include "player/Echec.h"
 #include "player/Verbes.h"
@@ -42,49 +44,33 @@ void VerifierBoite(Scene &scene, const Mots &mots) {
   ExigerListe(u"box"_s, attendus, trouves);
 }
 
+/// Queues answers for the boxes to come.
+void Prevoir(Scene &scene, const Mots &mots) {
+  for (const Mot &mot : mots) {
+    const bool bouton = mot.Est(u"oui") || mot.Est(u"non") || mot.Est(u"annuler") || mot.Est(u"ok");
+    scene.journal.reponses.push_back({mot.texte, !bouton});
+  }
+}
+
+void Aller(Scene &scene, const QDate &jour, const QTime &heure) {
+  Exiger(jour.isValid() && heure.isValid(), u"a day dd/mm/yyyy or a time hh:mm expected"_s);
+  scene.horloge.Aller({jour, heure});
+}
+
+void PendantPause(Scene &scene, const Mots &mots) {
+  scene.horloge.PendantPause([&scene, commande = Commande{0, {}, mots[0].texte, mots.sliced(1)}] {
+    try {
+      Executer(scene, commande);
+    } catch (const Echec &echec) {
+      scene.journal.fautes.append(echec.texte);
+    }
+  });
+}
+
 void VerifierDemarrage(Scene &scene, const Mots &mots) {
   const bool trouve = QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte));
   ExigerEgal(u"\"%1\" in the start list"_s.arg(mots[0].texte), mots[1].texte,
              trouve ? u"present"_s : u"absent"_s);
-}
-
-/// `Field "value"` or `Field=value`, any number of them.
-void VerifierChamps(Scene &scene, const Mots &mots) {
-  for (qsizetype i = 2; i < mots.size(); ++i) {
-    const Mot &mot = mots[i];
-    const bool egal = mot.egal > 0;
-    Exiger(egal || i + 1 < mots.size(), u"a value of %1 expected"_s.arg(mot.texte));
-    const QString nom = egal ? mot.texte.left(mot.egal) : mot.texte;
-    QString attendu = egal ? mot.texte.mid(mot.egal + 1) : mots[++i].texte;
-    const QString trouve = scene.monde.Champ(mots[0].texte, Nombre(mots[1]), nom);
-    if (egal && !mot.cite && attendu == u"nul"_s)
-      attendu = trouve.isNull() ? u""_s : u"nul"_s;
-    else if (attendu == u"vrai"_s || attendu == u"faux"_s)
-      attendu = attendu == u"vrai"_s ? u"1"_s : u"0"_s;
-    ExigerEgal(nom, attendu, trouve);
-  }
-}
-
-void VerifierFichier(Scene &scene, const Mots &mots) {
-  const QString &nom = mots[0].texte;
-  const Mot &quoi = mots[1];
-  const QStringList noms = Textes(mots.first(mots.size() - 1), 0);
-  if (mots.constLast().Est(u"absent")) {
-    for (const QString &absent : noms)
-      Exiger(!QFileInfo::exists(scene.monde.Chemin(absent)), u"no file %1 expected"_s.arg(absent));
-  } else if (mots.constLast().Est(u"present")) {
-    for (const QString &present : noms) scene.monde.Octets(present);
-  } else if (quoi.Est(u"egal") && mots.size() == 3) {
-    Exiger(scene.monde.Octets(nom) == scene.monde.Octets(mots[2].texte),
-           u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
-  } else if (quoi.Est(u"lignes")) {
-    ExigerListe(nom, Textes(mots, 2), scene.monde.Lire(nom));
-  } else if (quoi.Est(u"ligne") && mots.size() == 4) {
-    ExigerEgal(u"line %1 of %2"_s.arg(mots[2].texte, nom), mots[3].texte,
-               scene.monde.Lire(nom).value(Nombre(mots[2]) - 1, u"no line"_s));
-  } else {
-    throw Echec{u"fichier: what is meant by %1?"_s.arg(quoi.texte)};
-  }
 }
 
 void CompterPages(Scene &scene, int nombre) {
@@ -138,7 +124,7 @@ void ExigerLigne(const Lignes &lignes, const Mots &mots, Convient convient, Dire
 void VerifierPlace(const Lignes &lignes, const Mots &mots) {
   // With room for what a number loses on its way to text.
   const auto estEn = [](const Mot &attendu, Millimetres trouve) {
-    return attendu.Joker() || std::abs(NombreDecimal(attendu) - trouve.valeur) <= 0.1 + 1e-9;
+    return attendu.Joker() || std::abs(Nombre(attendu) - trouve.valeur) <= 0.1 + 1e-9;
   };
   ExigerLigne(
       lignes, mots,
@@ -151,8 +137,7 @@ void VerifierPlace(const Lignes &lignes, const Mots &mots) {
 void VerifierPolice(const Lignes &lignes, const Mots &mots) {
   const auto convient = [&](const LigneImprimee &ligne) {
     const Police &police = ligne.police;
-    bool bien =
-        police.nom == mots[1].texte && std::abs(police.points - NombreDecimal(mots[2])) < 0.05;
+    bool bien = police.nom == mots[1].texte && std::abs(police.points - Nombre(mots[2])) < 0.05;
     for (const Mot &style : mots.sliced(3))
       bien &= style.Est(u"gras")       ? police.gras
               : style.Est(u"souligne") ? police.souligne
@@ -247,6 +232,25 @@ Verbe Lancement(const QString &nom, std::deque<QString> Journal::*traces) {
 
 QList<Verbe> VerbesDesTraces() {
   const QList<Verbe> verbes{
+      {u"jour"_s, 1, 1,
+       [](S &s, const M &m) {
+         Aller(s, QDate::fromString(m[0].texte, u"dd/MM/yyyy"_s), s.horloge.Maintenant().time());
+       }},
+      {u"heure"_s, 1, 1,
+       [](S &s, const M &m) {
+         Aller(s, s.horloge.Maintenant().date(), QTime::fromString(m[0].texte, u"hh:mm"_s));
+       }},
+      {u"attendre"_s, 1, 1,
+       [](S &s, const M &m) {
+         s.horloge.Avancer(std::chrono::milliseconds(qRound(Nombre(m[0]))));
+       }},
+      {u"pendant-pause"_s, 1, kSansLimite, PendantPause},
+      {u"modem"_s, 1, 1,
+       [](S &s, const M &m) {
+         s.port.branche = true;
+         if (!m[0].Est(u"ouvert")) s.journal.reponsesModem.push_back(m[0].texte.toLatin1());
+       }},
+      {u"reponse"_s, 1, kSansLimite, Prevoir},
       {u"boite"_s, 3, 5, VerifierBoite},
       {u"boites"_s, 1, kSansLimite,
        [](S &s, const M &m) {
@@ -273,27 +277,10 @@ QList<Verbe> VerbesDesTraces() {
          ExigerEgal(u"sent"_s, m[0].texte,
                     QString::fromLatin1(std::exchange(s.journal.envoyes, {})));
        }},
-      {u"lignes"_s, 2, 2,
-       [](S &s, const M &m) {
-         ExigerEgal(u"rows of "_s + m[0].texte, m[1].texte,
-                    QString::number(s.monde.Nombre(m[0].texte)));
-       }},
-      {u"champ"_s, 3, kSansLimite, VerifierChamps},
-      {u"colonne"_s, 2, kSansLimite,
-       [](S &s, const M &m) {
-         ExigerListe(m[0].texte + u'.' + m[1].texte, Textes(m, 2),
-                     s.monde.Colonne(m[0].texte, m[1].texte));
-       }},
-      {u"nul"_s, 3, 3,
-       [](S &s, const M &m) {
-         Exiger(s.monde.Champ(m[0].texte, Nombre(m[1]), m[2].texte).isNull(),
-                u"%1: nul expected"_s.arg(m[2].texte));
-       }},
-      {u"fichier"_s, 2, kSansLimite, VerifierFichier},
-      {u"pages"_s, 1, 1, [](S &s, const M &m) { CompterPages(s, Nombre(m[0])); }},
+      {u"pages"_s, 1, 1, [](S &s, const M &m) { CompterPages(s, qRound(Nombre(m[0]))); }},
       {u"page"_s, 1, 1,
        [](S &s, const M &m) {
-         s.page = Nombre(m[0]) - 1;
+         s.page = qRound(Nombre(m[0])) - 1;
          Page(s);
        }},
       {u"page imprimante"_s, 1, 1,

@@ -6,8 +6,6 @@
 
 #include <functional>
 
-using Mots = QList<Mot>;
-
 struct Verbe {
   QString nom;  ///< with the second word, where that is what tells the verb
   qsizetype minimum, maximum;
@@ -18,15 +16,15 @@ struct Verbe {
 
 constexpr qsizetype kSansLimite = 1000;
 
-QList<Verbe> VerbesDuMonde();
+QList<Verbe> VerbesDuMonde();       ///< before the start; files
+QList<Verbe> VerbesDesRangees();    ///< of the database
 QList<Verbe> VerbesDesGestes();     ///< acts of the user
 QList<Verbe> VerbesDesControles();  ///< checks of windows and controls
-QList<Verbe> VerbesDesTraces();     ///< checks of boxes, rows, files, pages, workbooks
+QList<Verbe> VerbesDesTraces();     ///< boxes, clock, desktop, pages, workbooks
 
 /// Runs a command. Throws `Echec`, for an unknown verb too, and `Reessayer`.
 void Executer(Scene &scene, const Commande &commande);
 
 /// A word as a number. Throws `Echec`.
-int Nombre(const Mot &mot);
-double NombreDecimal(const Mot &mot);
+double Nombre(const Mot &mot);
 QStringList Textes(const Mots &mots, qsizetype premier);

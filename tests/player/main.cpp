@@ -1,9 +1,10 @@
 // Plays scenarios: text files that drive the program by its controls.
 
-#include "player/Joueur.h"
+#include "player/Scene.h"
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
 
+#include <QApplication>
 #include <QCommandLineParser>
 #include <QLibraryInfo>
 #include <QPalette>
@@ -40,16 +41,26 @@ void PreparerApparence(bool sombre) {
   PreparerIcones();
 }
 
+std::optional<Echec> Jouer(Application &application, const QString &fichier,
+                           const Scene::Options &options, Mesures &mesures) {
+  try {
+    Scene scene(application, fichier, options);
+    const auto faute = scene.Jouer();
+    mesures = scene.mesures;
+    return faute;
+  } catch (const Echec &echec) {
+    return echec;
+  }
+}
+
 /// Twice, at the size as designed and at the largest one: all of the windows is to have grown.
-std::optional<Joueur::Faute> JouerAEchelle(Application &application, const QString &fichier) {
-  Joueur dessin(application, fichier, {{}, {}, kTailleDessin});
-  if (auto faute = dessin.Jouer()) return faute;
-  Joueur agrandie(application, fichier, {{}, {}, kTailleMax});
-  if (auto faute = agrandie.Jouer()) return faute;
-  const QStringList fautes =
-      MalAEchelle(dessin.LesMesures(), agrandie.LesMesures(), Echelle(kTailleMax));
+std::optional<Echec> JouerAEchelle(Application &application, const QString &fichier) {
+  Mesures dessin, agrandie;
+  if (auto faute = Jouer(application, fichier, {{}, {}, kTailleDessin}, dessin)) return faute;
+  if (auto faute = Jouer(application, fichier, {{}, {}, kTailleMax}, agrandie)) return faute;
+  const QStringList fautes = MalAEchelle(dessin, agrandie, Echelle(kTailleMax));
   if (fautes.isEmpty()) return std::nullopt;
-  return Joueur::Faute{0, u"not at scale\n    "_s + fautes.join(u"\n    "_s)};
+  return Echec{u"not at scale\n    "_s + fautes.join(u"\n    "_s)};
 }
 
 }  // namespace
@@ -81,9 +92,10 @@ int main(int argc, char *argv[]) {
 
   int echecs = 0;
   const auto jouer = [&](const QString &fichier) {
+    Mesures mesures;
     return arguments.isSet(u"echelle"_s)
                ? JouerAEchelle(application, fichier)
-               : Joueur(application, fichier, {monde, arguments.value(u"captures"_s), 0}).Jouer();
+               : Jouer(application, fichier, {monde, arguments.value(u"captures"_s)}, mesures);
   };
   for (const QString &fichier : fichiers) {
     if (const auto faute = jouer(fichier)) {
