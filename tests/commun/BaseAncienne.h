@@ -28,8 +28,6 @@ class FichierNu {
     connexion_ = QSqlDatabase();
     QSqlDatabase::removeDatabase(QStringLiteral("nu"));
   }
-  FichierNu(const FichierNu &) = delete;
-  FichierNu &operator=(const FichierNu &) = delete;
 
   /// Gives the rows, their fields joined by "|"; null is "nul".
   QStringList Executer(const QString &texte, const QVariantList &valeurs = {}) {
@@ -47,9 +45,6 @@ class FichierNu {
       lignes.append(champs.join(u'|'));
     }
     return lignes;
-  }
-  QStringList Table(const char16_t *nom) {
-    return Executer(QStringLiteral("SELECT * FROM ") + Entre(nom));
   }
 
  private:

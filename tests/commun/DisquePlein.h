@@ -7,19 +7,13 @@
 class DisquePlein {
  public:
   explicit DisquePlein(rlim_t octets) {
-    ancien_ = ::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &limite_);
-    const rlimit courte{octets, limite_.rlim_max};
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &avant_);
+    const rlimit courte{octets, avant_.rlim_max};
     ::setrlimit(RLIMIT_FSIZE, &courte);
   }
-  ~DisquePlein() {
-    ::setrlimit(RLIMIT_FSIZE, &limite_);
-    ::signal(SIGXFSZ, ancien_);
-  }
-  DisquePlein(const DisquePlein &) = delete;
-  DisquePlein &operator=(const DisquePlein &) = delete;
+  ~DisquePlein() { ::setrlimit(RLIMIT_FSIZE, &avant_); }
 
  private:
-  rlimit limite_{};
-  void (*ancien_)(int) = nullptr;
+  rlimit avant_{};
 };

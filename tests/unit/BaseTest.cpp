@@ -28,24 +28,18 @@ Correspondant Nomme(const QString &nom) {
 
 }  // namespace
 
-// Statements on a new base, or the bytes of a file; the words for it.
+// What another program has made of a base; the words for it.
 TEST_F(Bases, Refusees) {
   Cas(R"(
-    PRAGMA application_id=0                          | pas une base de données de Velmira
-    PRAGMA user_version=2                            | version plus récente
-    DROP TABLE ListeAlerte                           | endommagé
-    ALTER TABLE Adresse DROP COLUMN DataProt         | endommagé
-    ALTER TABLE Alerte RENAME COLUMN Disponible TO D | endommagé
+    PRAGMA application_id=0                  | pas une base de données de Velmira
+    PRAGMA user_version=2                    | version plus récente
+    DROP TABLE ListeAlerte                   | endommagé
+    ALTER TABLE Adresse DROP COLUMN DataProt | endommagé
     DROP TABLE Ville;CREATE VIEW Ville AS SELECT 1 [Index],2 CodePostal,3 Ville,4 Liens | endommagé
-    =Ceci n'est pas une base.                        | pas une base de données de Velmira
-    =                                                | pas une base de données de Velmira
   )",
       [this](Rangee c) {
         CreerBase(u"a"_s);
-        if (c[0].startsWith(u'='))
-          Poser(u"a"_s, c[0].mid(1).toLatin1());
-        else
-          for (const QString &texte : c[0].split(u';')) Sql(u"a"_s, texte);
+        for (const QString &texte : c[0].split(u';')) Sql(u"a"_s, texte);
         const QByteArray avant = Octets(u"a"_s);
         const QString mots = Echec([&] { base.Ouvrir(Chemin(u"a"_s)); });
         EXPECT_TRUE(mots.contains(c[1]) && mots.contains(Chemin(u"a"_s))) << mots.toStdString();
@@ -55,22 +49,12 @@ TEST_F(Bases, Refusees) {
   EXPECT_TRUE(!base.Ouverte() && !Existe(u"absente"_s) && base.Changements() == 0);
   EXPECT_NE(Echec([&] { TableAdresse(base).Nombre(); }), u""_s);
   EXPECT_TRUE(Echec([&] { base.Ouvrir(Chemin()); }).contains(u"pas un fichier"_s));
-}
-
-TEST(Moteur, PhraseDeChaquePanne) {
-  Cas(R"(
-    5 | l'occupe | Attendez || 6 | l'occupe | Attendez || 13 | plus de place | Libérez
-    8 | protégé en écriture | droits || 11 | endommagé | copie de sauvegarde || 7 | imprévue | Recomm
-    26 | pas une base de données | Remettez || 778 | le disque ou le réseau | Vérifiez le disque
-    3 | accessible | Vérifiez vos droits || 14 | accessible | droits || 19 | n'admet pas | Corrigez
-  )",
+  Cas(R"(5 | l'occupe || 6 | l'occupe || 8 | protégé || 3 | accessible || 14 | accessible
+         23 | accessible || 778 | le disque || 11 | endommagé || 7 | imprévue)",
       [](Rangee c) {
         const QSqlError panne(u"pilote"_s, u"moteur"_s, QSqlError::UnknownError, c[0]);
-        const QString mots = ErreurMoteur(panne, u"/d/a.mdb"_s).Texte();
-        EXPECT_TRUE(mots.contains(c[1]) && mots.contains(c[2]) &&
-                    mots.contains(u"« /d/a.mdb »"_s) &&
-                    mots.endsWith(u"\n\nDétail technique : moteur (%1)"_s.arg(c[0])))
-            << mots.toStdString();
+        const QString mots = ErreurMoteur(panne, u"a.mdb"_s).Texte();
+        EXPECT_TRUE(mots.contains(c[1]) && mots.endsWith(u"moteur (%1)"_s.arg(c[0])));
       });
 }
 
@@ -119,17 +103,12 @@ TEST_F(Bases, Plusieurs) {
   EXPECT_NE(base.Changements(), avant);
   { const Transaction abandonnee(autre); }
   EXPECT_EQ(AjouterLigne(base, Nomme(u"Luc"_s)), 4) << "no lock is left";
-  // Where two have changed one field to two things, long texts are shown where they part.
-  Correspondant montree = Nomme(u"Albert"_s), saisie = montree, stockee = montree;
-  saisie.Ville = stockee.Ville = stockee.Tel = saisie.Fax = u"Lyon"_s;
-  stockee.Photo = u""_s;
-  saisie.Commentaires = QString(500, u'n') + u"la mienne"_s;
-  stockee.Commentaires = QString(500, u'n') + u"la sienne"_s;
-  const auto conflits = Comparer(montree, saisie, stockee).conflits;
-  EXPECT_EQ(conflits, Seulement(&Correspondant::Commentaires));
-  const QString texte = TexteConflit(ChampsEnConflit(conflits, saisie, stockee, {}));
-  EXPECT_TRUE(texte.contains(u"vous : « ..."_s + QString(37, u'n') + u"la mienne »"_s) &&
-              texte.contains(u"nnla sienne »"_s));
+  // Of long texts the place is shown where they part.
+  const QString debut(500, u'n'), fin(115, u'z');
+  const QString texte = TexteConflit({{u"Notes"_s, debut + u"la mienne"_s + fin, debut + u"m"_s}});
+  EXPECT_TRUE(
+      texte.contains(u"« ..."_s + debut.left(40) + u"la mienne"_s + fin.left(111) + u"... »"_s) &&
+      texte.contains(u"nm »"_s));
 }
 
 // What runs that died have left goes after a day, a workbook after thirty; nothing else does.
@@ -137,10 +116,10 @@ TEST_F(Bases, RestesBalayes) {
   const QStringList partent{u"app/Plomex.ini.aBcDeF"_s, u"app/.velmira-0123456789abc"_s,
                             u"d/.velmira-0123456789abc"_s, u"tmp/Velmira-aZbYcX/copie.mdb"_s,
                             u"d/Velmira.mdb-mj0123AB9CD"_s};
-  const QStringList restent{u"app/Plomex.ini.backup"_s,     u"app/Plomex.ini.BackUp"_s,
-                            u"d/Velmira.mdb.aBcDeF"_s,      u"d/.velmira-notes"_s,
-                            u"tmp/Velmira-dWeVfU/x.mdb"_s,  u"C/gHiJkL/Velmira.xlsx"_s,
-                            u"d/Velmira.mdb-mj0123AB9CE"_s, u"d/Velmira.mdb-mj0123AB9CF"_s};
+  const QStringList restent{u"app/Plomex.ini.BackUp"_s,     u"d/Velmira.mdb.aBcDeF"_s,
+                            u"d/.velmira-notes"_s,          u"tmp/Velmira-dWeVfU/x.mdb"_s,
+                            u"d/Velmira.mdb-mj0123AB9CE"_s, u"d/Velmira.mdb-mj0123AB9CF"_s,
+                            u"C/gHiJkL/Velmira.xlsx"_s};
   const QString rendu = u"C/aBcDeF/Velmira.xlsx"_s;
   for (const QString &nom : partent + restent + QStringList{rendu}) Poser(nom, "reste");
   QFile::setPermissions(Chemin(rendu), QFile::ReadOwner);  // the other is its user's own by now
@@ -151,7 +130,7 @@ TEST_F(Bases, RestesBalayes) {
     return Chemin().toUtf8() + '/' + lieu + "/Velmira.mdb-journal" + '\0';
   };
   Poser(partent[4], journal("d") + journal("p"));
-  Poser(restent[6], journal("d") + journal("ailleurs"));
+  Poser(restent[4], journal("d") + journal("ailleurs"));
   qputenv("TMPDIR", Chemin(u"tmp"_s).toUtf8());
   for (const int jours : {0, 2, 29, 31}) {
     BalayerRestes({Chemin(u"app"_s), Chemin(u"d"_s), Chemin(u"d"_s), {}, Chemin(u"C"_s)},

@@ -1,4 +1,4 @@
-// Files: what is replaced, the settings, the default sender, the application folder, the lists.
+// Files: what is replaced, the settings, the default sender, the application folder.
 
 #include "Outils.h"
 #include "envelope/ExpediteurDefaut.h"
@@ -7,20 +7,7 @@
 #include "storage/DossierApplication.h"
 #include "storage/Reglages.h"
 
-#include <QRegularExpression>
-
-namespace {
-
-class Fichiers : public DansUnDossier {
- protected:
-  Reglages Lire() const {
-    Reglages r;
-    LireReglages(Chemin(), r);
-    return r;
-  }
-};
-
-}  // namespace
+using Fichiers = DansUnDossier;
 
 TEST_F(Fichiers, ToutOuRien) {
   const QByteArray grand(9000, 'b');
@@ -46,22 +33,19 @@ TEST_F(Fichiers, ToutOuRien) {
 }
 
 TEST_F(Fichiers, Reglages) {
-  const QByteArray autres =
-      "; \351crit\r\n[Autre]\r\nTailleA = 99\r\n[Defaut]\r\n Inconnue = x \r\n";
-  Poser(u"Plomex.ini"_s, autres +
-                             "Orientation=2\r\nTailleA=11\r\nGrasA=4\r\nMargeMAX=-16\r\n"
-                             "MargeMEX= -5 \r\nAdresse=True\r\nTailleE=8.6\r\nPoliceA=" +
-                             QByteArray(50, 'p') + "\r\nImprimante=" + QByteArray(50, 'i'));
-  ::Reglages r = Lire();
-  EXPECT_EQ(r.plomex.PoliceA.size() * 100 + r.plomex.Imprimante.size(), 2939) << "cut";
-  EcrireReglages(Chemin(), r.plomex);
-  EXPECT_TRUE(Octets(u"Plomex.ini"_s).startsWith(autres)) << "what is no key of ours stays";
+  Poser(u"Plomex.ini"_s,
+        "[Defaut]\r\nOrientation=2\r\nTailleA=11\r\nGrasA=4\r\nMargeMAX=-16\r\nMargeMEX= -5 \r\n"
+        "Adresse=True\r\nTailleE=8.6\r\nPoliceA=" +
+            QByteArray(50, 'p') + "\r\nImprimante=" + QByteArray(50, 'i'));
+  ::Reglages r;
+  LireReglages(Chemin(), r);
+  const ReglagesPlomex &p = r.plomex;
+  EXPECT_EQ(p.PoliceA.size() * 100 + p.Imprimante.size(), 2939) << "cut";
   // What makes no sense leaves the old value.
   Poser(u"Plomex.ini"_s,
         "[Defaut]\r\nOrientation=256\r\nTailleA=32768\r\nGrasA=\r\nMargeMAX=nan\r\n"
         "Adresse=peut-etre\r\nTelephone=-1\r\nIcoMenu=VRAI\r\nEnveloppe=0\r\n");
   LireReglages(Chemin(), r);
-  const ReglagesPlomex &p = r.plomex;
   EXPECT_EQ(std::tuple(int(p.Orientation), p.TailleA, p.TailleE, p.GrasA.Nombre(),
                        p.MargeMAX.valeur, p.MargeMEX.valeur),
             std::tuple(2, 11, 9, 4, -16, -5));
@@ -69,13 +53,14 @@ TEST_F(Fichiers, Reglages) {
   // Settings of one line: what is read, and what is written back.
   Cas(R"(
     1,2,3,"Zoé, €",4,5000,6,7,8,9,10,-11,12,13¶ | 1,2,3,"Zoé, €",4,5000,6,7,8,9,10,-11,12,13¶
-    10,20,30,"P",2,8000,1,1,2¶                  | 10,20,30,"P",2,8000,1,1,2,0,1,0,0,0¶
     40000,x,70,"P",300,99999999999,1,-1,2¶      | 225,150,70,"P",1,9000,1,0,2,0,1,0,0,0¶
     1,1,1,"",1,1,0¶ | 1,1,1,"",1,9000,0,0,0,0,1,0,0,0¶ || 1,1,1,"",1,2¶ | 1,1,1,"",1,2,0,0,0,0,1,0,0,0¶
   )",
       [this](Rangee c) {
         Poser(u"RTColor.ini"_s, VersPageDeCode(c[0]));
-        EcrireRTColor(Chemin(), Lire().rtcolor);
+        ::Reglages lus;
+        LireReglages(Chemin(), lus);
+        EcrireRTColor(Chemin(), lus.rtcolor);
         return DepuisPageDeCode(Octets(u"RTColor.ini"_s));
       });
 }
@@ -139,24 +124,4 @@ TEST_F(Fichiers, DossierDApplication) {
   EXPECT_EQ(Octets(u"h/guide/images/x.png"_s), "touchée") << "not copied at each start";
   Poser(u"bin/Velmira.portable"_s, "");
   EXPECT_EQ(trouver(), Chemin(u"bin"_s));
-}
-
-// The delivered lists: the form of each line, in the code page that the program reads them in.
-TEST(Donnees, FormeDesListes) {
-  Cas(R"(
-    CdPostal.txt | 36000 | [0-9]{5}··[A-Z]+(·[A-Z]+)*
-    Civilite.txt | 10    | \S(.*\S)?
-    Saints.txt   | 365   | "[0-3]\d[01]\d","St\(e\) \p{Lu}\p{Ll}+(-\p{L}\p{Ll}*)*(·-·St\(e\)·[^ÃÂ]+)*"
-    Alerte.txt   | 20    | [^Ã]{0,79}
-  )",
-      [](Rangee c) {
-        QFile fichier(QStringLiteral(VELMIRA_DATA "/") + c[0]);
-        ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
-        QStringList lignes = DepuisPageDeCode(fichier.readAll()).split(u"\r\n"_s);
-        EXPECT_TRUE(lignes.takeLast().isEmpty() && lignes.size() > c[1].toInt());
-        const QRegularExpression forme(QRegularExpression::anchoredPattern(c[2]));
-        for (const QString &ligne : lignes)
-          ASSERT_TRUE(forme.match(ligne).hasMatch()) << ligne.toStdString();
-        EXPECT_TRUE(lignes.removeDuplicates() == 0 || c[0] == u"Alerte.txt"_s);
-      });
 }
