@@ -4,12 +4,12 @@
 #include "storage/Lignes.h"
 #include "storage/Schema.h"
 
+#include <QFile>
 #include <QMap>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
-#include <QVariant>
 
 #include <stdexcept>
 
@@ -30,17 +30,14 @@ class FichierNu {
   }
 
   /// Gives the rows, their fields joined by "|"; null is "nul".
-  QStringList Executer(const QString &texte, const QVariantList &valeurs = {}) {
+  QStringList Executer(const QString &texte) {
     QSqlQuery requete(connexion_);
-    requete.prepare(texte);
-    for (const QVariant &valeur : valeurs) requete.addBindValue(valeur);
-    if (!requete.exec())
+    if (!requete.exec(texte))
       throw std::runtime_error((texte + requete.lastError().text()).toStdString());
-    const int colonnes = requete.isSelect() ? static_cast<int>(requete.record().count()) : 0;
     QStringList lignes;
-    while (colonnes > 0 && requete.next()) {
+    while (requete.next()) {
       QStringList champs;
-      for (int i = 0; i < colonnes; ++i)
+      for (int i = 0; i < requete.record().count(); ++i)
         champs.append(requete.isNull(i) ? QStringLiteral("nul") : requete.value(i).toString());
       lignes.append(champs.join(u'|'));
     }
@@ -54,11 +51,12 @@ class FichierNu {
 /// Makes the six tables without mark or version; `colonnes` tells how many columns a table has, 0
 /// for no such table, where it is fewer than today.
 inline void CreerBaseAncienne(const QString &chemin, const QMap<QString, int> &colonnes = {}) {
+  QFile::remove(chemin);
   FichierNu fichier(chemin);
   PourChaqueTable([&]<typename L>(Table<L> table) {
     QStringList noms = ListeColonnes(table).split(QStringLiteral(", "));
     const QString nom = QString::fromUtf16(Table<L>::nom);
-    noms = noms.mid(0, colonnes.value(nom, static_cast<int>(noms.size())));
+    noms = noms.mid(0, colonnes.value(nom, -1));
     if (noms.isEmpty()) return;
     noms.first() += QStringLiteral(" INTEGER PRIMARY KEY");
     fichier.Executer(QStringLiteral("CREATE TABLE [%1] (%2)").arg(nom, noms.join(u", ")));

@@ -110,7 +110,7 @@ class MiseAJour : public testing::Test {
     EXPECT_EQ(QDir(Monde({})).entryList(QDir::Files), QStringList({kAncienne, kBase}));
     EXPECT_EQ(LireFichier(Monde(u"app/Alarme.ini"_s)), QByteArray("1,0,2\r\n"));
     FichierNu fichier(Monde(kBase));
-    fichier.Executer(u"ATTACH ? AS juste"_s, {dossier_.filePath(u"juste.mdb"_s)});
+    fichier.Executer(u"ATTACH '%1' AS juste"_s.arg(dossier_.filePath(u"juste.mdb"_s)));
     const QString moins = u"SELECT * FROM %1.%3 EXCEPT SELECT * FROM %2.%3"_s;
     PourChaqueTable([&](auto table) {
       for (const QString &ordre : {moins.arg(u"main", u"juste"), moins.arg(u"juste", u"main")})

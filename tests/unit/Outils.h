@@ -7,11 +7,9 @@
 #include "storage/Tables.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -23,22 +21,20 @@ inline void PrintTo(const QString &texte, std::ostream *flux) {
 }
 
 /// Calls `regle` with the cells of each row of a table; what it gives is the last cell. A row is a
-/// line, or ends at "||"; its cells stand between "|". "·" is a blank, "¶" CR LF, "↵" LF, "∅" null.
+/// line, or ends at "||"; its cells stand between "|". "·" is a blank, "¶" CR LF, "↵" LF.
 template <typename Regle>
 void Cas(const char *tableau, Regle &&regle) {
   for (const QString &ligne : QString::fromUtf8(tableau).replace(u"||"_s, u"\n"_s).split(u'\n')) {
     if (ligne.trimmed().isEmpty()) continue;
     SCOPED_TRACE(ligne.toStdString());
     QStringList cellules;
-    for (const QString &brute : ligne.split(u'|')) {
-      QString cellule = brute.trimmed();
-      cellule.replace(u'·', u' ').replace(u"¶"_s, u"\r\n"_s).replace(u'↵', u'\n');
-      cellules.append(cellule == u"∅"_s ? QString() : cellule);
-    }
+    for (const QString &cellule : ligne.split(u'|'))
+      cellules.append(
+          cellule.trimmed().replace(u'·', u' ').replace(u"¶"_s, u"\r\n"_s).replace(u'↵', u'\n'));
     if constexpr (std::is_void_v<decltype(regle(cellules))>)
-      regle(std::as_const(cellules));
+      regle(cellules);
     else
-      EXPECT_EQ(QString(regle(std::as_const(cellules))), cellules.constLast());
+      EXPECT_EQ(QString(regle(cellules)), cellules.constLast());
   }
 }
 
@@ -74,11 +70,11 @@ class DansUnDossier : public testing::Test {
   }
   /// A database of ours with a correspondent for each name.
   void CreerBase(const QString &nom, const QStringList &velmiras = {}) const {
-    static const QTemporaryDir modele;
-    static const bool vide = (CreerBaseVide(modele.filePath(u"vide"_s)), true);
-    QFile octets(modele.filePath(u"vide"_s));
-    ASSERT_TRUE(vide && octets.open(QIODevice::ReadOnly));
-    Poser(nom, octets.readAll());
+    static const QByteArray vide = [this] {
+      CreerBaseVide(Chemin(u"vide"_s));
+      return Octets(u"vide"_s);
+    }();
+    Poser(nom, vide);
     for (const QString &velmira : velmiras)
       Sql(nom, u"INSERT INTO Adresse (NomVelmira) VALUES ('%1')"_s.arg(velmira));
   }
@@ -91,17 +87,18 @@ class DansUnDossier : public testing::Test {
   }
   /// Another program is killed in the middle of a writing, with pages of it already in the file.
   void TuerUnEcrivain(const QString &nom) const {
-    if (const pid_t enfant = ::fork(); enfant != 0) {
-      ASSERT_EQ(::waitpid(enfant, nullptr, 0), enfant);
-      ASSERT_TRUE(Existe(nom + u"-journal"_s));
-      return;
+    const pid_t enfant = ::fork();
+    if (enfant == 0) {
+      FichierNu fichier(Chemin(nom));
+      for (const QString &texte :
+           {u"PRAGMA cache_size=5"_s, u"BEGIN"_s,
+            u"WITH s(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM s WHERE i<300) "
+            "INSERT INTO Adresse (Ligne1) SELECT zeroblob(500) FROM s"_s})
+        fichier.Executer(texte);
+      ::kill(::getpid(), SIGKILL);
     }
-    FichierNu fichier(Chemin(nom));
-    fichier.Executer(u"PRAGMA cache_size=5"_s);
-    fichier.Executer(u"BEGIN"_s);
-    for (int i = 0; i < 300; ++i)
-      fichier.Executer(u"INSERT INTO Adresse (Ligne1) VALUES (zeroblob(500))"_s);
-    ::kill(::getpid(), SIGKILL);
+    ASSERT_EQ(::waitpid(enfant, nullptr, 0), enfant);
+    ASSERT_TRUE(Existe(nom + u"-journal"_s));
   }
 
  private:

@@ -4,8 +4,6 @@
 #include "envelope/FormatsEnveloppe.h"
 #include "envelope/MiseEnPage.h"
 
-namespace {
-
 /// Width by the number of characters, wider and taller in bold: 2 mm and 4 mm at 10 points.
 class MesureFeinte : public MesureTexte {
  public:
@@ -18,7 +16,8 @@ class MesureFeinte : public MesureTexte {
 };
 
 /// "x,y" of each line on a page, "G" where it is bold.
-QString Places(const ReglagesPlomex &p, const EtatEnveloppe &e, const ContenuEnveloppe &contenu) {
+static QString Places(const ReglagesPlomex &p, const EtatEnveloppe &e,
+                      const ContenuEnveloppe &contenu) {
   const auto dixiemes = [](Millimetres l) {
     return QString::number(std::round(l.valeur * 10) / 10 + 0.0);
   };
@@ -28,80 +27,56 @@ QString Places(const ReglagesPlomex &p, const EtatEnveloppe &e, const ContenuEnv
   return places.join(u' ');
 }
 
-ReglagesPlomex Ordinaires() {
-  ReglagesPlomex p;
-  p.Orientation = OrientationFeuille::Portrait;
-  p.TailleA = 10;
-  p.TailleE = 8;
-  return p;
-}
-
-}  // namespace
-
 // Sheet, edge, position; format; alignments of sender and address; margins of the address, of the
 // sender, to the right, above. Then the places of the comment, of the sender, of the address, whose
 // third line is blank.
 TEST(Papier, PlacesSurLEnveloppe) {
   Cas(R"(
-    1 1 1 220 110  0 0  0 0 0 0 0 0 | 165,5G 2,5 2,8.2 80,50 80,54 80,62
+    1 0 1 220 110  0 0  0 0 0 0 0 0 | 165,5G 2,5 2,8.2 80,50 80,54 80,62
     1 2 3 220 110  0 0  7 -3 4 9 12 5 | 177,19G 18,19 18,22.2 99,52 99,56 99,64
     2 2 2 229 162  1 1  0 0 0 0 0 0 | 165,-18.6G 1,-18.6 -7,-15.4 86.3,47.6 74.3,51.6 82.3,59.6
     2 1 3 324 229  2 2  0 0 0 0 0 0 | 269,-108.6G 6,-108.6 2,-105.4 123.8,-14.9 117.8,-10.9 121.8,-2.9
     1 2 3 180 77.5 0 0  -80 -60 -10 -20 -15 -8 | 110,-18.6G -23,-18.6 -23,-15.4 -15,-15 -15,-11 -15,-3
-    2 2 1 229 114  2 1  0 0 0 0 0 0 | 165,5.2G -3,5.2 -7,8.4 86.3,51.8 74.3,55.8 82.3,63.8
-    1 1 1 220 110  3 -1 0 0 0 0 0 0 | 165,5G
+    0 2 1 229 114  2 1  0 0 0 0 0 0 | 165,5.2G -3,5.2 -7,8.4 86.3,51.8 74.3,55.8 82.3,63.8
+    1 1 0 220 110  3 -1 0 0 0 0 0 0 | 165,5G
   )",
       [](Rangee c) {
         QList<double> n;
         for (const QString &nombre : c[0].simplified().split(u' ')) n.append(nombre.toDouble());
-        ReglagesPlomex p = Ordinaires();
+        ReglagesPlomex p;  // of 10 and 8 points
         p.Orientation = static_cast<OrientationFeuille>(n[0]);
         p.BordImprime = static_cast<BordImprime>(n[1]);
         p.PositionEnveloppe = static_cast<PositionEnveloppe>(n[2]);
+        EXPECT_EQ(ImpressionConfiguree(p), n[0] * n[1] * n[2] > 0);
         p.AlignE = static_cast<Alignement>(n[5]);
         p.AlignA = static_cast<Alignement>(n[6]);
         int i = 7;
         for (Millimetres *marge :
              {&p.MargeMAX, &p.MargeMAY, &p.MargeMEX, &p.MargeMEY, &p.MargeDroite, &p.MargeHaute})
           *marge = Millimetres(n[i++]);
-        EtatEnveloppe e;
-        e.LargeurEnv = Millimetres(n[3]);
-        e.HauteurEnv = Millimetres(n[4]);
-        e.Commentaire = u"Rappel"_s;
-        e.CommentaireGras = true;
+        const EtatEnveloppe e{Millimetres(n[3]), Millimetres(n[4]), {}, u"Rappel"_s, true};
         return Places(p, e, {u"Moi\n44 Paris"_s, u"Paul\nDurand Cie\n\nNantes"_s, true});
       });
   for (const auto &[libelle, hauteur, largeur] : kFormatsEnveloppe)
     EXPECT_TRUE(hauteur.valeur == 0 ||
                 QString::fromUtf16(libelle).endsWith(
                     u"(%1 x %2 mm)"_s.arg(hauteur.valeur).arg(largeur.valeur)));
-  Cas("2 2 3 | oui || 0 2 3 | non || 2 0 3 | non || 2 2 0 | non", [](Rangee c) {
-    ReglagesPlomex p;
-    p.Orientation = static_cast<OrientationFeuille>(c[0][0].digitValue());
-    p.BordImprime = static_cast<BordImprime>(c[0][2].digitValue());
-    p.PositionEnveloppe = static_cast<PositionEnveloppe>(c[0][4].digitValue());
-    return OuiNon(ImpressionConfiguree(p));
-  });
 }
 
-// The whole address in bold, its first line, its last one, a country at its end; the alignment. A
-// block is as wide as its widest line before the bold of single lines, which overhang.
+// First and last line in bold, and the town before a country; the country, the alignment. A block
+// is as wide as its widest line before the bold of single lines, which overhang.
 TEST(Papier, LignesGrasses) {
   Cas(R"(
-    0 0 0 1 0 | M↵44↵↵B | 80,50 80,54 80,62       || 0 1 0 0 0 | M↵r↵44 | 80,50G 80,54.3 80,58.3
-    0 0 1 0 0 | M↵r↵44 | 80,50 80,54 80,58G       || 0 0 1 0 0 | M↵44↵↵B | 80,50 80,54 80,62G
-    0 0 1 1 0 | M↵44↵↵B | 80,50 80,54G 80,62.3G   || 0 0 1 1 0 | M↵B | 80,50 80,54G
-    0 1 0 0 0 | ↵M↵44 | 80,54.3 80,58.3           || 2 2 2 0 0 | M↵44 | 80,50 80,54
-    0 1 0 0 1 | 0123456789↵abcd | 75,50G 92,54.3  || 0 1 0 0 2 | 0123456789↵abcd | 77.5,50G 86,54.3
+    0 0 | M↵r↵44 | 80,50G 80,54.3 80,58.3G    || 1 0 | M↵r↵44↵↵B | 80,50G 80,54.3 80,58.3G 80,66.5G
+    0 0 | ↵M↵44 | 80,54.3 80,58.3G            || 1 0 | M↵B | 80,50G 80,54.3G
+    0 1 | 0123456789↵abcd | 75,50G 90,54.3G   || 0 2 | 0123456789↵abcd | 77.5,50G 85,54.3G
   )",
       [](Rangee c) {
-        ReglagesPlomex p = Ordinaires();
-        const auto chiffre = [&](int i) { return static_cast<quint8>(c[0][2 * i].digitValue()); };
-        p.GrasA = Drapeau::DepuisNombre(chiffre(0));
-        p.GrasPLigne = Drapeau::DepuisNombre(chiffre(1));
-        p.GrasDLigne = Drapeau::DepuisNombre(chiffre(2));
-        p.AlignA = static_cast<Alignement>(chiffre(4));
+        ReglagesPlomex p;
+        p.Orientation = OrientationFeuille::Portrait;
+        p.GrasPLigne = p.GrasDLigne = Drapeau::DepuisNombre(1);
+        p.AlignA = static_cast<Alignement>(c[0][2].digitValue());
         EXPECT_EQ(Places(p, {}, {u"M"_s, {}, false}), u"2,5"_s) << "the sender is not concerned";
-        return Places(p, {}, {{}, c[1], false, chiffre(3) == 1});
+        return Places(p, {}, {{}, c[1], false, c[0][0] == u'1'});
       });
 }
