@@ -1,21 +1,92 @@
-// What the printer "PDF" puts on paper, envelopes and the list, and into which files.
+// Paper, measured with poppler: into which files the printer "PDF" puts it, the sheets of a real
+// print server and what that refuses, and a server that keeps silent.
 
 #include "Reel.h"
-#include "directory/ImpressionListe.h"
+#include "commun/HorlogeFixe.h"
+#include "envelope/MiseEnPage.h"
+#include "platform/linux/ImprimanteSysteme.h"
+
+#include <QRectF>
+#include <QRegularExpression>
+#include <QTcpServer>
 
 #include <future>
 
 namespace {
 
-class Impression : public Papier {
- protected:
-  QString Chemin(const QString &nom) const { return dossier_.filePath(u"courrier/"_s + nom); }
-  QString Pdf() { return Imprimer(pdf_).fichier; }
+constexpr double kTolerance = 0.3;
+
+/// The words of a page and their places, in millimetres from its top left corner; "" is the page.
+using Page = QHash<QString, QRectF>;
+
+QList<Page> LirePages(const QString &pdf) {
+  static const QRegularExpression kBalise(
+      u"(?:xMin=\"(.*)\" yMin=\"(.*)\" xMax|<page width)=\"(.*)\" (?:yMax|height)=\"(.*)\">([^<]*)"_s);
+  QList<Page> pages;
+  const QString lu = QString::fromUtf8(Executer(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s}));
+  for (const QRegularExpressionMatch &balise : kBalise.globalMatch(lu)) {
+    const auto mm = [&](int i) { return balise.captured(i).toDouble() * kPoint.valeur; };
+    if (!balise.hasCaptured(1)) pages.append(Page());
+    pages.back()[balise.captured(5).trimmed()] = {QPointF(mm(1), mm(2)), QPointF(mm(3), mm(4))};
+  }
+  return pages;
+}
+
+/// A free port of this computer, at which the print server is looked for from now on.
+struct Ecoute : QTcpServer {
+  Ecoute() {
+    EXPECT_TRUE(listen(QHostAddress::LocalHost));
+    qputenv("CUPS_SERVER", "127.0.0.1:" + QByteArray::number(serverPort()));
+  }
 };
+
+class Papier : public testing::Test {
+ protected:
+  Papier() {
+    plomex_.Orientation = OrientationFeuille::Portrait;
+    plomex_.BordImprime = BordImprime::Droit;
+    plomex_.PositionEnveloppe = PositionEnveloppe::Milieu;
+    plomex_.PoliceE = u"Liberation Sans"_s, plomex_.PoliceA = u"Liberation Mono"_s;
+    plomex_.TailleE = 8, plomex_.TailleA = 14;
+    plomex_.AlignA = Alignement::Droite;
+    etat_.Commentaire = u"Recommandé"_s;
+  }
+
+  FinImpression Imprimer(const QString &appareil) {
+    const ContenuEnveloppe contenu{u"Expéditrice"_s, u"Établissements\nRue\n\nNANTES"_s, true};
+    return *ImprimerPlis(imprimante_, appareil, plomex_, {{etat_, contenu}});
+  }
+
+  QString Pdf() { return Imprimer(pdf_).fichier; }
+  QString Chemin(const QString &nom) const { return dossier_.filePath(nom); }
+
+  /// That envelope on its page, with its address and its sender at these places.
+  static void Verifier(const Page &page, double largeur, QPointF adresse, QPointF expediteur) {
+    const double taille = 14 * kPoint.valeur;
+    const double mot = 14 * 0.6001 * taille, lignes = 3 * 1.1328 * taille;  // of the font
+    const QRectF nom = page[u"Établissements"_s], ville = page[u"NANTES"_s],
+                 nous = page[u"Expéditrice"_s], commentaire = page[u"Recommandé"_s];
+    const double cotes[][2] = {{page[{}].width(), largeur},    {nom.left(), adresse.x()},
+                               {nom.top(), adresse.y()},       {nom.width(), mot},
+                               {ville.right(), nom.right()},   {ville.top(), adresse.y() + lignes},
+                               {nous.left(), expediteur.x()},  {nous.top(), expediteur.y()},
+                               {commentaire.top(), nous.top()}};
+    for (const auto &cote : cotes) EXPECT_NEAR(cote[0], cote[1], kTolerance) << &cote - cotes;
+  }
+
+  const QString pdf_ = Imprimante::NomPdf();
+  QTemporaryDir dossier_;
+  HorlogeFixe horloge_;
+  ImprimanteSysteme imprimante_{horloge_, Chemin(u"courrier"_s)};
+  ReglagesPlomex plomex_;
+  EtatEnveloppe etat_;
+};
+
+using Impression = Papier;
 
 TEST_F(Impression, EnveloppesSurLaPage) {
   const QString simple = Pdf();
-  Verifier(LirePages(simple)[0], 210, 80, 50, 2, 5);
+  Verifier(LirePages(simple)[0], 210, {80, 50}, {2, 5});
   etat_.CommentaireSouligne = true;
   const auto image = [](const QString &pdf) {
     return Executer(u"pdftoppm"_s, {u"-gray"_s, u"-r"_s, u"40"_s, pdf});
@@ -27,11 +98,11 @@ TEST_F(Impression, EnveloppesSurLaPage) {
   const QByteArray polices = Executer(u"pdffonts"_s, {gras});
   for (const char *police : {"Sans-Bold ", "Sans ", "Mono-Bold ", "Mono "})
     EXPECT_TRUE(polices.contains(QByteArray("Liberation") + police)) << police;
-  EXPECT_NEAR(LirePages(gras)[0](u"Recommandé"_s).droite, 180, kTolerance) << "its bold width";
+  EXPECT_NEAR(LirePages(gras)[0][u"Recommandé"_s].right(), 180, kTolerance) << "its bold width";
 
   plomex_.Orientation = OrientationFeuille::Paysage;
   etat_.LargeurEnv = Millimetres(162), etat_.HauteurEnv = Millimetres(114);
-  Verifier(LirePages(Pdf())[0], 297, 116.909, 49.818, 60, 3.182);
+  Verifier(LirePages(Pdf())[0], 297, {116.909, 49.818}, {60, 3.182});
 }
 
 // None is replaced, and none is left of what is given up or does not fit.
@@ -42,56 +113,155 @@ TEST_F(Impression, Fichiers) {
   imprimante_.Ouvrir(pdf_, {.nom = u"Perdu"_s})->NouvellePage();
   {
     const DisquePlein plein(4096);
-    const FinImpression fin = Imprimer(pdf_);
-    EXPECT_EQ(fin.issue, FinImpression::Issue::Echouee);
-    EXPECT_TRUE(fin.raison.contains(u"plus de place"_s)) << qPrintable(fin.raison);
+    EXPECT_TRUE(Imprimer(pdf_).raison.contains(u"plus de place"_s));
   }
-  EXPECT_EQ(QDir(Chemin({})).entryList(QDir::Files | QDir::Hidden), QStringList());
+  EXPECT_EQ(QDir(Chemin(u"courrier"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
 
-  const QString pris = Chemin(u"Enveloppe 2026-06-05 09h08m07 n2.pdf"_s);
+  const QString nom = Chemin(u"courrier/Enveloppe 2026-06-05 09h08m07 n%1.pdf"_s),
+                pris = nom.arg(2);
   RemplacerFichier(pris, "un autre");
-  EXPECT_EQ(Pdf(), Chemin(u"Enveloppe 2026-06-05 09h08m07 n1.pdf"_s));
-  const FinImpression fin = Imprimer(pdf_);
-  EXPECT_EQ(fin.issue, FinImpression::Issue::Enregistree);
-  EXPECT_EQ(fin.fichier, Chemin(u"Enveloppe 2026-06-05 09h08m07 n3.pdf"_s));
+  EXPECT_EQ(Pdf(), nom.arg(1));
+  EXPECT_EQ(Imprimer(pdf_), (FinImpression{FinImpression::Issue::Enregistree, nom.arg(3)}));
   EXPECT_EQ(LireFichier(pris), QByteArray("un autre"));
   ImprimanteSysteme sansDossier(horloge_, pris + u"/courrier"_s);
   EXPECT_TRUE(sansDossier.Ouvrir(pdf_, {})->Terminer().raison.contains(pris));
 }
 
-// Every line once and in its order, in a thread without an event loop; the pages are filled, and
-// what is too wide goes on below.
-TEST_F(Impression, ListeDeCinqCents) {
-  constexpr double kMarge = 15, kLigne = 10 * 1.1499 * kPoint.valeur;
-  QString attendu, trouve;
-  const auto lire = [&](qsizetype n) {
-    Correspondant fiche;
-    fiche.NomVelmira = u"nom%1."_s.arg(n), fiche.Ligne2 = u"rue%1."_s.arg(n);
-    fiche.Web = n == 7 ? QString(150, u'm') : u"web%1."_s.arg(n);
-    attendu += fiche.NomVelmira + fiche.Ligne2 + u"SiteWeb:"_s + fiche.Web;
-    return std::optional(fiche);
-  };
+// From corner to corner between margins, in a thread without an event loop.
+TEST_F(Impression, PagesAvecMarge) {
   const auto imprimer = [&] {
-    return ImprimerListe(imprimante_, {u"Paul"_s, 500, horloge_.Maintenant()}, {}, lire).fichier;
+    const Police police{u"Liberation Sans"_s, 10};
+    const auto liste =
+        imprimante_.Ouvrir(pdf_, {.nom = u"Liste"_s, .margeFichier = Millimetres(15)});
+    const Millimetres droite = liste->LargeurPage() - liste->Largeur(u"fin"_s, police);
+    liste->Ecrire({}, {}, police, u"début"_s);
+    liste->NouvellePage();
+    liste->Ecrire(droite, liste->HauteurPage() - liste->HauteurLigne(police), police, u"fin"_s);
+    return liste->Terminer().fichier;
   };
   const QList<Page> pages = LirePages(std::async(std::launch::async, imprimer).get());
-  ASSERT_GT(pages.size(), 1);
-  for (const Page &page : pages) {
-    double bas = 0;
-    for (const Mot &mot : page.mots) {
-      trouve += mot.texte;
-      EXPECT_GE(mot.haut, kMarge - kTolerance) << qPrintable(mot.texte);
-      EXPECT_LE(mot.droite, 210 - kMarge + kTolerance) << qPrintable(mot.texte);
-      bas = std::max(bas, mot.bas);
+  ASSERT_EQ(pages.size(), 2);
+  const QPointF debut = pages[0][u"début"_s].topLeft(), fin = pages[1][u"fin"_s].bottomRight();
+  EXPECT_LT((debut - QPointF(15, 15)).manhattanLength(), kTolerance);
+  EXPECT_LT((fin - QPointF(210 - 15, 297 - 15)).manhattanLength(), kTolerance);
+}
+
+/// With the queue "Enveloppes", whose printer leaves each sheet in the file `recu`.
+class Cups : public Papier {
+ protected:
+  Cups() {
+    { const Ecoute portLibre; }
+    qputenv("PATH", qgetenv("PATH") + ":/usr/sbin");
+    // Started by root, it runs its filters under another account, which must get there.
+    EXPECT_TRUE(QFile(dossier_.path()).setPermissions(QFile::Permissions(0x7755)));
+    CreerDossier(Chemin(u"r/t"_s));
+    Ecrire(u"fichiers"_s,
+           "ServerRoot %1|CacheDir %1/c|StateDir %1/e|RequestRoot %1/r|"
+           "TempDir %1/r/t|ServerKeychain %1|AccessLog %1/a|PageLog %1/p|"
+           "ErrorLog %1/erreurs|Printcap %1/i|FileDevice Yes|");
+    // Over a socket alone it would not hand out the description of a printer.
+    Ecrire(u"conf"_s, "Listen " + qgetenv("CUPS_SERVER") +
+                          "|Browsing Off|DefaultAuthType None|<Policy default>|<Limit All>|"
+                          "Order deny,allow|</Limit>|</Policy>|");
+    serveur_.start(u"cupsd"_s,
+                   {u"-f"_s, u"-c"_s, Chemin(u"conf"_s), u"-s"_s, Chemin(u"fichiers"_s)});
+    while (!AjouterFile(u"Enveloppes"_s, "-", recu_) && !serveur_.waitForFinished(50)) {
     }
-    EXPECT_NEAR(bas, 297 - kMarge - 2 * kLigne, &page == &pages.back() ? 297 : 2 * kLigne);
+    Executer(u"lpadmin"_s, {u"-d"_s, u"Enveloppes"_s});
   }
-  EXPECT_TRUE(trouve.contains(u"enregistrements"_s + attendu + u"Imprimé"_s)) << qPrintable(trouve);
-  const Page &tete = pages.front(), &pied = pages.back();
-  EXPECT_NEAR(tete(u"Velmiras"_s).gauche, kMarge, kTolerance);
-  EXPECT_NEAR(tete(u"Velmiras"_s).haut, kMarge + kLigne, kTolerance);
-  EXPECT_NEAR(tete(u"nom1."_s).haut, tete(u"nom0."_s).haut + 5 * kLigne, kTolerance);
-  EXPECT_GT(pied(u"Imprimé"_s).haut, pied(u"web499."_s).haut + 3 * kLigne);
+
+  void Ecrire(const QString &nom, QByteArray texte) const {
+    texte.replace("%1", QFile::encodeName(dossier_.path())).replace('|', '\n');
+    RemplacerFichier(Chemin(nom), texte);
+  }
+
+  /// A queue through this filter, for a printer of A4 with four different margins: left 3 mm, top
+  /// 5, right 7, bottom 12.
+  bool AjouterFile(const QString &nom, const QByteArray &filtre, const QString &sortie) const {
+    Ecrire(nom, "*PPD-Adobe: \"4.3\"|*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 " +
+                    filtre +
+                    "\"|*OpenUI *PageSize: PickOne|*DefaultPageSize: A4|"
+                    "*PageSize A4: \"<</PageSize[595 842]>>setpagedevice\"|*CloseUI: *PageSize|"
+                    "*ImageableArea A4: \"8.504 34.016 575.433 827.717\"|"
+                    "*PaperDimension A4: \"595.276 841.89\"|");
+    return QProcess::execute(u"lpadmin"_s, {u"-p"_s, nom, u"-E"_s, u"-v"_s, u"file:"_s + sortie,
+                                            u"-P"_s, Chemin(nom)}) == 0;
+  }
+  static bool FileVide() { return Executer(u"lpstat"_s, {u"-o"_s}).isEmpty(); }
+
+  Page Recue(const FinImpression &fin) {
+    EXPECT_EQ(fin, FinImpression{FinImpression::Issue::Imprimee});
+    Attendre(FileVide);
+    return LirePages(recu_).value(0);
+  }
+  void VerifierRefus(const QString &appareil, const QString &raison) {
+    EXPECT_TRUE(Imprimer(appareil).raison.contains(raison)) << qPrintable(raison);
+    EXPECT_TRUE(FileVide()) << "it would be printed later";
+  }
+
+  const QString recu_ = Chemin(u"recu"_s);
+  QProcess serveur_;
+};
+
+TEST_F(Cups, FeuillesEtRefus) {
+  const QString file = u"Enveloppes"_s, panne = u"Panne"_s;
+  EXPECT_TRUE(AjouterFile(pdf_, "-", u"/dev/null"_s)) << "not to be mistaken for the built-in one";
+  EXPECT_EQ(imprimante_.Noms(), QStringList({file, pdf_}));
+  EXPECT_EQ(imprimante_.ParDefaut(), file);
+  imprimante_.Ouvrir(file, {.nom = u"Abandonné"_s})->NouvellePage();
+  const QString refus[][3] = {{u"cupsreject"_s, u"cupsaccept"_s, u"n'accepte plus"_s},
+                              {u"cupsdisable"_s, u"cupsenable"_s, u"arrêtée"_s}};
+  for (const auto &[ote, rend, raison] : refus) {
+    Executer(ote, {file});
+    VerifierRefus(file, raison);
+    Executer(rend, {file});
+  }
+  EXPECT_FALSE(QFile::exists(recu_));
+
+  // The address lies at the far end: nothing is scaled to the printable area. A landscape page lies
+  // on the upright sheet with its top at the sheet's right edge.
+  plomex_.MargeMAX = Millimetres(20), plomex_.MargeMAY = Millimetres(130);
+  Verifier(Recue(Imprimer(file)), 210, {3 + 100, 5 + 180}, {3 + 2, 5 + 5});
+  plomex_.Orientation = OrientationFeuille::Paysage;
+  plomex_.MargeMAX = Millimetres(100), plomex_.MargeMAY = Millimetres(80);
+  Page page = Recue(Imprimer(file));
+  for (QRectF &place : page)
+    place = {place.top(), 210 - place.right(), place.height(), place.width()};
+  Verifier(page, 297, {5 + 180, 7 + 130}, {5 + 2, 7 + 5});
+
+  // More than goes to the server at once.
+  const auto longue = imprimante_.Ouvrir(file, {.nom = u"Longue"_s});
+  for (int n = 0; n < 8'000; ++n)
+    longue->Ecrire(Millimetres(n % 40 * 5), Millimetres(n / 40), {u"Liberation Sans"_s, 2},
+                   QString::number(100'000 + n));
+  EXPECT_NEAR(Recue(longue->Terminer())[u"107999"_s].top(), 5 + 199, kTolerance);
+
+  EXPECT_TRUE(AjouterFile(panne, "/bin/false", u"/dev/null"_s));
+  VerifierRefus(panne, u"abandonné"_s);
+  const auto ouvert = imprimante_.Ouvrir(panne, {.nom = u"Enveloppe"_s});
+  Executer(u"lpadmin"_s, {u"-x"_s, panne});  // last: now and then the server ends by that
+  EXPECT_TRUE(ouvert->Terminer().raison.contains(u"ne l'a plus"_s));
+  EXPECT_THROW(Imprimer(panne), Erreur);
+}
+
+using ServeurMuet = Papier;
+
+// It takes connections and never says a word: whoever waits for it is told so, the windows go on
+// meanwhile, and the end of the program does not wait.
+TEST_F(ServeurMuet, EstDitSansRetenir) {
+  const Ecoute serveur;
+  const auto page =
+      std::async(std::launch::async, [&] { EXPECT_THROW(Imprimer(u"HP"_s), Erreur); });
+  std::optional<bool> reponse;
+  imprimante_.Demander(qApp, [&](bool repondu) { reponse = repondu; });
+  ImprimanteSysteme(horloge_).Demander(qApp,
+                                       [](bool) { ADD_FAILURE() << "nobody waits any more"; });
+  // Had either been waited for, the first answer would come with the first events.
+  for (int i = 0; i < 50; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(reponse, std::nullopt);
+  EXPECT_EQ(imprimante_.NomsConnus(), QStringList(pdf_));
+  Attendre([&] { return reponse.has_value(); });
+  EXPECT_EQ(reponse, false);
 }
 
 }  // namespace

@@ -11,10 +11,6 @@ def colour(value):
     return "#" + value.rgb[-6:].lower() if value is not None and value.type == "rgb" else None
 
 
-def fill(styled):
-    return colour(styled.fill.fgColor) if styled.fill.fill_type == "solid" else None
-
-
 workbook = openpyxl.load_workbook(sys.argv[1])
 sheet = workbook.worksheets[0]
 print(json.dumps({
@@ -24,9 +20,11 @@ print(json.dumps({
         "texte": "" if cell.value is None else str(cell.value), "type": cell.data_type,
         "gras": bool(cell.font.b), "italique": bool(cell.font.i),
         "souligne": cell.font.u is not None, "couleur": colour(cell.font.color),
-        "fond": fill(cell), "horizontal": cell.alignment.horizontal,
-        "vertical": cell.alignment.vertical, "lignes": bool(cell.alignment.wrap_text),
+        "fond": cell.fill.fill_type and colour(cell.fill.fgColor),
+        "horizontal": cell.alignment.horizontal, "vertical": cell.alignment.vertical,
+        "lignes": bool(cell.alignment.wrap_text),
     } for row in sheet.iter_rows() for cell in row},
-    "rangs": {n: {"hauteur": r.height, "fond": fill(r)} for n, r in sheet.row_dimensions.items()},
+    "rangs": {n: {"hauteur": r.height, "fond": r.fill.fill_type and colour(r.fill.fgColor)}
+              for n, r in sheet.row_dimensions.items()},
     "colonnes": {c: {"largeur": d.width} for c, d in sheet.column_dimensions.items()},
 }))

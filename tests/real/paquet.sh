@@ -1,20 +1,15 @@
 #!/usr/bin/env bash
 # Builds the Debian package and follows it through a bare system of its own: installed with what it
-# needs and nothing else, started for the first and the second time, upgraded, removed. Ends with 77
-# where that cannot be done: it takes root, debootstrap, and mounts of one's own.
+# needs and nothing else, started for the first and the second time. Ends with 77 where that cannot
+# be done: it takes root, debootstrap, and mounts of one's own.
 set -euo pipefail
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 PATH=$PATH:/usr/sbin:/sbin
-fail() {
-  echo "paquet.sh: $1" >&2
-  exit "${2:-1}"
-}
+fail() { echo "paquet.sh: $1" >&2; exit "${2:-1}"; }
 ((EUID == 0)) || fail 'skipped: only root can lay a system' 77
 command -v debootstrap >/dev/null || fail 'skipped: debootstrap is not installed' 77
-if [[ ${1-} != --mounts-apart ]]; then
-  unshare --mount true 2>/dev/null || fail 'skipped: no mounts of our own here' 77
-  exec unshare --mount "$0" --mounts-apart
-fi
+unshare --mount true 2>/dev/null || fail 'skipped: no mounts of our own here' 77
+[[ ${1-} == --mounts-apart ]] || exec unshare --mount "$0" --mounts-apart
 
 folder=$(mktemp -d "${TMPDIR:-/var/tmp}/velmira-paquet.XXXXXX")
 system=$folder/system
@@ -33,7 +28,6 @@ inside() { # COMMAND...: in the system, as root
   chroot "$system" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 \
     DEBIAN_FRONTEND=noninteractive http_proxy="${http_proxy-}" "$@"
 }
-install_package() { inside apt-get install -q -y --no-install-recommends "$1"; }
 
 # The user's own place for data has a blank and an accent in its name.
 home=/home/essai data="/home/essai/mes données" base=/home/essai/Velmiras
@@ -49,22 +43,6 @@ is_filled() {
   [[ -s $settings/Installation.cfg ]] &&
     diff -rq --exclude=Installation.cfg "$delivered" "$settings" >"$folder/missing"
 }
-traces() { find "$system"/{etc,opt,srv,usr,var} -iname '*velmira*' -not -path '*/var/cache/*'; }
-state() { (cd "$system$home" && find . -type f -print0 | sort -z | xargs -0 sha256sum); }
-window() { xdotool search --onlyvisible --name 'Velmiras de'; }
-
-work_and_quit() { # on the screen; the parts that it loads by name have come with the package
-  start QT_QPA_PLATFORM=xcb DISPLAY="$DISPLAY"
-  wait_for window >/dev/null || fail "the directory does not appear: $(<"$folder/log")"
-  local part
-  for part in libqsqlite.so libqsvgicon.so qtbase_fr.qm; do
-    grep -q "$part" "/proc/$program/maps" || fail "$part is not in use"
-  done
-  xdotool windowfocus --sync "$(window | head -n 1)" key ctrl+q
-  wait "$program" || fail "the program ended with $?"
-  check_silence
-  [[ ! -e $settings/Velmira_base.mdb ]] || fail 'an empty database stays with the settings'
-}
 
 package=$("$root/script/package")
 debootstrap --variant=minbase bookworm "$system" >"$folder/laid.log" 2>&1 ||
@@ -76,8 +54,8 @@ inside install -d -o essai -m 700 "$home/run" "$base"
 echo '--- installed'
 cp "$package" "$system/tmp/velmira.deb"
 inside apt-get update -q
-install_package /tmp/velmira.deb
-[[ -n $(traces) && -e $system/usr/share/icons/breeze/index.theme ]] || fail 'parts are missing'
+inside apt-get install -q -y --no-install-recommends /tmp/velmira.deb
+[[ -e $system/usr/share/icons/breeze/index.theme ]] || fail 'parts are missing'
 
 echo '--- first start: it fills its own folder, and asks for the data folder'
 start QT_QPA_PLATFORM=offscreen
@@ -91,25 +69,14 @@ Xvfb -displayfd 3 -screen 0 1400x1000x24 -nolisten tcp 3>"$folder/display" 2>/de
 wait_for test -s "$folder/display" || fail 'the virtual screen does not start'
 DISPLAY=:$(<"$folder/display")
 export DISPLAY
-work_and_quit
+start QT_QPA_PLATFORM=xcb DISPLAY="$DISPLAY"
+window=$(wait_for xdotool search --onlyvisible --name 'Velmiras de') ||
+  fail "the directory does not appear: $(<"$folder/log")"
+for part in libqsqlite.so libqsvgicon.so qtbase_fr.qm; do # loaded by name
+  grep -q "$part" "/proc/$program/maps" || fail "$part is not in use"
+done
+xdotool windowfocus --sync "${window%%$'\n'*}" key ctrl+q
+wait "$program" || fail "the program ended with $?"
+check_silence
 [[ $(head -c 15 "$system$base/Velmira.mdb") == 'SQLite format 3' ]] || fail 'no database'
-
-echo '--- upgraded: a delivered file has changed, another is no longer there'
-dpkg-deb -R "$package" "$folder/higher"
-sed -i 's/^Version: .*/&+essai/' "$folder/higher/DEBIAN/control"
-echo 'Sa Sainteté' >>"$folder/higher/usr/share/velmira/Civilite.txt"
-rm "$folder/higher/usr/share/velmira/Alerte.txt" "$folder/higher/DEBIAN/md5sums"
-dpkg-deb --root-owner-group -b "$folder/higher" "$system/tmp/higher.deb" >/dev/null
-echo 'À moi' >"$settings/Civilite.txt"
-before=$(state)
-install_package /tmp/higher.deb
-grep -q 'Sa Sainteté' "$delivered/Civilite.txt" || fail 'the delivered file is the old one still'
-[[ ! -e $delivered/Alerte.txt ]] || fail 'a file of the old version has stayed'
-[[ $(state) == "$before" ]] || fail "the upgrade has changed the user's files"
-work_and_quit
-[[ $(<"$settings/Civilite.txt") == 'À moi' ]] || fail "the user's titles have gone"
-
-echo '--- removed'
-before=$(state)
-inside apt-get purge -q -y velmira
-[[ -z $(traces) && $(state) == "$before" ]] || fail "left behind or changed: $(traces)"
+[[ ! -e $settings/Velmira_base.mdb ]] || fail 'an empty database stays with the settings'
