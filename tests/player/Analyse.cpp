@@ -2,81 +2,41 @@
 
 #include "player/Echec.h"
 
+#include <QRegularExpression>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-class Ligne {
- public:
-  Ligne(int numero, QString texte) : numero_(numero), texte_(std::move(texte)) {}
+QString SansEchappement(QString texte) {
+  static const QString kSignes = u"nrt\"\\"_s, kSens = u"\n\r\t\"\\"_s;
+  for (qsizetype i = texte.indexOf(u'\\'); i >= 0; i = texte.indexOf(u'\\', i + 1))
+    texte.replace(i, 2, kSens[kSignes.indexOf(texte[i + 1])]);
+  return texte;
+}
 
-  Mots EnMots() {
-    Mots mots;
-    for (;;) {
-      while (Reste() && texte_[position_].isSpace()) ++position_;
-      if (!Reste() || Commentaire()) return mots;
-      mots.append(Suivant());
-    }
+/// The words of a line that has no blanks at its ends.
+Mots LireMots(const QString &ligne, int numero) {
+  // What stands outside quotes; a text in them, alone or behind "="; its rank.
+  static const QRegularExpression kMot(
+      uR"re(\s*+([^\s"]*)((?<![^\s=])"((?:\\[nrt"\\]|[^"\\])*)"(?:#([1-9]\d*))?)?(?=\s|$))re"_s);
+  Mots mots;
+  for (qsizetype place = 0; place < ligne.size() && !ligne.startsWith(u'#');) {
+    const auto trouve = kMot.match(ligne, place, QRegularExpression::NormalMatch,
+                                   QRegularExpression::AnchorAtOffsetMatchOption);
+    if (!trouve.hasMatch())
+      throw Echec{u"a word or a text in quotes expected, \"%1\" found"_s.arg(ligne.sliced(place)),
+                  numero};
+    place = trouve.capturedEnd();
+    const QString nu = trouve.captured(1);
+    const bool cite = trouve.hasCaptured(2);
+    if (nu == u"#"_s && !cite) break;
+    mots.append({nu + SansEchappement(trouve.captured(3)), cite,
+                 trouve.hasCaptured(4) ? trouve.captured(4).toInt() : 1, nu.indexOf(u'=')});
   }
-
- private:
-  bool Reste() const { return position_ < texte_.size(); }
-  bool Commentaire() const {
-    return texte_[position_] == u'#' &&
-           (position_ == 0 || position_ + 1 == texte_.size() || texte_[position_ + 1].isSpace());
-  }
-  [[noreturn]] void Refuser(const QString &raison) const { throw Echec{raison, numero_}; }
-
-  Mot Suivant() {
-    Mot mot;
-    while (Reste() && !texte_[position_].isSpace()) {
-      const QChar signe = texte_[position_++];
-      if (signe == u'"') {
-        mot.texte += Cite();
-        mot.cite = true;
-        if (Reste() && texte_[position_] == u'#') mot.rang = Rang();
-        if (Reste() && !texte_[position_].isSpace()) Refuser(u"a blank is missing behind a text"_s);
-      } else {
-        if (signe == u'=' && mot.egal < 0) mot.egal = mot.texte.size();
-        mot.texte += signe;
-        if (Reste() && texte_[position_] == u'"' && signe != u'=')
-          Refuser(u"a quote inside a word"_s);
-      }
-    }
-    return mot;
-  }
-
-  QString Cite() {
-    QString texte;
-    while (Reste()) {
-      const QChar signe = texte_[position_++];
-      if (signe == u'"') return texte;
-      texte += signe == u'\\' ? Echappe() : signe;
-    }
-    Refuser(u"the closing quote is missing"_s);
-  }
-
-  QChar Echappe() {
-    static const QString kSignes = u"nrt\"\\"_s, kSens = u"\n\r\t\"\\"_s;
-    const qsizetype place = Reste() ? kSignes.indexOf(texte_[position_++]) : -1;
-    if (place < 0) Refuser(u"unknown escape behind \\"_s);
-    return kSens[place];
-  }
-
-  int Rang() {
-    const qsizetype debut = ++position_;
-    while (Reste() && texte_[position_].isDigit()) ++position_;
-    const int rang = QStringView(texte_).sliced(debut, position_ - debut).toInt();
-    if (rang < 1) Refuser(u"a number from 1 is missing behind \"#\""_s);
-    return rang;
-  }
-
-  int numero_;
-  QString texte_;
-  qsizetype position_ = 0;
-};
+  return mots;
+}
 
 /// A line may say the same of several controls: each becomes a command of its own. What stands
 /// behind ":" answers the boxes to come.
@@ -155,7 +115,7 @@ QList<Commande> Analyser(const QString &scenario) {
   const QStringList lignes = scenario.split(u'\n');
   for (int numero = 1; numero <= lignes.size(); ++numero) {
     const QString texte = lignes[numero - 1].trimmed();
-    Mots mots = Ligne(numero, texte).EnMots();
+    Mots mots = LireMots(texte, numero);
     if (mots.isEmpty()) continue;
     const bool rangees = bloc && !bloc->colonnes.isEmpty();
     if (mots.first().Est(u"bloc") && !bloc) {

@@ -1,24 +1,10 @@
 // The verbs that look at windows and controls.
 
-#include "player/Mesures.h"
+#include "player/Fenetres.h"
 #include "player/Verbes.h"
 #include "ui/Bulle.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QApplication>
-#include <QCalendarWidget>
-#include <QComboBox>
-#include <QDir>
-#include <QFontMetrics>
-#include <QGroupBox>
-#include <QHash>
-#include <QImage>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPixmap>
-#include <QTextDocumentFragment>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>

@@ -4,19 +4,33 @@
 
 #include "platform/Boites.h"
 #include "platform/Coquille.h"
+#include "platform/Erreurs.h"
+#include "platform/Fichiers.h"
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
 #include "platform/ListeDemarrage.h"
+#include "platform/PageDeCode.h"
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
+#include "player/Echec.h"
 #include "player/Monde.h"
+#include "ui/MesurePolices.h"
 
+#include <QColor>
+#include <QCoreApplication>
 #include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QStringList>
 
+#include <algorithm>
 #include <deque>
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 struct BoiteVue {
   QString genre, titre, texte, defaut;
@@ -55,6 +69,80 @@ struct Journal {
   QStringList fautes;  ///< what cannot be answered fails the scenario
 };
 
+/// Boxes are answered at once. A picker is written down with its filter as the text and the folder
+/// as what is proposed, the choice of a colour with the present one as "#rrggbb".
+class BoitesScenario : public Boites {
+ public:
+  BoitesScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
+
+  void Message(Genre genre, const QString &titre, const QString &texte) override {
+    static const QHash<Genre, QString> kNoms{{Genre::Information, u"information"_s},
+                                             {Genre::Attention, u"attention"_s},
+                                             {Genre::Critique, u"critique"_s},
+                                             {Genre::Simple, u"simple"_s}};
+    journal_.boites.push_back({kNoms.value(genre), titre, texte, u"ok"_s});
+  }
+  void Erreur(const QString &texte) override {
+    journal_.boites.push_back({u"erreur"_s, Titre(), texte, u"ok"_s});
+  }
+  Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override {
+    const QString bouton = defaut == Reponse::Oui ? u"oui"_s : u"non"_s;
+    const auto reponse = Demander({u"question"_s, titre, texte, bouton}, u"oui non annuler"_s);
+    return reponse.texte == u"oui"_s ? Reponse::Oui : Reponse::Non;
+  }
+  Choix QuestionAnnulable(const QString &titre, const QString &texte) override {
+    const auto reponse = Demander({u"question"_s, titre, texte, {}}, u"oui non annuler"_s);
+    if (reponse.texte == u"oui"_s) return Choix::Oui;
+    return reponse.texte == u"non"_s ? Choix::Non : Choix::Annuler;
+  }
+  bool Confirmation(const QString &titre, const QString &texte) override {
+    return Demander({u"question"_s, titre, texte, {}}, u"ok annuler"_s).texte == u"ok"_s;
+  }
+  std::optional<QString> Saisie(const QString &titre, const QString &invite,
+                                const QString &defaut) override {
+    const auto reponse = Demander({u"saisie"_s, titre, invite, defaut}, u"ok annuler *"_s);
+    if (reponse.cite) return reponse.texte;
+    return reponse.texte == u"ok"_s ? std::optional(defaut) : std::nullopt;
+  }
+  QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override {
+    return Chemin(Demander({u"fichier"_s, invite, filtre, dossier}, u"annuler *"_s));
+  }
+  QString Dossier(const QString &invite) override {
+    return Chemin(Demander({u"dossier"_s, Titre(), invite, {}}, u"annuler *"_s));
+  }
+  std::optional<Couleur> ChoixCouleur(const Couleur &depart) override {
+    const QString avant = QColor(depart.rouge, depart.vert, depart.bleu).name();
+    const auto reponse = Demander({u"couleur"_s, Titre(), {}, avant}, u"annuler *"_s);
+    if (!reponse.cite) return std::nullopt;
+    const QColor couleur(reponse.texte);
+    return Couleur{couleur.red(), couleur.green(), couleur.blue()};
+  }
+
+ private:
+  /// The next answer. One that is neither of `possibles` nor, where these hold "*", a text is a
+  /// fault, as is none at all.
+  Journal::Reponse Demander(const BoiteVue &boite, const QString &possibles) {
+    journal_.boites.push_back(boite);
+    const QString elle = EnListe({boite.genre, boite.titre, boite.texte});
+    if (journal_.reponses.empty()) {
+      journal_.fautes.append(u"no answer is queued for the box "_s + elle);
+      return {};
+    }
+    journal_.boites.back().repondue = true;
+    const Journal::Reponse reponse = journal_.reponses.front();
+    journal_.reponses.pop_front();
+    if (!possibles.split(u' ').contains(reponse.cite ? u"*"_s : reponse.texte))
+      journal_.fautes.append(u"\"%1\" is no answer to the box %2"_s.arg(reponse.texte, elle));
+    return reponse;
+  }
+  QString Chemin(const Journal::Reponse &reponse) const {
+    return reponse.cite ? QDir::cleanPath(monde_.Chemin(reponse.texte)) : QString();
+  }
+
+  Journal &journal_;
+  const Monde &monde_;
+};
+
 /// Time stands until the scenario moves it. What is planned runs when its time has come.
 class HorlogeScenario : public Horloge {
  public:
@@ -64,11 +152,28 @@ class HorlogeScenario : public Horloge {
   QDateTime Maintenant() const override { return maintenant_; }
   void Pause(std::chrono::milliseconds duree) override { Attendre(duree, {}); }
   /// Takes no time; what is queued for a wait runs in it.
-  void Attendre(std::chrono::milliseconds duree, const std::function<bool()> &arret) override;
+  void Attendre(std::chrono::milliseconds duree, const std::function<bool()> &) override {
+    journal_.pauses.push_back(duree);
+    if (pendant_.empty()) return;
+    const auto action = std::move(pendant_.front());
+    pendant_.pop_front();
+    action();
+  }
   /// The scenario goes on meanwhile.
-  void AttendreQue(const std::function<bool()> &arret) override;
+  void AttendreQue(const std::function<bool()> &arret) override {
+    ++attentes_;
+    const auto fin = qScopeGuard([this] { --attentes_; });
+    while (!arret()) {
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+      if (abandonnee_) return;
+    }
+  }
   void Apres(std::chrono::milliseconds delai, QObject *contexte,
-             std::function<void()> action) override;
+             std::function<void()> action) override {
+    const QDateTime instant = maintenant_.addMSecs(static_cast<qint64>(delai.count()));
+    const auto place = std::ranges::upper_bound(echeances_, instant, {}, &Echeance::instant);
+    echeances_.insert(place, {instant, contexte != nullptr, contexte, std::move(action)});
+  }
 
   void PendantPause(std::function<void()> action) { pendant_.push_back(std::move(action)); }
   bool ResteAFaire() const { return !pendant_.empty(); }
@@ -79,9 +184,22 @@ class HorlogeScenario : public Horloge {
 
   /// Is at a time at once, as a computer that wakes: what has come due meanwhile runs then. Going
   /// back runs nothing.
-  void Aller(const QDateTime &instant);
+  void Aller(const QDateTime &instant) {
+    const auto dues = std::ranges::upper_bound(echeances_, instant, {}, &Echeance::instant);
+    maintenant_ = instant;
+    for (auto reste = dues - echeances_.begin(); reste > 0 && !echeances_.empty(); --reste)
+      FaireEchoir();
+  }
   /// Lets the time pass: all runs when its time has come.
-  void Avancer(std::chrono::milliseconds duree);
+  void Avancer(std::chrono::milliseconds duree) {
+    const QDateTime instant = maintenant_.addMSecs(static_cast<qint64>(duree.count()));
+    while (!echeances_.empty() && echeances_.front().instant <= instant) {
+      maintenant_ = std::max(maintenant_, echeances_.front().instant);
+      FaireEchoir();
+    }
+    // What ran may have waited in a dialog, with the clock going on meanwhile.
+    maintenant_ = std::max(maintenant_, instant);
+  }
 
  private:
   struct Echeance {
@@ -91,7 +209,11 @@ class HorlogeScenario : public Horloge {
     std::function<void()> action;
   };
 
-  void FaireEchoir();
+  void FaireEchoir() {
+    const Echeance echeance = std::move(echeances_.front());
+    echeances_.pop_front();
+    if (!echeance.lie || echeance.contexte) Signaler(boites_, echeance.action);
+  }
 
   Journal &journal_;
   Boites &boites_;
@@ -102,56 +224,45 @@ class HorlogeScenario : public Horloge {
   bool abandonnee_ = false;
 };
 
-/// Boxes are answered at once. A picker is written down with its filter as the text and the folder
-/// as what is proposed, the choice of a colour with the present one as "#rrggbb".
-class BoitesScenario : public Boites {
- public:
-  BoitesScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
-
-  void Message(Genre genre, const QString &titre, const QString &texte) override;
-  Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
-  std::optional<QString> Saisie(const QString &titre, const QString &invite,
-                                const QString &defaut) override;
-  bool Confirmation(const QString &titre, const QString &texte) override;
-  Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
-  QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
-  std::optional<Couleur> ChoixCouleur(const Couleur &depart) override;
-  void Erreur(const QString &texte) override;
-  QString Dossier(const QString &invite) override;
-
- private:
-  /// The next answer. One that is neither of `possibles` nor, where these hold "*", a text is a
-  /// fault, as is none at all.
-  Journal::Reponse Demander(const BoiteVue &boite, const QString &possibles);
-  QString Chemin(const Journal::Reponse &reponse) const;
-
-  Journal &journal_;
-  const Monde &monde_;
-};
-
 /// The program's own restart is written down as the start of "Velmira", the sound control as that
 /// of "Volume". A link is an empty file in the desktop folder `home/Bureau`.
 class CoquilleScenario : public Coquille {
  public:
   CoquilleScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
 
-  bool Lancer(const QString &programme) override;
+  bool Lancer(const QString &programme) override {
+    if (!PeutLancer(programme)) return false;
+    journal_.lances.push_back(programme);
+    return true;
+  }
   bool PeutLancer(const QString &programme) const override {
     return !inerte && !absents.contains(programme);
   }
-  void RelancerProgramme() override { Lancer(monde_.Chemin(QStringLiteral("Velmira"))); }
-  void ReglerSon() override { Lancer(monde_.Chemin(QStringLiteral("Volume"))); }
-  bool LienExiste(const QString &nom) const override;
-  void CreerLien(const QString &nom, const QString &programme) override;
+  void RelancerProgramme() override { Lancer(monde_.Chemin(u"Velmira"_s)); }
+  void ReglerSon() override { Lancer(monde_.Chemin(u"Volume"_s)); }
+  bool LienExiste(const QString &nom) const override { return QFileInfo::exists(CheminLien(nom)); }
+  void CreerLien(const QString &nom, const QString &) override {
+    if (nom.contains(u'/') || nom == u"."_s || nom == u".."_s)
+      throw ErreurFichier(u"« %1 » ne peut pas être le nom d'un fichier."_s.arg(nom));
+    CreerDossier(QFileInfo(CheminLien(nom)).path());
+    RemplacerFichier(CheminLien(nom), {});
+  }
 
   QStringList absents;  ///< programs that cannot be started
   bool inerte = false;  ///< nothing can be started or opened
 
  protected:
-  bool OuvrirSurLeBureau(const QString &document) override;
+  bool OuvrirSurLeBureau(const QString &document) override {
+    if (inerte) return false;
+    journal_.ouverts.push_back(document);
+    if (document.endsWith(u".xlsx"_s)) journal_.classeur = document;
+    return true;
+  }
 
  private:
-  QString CheminLien(const QString &nom) const;
+  QString CheminLien(const QString &nom) const {
+    return monde_.Home() + u"/Bureau/"_s + nom + u".desktop"_s;
+  }
 
   Journal &journal_;
   const Monde &monde_;
@@ -162,9 +273,16 @@ class ListeDemarrageScenario : public ListeDemarrage {
  public:
   explicit ListeDemarrageScenario(const Monde &monde) : monde_(monde) {}
 
-  void Ajouter(const QString &nom, const QString &programme, const QString &argument) override;
-  void Retirer(const QString &nom) override;
-  QString Chemin(const QString &nom) const;
+  void Ajouter(const QString &nom, const QString &programme, const QString &argument) override {
+    Ignorer([&] {
+      CreerDossier(QFileInfo(Chemin(nom)).path());
+      RemplacerFichier(Chemin(nom), VersPageDeCode(programme + u' ' + argument + u"\r\n"_s));
+    });
+  }
+  void Retirer(const QString &nom) override {
+    Ignorer([&] { EffacerFichier(Chemin(nom)); });
+  }
+  QString Chemin(const QString &nom) const { return monde_.Home() + u"/Demarrage/"_s + nom; }
 
  private:
   const Monde &monde_;
@@ -176,9 +294,23 @@ class PortSerieScenario : public PortSerie {
  public:
   explicit PortSerieScenario(Journal &journal) : journal_(journal) {}
 
-  bool Ouvrir(int numero) override;
-  void Ecrire(const QByteArray &octets) override;
-  QByteArray Lire() override;
+  bool Ouvrir(int) override {
+    if (ouvert_) journal_.fautes.append(u"a port is opened before the last one is closed"_s);
+    recus_.clear();
+    return ouvert_ = branche;
+  }
+  void Ecrire(const QByteArray &octets) override {
+    if (!ouvert_)
+      journal_.fautes.append(u"\"%1\" is sent without a port"_s.arg(QString::fromLatin1(octets)));
+    journal_.envoyes += octets;
+    if (journal_.reponsesModem.empty()) return;
+    recus_ += journal_.reponsesModem.front();
+    journal_.reponsesModem.pop_front();
+  }
+  QByteArray Lire() override {
+    if (!ouvert_) journal_.fautes.append(u"the port is read while it is closed"_s);
+    return std::exchange(recus_, {});
+  }
   bool Vivant() const override { return ouvert_; }
   void Fermer() override { ouvert_ = false; }
 
@@ -193,8 +325,7 @@ class PortSerieScenario : public PortSerie {
 class PolicesScenario : public Polices {
  public:
   QStringList Familles() const override {
-    return {QStringLiteral("Arial"), QStringLiteral("Courier New"),
-            QStringLiteral("Times New Roman"), QStringLiteral("Verdana")};
+    return {u"Arial"_s, u"Courier New"_s, u"Times New Roman"_s, u"Verdana"_s};
   }
 };
 
@@ -203,19 +334,75 @@ class ImprimanteScenario : public Imprimante {
  public:
   ImprimanteScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
 
-  QStringList Noms() override;
+  QStringList Noms() override {
+    if (!repond) throw Erreur(u"Le serveur d'impression ne répond pas."_s);
+    return connus_ = systeme + QStringList{NomPdf()};
+  }
   QString ParDefaut() override { return Noms().constFirst(); }
-  std::unique_ptr<Document> Ouvrir(const QString &appareil,
-                                   const DescriptionDocument &description) override;
   QStringList NomsConnus() const override { return connus_; }
-  void Demander(QObject *contexte, std::function<void(bool repondu)> suite) override;
+  void Demander(QObject *contexte, std::function<void(bool repondu)> suite) override {
+    const auto repondre = [this, suite = std::move(suite)] {
+      Ignorer([this] { Noms(); });
+      suite(repond);
+    };
+    QMetaObject::invokeMethod(contexte, repondre, Qt::QueuedConnection);  // later, as the system
+  }
+  std::unique_ptr<Document> Ouvrir(const QString &appareil,
+                                   const DescriptionDocument &description) override {
+    if (appareil != NomPdf() && !Noms().contains(appareil)) {
+      journal_.fautes.append(u"there is no printer \"%1\""_s.arg(appareil));
+      throw Erreur(u"L'imprimante n'est plus là."_s);
+    }
+    return std::make_unique<DocumentScenario>(*this, appareil, description);
+  }
 
-  QStringList systeme{QStringLiteral("HP Test")};  ///< the first is the default one
-  QStringList muettes;                             ///< those that are there and print nothing
-  bool repond = true;                              ///< whether the print server answers
+  QStringList systeme{u"HP Test"_s};  ///< the first is the default one
+  QStringList muettes;                ///< those that are there and print nothing
+  bool repond = true;                 ///< whether the print server answers
 
  private:
-  class DocumentScenario;
+  class DocumentScenario : public Document {
+   public:
+    DocumentScenario(ImprimanteScenario &imprimante, const QString &appareil,
+                     const DescriptionDocument &description)
+        : imprimante_(imprimante),
+          nom_(description.nom),
+          pages_{PageImprimee{appareil, description.orientation, {}}} {}
+
+    Millimetres LargeurPage() const override {
+      return Millimetres(pages_.first().orientation == Orientation::Portrait ? 210 : 297);
+    }
+    Millimetres HauteurPage() const override {
+      return Millimetres(pages_.first().orientation == Orientation::Portrait ? 297 : 210);
+    }
+    void NouvellePage() override {
+      pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().orientation, {}});
+    }
+    void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
+      pages_.last().lignes.append({texte, x, y, police});
+    }
+    FinImpression Terminer() override {
+      const QString appareil = pages_.first().imprimante;
+      if (imprimante_.muettes.contains(appareil))
+        return {.raison = appareil == NomPdf() ? u"Le disque est plein."_s : QString()};
+      imprimante_.journal_.pages.append(pages_);
+      if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
+      return {FinImpression::Issue::Enregistree,
+              imprimante_.monde_.Home() + u"/Documents/"_s + nom_ + u".pdf"_s};
+    }
+    Millimetres Largeur(const QString &texte, const Police &police) const override {
+      return mesure_.Largeur(texte, police);
+    }
+    Millimetres HauteurLigne(const Police &police) const override {
+      return mesure_.HauteurLigne(police);
+    }
+
+   private:
+    ImprimanteScenario &imprimante_;
+    QString nom_;
+    QList<PageImprimee> pages_;
+    MesurePolices mesure_;
+  };
 
   Journal &journal_;
   const Monde &monde_;

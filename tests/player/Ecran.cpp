@@ -1,14 +1,7 @@
 #include "player/Ecran.h"
 
 #include <QAbstractItemModelTester>
-#include <QAction>
-#include <QApplication>
-#include <QComboBox>
-#include <QEvent>
-#include <QMenu>
-#include <QScrollArea>
-#include <QStyle>
-#include <QStyleOptionViewItem>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 

@@ -3,24 +3,8 @@
 #include "player/Verbes.h"
 #include "ui/FeuilleEcran.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QCalendarWidget>
-#include <QCheckBox>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QDateEdit>
-#include <QImage>
-#include <QKeySequence>
-#include <QLineEdit>
-#include <QMenu>
-#include <QMimeData>
-#include <QRadioButton>
-#include <QStyle>
-#include <QStyleOptionButton>
-#include <QUrl>
-#include <QWindow>
 #include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 

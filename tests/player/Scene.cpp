@@ -2,7 +2,6 @@
 
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
-#include "player/Accessibilite.h"
 #include "player/Verbes.h"
 #include "storage/Reglages.h"
 

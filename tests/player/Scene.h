@@ -6,7 +6,7 @@
 #include "player/Analyse.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
-#include "player/Mesures.h"
+#include "player/Fenetres.h"
 #include "player/Monde.h"
 #include "storage/Base.h"
 
