@@ -10,10 +10,6 @@
 #include <cmath>
 #include <cstdlib>
 
-using namespace Qt::StringLiterals;
-
-using S = Scene;
-using M = Mots;
 using C = Controle;
 
 namespace {

@@ -6,10 +6,6 @@
 #include <QtTest>
 #include <QtWidgets>
 
-using namespace Qt::StringLiterals;
-
-using S = Scene;
-using M = Mots;
 using C = Controle;
 
 namespace {

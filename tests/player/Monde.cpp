@@ -10,11 +10,6 @@
 
 #include <sys/stat.h>
 
-using namespace Qt::StringLiterals;
-
-using S = Scene;
-using M = Mots;
-
 namespace {
 
 constexpr auto kFinDeLigne = "\r\n";

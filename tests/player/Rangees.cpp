@@ -5,11 +5,6 @@
 
 #include <QMap>
 
-using namespace Qt::StringLiterals;
-
-using S = Scene;
-using M = Mots;
-
 namespace {
 
 /// Runs a step on the database. What the engine refuses fails the scenario.
@@ -139,11 +134,10 @@ QList<Verbe> VerbesDesRangees() {
       {u"ligne"_s, 1, kSansLimite, Ajouter},
       {u"champ-ecrit"_s, 3, kSansLimite, Modifier},
       {u"ligne-efface"_s, 2, 2, Supprimer},
-      {u"lignes"_s, 2, 2,
-       [](S &s, const M &m) {
-         ExigerListe(u"rows of "_s + m[0].texte, {m[1].texte},
-                     Valeurs(s, u"SELECT count(*) FROM [%1]"_s.arg(m[0].texte)));
-       }},
+      Valeur(u"lignes"_s, 2,
+             [](S &s, const M &m) {
+               return Valeurs(s, u"SELECT count(*) FROM [%1]"_s.arg(m[0].texte)).value(0);
+             }),
       {u"champ"_s, 3, kSansLimite, VerifierChamps},
       {u"nul"_s, 3, 3,
        [](S &s, const M &m) {

@@ -12,7 +12,6 @@
 
 #include <cstdio>
 
-using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {

@@ -1,21 +1,15 @@
 // The verbs of what the program tells the system, and what it is answered.
 
 #include "envelope/FrmVueAV.h"
-#include "player/Echec.h"
 #include "player/Verbes.h"
 
-#include <QColor>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QProcess>
 
+#include <algorithm>
 #include <cmath>
-
-using namespace Qt::StringLiterals;
-
-using S = Scene;
-using M = Mots;
 
 namespace {
 
@@ -44,12 +38,19 @@ void VerifierBoite(Scene &scene, const Mots &mots) {
   ExigerListe(u"box"_s, attendus, trouves);
 }
 
+void VerifierBoites(Scene &scene, const Mots &mots) {
+  BoiteVue boite;
+  for (const Mot &mot : mots) {
+    if (!mot.cite) boite = PremiereBoite(scene, mot);
+    ExigerEgal(u"box"_s, mot.texte, mot.cite ? boite.texte : boite.genre);
+  }
+}
+
 /// Queues answers for the boxes to come.
 void Prevoir(Scene &scene, const Mots &mots) {
-  for (const Mot &mot : mots) {
-    const bool bouton = mot.Est(u"oui") || mot.Est(u"non") || mot.Est(u"annuler") || mot.Est(u"ok");
-    scene.journal.reponses.push_back({mot.texte, !bouton});
-  }
+  static const QStringList kBoutons{u"oui"_s, u"non"_s, u"annuler"_s, u"ok"_s};
+  for (const Mot &mot : mots)
+    scene.journal.reponses.push_back({mot.texte, mot.cite || !kBoutons.contains(mot.texte)});
 }
 
 void Aller(Scene &scene, const QDate &jour, const QTime &heure) {
@@ -67,24 +68,39 @@ void PendantPause(Scene &scene, const Mots &mots) {
   });
 }
 
-void VerifierDemarrage(Scene &scene, const Mots &mots) {
-  const bool trouve = QFileInfo::exists(scene.demarrage.Chemin(mots[0].texte));
-  ExigerEgal(u"\"%1\" in the start list"_s.arg(mots[0].texte), mots[1].texte,
-             trouve ? u"present"_s : u"absent"_s);
+void BrancherModem(Scene &scene, const Mots &mots) {
+  scene.port.branche = true;
+  if (!mots[0].Est(u"ouvert")) scene.journal.reponsesModem.push_back(mots[0].texte.toLatin1());
 }
 
-void CompterPages(Scene &scene, int nombre) {
+/// The oldest of what was opened or started, by the name of its file or as it stands.
+Verbe Lancement(const QString &nom, std::deque<QString> Journal::*traces) {
+  return Valeur(nom, 1, [nom, traces](S &s, const M &m) {
+    const QString trouve = Premiere(s.journal.*traces, nom + u' ' + m[0].texte);
+    const QString fichier = QFileInfo(trouve).fileName();
+    return fichier == m[0].texte ? fichier : trouve;
+  });
+}
+
+qsizetype CompterPages(Scene &scene) {
   scene.pages = std::exchange(scene.journal.pages, {});
   scene.page = scene.pages.size() - 1;
-  ExigerEgal(u"pages"_s, QString::number(nombre), QString::number(scene.pages.size()));
+  return scene.pages.size();
 }
 
 /// One that has not been counted must be the only one.
 const PageImprimee &Page(Scene &scene) {
-  if (!scene.journal.pages.isEmpty()) CompterPages(scene, 1);
+  Exiger(scene.journal.pages.isEmpty() || CompterPages(scene) == 1,
+         u"one page expected, %1 found"_s.arg(scene.pages.size()));
   Exiger(scene.page >= 0 && scene.page < scene.pages.size(),
          u"page %1 expected, %2 were counted"_s.arg(scene.page + 1).arg(scene.pages.size()));
   return scene.pages[scene.page];
+}
+
+Verbe Orientee(const QString &nom, Orientation orientation) {
+  return {u"page "_s + nom, 0, 0, [nom, orientation](S &s, const M &) {
+            Exiger(Page(s).orientation == orientation, nom + u" expected"_s);
+          }};
 }
 
 using Lignes = QList<LigneImprimee>;
@@ -108,58 +124,54 @@ QStringList TextesDe(const Lignes &lignes) {
   return textes;
 }
 
-/// One of the lines of this text is as expected; `dire` tells what the others are.
-template <typename Convient, typename Dire>
-void ExigerLigne(const Lignes &lignes, const Mots &mots, Convient convient, Dire dire) {
+/// In the words of a check.
+QStringList PoliceDe(const LigneImprimee &ligne) {
+  const Police &police = ligne.police;
+  QStringList mots{police.nom, QString::number(std::round(police.points * 10) / 10),
+                   police.gras ? u"gras"_s : u"maigre"_s};
+  if (police.souligne) mots.append(u"souligne"_s);
+  return mots;
+}
+
+/// One of the lines of the text that comes first is as expected.
+template <typename Convient>
+void ExigerLigne(const Lignes &lignes, const Mots &mots, Convient convient) {
   QStringList trouvees;
   for (const LigneImprimee &ligne : lignes) {
     if (ligne.texte != mots[0].texte) continue;
     if (convient(ligne)) return;
-    trouvees.append(dire(ligne));
+    trouvees.append(u"%1 %2 %3"_s.arg(ligne.x.valeur, 0, 'f', 2)
+                        .arg(ligne.y.valeur, 0, 'f', 2)
+                        .arg(PoliceDe(ligne).join(u' ')));
   }
   throw Echec{u"%1 expected, %2 found"_s.arg(
       EnListe(Textes(mots, 0)), EnListe(trouvees.isEmpty() ? TextesDe(lignes) : trouvees))};
 }
 
-void VerifierPlace(const Lignes &lignes, const Mots &mots) {
+void VerifierPlaces(const Lignes &lignes, const Mots &mots) {
   // With room for what a number loses on its way to text.
   const auto estEn = [](const Mot &attendu, Millimetres trouve) {
     return attendu.Joker() || std::abs(Nombre(attendu) - trouve.valeur) <= 0.1 + 1e-9;
   };
-  ExigerLigne(
-      lignes, mots,
-      [&](const LigneImprimee &l) { return estEn(mots[1], l.x) && estEn(mots[2], l.y); },
-      [](const LigneImprimee &l) {
-        return u"%1 %2"_s.arg(l.x.valeur, 0, 'f', 2).arg(l.y.valeur, 0, 'f', 2);
-      });
+  Exiger(mots.size() % 3 == 0, u"places expected, each a text and two numbers"_s);
+  for (qsizetype i = 0; i < mots.size(); i += 3)
+    ExigerLigne(lignes, mots.sliced(i, 3), [&](const LigneImprimee &ligne) {
+      return estEn(mots[i + 1], ligne.x) && estEn(mots[i + 2], ligne.y);
+    });
 }
 
 void VerifierPolice(const Lignes &lignes, const Mots &mots) {
-  const auto convient = [&](const LigneImprimee &ligne) {
-    const Police &police = ligne.police;
-    bool bien = police.nom == mots[1].texte && std::abs(police.points - Nombre(mots[2])) < 0.05;
-    for (const Mot &style : mots.sliced(3))
-      bien &= style.Est(u"gras")       ? police.gras
-              : style.Est(u"souligne") ? police.souligne
-                                       : style.Est(u"maigre") && !police.gras;
-    return bien;
-  };
-  ExigerLigne(lignes, mots, convient, [](const LigneImprimee &ligne) {
-    return u"%1 %2 %3 %4"_s.arg(ligne.police.nom)
-        .arg(ligne.police.points)
-        .arg(ligne.police.gras ? u"gras"_s : u"maigre"_s,
-             ligne.police.souligne ? u"souligne"_s : u""_s);
+  ExigerLigne(lignes, mots, [&](const LigneImprimee &ligne) {
+    const QStringList police = PoliceDe(ligne);
+    return std::ranges::all_of(Textes(mots, 1),
+                               [&](const QString &mot) { return police.contains(mot); });
   });
 }
 
 QList<Verbe> VerbesDesLignes(const QString &quoi, bool apercu) {
   return {
       {quoi + u" texte"_s, 3, kSansLimite,
-       [=](S &s, const M &m) {
-         Exiger(m.size() % 3 == 0, u"places expected, each a text and two numbers"_s);
-         for (qsizetype i = 0; i < m.size(); i += 3)
-           VerifierPlace(LignesDe(s, apercu), m.sliced(i, 3));
-       }},
+       [=](S &s, const M &m) { VerifierPlaces(LignesDe(s, apercu), m); }},
       {quoi + u" police"_s, 3, 5,
        [=](S &s, const M &m) { VerifierPolice(LignesDe(s, apercu), m); }},
       {quoi + u" lignes"_s, 0, kSansLimite,
@@ -196,35 +208,23 @@ QString Cellule(Scene &scene, const QString &nom, const QString &quoi) {
   const QString valeur = lue[quoi].toVariant().toString();
   Exiger(quoi != u"texte"_s || valeur.isEmpty() || lue[u"type"] == u"s"_s,
          u"%1: a text expected, a formula or a number found"_s.arg(nom));
-  return valeur;
+  if (quoi == u"gras"_s) return valeur == u"true"_s ? u"gras"_s : u"maigre"_s;
+  if (quoi != u"horizontal"_s) return valeur;
+  return valeur == u"center"_s ? u"centre"_s : valeur == u"right"_s ? u"droite"_s : u"gauche"_s;
 }
 
-Verbe ChampDeCellule(const QString &verbe, const QString &quoi) {
+/// A property of cells, each with what is expected of it.
+Verbe DeCellules(const QString &verbe, const QString &quoi) {
   return {u"classeur "_s + verbe, 2, kSansLimite, [quoi](S &s, const M &m) {
-            static const QHash<QString, QString> kCotes{
-                {u"centre"_s, u"center"_s}, {u"droite"_s, u"right"_s}, {u"gauche"_s, u"left"_s}};
-            const bool cote = quoi == u"horizontal"_s;
-            for (qsizetype i = 0; i + 1 < m.size(); i += 2) {
-              QString trouve = Cellule(s, m[i].texte, quoi);
-              if (cote && trouve != u"center"_s && trouve != u"right"_s) trouve = u"left"_s;
-              const QString &voulu = m[i + 1].texte;
-              ExigerEgal(m[i].texte, cote ? kCotes.value(voulu) : voulu, trouve);
-            }
+            for (qsizetype i = 0; i + 1 < m.size(); i += 2)
+              ExigerEgal(m[i].texte, m[i + 1].texte, Cellule(s, m[i].texte, quoi));
           }};
 }
 
-Verbe GrasDeCellule(const QString &verbe, const QString &attendu) {
-  return {u"classeur "_s + verbe, 1, kSansLimite, [attendu](S &s, const M &m) {
+Verbe Graisse(const QString &attendue) {
+  return {u"classeur "_s + attendue, 1, kSansLimite, [attendue](S &s, const M &m) {
             for (const Mot &mot : m)
-              ExigerEgal(mot.texte + u" bold"_s, attendu, Cellule(s, mot.texte, u"gras"_s));
-          }};
-}
-
-/// The oldest of what was opened or started.
-Verbe Lancement(const QString &nom, std::deque<QString> Journal::*traces) {
-  return {nom, 1, 1, [nom, traces](S &s, const M &m) {
-            const QString trouve = Premiere(s.journal.*traces, nom + u' ' + m[0].texte);
-            if (QFileInfo(trouve).fileName() != m[0].texte) ExigerEgal(nom, m[0].texte, trouve);
+              ExigerEgal(mot.texte, attendue, Cellule(s, mot.texte, u"gras"_s));
           }};
 }
 
@@ -245,70 +245,51 @@ QList<Verbe> VerbesDesTraces() {
          s.horloge.Avancer(std::chrono::milliseconds(qRound(Nombre(m[0]))));
        }},
       {u"pendant-pause"_s, 1, kSansLimite, PendantPause},
-      {u"modem"_s, 1, 1,
-       [](S &s, const M &m) {
-         s.port.branche = true;
-         if (!m[0].Est(u"ouvert")) s.journal.reponsesModem.push_back(m[0].texte.toLatin1());
-       }},
+      Valeur(u"pause"_s, 1,
+             [](S &s, const M &) {
+               return QString::number(Premiere(s.journal.pauses, u"pause"_s).count());
+             }),
       {u"reponse"_s, 1, kSansLimite, Prevoir},
       {u"boite"_s, 3, 5, VerifierBoite},
-      {u"boites"_s, 1, kSansLimite,
-       [](S &s, const M &m) {
-         BoiteVue boite;
-         for (const Mot &mot : m) {
-           if (!mot.cite) boite = PremiereBoite(s, mot);
-           ExigerEgal(u"box"_s, mot.texte, mot.cite ? boite.texte : boite.genre);
-         }
-       }},
+      {u"boites"_s, 1, kSansLimite, VerifierBoites},
       {u"aucune-boite"_s, 0, 0, [](S &s, const M &) { s.VerifierAucuneBoite(); }},
-      {u"rien-ouvert"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
-      {u"rien-lance"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
       {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.journal.boites.clear(); }},
-      {u"pause"_s, 1, 1,
-       [](S &s, const M &m) {
-         const auto pause = Premiere(s.journal.pauses, u"pause "_s + m[0].texte);
-         ExigerEgal(u"pause"_s, m[0].texte, QString::number(pause.count()));
-       }},
       Lancement(u"ouvre"_s, &Journal::ouverts),
       Lancement(u"lance"_s, &Journal::lances),
-      {u"demarrage"_s, 2, 2, VerifierDemarrage},
-      {u"envoye"_s, 1, 1,
-       [](S &s, const M &m) {
-         ExigerEgal(u"sent"_s, m[0].texte,
-                    QString::fromLatin1(std::exchange(s.journal.envoyes, {})));
-       }},
-      {u"pages"_s, 1, 1, [](S &s, const M &m) { CompterPages(s, qRound(Nombre(m[0]))); }},
+      {u"rien-ouvert"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
+      {u"rien-lance"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
+      Valeur(u"demarrage"_s, 2,
+             [](S &s, const M &m) {
+               const bool present = QFileInfo::exists(s.demarrage.Chemin(m[0].texte));
+               return present ? u"present"_s : u"absent"_s;
+             }),
+      {u"modem"_s, 1, 1, BrancherModem},
+      Valeur(u"envoye"_s, 1,
+             [](S &s, const M &) {
+               return QString::fromLatin1(std::exchange(s.journal.envoyes, {}));
+             }),
+      Valeur(u"pages"_s, 1, [](S &s, const M &) { return QString::number(CompterPages(s)); }),
       {u"page"_s, 1, 1,
        [](S &s, const M &m) {
          s.page = qRound(Nombre(m[0])) - 1;
          Page(s);
        }},
-      {u"page imprimante"_s, 1, 1,
-       [](S &s, const M &m) { ExigerEgal(u"printer"_s, m[0].texte, Page(s).imprimante); }},
-      {u"page portrait"_s, 0, 0,
-       [](S &s, const M &) {
-         Exiger(Page(s).orientation == Orientation::Portrait, u"portrait expected"_s);
-       }},
-      {u"page paysage"_s, 0, 0,
-       [](S &s, const M &) {
-         Exiger(Page(s).orientation == Orientation::Paysage, u"paysage expected"_s);
-       }},
-      {u"classeur feuille"_s, 1, 1,
-       [](S &s, const M &m) {
-         ExigerListe(u"sheets"_s, {m[0].texte},
-                     ContenuDuClasseur(s)[u"feuilles"].toVariant().toStringList());
-       }},
-      {u"classeur lignes"_s, 1, 1,
-       [](S &s, const M &m) {
-         ExigerEgal(u"rows of the workbook"_s, m[0].texte,
-                    QString::number(ContenuDuClasseur(s)[u"nombre"].toInt()));
-       }},
-      ChampDeCellule(u"cellule"_s, u"texte"_s),
-      ChampDeCellule(u"fond"_s, u"fond"_s),
-      ChampDeCellule(u"couleur"_s, u"couleur"_s),
-      ChampDeCellule(u"alignement"_s, u"horizontal"_s),
-      GrasDeCellule(u"gras"_s, u"true"_s),
-      GrasDeCellule(u"maigre"_s, u"false"_s),
+      Valeur(u"page imprimante"_s, 1, [](S &s, const M &) { return Page(s).imprimante; }),
+      Orientee(u"portrait"_s, Orientation::Portrait),
+      Orientee(u"paysage"_s, Orientation::Paysage),
+      Valeur(u"classeur feuille"_s, 1,
+             [](S &s, const M &) {
+               return ContenuDuClasseur(s)[u"feuilles"].toVariant().toStringList().join(u", ");
+             }),
+      Valeur(
+          u"classeur lignes"_s, 1,
+          [](S &s, const M &) { return QString::number(ContenuDuClasseur(s)[u"nombre"].toInt()); }),
+      DeCellules(u"cellule"_s, u"texte"_s),
+      DeCellules(u"fond"_s, u"fond"_s),
+      DeCellules(u"couleur"_s, u"couleur"_s),
+      DeCellules(u"alignement"_s, u"horizontal"_s),
+      Graisse(u"gras"_s),
+      Graisse(u"maigre"_s),
   };
   return verbes + VerbesDesLignes(u"page"_s, false) + VerbesDesLignes(u"apercu"_s, true);
 }

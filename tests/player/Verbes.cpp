@@ -2,8 +2,6 @@
 
 #include <QHash>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 const Verbe &TrouverVerbe(const QString &nom) {
@@ -57,4 +55,9 @@ QStringList Textes(const Mots &mots, qsizetype premier) {
   QStringList textes;
   for (const Mot &mot : mots.sliced(premier)) textes.append(mot.texte);
   return textes;
+}
+
+Verbe Valeur(const QString &nom, qsizetype mots, std::function<QString(S &, const M &)> lire) {
+  return {nom, mots, mots,
+          [nom, lire](S &s, const M &m) { ExigerEgal(nom, m.constLast().texte, lire(s, m)); }};
 }

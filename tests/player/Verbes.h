@@ -16,6 +16,13 @@ struct Verbe {
 
 constexpr qsizetype kSansLimite = 1000;
 
+// Short, for the tables of verbs.
+using S = Scene;
+using M = Mots;
+
+/// The last of its words is the text that is read.
+Verbe Valeur(const QString &nom, qsizetype mots, std::function<QString(S &, const M &)> lire);
+
 QList<Verbe> VerbesDuMonde();       ///< before the start; files
 QList<Verbe> VerbesDesRangees();    ///< of the database
 QList<Verbe> VerbesDesGestes();     ///< acts of the user

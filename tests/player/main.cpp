@@ -12,8 +12,6 @@
 
 #include <cstdio>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QPalette PaletteSombre() {
