@@ -5,8 +5,6 @@
 #include <QRegularExpression>
 #include <QStringList>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 QString SansEchappement(QString texte) {

@@ -41,15 +41,11 @@ QString TexteDe(const Controle &controle) {
   if (controle.objet == controle.fenetre) return controle.fenetre->windowTitle();
   if (const auto *mois = controle.En<QCalendarWidget>())
     return mois->selectedDate().toString(u"dd/MM/yyyy"_s);
-  const auto *etiquette = controle.En<QLabel>();
-  if (etiquette != nullptr && EstRiche(*etiquette))
+  if (const auto *etiquette = controle.En<QLabel>(); etiquette && EstRiche(*etiquette))
     return QTextDocumentFragment::fromHtml(etiquette->text()).toPlainText();
-  const bool marque = controle.En<QAction>() || controle.En<QAbstractButton>() ||
-                      controle.En<QGroupBox>() || controle.En<QMenu>() ||
-                      (etiquette != nullptr && etiquette->buddy() != nullptr);
   for (const char *nom : {"plainText", "currentText", "text", "title"})
     if (const QVariant texte = controle.objet->property(nom); texte.isValid())
-      return marque ? SansMarque(texte.toString()) : texte.toString();
+      return PorteUneMarque(*controle.objet) ? SansMarque(texte.toString()) : texte.toString();
   throw Echec{u"%1: what has a text expected"_s.arg(controle.nom)};
 }
 
@@ -105,17 +101,6 @@ bool EstVisible(const Controle &controle) {
 
 bool EstGras(const Controle &controle) {
   return PoliceDe(controle).bold();
-}
-
-bool AChasseFixe(const Controle &controle) {
-  const QFontMetrics mesures(PoliceDe(controle));
-  return mesures.horizontalAdvance(u'i') == mesures.horizontalAdvance(u'M');
-}
-
-/// The control is as high as its lines are.
-bool EstEntier(const Controle &controle) {
-  const QWidget *widget = controle.Widget();
-  return widget->height() >= widget->heightForWidth(widget->width());
 }
 
 bool MontreSonDebut(const Controle &controle) {
@@ -249,9 +234,7 @@ QList<Verbe> VerbesDesControles() {
       Etat(u"gras"_s, EstGras),
       Etat(u"maigre"_s, EstGras, false),
       Etat(u"focus"_s, &C::ALeFoyer),
-      Etat(u"chasse-fixe"_s, AChasseFixe),
       Etat(u"debut"_s, MontreSonDebut),
-      Etat(u"entier"_s, EstEntier),
       Etat(u"bulle-montree"_s, [](const C &c) { return BulleDe(c).EstMontree(); }),
       Etat(u"bulle-cachee"_s, [](const C &c) { return !BulleDe(c).EstMontree(); }),
       Case(u"coche"_s, true),

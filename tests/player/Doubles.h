@@ -22,6 +22,7 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
+#include <QJsonObject>
 #include <QPointer>
 #include <QScopeGuard>
 #include <QStringList>
@@ -29,8 +30,6 @@
 #include <algorithm>
 #include <deque>
 #include <memory>
-
-using namespace Qt::StringLiterals;
 
 struct BoiteVue {
   QString genre, titre, texte, defaut;
@@ -63,6 +62,7 @@ struct Journal {
   std::deque<std::chrono::milliseconds> pauses;
   std::deque<QString> ouverts, lances;  ///< documents, and programs by their paths
   QString classeur;                     ///< the workbook opened last; stays when it is looked at
+  QJsonObject classeurLu;               ///< its content, once it has been read
   QByteArray envoyes;                   ///< to the modem
   std::deque<QByteArray> reponsesModem;
   QList<PageImprimee> pages;
@@ -255,7 +255,10 @@ class CoquilleScenario : public Coquille {
   bool OuvrirSurLeBureau(const QString &document) override {
     if (inerte) return false;
     journal_.ouverts.push_back(document);
-    if (document.endsWith(u".xlsx"_s)) journal_.classeur = document;
+    if (document.endsWith(u".xlsx"_s)) {
+      journal_.classeur = document;
+      journal_.classeurLu = {};
+    }
     return true;
   }
 

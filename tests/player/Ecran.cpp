@@ -3,8 +3,6 @@
 #include <QAbstractItemModelTester>
 #include <QtWidgets>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 bool EstSurgissante(const QWidget *fenetre) {
@@ -86,17 +84,10 @@ bool Controle::ALeFoyer() const {
 }
 
 QModelIndexList Controle::Elements() const {
-  const QAbstractItemView *vue = Vue();
-  QModelIndexList elements;
-  const auto parcourir = [&](const QModelIndex &parent, const auto &lui) -> void {
-    for (int i = 0; i < vue->model()->rowCount(parent); ++i) {
-      const QModelIndex element = vue->model()->index(i, 0, parent);
-      elements.append(element);
-      lui(element, lui);
-    }
-  };
-  if (vue->model() != nullptr) parcourir(vue->rootIndex(), parcourir);
-  return elements;
+  const QAbstractItemModel *modele = Vue()->model();
+  if (modele == nullptr) return {};
+  return modele->match(modele->index(0, 0, Vue()->rootIndex()), Qt::DisplayRole, QString(), -1,
+                       Qt::MatchContains | Qt::MatchRecursive);
 }
 
 QModelIndex Controle::Element(const Mot &mot) const {

@@ -8,8 +8,6 @@
 
 #include <cmath>
 
-using namespace Qt::StringLiterals;
-
 namespace {
 
 /// Parts of a control of the toolkit, which is what the user meets.
@@ -17,27 +15,25 @@ bool EstInterne(const QWidget *widget) {
   return widget->focusProxy() != nullptr || widget->objectName().startsWith(u"qt_"_s);
 }
 
-class Mnemoniques {
- public:
-  void Prendre(const QString &texte) {
-    const QString touche = QKeySequence::mnemonic(texte).toString();
-    if (touche.isEmpty()) return;
-    Exiger(!prises_.contains(touche),
-           u"%1 expected for one control, for \"%2\" and \"%3\" found"_s.arg(
-               touche, prises_.value(touche), texte));
-    prises_[touche] = texte;
-  }
+/// The mnemonics that are taken, each with the text it stands in.
+using Mnemoniques = QMap<QString, QString>;
 
- private:
-  QMap<QString, QString> prises_;
-};
+void Prendre(Mnemoniques &prises, const QString &texte) {
+  const QString touche = QKeySequence::mnemonic(texte).toString();
+  if (touche.isEmpty()) return;
+  Exiger(!prises.contains(touche),
+         u"%1 expected for one control, for \"%2\" and \"%3\" found"_s.arg(
+             touche, prises.value(touche), texte));
+  prises[touche] = texte;
+}
 
-void VerifierMenu(const QMenu &menu) {
-  Mnemoniques mnemoniques;
-  for (const QAction *action : menu.actions()) {
+/// Each menu has its own.
+void PrendreActions(Mnemoniques &prises, const QList<QAction *> &actions) {
+  for (const QAction *action : actions) {
     if (!action->isVisible()) continue;
-    mnemoniques.Prendre(action->text());
-    if (action->menu() != nullptr) VerifierMenu(*action->menu());
+    Prendre(prises, action->text());
+    Mnemoniques duMenu;
+    if (action->menu() != nullptr) PrendreActions(duMenu, action->menu()->actions());
   }
 }
 
@@ -90,26 +86,24 @@ bool EstBonne(const QString &quoi, double dessin, double agrandie, double echell
 
 }  // namespace
 
+bool PorteUneMarque(const QObject &objet) {
+  const auto *etiquette = qobject_cast<const QLabel *>(&objet);
+  return objet.inherits("QAction") || objet.inherits("QAbstractButton") ||
+         objet.inherits("QGroupBox") || objet.inherits("QMenu") ||
+         (etiquette != nullptr && etiquette->buddy() != nullptr);
+}
+
 void VerifierAccessibilite(const QWidget &fenetre) {
   Exiger(!fenetre.isModal() || QGuiApplication::overrideCursor() == nullptr,
          u"no hourglass over %1 expected, one found"_s.arg(fenetre.objectName()));
   Mnemoniques mnemoniques;
-  for (const auto *barre : fenetre.findChildren<QMenuBar *>()) {
-    if (barre->window() != &fenetre) continue;
-    for (const QAction *action : barre->actions()) {
-      mnemoniques.Prendre(action->text());
-      if (action->menu() != nullptr) VerifierMenu(*action->menu());
-    }
-  }
+  for (const auto *barre : fenetre.findChildren<QMenuBar *>())
+    if (barre->window() == &fenetre) PrendreActions(mnemoniques, barre->actions());
   for (QWidget *widget : fenetre.findChildren<QWidget *>()) {
     if (widget->window() != &fenetre || !widget->isVisible() || !widget->isEnabled()) continue;
-    if (const auto *bouton = qobject_cast<QAbstractButton *>(widget))
-      mnemoniques.Prendre(bouton->text());
-    else if (const auto *groupe = qobject_cast<QGroupBox *>(widget))
-      mnemoniques.Prendre(groupe->title());
-    else if (const auto *etiquette = qobject_cast<QLabel *>(widget);
-             etiquette != nullptr && etiquette->buddy() != nullptr)
-      mnemoniques.Prendre(etiquette->text());
+    if (PorteUneMarque(*widget))
+      Prendre(mnemoniques,
+              widget->property(widget->inherits("QGroupBox") ? "title" : "text").toString());
     if (const auto *etiquette = qobject_cast<const QLabel *>(widget)) VerifierContraste(*etiquette);
     if ((widget->focusPolicy() & Qt::TabFocus) == 0 || EstInterne(widget)) continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);

@@ -6,6 +6,9 @@
 #include <QStringList>
 #include <QWidget>
 
+/// Whether "&" marks a key in the control's text.
+bool PorteUneMarque(const QObject &objet);
+
 /// A dialog waits without an hourglass over its buttons. Every control of a window that the
 /// keyboard reaches has an accessible name, no mnemonic stands twice in the window or in one of its
 /// menus, and labels are told from their ground. Throws `Echec`.

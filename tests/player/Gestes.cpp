@@ -41,42 +41,29 @@ void CliquerEn(QWidget *widget, const QPoint &place, Clic clic = Clic::Simple,
   if (reste) QTest::mouseRelease(widget, Qt::RightButton, avec, place);
 }
 
-struct Frappe {
-  Qt::Key touche;
-  QString texte;
-  Qt::KeyboardModifiers avec;
-};
-
-Frappe FrappeDe(QChar signe) {
-  if (signe == u'\n' || signe == u'\r') return {Qt::Key_Return, u"\r"_s, {}};
-  if (signe == u'\t') return {Qt::Key_Tab, u"\t"_s, {}};
-  return {static_cast<Qt::Key>(signe.toUpper().unicode()), signe,
-          signe.isUpper() ? Qt::ShiftModifier : Qt::NoModifier};
+/// A sign, as it is typed.
+void Frapper(QWidget *widget, QChar signe) {
+  if (signe == u'\n' || signe == u'\r') return QTest::keyClick(widget, Qt::Key_Return);
+  if (signe == u'\t') return QTest::keyClick(widget, Qt::Key_Tab);
+  QTest::sendKeyEvent(QTest::Click, widget, static_cast<Qt::Key>(signe.toUpper().unicode()),
+                      QString(signe), signe.isUpper() ? Qt::ShiftModifier : Qt::NoModifier);
 }
 
-Frappe FrappeNommee(const QString &nom) {
+/// A key by its name, or by its sign.
+void FrapperTouche(QWidget *widget, const QString &nom) {
   static const QList<std::pair<QString, QString>> kNoms{
       {u"Suppr"_s, u"Del"_s},    {u"Entree"_s, u"Return"_s}, {u"Echap"_s, u"Esc"_s},
       {u"Espace"_s, u"Space"_s}, {u"Haut"_s, u"Up"_s},       {u"Bas"_s, u"Down"_s},
       {u"Gauche"_s, u"Left"_s},  {u"Droite"_s, u"Right"_s},  {u"Debut"_s, u"Home"_s},
       {u"Fin"_s, u"End"_s},      {u"Inser"_s, u"Ins"_s},     {u"Retour"_s, u"Backspace"_s},
       {u"PgPrec"_s, u"PgUp"_s},  {u"PgSuiv"_s, u"PgDown"_s}, {u"Maj"_s, u"Shift"_s}};
-  if (nom.size() == 1) return FrappeDe(nom[0]);
+  if (nom.size() == 1) return Frapper(widget, nom[0]);
   QString portable = nom;
   for (const auto &[ici, ailleurs] : kNoms) portable.replace(ici, ailleurs);
   const QKeySequence suite = QKeySequence::fromString(portable, QKeySequence::PortableText);
   Exiger(suite.count() == 1 && suite[0].key() != Qt::Key_unknown,
          u"a key expected, \"%1\" found"_s.arg(nom));
-  const Qt::Key touche = suite[0].key();
-  const QString texte = touche == Qt::Key_Return   ? u"\r"_s
-                        : touche == Qt::Key_Space  ? u" "_s
-                        : touche == Qt::Key_Delete ? u"\x7f"_s
-                                                   : u""_s;
-  return {touche, texte, suite[0].keyboardModifiers()};
-}
-
-void Frapper(QWidget *widget, const Frappe &frappe) {
-  QTest::sendKeyEvent(QTest::Click, widget, frappe.touche, frappe.texte, frappe.avec);
+  QTest::keyClick(widget, suite[0].key(), suite[0].keyboardModifiers());
 }
 
 /// The part of a control that takes what is typed.
@@ -87,20 +74,6 @@ QWidget *ZoneDeSaisie(const Controle &controle) {
              !widget->inherits("QAbstractItemView") && !widget->property("readOnly").toBool(),
          u"%1: what takes typed text expected"_s.arg(controle.nom));
   return widget;
-}
-
-/// A place where the mouse takes hold of the control itself, not of another one that lies over it.
-QPoint PlaceDePrise(const Controle &controle, const QWidget *widget) {
-  const auto libre = [&](const QPoint &place) {
-    return controle.fenetre->childAt(widget->mapTo(controle.fenetre, place)) == widget;
-  };
-  const QPoint milieu = PlaceDuClic(widget);
-  if (libre(milieu)) return milieu;
-  constexpr int kPas = 3;  // pixels
-  for (int y = kPas; y < widget->height(); y += kPas)
-    for (int x = kPas; x < widget->width(); x += kPas)
-      if (libre({x, y})) return {x, y};
-  throw Echec{u"%1 expected in reach of the mouse, it lies behind another one"_s.arg(controle.nom)};
 }
 
 void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
@@ -126,7 +99,7 @@ void Declencher(QAction *action) {
   for (QObject *lieu : action->associatedObjects())
     if (auto *menu = qobject_cast<QMenu *>(lieu); menu != nullptr && menu->isVisible()) {
       menu->setActiveAction(action);
-      Frapper(menu, FrappeDe(u'\r'));
+      Frapper(menu, u'\r');
       return;
     }
   action->trigger();
@@ -134,11 +107,11 @@ void Declencher(QAction *action) {
 
 void ChoisirJour(QDateEdit *date, const QDate &jour) {
   date->setFocus(Qt::TabFocusReason);
-  Frapper(date, FrappeDe(u' '));
+  Frapper(date, u' ');
   QCalendarWidget *calendrier = date->calendarWidget();
   Exiger(calendrier->isVisible(), u"an open calendar expected, none found"_s);
   calendrier->setSelectedDate(jour);
-  Frapper(calendrier->findChild<QAbstractItemView *>(), FrappeDe(u'\r'));
+  Frapper(calendrier->findChild<QAbstractItemView *>(), u'\r');
 }
 
 void Cliquer(const Controle &controle, Clic clic = Clic::Simple) {
@@ -186,7 +159,7 @@ void Choisir(const Controle &controle, const Mots &mots, bool choisi) {
     // By the open list, so that the program hears of a choice of what was chosen already.
     Derouler(controle, mots);
     vue->setCurrentIndex(element);
-    return Frapper(vue, FrappeDe(u'\r'));
+    return Frapper(vue, u'\r');
   }
   const bool plusieurs = vue->selectionMode() == QAbstractItemView::MultiSelection ||
                          vue->selectionMode() == QAbstractItemView::ExtendedSelection;
@@ -204,24 +177,23 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
   zone->setFocus(Qt::TabFocusReason);
   if (remplacer) {
     QMetaObject::invokeMethod(zone, "selectAll");
-    if (texte.isEmpty()) Frapper(zone, FrappeNommee(u"Suppr"_s));
+    if (texte.isEmpty()) FrapperTouche(zone, u"Suppr"_s);
   } else {
     // A field of one line knows no end of the document.
     const bool uneLigne = qobject_cast<QLineEdit *>(zone) != nullptr;
-    Frapper(zone, FrappeNommee(uneLigne ? u"Fin"_s : u"Ctrl+Fin"_s));
+    FrapperTouche(zone, uneLigne ? u"Fin"_s : u"Ctrl+Fin"_s);
   }
   for (const QChar signe : texte) {
     Exiger(
         zone && zone->isVisible() && zone->isEnabled(),
         u"%1 expected to take \"%2\", it has gone before \"%3\""_s.arg(controle.nom, texte, signe));
     // The field of a combo leaves the focus, and so the keys, to the combo.
-    Frapper(zone->focusProxy() != nullptr ? zone->focusProxy() : zone.data(), FrappeDe(signe));
+    Frapper(zone->focusProxy() != nullptr ? zone->focusProxy() : zone.data(), signe);
   }
 }
 
 /// On a window the key goes to what has the focus.
 void Toucher(const Controle &controle, const Mots &mots) {
-  const Frappe frappe = FrappeNommee(mots[1].texte);
   QWidget *widget = controle.Widget();
   if (widget == controle.fenetre) {
     QWidget *surgissante = QApplication::activePopupWidget();
@@ -232,14 +204,14 @@ void Toucher(const Controle &controle, const Mots &mots) {
   }
   if (auto *combo = qobject_cast<QComboBox *>(widget); combo && combo->view()->isVisible())
     widget = combo->view();
-  Frapper(widget, frappe);
+  FrapperTouche(widget, mots[1].texte);
 }
 
 /// By millimetres of the picture that it lies on, in whole pixels.
 void Glisser(const Controle &controle, const Mots &mots) {
   constexpr int kEtapes = 4;
   QWidget *widget = controle.Widget();
-  const QPoint prise = widget->mapToGlobal(PlaceDePrise(controle, widget));
+  const QPoint prise = widget->mapToGlobal(PlaceDuClic(widget));
   const double parMillimetre = PixelsParMillimetre(*widget);
   const QPoint chemin(qRound(Nombre(mots[1]) * parMillimetre),
                       qRound(Nombre(mots[2]) * parMillimetre));

@@ -7,39 +7,26 @@
 
 namespace {
 
-/// Runs a step on the database. What the engine refuses fails the scenario.
-template <typename Etape>
-auto Avec(const Scene &scene, Etape &&etape) {
+/// The first column of what a statement finds. What the engine refuses fails the scenario.
+QStringList Valeurs(const Scene &scene, const QString &texte, const QStringList &liees = {}) {
   try {
     Base base;
     base.Ouvrir(scene.monde.Base());
-    return etape(base);
-  } catch (const Erreur &erreur) {
-    throw Echec{erreur.Texte()};
-  }
-}
-
-/// The first column of what a statement finds.
-QStringList Valeurs(const Scene &scene, const QString &texte, const QStringList &liees = {}) {
-  return Avec(scene, [&](Base &base) {
     Requete requete(base, texte);
     for (const QString &valeur : liees) requete.Lier(valeur);
     QStringList valeurs;
     while (requete.Suivante())
       valeurs.append(requete.Nul(0) ? QString() : requete.Texte(0) + u""_s);
     return valeurs;
-  });
+  } catch (const Erreur &erreur) {
+    throw Echec{erreur.Texte()};
+  }
 }
 
 /// Changes one row. A number as a text becomes a number by the affinity of its column.
 void Changer(const Scene &scene, const QString &texte, const QStringList &liees) {
-  Avec(scene, [&](Base &base) {
-    Transaction transaction(base);
-    Requete requete(base, texte);
-    for (const QString &valeur : liees) requete.Lier(valeur);
-    Exiger(requete.Executer() == 1, u"a row to change expected, none of this key found"_s);
-    transaction.Valider();
-  });
+  Exiger(Valeurs(scene, texte + u" RETURNING rowid"_s, liees).size() == 1,
+         u"a row to change expected, none of this key found"_s);
 }
 
 /// The values of `Field=value` words by the names of their fields.

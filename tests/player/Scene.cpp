@@ -85,24 +85,18 @@ void Scene::Demarrer() {
 
 void Scene::Fermer() {
   Exiger(EnMarche(), u"a running program expected, it is closed"_s);
-  const QWidget *dialogue = QApplication::activeModalWidget();
-  Exiger(dialogue == nullptr, u"no dialog expected, %1 is open"_s.arg(
-                                  dialogue != nullptr ? dialogue->objectName() : QString()));
+  Exiger(QApplication::activeModalWidget() == nullptr, u"no open dialog expected, one found"_s);
   if (QWidget *surgissante = QApplication::activePopupWidget()) {
     surgissante->close();
     throw Reessayer{};
   }
-  QWidget *fenetre = ecran.FenetreActive();
-  Exiger(fenetre != nullptr, u"a window to close expected, none on the screen"_s);
-  const QString nom = fenetre->objectName();
-  fenetre->close();
+  ecran.Active()->close();
   constexpr int kTours = 20;
   for (int i = 0; i < kTours && !programmeTermine_; ++i) {
     LaisserPasser();
     if (!programmeTermine_) horloge.Avancer(100ms);
   }
-  Exiger(programmeTermine_,
-         u"the end of the program expected after the close box of %1, it goes on"_s.arg(nom));
+  Exiger(programmeTermine_, u"the end of the program expected after its close box, it goes on"_s);
   if (horloge.Attentes() == 0) Liberer();
 }
 

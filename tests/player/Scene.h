@@ -10,10 +10,8 @@
 #include "player/Monde.h"
 #include "storage/Base.h"
 
-#include <QDateTime>
 #include <QElapsedTimer>
 #include <QEventLoop>
-#include <QJsonObject>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -80,13 +78,6 @@ class Scene {
 
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on
-
-  struct ClasseurLu {
-    QString chemin;
-    QDateTime ecrit;
-    QJsonObject contenu;
-  };
-  ClasseurLu classeurLu;
 
  private:
   /// Dialogs and menus that take the user's input.

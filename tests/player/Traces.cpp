@@ -188,19 +188,17 @@ QList<Verbe> VerbesDesLignes(const QString &quoi, bool apercu) {
 
 /// The workbook that the program opened last, read by another program than its writer.
 const QJsonObject &ContenuDuClasseur(Scene &scene) {
-  const QFileInfo fichier(scene.journal.classeur);
-  Exiger(fichier.isFile(), u"an opened workbook expected, none is there"_s);
-  Scene::ClasseurLu &lu = scene.classeurLu;
-  if (lu.chemin == fichier.filePath() && lu.ecrit == fichier.lastModified()) return lu.contenu;
+  QJsonObject &lu = scene.journal.classeurLu;
+  if (!lu.isEmpty()) return lu;
+  const QString &fichier = scene.journal.classeur;
+  Exiger(QFileInfo(fichier).isFile(), u"an opened workbook expected, none is there"_s);
   constexpr int kLimite = 50'000;  // milliseconds
   QProcess lecteur;
   // The system's, whose package the reading library is.
-  lecteur.start(u"/usr/bin/python3"_s, {QStringLiteral(VELMIRA_LIRE_CLASSEUR), fichier.filePath()});
+  lecteur.start(u"/usr/bin/python3"_s, {QStringLiteral(VELMIRA_LIRE_CLASSEUR), fichier});
   Exiger(lecteur.waitForFinished(kLimite) && lecteur.exitCode() == 0,
          u"the workbook cannot be read: "_s + QString::fromUtf8(lecteur.readAllStandardError()));
-  lu = {fichier.filePath(), fichier.lastModified(),
-        QJsonDocument::fromJson(lecteur.readAllStandardOutput()).object()};
-  return lu.contenu;
+  return lu = QJsonDocument::fromJson(lecteur.readAllStandardOutput()).object();
 }
 
 QString Cellule(Scene &scene, const QString &nom, const QString &quoi) {

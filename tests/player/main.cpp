@@ -15,20 +15,13 @@
 namespace {
 
 QPalette PaletteSombre() {
-  const QColor fond(42, 46, 50), base(27, 30, 32), texte(252, 252, 252), eteint(120, 125, 130);
-  QPalette palette(fond);
-  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText,
-                          QPalette::ToolTipText, QPalette::BrightText}) {
-    palette.setColor(role, texte);
-    palette.setColor(QPalette::Disabled, role, eteint);
-  }
-  palette.setColor(QPalette::Base, base);
-  palette.setColor(QPalette::AlternateBase, fond.lighter(115));
-  palette.setColor(QPalette::ToolTipBase, base);
+  QPalette palette(QColor(42, 46, 50));
+  palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  palette.setColor(QPalette::ToolTipBase, QColor(27, 30, 32));
+  palette.setColor(QPalette::ToolTipText, Qt::white);
+  palette.setColor(QPalette::AlternateBase, QColor(48, 53, 58));
   palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
-  palette.setColor(QPalette::HighlightedText, texte);
   palette.setColor(QPalette::Link, QColor(29, 153, 243));
-  palette.setColor(QPalette::PlaceholderText, eteint);
   return palette;
 }
 
