@@ -22,13 +22,8 @@ QFont PoliceDe(const Controle &controle) {
   return controle.objet->property("font").value<QFont>();
 }
 
-QString SansMarque(const QString &texte) {
-  QString sans;
-  for (qsizetype i = 0; i < texte.size(); ++i) {
-    if (texte[i] == u'&' && ++i == texte.size()) break;
-    sans += texte[i];
-  }
-  return sans;
+QString SansMarque(QString texte) {
+  return texte.replace(QRegularExpression(u"&(.?)"_s), u"\\1"_s);
 }
 
 bool EstRiche(const QLabel &etiquette) {
@@ -207,9 +202,9 @@ void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = scene.ecran.Active();
   for (const QWidget *autre : QApplication::topLevelWidgets())
     if (autre->objectName().startsWith(u"Frm"_s)) Mesurer(mots[0].texte, *autre, scene.mesures);
-  if (scene.Captures().isEmpty()) return;
-  const QString chemin = QDir(scene.Captures()).filePath(mots[0].texte + u".png"_s);
-  Exiger(QDir().mkpath(scene.Captures()) && fenetre->grab().save(chemin),
+  if (scene.options.captures.isEmpty()) return;
+  const QString chemin = QDir(scene.options.captures).filePath(mots[0].texte + u".png"_s);
+  Exiger(QDir().mkpath(scene.options.captures) && fenetre->grab().save(chemin),
          u"\"%1\" cannot be written"_s.arg(chemin));
 }
 

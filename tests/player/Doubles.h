@@ -12,7 +12,7 @@
 #include "platform/PageDeCode.h"
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
-#include "player/Echec.h"
+#include "player/Analyse.h"
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 

@@ -2,7 +2,6 @@
 // The windows on the screen, the controls in them, and what a person sees of a control.
 
 #include "player/Analyse.h"
-#include "player/Echec.h"
 
 #include <QAbstractItemView>
 #include <QObject>

@@ -38,13 +38,13 @@ void LaisserPasser() {
   for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
 }
 
-Scene::Scene(Application &application, QString fichier, Options options)
-    : fichier_(std::move(fichier)),
-      options_(std::move(options)),
-      monde(options_.monde.isEmpty() ? temporaire_.path() : options_.monde,
-            QFileInfo(fichier_).absolutePath()),
+Scene::Scene(Application &application, QString f, Options o)
+    : fichier(std::move(f)),
+      options(std::move(o)),
+      monde(options.monde.isEmpty() ? temporaire.path() : options.monde,
+            QFileInfo(fichier).absolutePath()),
       application_(application) {
-  const auto texte = LireFichier(fichier_);
+  const auto texte = LireFichier(fichier);
   Exiger(texte.has_value(), u"the file cannot be read"_s);
   commandes_ = Analyser(QString::fromUtf8(*texte));
   application_.SignalerPar(&boites);
@@ -65,7 +65,7 @@ std::optional<Echec> Scene::Jouer() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
-  if (options_.taille != 0) EcrireTaille(monde.App(), options_.taille);
+  if (options.taille != 0) EcrireTaille(monde.App(), options.taille);
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s});
@@ -129,12 +129,10 @@ void Scene::VerifierAucuneBoite() const {
 void Scene::VerifierFin() const {
   VerifierFautes();  // of commands that have not returned
   VerifierToutVu();
-  for (const auto &reponse : journal.reponses)
-    throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
+  Exiger(journal.reponses.empty(),
+         u"a box expected for each answer, %1 are left"_s.arg(journal.reponses.size()));
   Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);
-  for (const QByteArray &reponse : journal.reponsesModem)
-    throw Echec{u"the modem expected to answer \"%1\", it was never asked"_s.arg(
-        QString::fromLatin1(reponse))};
+  Exiger(journal.reponsesModem.empty(), u"the modem expected to answer, it was never asked"_s);
 }
 
 void Scene::Planifier() {
@@ -223,7 +221,7 @@ void Scene::Terminer(const std::optional<Echec> &faute) {
 void Scene::FermerDialogues() {
   if (depuis_.elapsed() > kLimite) {
     // The program sits in a handler that never returns: there is no way out but this one.
-    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier_),
+    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier),
                  faute_ ? faute_->ligne : 0, qPrintable(faute_ ? faute_->texte : u"ok"_s));
     std::fflush(stdout);
     std::_Exit(EXIT_FAILURE);

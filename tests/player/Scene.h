@@ -53,12 +53,9 @@ class Scene {
   void VerifierToutVu() const;
   void VerifierAucuneBoite() const;
 
- private:
-  const QString fichier_;
-  const Options options_;
-  QTemporaryDir temporaire_;
-
- public:
+  const QString fichier;
+  const Options options;
+  const QTemporaryDir temporaire;
   const Monde monde;
   Journal journal;
   BoitesScenario boites{journal, monde};
@@ -73,7 +70,6 @@ class Scene {
   QString utilisateur = QStringLiteral("Paul");
   std::unique_ptr<Base> autreEcrivain;  ///< another user's, who keeps the database to himself
 
-  const QString &Captures() const { return options_.captures; }
   Mesures mesures;  ///< of the windows that pictures were asked of
 
   QList<PageImprimee> pages;  ///< those that were counted last
