@@ -1,10 +1,7 @@
 // The verbs that look at windows and controls.
 
-#include "player/Fenetres.h"
 #include "player/Verbes.h"
 #include "ui/Bulle.h"
-
-#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>
@@ -111,10 +108,6 @@ QString AlignementDe(const Controle &controle) {
   return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;
 }
 
-QString IndexDe(const Controle &controle) {
-  return QString::number(controle.Elements().indexOf(controle.Selection().value(0)));
-}
-
 const Bulle &BulleDe(const Controle &controle) {
   const auto *bulle =
       controle.Widget()->findChild<const Bulle *>(QString(), Qt::FindDirectChildrenOnly);
@@ -216,7 +209,9 @@ QList<Verbe> VerbesDesControles() {
       Lecture(u"couleur"_s, [](const C &c) { return TeintesDe(c).encre; }),
       Lecture(u"fond"_s, [](const C &c) { return TeintesDe(c).fond; }),
       Lecture(u"alignement"_s, AlignementDe),
-      Lecture(u"index"_s, IndexDe),
+      Lecture(
+          u"index"_s,
+          [](const C &c) { return QString::number(c.Elements().indexOf(c.Selection().value(0))); }),
       Lecture(u"items-nombre"_s, [](const C &c) { return QString::number(c.Elements().size()); }),
       Lecture(u"en-haut"_s,
               [](const C &c) {

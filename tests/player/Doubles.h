@@ -16,16 +16,7 @@
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 
-#include <QColor>
-#include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
-#include <QHash>
-#include <QJsonObject>
-#include <QPointer>
-#include <QScopeGuard>
-#include <QStringList>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <deque>

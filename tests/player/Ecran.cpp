@@ -1,7 +1,6 @@
 #include "player/Ecran.h"
 
 #include <QAbstractItemModelTester>
-#include <QtWidgets>
 
 namespace {
 

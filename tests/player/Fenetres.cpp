@@ -1,10 +1,8 @@
-#include "player/Fenetres.h"
+// What holds for every window.
 
-#include "player/Analyse.h"
+#include "player/Ecran.h"
 #include "ui/Echelle.h"
 #include "ui/Theme.h"
-
-#include <QtWidgets>
 
 #include <cmath>
 

@@ -4,7 +4,6 @@
 #include "ui/FeuilleEcran.h"
 
 #include <QtTest>
-#include <QtWidgets>
 
 using C = Controle;
 

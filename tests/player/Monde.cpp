@@ -9,9 +9,7 @@
 #include "player/Verbes.h"
 #include "storage/Requete.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QMap>
+#include <QtCore>
 
 #include <sys/stat.h>
 
@@ -40,6 +38,12 @@ void Copier(const QString &source, const QString &cible) {
 const Monde &AuRepos(const Scene &scene) {
   Exiger(!scene.EnMarche(), u"a program that is closed expected, it is running"_s);
   return scene.monde;
+}
+
+/// A file that lies beside the scenario.
+QString ACote(const Scene &scene, const QString &nom) {
+  AuRepos(scene);
+  return QFileInfo(scene.fichier).dir().filePath(nom);
 }
 
 void Installer(Scene &scene, const Mots &) {
@@ -226,8 +230,7 @@ Verbe Tenir(const QString &nom, const QString &comment) {
 
 }  // namespace
 
-Monde::Monde(const QString &dossier, QString dossierScenario)
-    : dossierScenario_(std::move(dossierScenario)) {
+Monde::Monde(const QString &dossier) {
   QDir().mkpath(dossier);
   dossier_ = QFileInfo(dossier).canonicalFilePath();
   for (const QString &partie : {App(), Home()})
@@ -255,10 +258,6 @@ QString Monde::Chemin(const QString &nom) const {
   return QDir::cleanPath((duMonde ? dossier_ : App()) + u'/' + nom);
 }
 
-QString Monde::ACote(const QString &nom) const {
-  return QDir(dossierScenario_).filePath(nom);
-}
-
 QString Monde::Completer(QString texte) const {
   constexpr int kLong = 33'000;
   return texte.replace(u"{app}"_s, App())
@@ -272,10 +271,10 @@ QList<Verbe> VerbesDuMonde() {
       {u"monde type"_s, 0, 0, InstallerType},
       {u"monde fichier"_s, 1, kSansLimite, Ecrire},
       {u"monde copie"_s, 2, 2,
-       [](S &s, const M &m) { Copier(AuRepos(s).ACote(m[0].texte), s.monde.Chemin(m[1].texte)); }},
+       [](S &s, const M &m) { Copier(ACote(s, m[0].texte), s.monde.Chemin(m[1].texte)); }},
       {u"monde base"_s, 1, 1,
        [](S &s, const M &m) {
-         Copier(AuRepos(s).ACote(m[0].texte), s.monde.Donnees() + u"/Velmira.mdb"_s);
+         Copier(ACote(s, m[0].texte), s.monde.Donnees() + u"/Velmira.mdb"_s);
        }},
       {u"monde nouvelle-base"_s, 0, 0,
        [](S &s, const M &) {

@@ -5,10 +5,7 @@
 #include "player/Verbes.h"
 #include "storage/Reglages.h"
 
-#include <QDialog>
-#include <QDir>
-#include <QFileInfo>
-#include <QTimer>
+#include <QtWidgets>
 
 #include <cstdio>
 
@@ -23,13 +20,6 @@ Echec FauteDe(const Commande &commande, const QString &raison) {
   return {raison + u"\n    "_s + commande.texte, commande.ligne};
 }
 
-void EcrireTaille(const QString &app, qint32 taille) {
-  Reglages reglages;
-  LireReglages(app, reglages);
-  reglages.rtcolor.TailleFenetre = taille;
-  EcrireRTColor(app, reglages.rtcolor);
-}
-
 }  // namespace
 
 void LaisserPasser() {
@@ -41,8 +31,7 @@ void LaisserPasser() {
 Scene::Scene(Application &application, QString f, Options o)
     : fichier(std::move(f)),
       options(std::move(o)),
-      monde(options.monde.isEmpty() ? temporaire.path() : options.monde,
-            QFileInfo(fichier).absolutePath()),
+      monde(options.monde.isEmpty() ? temporaire.path() : options.monde),
       application_(application) {
   const auto texte = LireFichier(fichier);
   Exiger(texte.has_value(), u"the file cannot be read"_s);
@@ -65,7 +54,12 @@ std::optional<Echec> Scene::Jouer() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
-  if (options.taille != 0) EcrireTaille(monde.App(), options.taille);
+  if (options.taille != 0) {
+    Reglages reglages;
+    LireReglages(monde.App(), reglages);
+    reglages.rtcolor.TailleFenetre = options.taille;
+    EcrireRTColor(monde.App(), reglages.rtcolor);
+  }
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s});
@@ -165,18 +159,17 @@ Scene::Prenantes Scene::PrenantesOuvertes() {
   return ouvertes;
 }
 
-bool Scene::VaPasser(const QWidget &prenante) const {
-  const QString nom = prenante.objectName();
-  return nom == u"FrmEnCours"_s || (nom == u"FrmAvancement"_s && !autreEcrivain);
-}
-
 bool Scene::PeutAvancer() const {
   // A command that has not returned waits in a dialog or a menu that it opened itself, or for
   // something to happen; or it only lets events through: then nothing may come between.
   if (pile_.empty() || horloge.Attentes() > pile_.back().attentes) return true;
+  // A run's window ends by itself, and that of a long work, which shows on a slow computer only.
+  QStringList quiPassent{u"FrmEnCours"_s};
+  if (!autreEcrivain) quiPassent.append(u"FrmAvancement"_s);
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) && !VaPasser(*prenante))
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) &&
+        !quiPassent.contains(prenante->objectName()))
       return true;
   return false;
 }

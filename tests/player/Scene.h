@@ -6,14 +6,10 @@
 #include "player/Analyse.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
-#include "player/Fenetres.h"
 #include "player/Monde.h"
 #include "storage/Base.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
-#include <QSet>
-#include <QTemporaryDir>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>
@@ -89,9 +85,6 @@ class Scene {
   void Planifier();
   void Pas();
   bool PeutAvancer() const;
-  /// Whether it is a window that ends by itself: of a run, or of a long work, which shows on a slow
-  /// computer only.
-  bool VaPasser(const QWidget &prenante) const;
   void ExecuterSuivante();
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
   void VerifierFautes() const;

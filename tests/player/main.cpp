@@ -4,11 +4,7 @@
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
 
-#include <QApplication>
-#include <QCommandLineParser>
-#include <QLibraryInfo>
-#include <QPalette>
-#include <QTranslator>
+#include <QtWidgets>
 
 #include <cstdio>
 
