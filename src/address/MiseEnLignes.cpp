@@ -1,5 +1,7 @@
 #include "address/MiseEnLignes.h"
 
+#include "address/NormePostale.h"
+
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -55,10 +57,11 @@ LignesAdresse MettreEnLignes(const QString &chaine, Role role, const OptionsLign
 
 LignesAdresse MettreEnLignes(const AdresseComposee &adresse, Role role, const Reglages &reglages) {
   const ReglagesPlomex &plomex = reglages.plomex;
-  return MettreEnLignes(adresse.chaine, role,
+  const ReglagesNorme &norme = reglages.norme;
+  return MettreEnLignes(norme.Active ? SelonNorme(adresse.chaine, norme) : adresse.chaine, role,
                         {.sautLigne = !plomex.SautLigne.EstNul(),
                          .sautPLigne = !plomex.SautPLigne.EstNul(),
                          .sautDLigne = !plomex.SautDLigne.EstNul(),
                          .optionCP = adresse.optionCP,
-                         .liaison = reglages.LiaisonCP});
+                         .liaison = norme.Active ? u" "_s : reglages.LiaisonCP});
 }

@@ -26,5 +26,6 @@ enum class Role { Destinataire, Expediteur };
 /// An empty string gives an empty text; blocks that a damaged string lacks count as empty ones.
 LignesAdresse MettreEnLignes(const QString &chaine, Role role, const OptionsLignes &options);
 
-/// The same as the user's settings want it.
+/// The same as the user's settings want it, the postal norm among them: the one place where an
+/// address becomes what is shown and printed.
 LignesAdresse MettreEnLignes(const AdresseComposee &adresse, Role role, const Reglages &reglages);

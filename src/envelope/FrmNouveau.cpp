@@ -44,6 +44,7 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
   constexpr int kGris = 222;  // of the field that has the focus
   ui_->Champs->Relier(session_.plateforme.boites, session_.base, session_.dossiers.AppPath, kGris,
                       u"Image1"_s);
+  if (session_.reglages.norme.Active) ui_->Champs->SuivreNorme();
   PoserIcone(ui_->Img, Icone(u"mail-message-new"), 48);
 
   const Brancheur brancher(session_.plateforme.boites, this);

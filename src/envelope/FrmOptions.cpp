@@ -60,6 +60,7 @@ FrmOptions::FrmOptions(Boites &boites, const QStringList &polices, const Valeurs
   new SelectionAuFocus(ui_->TxtLiaison);
   BrancherPolice(ui_->CboPolicesA, ui_->LblExempleA);
   BrancherPolice(ui_->CboPolicesE, ui_->LblExempleE);
+  connect(ui_->ChkNorme, &QCheckBox::toggled, this, &FrmOptions::OuvrirNorme);
   Montrer(polices);
   for (const auto &alignements : {optA_, optE_})
     for (QRadioButton *alignement : alignements)
@@ -110,6 +111,17 @@ void FrmOptions::Montrer(const QStringList &polices) {
   Cocher(optA_, p.AlignA);
   Cocher(optE_, p.AlignE);
   ui_->TxtLiaison->setText(valeurs_.liaisonCP);
+  ui_->CboCapitales->addItems({u"la dernière ligne"_s, u"les trois dernières lignes"_s,
+                               u"toutes les lignes"_s});  // as `CapitalesNorme` numbers them
+  ui_->CboCapitales->setCurrentIndex(static_cast<int>(valeurs_.norme.Capitales));
+  ui_->ChkAccents->setChecked(valeurs_.norme.Accents);
+  ui_->ChkNorme->setChecked(valeurs_.norme.Active);
+  OuvrirNorme(valeurs_.norme.Active);
+}
+
+void FrmOptions::OuvrirNorme(bool active) {
+  const std::array<QWidget *, 3> choix{ui_->LblCapitales, ui_->CboCapitales, ui_->ChkAccents};
+  for (QWidget *un : choix) un->setEnabled(active);
 }
 
 void FrmOptions::Confirmer() {
@@ -135,5 +147,8 @@ void FrmOptions::Confirmer() {
   p.AlignA = Coche(optA_).value_or(p.AlignA);
   p.AlignE = Coche(optE_).value_or(p.AlignE);
   valeurs_.liaisonCP = ui_->TxtLiaison->text();
+  valeurs_.norme.Active = ui_->ChkNorme->isChecked();
+  valeurs_.norme.Capitales = static_cast<CapitalesNorme>(ui_->CboCapitales->currentIndex());
+  valeurs_.norme.Accents = ui_->ChkAccents->isChecked();
   accept();
 }

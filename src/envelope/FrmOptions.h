@@ -17,7 +17,7 @@ class FrmOptions;
 }
 
 /// How addressee and sender are written: fonts, alignment, blank and bold lines, the key that
-/// prints, the text between postal code and town.
+/// prints, the text between postal code and town, the postal norm.
 class FrmOptions : public QDialog {
   Q_OBJECT
 
@@ -26,6 +26,7 @@ class FrmOptions : public QDialog {
   struct Valeurs {
     ReglagesPlomex plomex;
     QString liaisonCP;
+    ReglagesNorme norme;
   };
 
   /// `polices` are the fonts of the system.
@@ -37,6 +38,8 @@ class FrmOptions : public QDialog {
 
  private:
   void Montrer(const QStringList &polices);
+  /// The choices of the norm are open while it is ticked.
+  void OuvrirNorme(bool active);
   void BrancherPolice(QComboBox *liste, QLabel *exemple);
   void Confirmer();
 

@@ -29,6 +29,7 @@
 #include <QScopeGuard>
 
 #include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -335,14 +336,18 @@ void FrmPlomex::Configurer() {
 void FrmPlomex::ChoisirOptions() {
   // The list of fonts takes its time on a system with many of them.
   auto sablier = std::make_optional<Sablier>();
-  FrmOptions dialogue(session_.plateforme.boites, session_.plateforme.polices.Familles(),
-                      {session_.reglages.plomex, session_.reglages.LiaisonCP}, this);
+  FrmOptions dialogue(
+      session_.plateforme.boites, session_.plateforme.polices.Familles(),
+      {session_.reglages.plomex, session_.reglages.LiaisonCP, session_.reglages.norme}, this);
   sablier.reset();
   if (dialogue.exec() != QDialog::Accepted) return;
   session_.reglages.plomex = dialogue.Saisie().plomex;
   session_.reglages.LiaisonCP = dialogue.Saisie().liaisonCP;
+  const ReglagesNorme norme = std::exchange(session_.reglages.norme, dialogue.Saisie().norme);
   zones_.Reformater();
   MajEtiquettes();
+  if (norme != session_.reglages.norme)
+    EcrireNorme(session_.dossiers.AppPath, session_.reglages.norme);
   EcrireLiaison(session_.dossiers.AppPath, session_.reglages);
 }
 

@@ -1,12 +1,11 @@
 #include "storage/Reglages.h"
 
 #include "platform/Enregistrement.h"
-#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "platform/Sections.h"
-
-#include <QDir>
+#include "storage/Preferences.h"
+#include "storage/ReglagesNonLus.h"
 
 #include <algorithm>
 #include <cmath>
@@ -233,19 +232,10 @@ Lecture LireEnregistrement(const QString &chemin, Structure &cible,
               [&](const QByteArray &octets) { PrendreEnregistrement(octets, cible, membres); });
 }
 
-/// Keeps what could not be read from being written over.
-void Exiger(bool lu, const QString &chemin) {
-  if (!lu)
-    throw ErreurFichier(
-        u"Le fichier « %1 » n'a pas été écrit : il n'a pas pu être lu, et les réglages qu'il "
-        "contient seraient perdus.\nIl est intact. Vérifiez vos droits sur ce fichier, puis "
-        "relancez Velmira."_s.arg(QDir::toNativeSeparators(chemin)));
-}
-
 template <typename Structure, typename... Membres>
 void EcrireEnregistrement(const QString &chemin, const Structure &source,
                           const std::tuple<Membres...> &membres) {
-  Exiger(!source.NonLu, chemin);
+  ExigerLu(!source.NonLu, chemin);
   RedacteurEnregistrement redacteur;
   std::apply([&](auto... membre) { (EcrireValeur(redacteur, source.*membre), ...); }, membres);
   RemplacerFichier(chemin, redacteur.Octets());
@@ -277,6 +267,19 @@ void LireRTColor(const QString &appPath, ReglagesRTColor &rtcolor) {
   if (rtcolor.TailleFenetre == 0 || rtcolor.TailleFenetre == 1) rtcolor.TailleFenetre = 9000;
 }
 
+const QString kSectionNorme = u"Norme postale"_s, kNormeActive = u"Active"_s,
+              kNormeCapitales = u"Capitales"_s, kNormeAccents = u"Accents"_s;
+
+void LireNorme(const QString &appPath, ReglagesNorme &norme) {
+  const Preferences preferences(appPath);
+  norme.NonLu = preferences.NonLues();
+  norme.Active = preferences.Nombre(kSectionNorme, kNormeActive, 0) == 1;
+  norme.Accents = preferences.Nombre(kSectionNorme, kNormeAccents, 1) != 0;
+  const int capitales = preferences.Nombre(kSectionNorme, kNormeCapitales, -1);
+  if (capitales >= 0 && capitales <= static_cast<int>(CapitalesNorme::Toutes))
+    norme.Capitales = static_cast<CapitalesNorme>(capitales);
+}
+
 /// An older form of the text between postal code and town: read once, then deleted.
 void LireAncienneLiaison(const QString &appPath, QString &liaisonCP) {
   const QString chemin = Fichier(appPath, u"Liaison.txt");
@@ -305,6 +308,7 @@ void LireReglages(const QString &appPath, Reglages &reglages) {
   const Lecture sauvan =
       LireEnregistrement(Fichier(appPath, u"Sauvan.cfg"), reglages.sauvan, kValeursSauvan);
   LirePlomex(appPath, reglages.plomex);
+  LireNorme(appPath, reglages.norme);
   if (sauvan == Lecture::Faite && reglages.sauvan.AdressesPresentes.EstNul())
     reglages.plomex.Adresse = false;
 }
@@ -324,7 +328,7 @@ std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, q
 
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
   const QString chemin = Fichier(appPath, u"Plomex.ini");
-  Exiger(!plomex.NonLu, chemin);
+  ExigerLu(!plomex.NonLu, chemin);
   Sections sections(LireFichier(chemin).value_or(QByteArray()));
   std::apply(
       [&](const auto &...cle) {
@@ -333,6 +337,15 @@ void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex) {
       },
       kClesPlomex);
   RemplacerFichier(chemin, sections.Octets());
+}
+
+void EcrireNorme(const QString &appPath, const ReglagesNorme &norme) {
+  Preferences preferences(appPath);
+  ExigerLu(!norme.NonLu, appPath + u"/Preferences.ini"_s);
+  preferences.Ecrire(kSectionNorme,
+                     {{kNormeActive, QString::number(norme.Active ? 1 : 0)},
+                      {kNormeCapitales, QString::number(static_cast<int>(norme.Capitales))},
+                      {kNormeAccents, QString::number(norme.Accents ? 1 : 0)}});
 }
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor) {
@@ -394,7 +407,7 @@ QString LireSeparateurTel(const QString &appPath) {
 
 void EcrireLiaison(const QString &appPath, const Reglages &reglages) {
   const QString chemin = Fichier(appPath, u"Liaison.cfg");
-  Exiger(!reglages.LiaisonNonLue, chemin);
+  ExigerLu(!reglages.LiaisonNonLue, chemin);
   RedacteurEnregistrement redacteur;
   redacteur.Ecrire(reglages.SeparateurTel);
   redacteur.Ecrire(reglages.LiaisonCP);

@@ -127,6 +127,19 @@ struct ReglagesSauvan {
   Drapeau AdressesPresentes = false;  ///< there are imported addresses to show
 };
 
+/// Which lines of an address the postal norm writes in capitals, its country always.
+enum class CapitalesNorme : quint8 { DerniereLigne = 0, TroisDernieres = 1, Toutes = 2 };
+
+/// How an address is written by the postal norm (see address/NormePostale.h); in `Preferences.ini`.
+struct ReglagesNorme {
+  bool Active = false;
+  CapitalesNorme Capitales = CapitalesNorme::TroisDernieres;
+  bool Accents = true;  ///< capitals keep them
+  bool NonLu = false;   ///< see `Reglages`
+
+  friend bool operator==(const ReglagesNorme &, const ReglagesNorme &) = default;
+};
+
 /// Reading settings never fails; what a file that is there could not tell keeps its default, and
 /// `NonLu` is set. Such a file is never written over: its settings would be lost for good.
 struct Reglages {
@@ -135,6 +148,7 @@ struct Reglages {
   ReglagesMemora memora;
   ReglagesAlarme alarme;
   ReglagesSauvan sauvan;
+  ReglagesNorme norme;
   QString SeparateurTel = QStringLiteral(" ");  ///< between the pairs of digits of a number
   QString LiaisonCP = QStringLiteral(" - ");    ///< between postal code and town
   bool LiaisonNonLue = false;                   ///< the file of both
@@ -161,6 +175,7 @@ std::optional<QString> NomComplet(const QStringList &noms, const QString &nom, q
 void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex);
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor);
+void EcrireNorme(const QString &appPath, const ReglagesNorme &norme);
 void EcrireMemora(const QString &appPath, const ReglagesMemora &memora);
 
 /// Read again while the program runs: the companion writes it too.

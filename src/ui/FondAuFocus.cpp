@@ -15,6 +15,16 @@ bool FondAuFocus::eventFilter(QObject *objet, QEvent *evenement) {
   return QObject::eventFilter(objet, evenement);
 }
 
+QWidget *FondAuFocus::Surface() const {
+  return champ_->focusProxy() != nullptr ? champ_->focusProxy() : champ_;
+}
+
+void FondAuFocus::Encrer(const QColor &encre) {
+  if (encre == encre_) return;
+  encre_ = encre;
+  Peindre(Surface()->hasFocus());
+}
+
 void FondAuFocus::Peindre(bool focus) {
   QPalette palette;
   const QColor fond = palette.color(QPalette::Base);
@@ -26,6 +36,6 @@ void FondAuFocus::Peindre(bool focus) {
                      QColor(fond.red() + ecart, fond.green() + ecart, fond.blue() + ecart));
   else if (focus)
     palette.setColor(QPalette::Base, QColor(gris_, gris_, gris_));
-  // The ground of a combo's field is painted by the combo.
-  (champ_->focusProxy() != nullptr ? champ_->focusProxy() : champ_)->setPalette(palette);
+  if (encre_.isValid()) palette.setColor(QPalette::Text, encre_);
+  Surface()->setPalette(palette);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QLineEdit>
 
 /// The ground of a field tells what can be done with it: tinted while it has the focus, so that the
@@ -12,12 +13,18 @@ class FondAuFocus : public QObject {
   /// Belongs to the field. `gris` is the grey of the light theme, 0 to 255.
   FondAuFocus(QLineEdit *champ, int gris);
 
+  /// Another ink for the text; an invalid colour gives back the one of the theme.
+  void Encrer(const QColor &encre);
+
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
+  /// What paints the ground: of a combo's field, the combo.
+  QWidget *Surface() const;
   void Peindre(bool focus);
 
   QLineEdit *champ_;
   int gris_;
+  QColor encre_;
 };
