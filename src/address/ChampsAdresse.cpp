@@ -2,9 +2,14 @@
 
 #include "address/ChaineAdresse.h"
 #include "address/FrmCP.h"
+#include "address/NormePostale.h"
+#include "address/Titres.h"
+#include "address/Villes.h"
 #include "ui/DebutVisible.h"
 #include "ui/FondAuFocus.h"
 #include "ui/Garde.h"
+#include "ui/PropositionAuFocus.h"
+#include "ui/Theme.h"
 #include "ui_ChampsAdresse.h"
 
 #include <limits>
@@ -14,6 +19,12 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr std::size_t kCode = 5, kPays = 6;
+constexpr qsizetype kLongueurCode = 5;
+
+/// Quiet, and read well on the grounds of a field, with the focus or without.
+QColor EncreDEcart(const QWidget *champ) {
+  return EstSombre(champ->palette()) ? QColor(255, 185, 94) : QColor(138, 69, 0);
+}
 
 }  // namespace
 
@@ -33,10 +44,23 @@ ChampsAdresse::~ChampsAdresse() = default;
 void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, int gris,
                            const QString &imageFrancaise) {
   boites_ = &boites;
+  base_ = &base;
   appPath_ = appPath;
   ui_->CboTitre->Relier(boites, appPath, ui_->Txt_0);
   ui_->CboVille->Relier(boites, base, ui_->Txt_5);
-  for (QLineEdit *champ : Lignes()) new FondAuFocus(champ, gris);
+  for (QLineEdit *champ : Lignes()) {
+    fonds_.append(new FondAuFocus(champ, gris));
+    connect(champ, &QLineEdit::textChanged, this, &ChampsAdresse::Changee);
+  }
+  connect(ui_->Opt_0, &QRadioButton::toggled, this, &ChampsAdresse::Changee);
+  const QLineEdit *code = ui_->Txt_5;
+  connect(code, &QLineEdit::textEdited, this, [this](const QString &texte) {
+    if (texte.size() == kLongueurCode) ProposerVilles();
+  });
+  // Those of other countries are of any length.
+  connect(code, &QLineEdit::editingFinished, this, [this, code] {
+    if (code->isModified() && code->text().size() != kLongueurCode) ProposerVilles();
+  });
   ui_->Image3->setObjectName(imageFrancaise);
 
   connect(ui_->CmdCP, &QPushButton::clicked, this, Garde(boites, [this](bool) { ChercherCode(); }));
@@ -54,6 +78,43 @@ void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, i
             [this, option = OptionDe(static_cast<int>(i % 2))] { ChoisirOption(option); });
 }
 
+void ChampsAdresse::ProposerNom(std::function<QString()> nom) {
+  nomPropose_ = new PropositionAuFocus(ui_->Txt_0, [this, nom = std::move(nom)] {
+    const QString titre = ui_->Txt_0->text();
+    if (!titre.isEmpty() && !RemplacerTitre(titre, Titres(), u""_s).isEmpty()) return QString();
+    const QString propose = nom();
+    return propose.isEmpty() || titre.isEmpty() ? propose : titre.trimmed() + u' ' + propose;
+  });
+}
+
+QStringList ChampsAdresse::Titres() const {
+  return ui_->CboTitre->Titres();
+}
+
+void ChampsAdresse::ProposerVilles() {
+  const QString code = ui_->Txt_5->text();
+  ui_->CboVille->Proposer(code.isEmpty() ? QStringList() : VillesDuCode(*base_, appPath_, code));
+}
+
+void ChampsAdresse::SuivreNorme() {
+  connect(this, &ChampsAdresse::Changee, this, &ChampsAdresse::MarquerEcarts);
+  MarquerEcarts();
+}
+
+void ChampsAdresse::MarquerEcarts() {
+  constexpr qsizetype kVille = 6;  // in the order of the window, behind the code
+  const auto remarques = RemarquesNorme(Adresse());
+  const QList<QLineEdit *> lignes = Lignes();
+  for (qsizetype i = 0; i < lignes.size(); ++i) {
+    const QString &remarque = remarques[static_cast<std::size_t>(i < kVille ? i : i - 1)];
+    QWidget *champ = i == kVille ? static_cast<QWidget *>(ui_->CboVille) : lignes[i];
+    champ->setToolTip(remarque);
+    lignes[i]->setToolTip(remarque);
+    champ->setAccessibleDescription(remarque);
+    fonds_[i]->Encrer(remarque.isEmpty() ? QColor() : EncreDEcart(this));
+  }
+}
+
 void ChampsAdresse::CocherOption(OptionCP option) {
   (option == OptionCP::CodeDevant ? ui_->Opt_0 : ui_->Opt_1)->setChecked(true);
 }
@@ -67,6 +128,7 @@ void ChampsAdresse::Montrer(const AdresseSaisie &adresse) {
   for (std::size_t i = 0; i < adresse.lignes.size(); ++i) txt_[i]->setText(adresse.lignes[i]);
   txt_[kCode]->setText(adresse.codePostal);
   txt_[kPays]->setText(adresse.pays);
+  ui_->CboVille->Proposer({});
   ui_->CboVille->setCurrentIndex(-1);
   ui_->CboVille->setEditText(adresse.ville);
   ui_->CboTitre->setCurrentIndex(0);
@@ -97,6 +159,10 @@ QList<QLineEdit *> ChampsAdresse::Lignes() const {
 
 bool ChampsAdresse::Accepter() {
   ui_->CboTitre->Finir();
+  AdresseSaisie sansNom = Adresse();
+  sansNom.lignes[0].clear();
+  if (nomPropose_ != nullptr && AdresseVide(ComposerAdresse(sansNom).chaine))
+    nomPropose_->Retirer();
   QLineEdit *premier = nullptr;
   for (QLineEdit *champ : Lignes()) {
     const QString propre = SansSeparateurs(champ->text());

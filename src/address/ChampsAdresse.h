@@ -8,11 +8,14 @@
 #include <QWidget>
 
 #include <array>
+#include <functional>
 #include <memory>
 
 class QAbstractButton;
 class QLineEdit;
 class QToolButton;
+class FondAuFocus;
+class PropositionAuFocus;
 
 namespace Ui {
 class ChampsAdresse;
@@ -32,12 +35,20 @@ class ChampsAdresse : public QWidget {
   void Relier(Boites &boites, Base &base, const QString &appPath, int gris,
               const QString &imageFrancaise);
 
+  /// Proposes a name where the first line holds nothing but a title when it is entered.
+  void ProposerNom(std::function<QString()> nom);
+  QStringList Titres() const;
+
+  /// From here on what is beyond the postal norm is marked while it is typed, and told by a tip.
+  void SuivreNorme();
+
   void Montrer(const AdresseSaisie &adresse);
   AdresseSaisie Adresse() const;
   /// The order of the postal line stays.
   void Vider();
 
-  /// Ends the entry: a title that was typed stands in front of the name. False where a field holds
+  /// Ends the entry: a title that was typed stands in front of the name, and a name that was only
+  /// proposed goes where nothing else of an address is there. False where a field holds
   /// a sign that no address may hold ("*", "$"): the user has been told, the signs are out, and the
   /// first of those fields has the focus. Whoever takes the address asks this first.
   bool Accepter();
@@ -55,16 +66,23 @@ class ChampsAdresse : public QWidget {
  signals:
   /// The order of the postal line has been chosen.
   void OptionChoisie(OptionCP option);
+  /// Something of the address has been changed, by the user or by the program.
+  void Changee();
 
  private:
   /// All fields of one line, the town among them.
   QList<QLineEdit *> Lignes() const;
   void ChercherCode();
+  void ProposerVilles();
+  void MarquerEcarts();
   void ChoisirOption(OptionCP option);
   void CocherOption(OptionCP option);
 
   std::unique_ptr<Ui::ChampsAdresse> ui_;
   std::array<QLineEdit *, 7> txt_;
   Boites *boites_ = nullptr;
+  Base *base_ = nullptr;
   QString appPath_;
+  QList<FondAuFocus *> fonds_;  ///< of `Lignes`
+  PropositionAuFocus *nomPropose_ = nullptr;
 };

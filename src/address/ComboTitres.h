@@ -17,6 +17,9 @@ class ComboTitres : public ComboASuppression {
   /// Reads the titles of the application folder. `champ` takes the title that is chosen.
   void Relier(Boites &boites, const QString &appPath, QLineEdit *champ);
 
+  /// Those of the list.
+  QStringList Titres() const;
+
   /// Puts a title that was typed and not yet chosen at the front of the field; the blank of one
   /// that no name has come behind goes.
   void Finir();
@@ -31,7 +34,6 @@ class ComboTitres : public ComboASuppression {
   bool focusNextPrevChild(bool suivant) override;
 
  private:
-  QStringList Titres() const;
   /// Where a title stands in the list, whatever its blanks; -1 where it does not.
   int Rang(const QString &titre) const;
   /// A title was typed, and neither chosen nor put.

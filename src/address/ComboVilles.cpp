@@ -17,7 +17,42 @@ void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
   for (const VilleCode &ville : VillesProposees(base)) addItem(ville.Ville, ville.Index);
   setCurrentIndex(-1);
   setEditText(u""_s);
-  Brancheur(boites, this)(this, &QComboBox::activated, &ComboVilles::Choisir);
+  const Brancheur brancher(boites, this);
+  brancher(this, &QComboBox::activated, &ComboVilles::Choisir);
+  connect(this, &ComboSaisie::Tapee, this, &ComboVilles::Completer);
+}
+
+void ComboVilles::Offrir(const QStringList &villes) {
+  const QString texte = currentText();
+  setCurrentIndex(-1);
+  for (; offertes_ > 0; --offertes_) removeItem(0);
+  insertItems(0, villes);
+  offertes_ = static_cast<int>(villes.size());
+  setEditText(texte);
+}
+
+void ComboVilles::Proposer(const QStringList &villes) {
+  const bool libre = currentText().isEmpty() || currentText() == posee_;
+  const bool plusieurs = villes.size() > 1;
+  Offrir(plusieurs ? villes : QStringList());
+  const QString invite =
+      plusieurs ? u"%1 villes : flèche bas pour choisir"_s.arg(villes.size()) : QString();
+  lineEdit()->setPlaceholderText(invite);
+  setAccessibleDescription(invite);
+  if (!libre || villes.isEmpty()) return;
+  posee_ = plusieurs ? QString() : villes.first();
+  setEditText(posee_);
+}
+
+void ComboVilles::Completer(const QString &tape) {
+  QStringList villes;
+  // Another code's town would be a wrong one.
+  const int fin = code_->text().isEmpty() ? count() : offertes_;
+  for (int i = 0; i < fin; ++i) villes.append(itemText(i));
+  const QString suite = FinDeVille(tape, villes);
+  if (suite.isEmpty() || lineEdit()->cursorPosition() < tape.size()) return;
+  lineEdit()->setText(tape + suite);
+  lineEdit()->setSelection(static_cast<int>(tape.size()), static_cast<int>(suite.size()));
 }
 
 void ComboVilles::Verrouiller(bool verrouille) {
@@ -31,6 +66,8 @@ void ComboVilles::showPopup() {
 void ComboVilles::keyPressEvent(QKeyEvent *evenement) {
   if (lineEdit()->isReadOnly())
     evenement->ignore();
+  else if (evenement->key() == Qt::Key_Down && offertes_ > 0 && currentText().isEmpty())
+    showPopup();
   else
     ComboSaisie::keyPressEvent(evenement);
 }
@@ -40,6 +77,7 @@ void ComboVilles::wheelEvent(QWheelEvent *evenement) {
 }
 
 void ComboVilles::Choisir(int index) {
+  if (index < offertes_) return;  // its code is the one that was typed
   const auto ville = TableVille(*base_).Lire(itemData(index).toLongLong());
   if (!ville) return;
   if (!PlusieursCodes(*ville)) {

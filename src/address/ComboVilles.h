@@ -17,6 +17,12 @@ class ComboVilles : public ComboSaisie {
   /// Reads the towns; one with several codes stands in the list once. `code` takes the code.
   void Relier(Boites &boites, Base &base, QLineEdit *code);
 
+  /// The towns of the code that was typed. A single one fills the field where it is empty, or holds
+  /// what an earlier code has put there; several stand in front of the list, which Down opens while
+  /// the field is empty, and a beginning that is typed goes on as the first of them that has it, as
+  /// one that is remembered while there is no code.
+  void Proposer(const QStringList &villes);
+
   /// The town is shown, and can be neither typed nor chosen.
   void Verrouiller(bool verrouille);
 
@@ -28,7 +34,12 @@ class ComboVilles : public ComboSaisie {
 
  private:
   void Choisir(int index);
+  void Completer(const QString &tape);
+  /// Puts other towns in front of the list; what the field shows stays.
+  void Offrir(const QStringList &villes);
 
   Base *base_ = nullptr;
   QLineEdit *code_ = nullptr;
+  int offertes_ = 0;  ///< items in front of the remembered ones
+  QString posee_;     ///< what a code has put into the field
 };

@@ -1,5 +1,7 @@
 #include "directory/FrmNewMod.h"
 
+#include "address/MiseEnLignes.h"
+#include "address/NomsProposes.h"
 #include "platform/Saisie.h"
 #include "storage/Conflits.h"
 #include "storage/Noms.h"
@@ -10,8 +12,10 @@
 #include "ui/DebutVisible.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Guillemet.h"
+#include "ui/PropositionAuFocus.h"
 #include "ui/Sablier.h"
 #include "ui/SelectionAuFocus.h"
+#include "ui/ZoneAuBesoin.h"
 #include "ui_FrmNewMod.h"
 
 #include <QCalendarWidget>
@@ -51,6 +55,7 @@ FrmNewMod::FrmNewMod(Session &session, const QString &titre, Contexte contexte, 
   Boites &boites = session_.plateforme.boites;
   constexpr int kGris = 242;  // of the field that has the focus
   ui_->Champs->Relier(boites, session_.base, session_.dossiers.AppPath, kGris, u"Image3"_s);
+  if (session_.reglages.norme.Active) ui_->Champs->SuivreNorme();
   ui_->Categories->Relier(boites, session_.plateforme.horloge, session_.base,
                           contexte_.categoriesChangees);
   // Nothing of a stored field is cut by being shown.
@@ -83,10 +88,29 @@ void FrmNewMod::Brancher() {
         QDir::toNativeSeparators(session_.dossiers.Photos()) +
         u"\n\nPour retirer une photo, cliquez sur « Photo... » puis sur « Annuler », et confirmez."_s);
   });
-  new SelectionAuFocus(ui_->txtName);
+  BrancherNoms();
+  connect(ui_->Champs, &ChampsAdresse::Changee, this, &FrmNewMod::MontrerApercu);
+  MontrerApercu();
   for (QLineEdit *champ : {ui_->TxtWeb, ui_->TxtDN}) champ->installEventFilter(this);
   connect(ui_->DTP, &ChoixDate::Choisie, this,
           [this](QDate jour) { ui_->TxtDN->setText(EcritureDate(jour)); });
+}
+
+void FrmNewMod::BrancherNoms() {
+  new SelectionAuFocus(ui_->txtName);
+  new PropositionAuFocus(ui_->txtName, [this] {
+    return ui_->txtName->text().isEmpty()
+               ? NomPourListe(ui_->Champs->Adresse().lignes[0], ui_->Champs->Titres())
+               : QString();
+  });
+  ui_->Champs->ProposerNom([this] { return NomPourEnveloppe(ui_->txtName->text()); });
+}
+
+void FrmNewMod::MontrerApercu() {
+  QString lignes =
+      MettreEnLignes(ComposerAdresse(ui_->Champs->Adresse()), Role::Destinataire, session_.reglages)
+          .texte;
+  ui_->LblApercu->setText(lignes.replace(u'*', u'\n'));
 }
 
 QList<FrmNewMod::Champ> FrmNewMod::Champs() const {
@@ -194,6 +218,11 @@ void FrmNewMod::reject() {
   QDialog::reject();
 }
 
+void FrmNewMod::showEvent(QShowEvent *evenement) {
+  QDialog::showEvent(evenement);
+  ZoneAuBesoin::TenirDansLEcran(*this);
+}
+
 bool FrmNewMod::eventFilter(QObject *objet, QEvent *evenement) {
   if (evenement->type() == QEvent::FocusIn && objet == ui_->TxtWeb &&
       ui_->TxtWeb->text().isEmpty()) {
@@ -215,8 +244,7 @@ void FrmNewMod::QuitterChamp(const QObject *champ) {
 
 void FrmNewMod::MontrerNaissance() {
   const QDate naissance = DateSaisie(ui_->TxtDN->text());
-  ui_->DTP->setDate(naissance.isValid() ? naissance
-                                        : session_.plateforme.horloge.Maintenant().date());
+  ui_->DTP->Montrer(naissance, session_.plateforme.horloge.Maintenant().date());
 }
 
 void FrmNewMod::ChoisirPhoto() {

@@ -43,6 +43,7 @@ class FrmNewMod : public QDialog {
   void reject() override;
 
  protected:
+  void showEvent(QShowEvent *evenement) override;
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
@@ -54,6 +55,9 @@ class FrmNewMod : public QDialog {
   QList<Champ> Champs() const;
 
   void Brancher();
+  void BrancherNoms();
+  /// The address as it will stand on the envelope.
+  void MontrerApercu();
   void Valider();
   void Prendre();
   /// What the form holds; notes and imported address are not in it.
@@ -62,7 +66,7 @@ class FrmNewMod : public QDialog {
   void FormaterNumeros();
   QString MarqueDeProtection() const;
   void QuitterChamp(const QObject *champ);
-  /// The picker stands on the date in the field, or on today.
+  /// The picker stands on the date in the field; without one it shows none and opens on today.
   void MontrerNaissance();
   void ImprimerPuisValider();
   void ChoisirPhoto();

@@ -3,6 +3,7 @@
 #include "directory/Categories.h"
 #include "ui/Brancheur.h"
 #include "ui/Bulle.h"
+#include "ui/CochesDeSelection.h"
 #include "ui/Debrancher.h"
 #include "ui/Sablier.h"
 #include "ui_GestionCategories.h"
@@ -27,6 +28,7 @@ QStringList Noms(const QString &categories) {
 GestionCategories::GestionCategories(QWidget *parent)
     : QWidget(parent), ui_(std::make_unique<Ui::GestionCategories>()) {
   ui_->setupUi(this);
+  ui_->LstCat->setItemDelegate(new CochesDeSelection(ui_->LstCat));
 }
 
 GestionCategories::~GestionCategories() {

@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QStyleOptionComboBox>
 #include <QWheelEvent>
 
@@ -11,6 +14,27 @@ ChoixDate::ChoixDate(QWidget *parent) : QDateEdit(parent) {
   setCalendarPopup(true);
   connect(calendarWidget(), &QCalendarWidget::clicked, this, &ChoixDate::Choisie);
   connect(calendarWidget(), &QCalendarWidget::activated, this, &ChoixDate::Choisie);
+}
+
+void ChoixDate::Montrer(QDate jour, QDate sinon) {
+  vide_ = !jour.isValid();
+  setDate(vide_ ? sinon : jour);
+  const QSignalBlocker silence(lineEdit());
+  lineEdit()->setText(textFromDateTime(dateTime()));  // be the date the same
+}
+
+QSize ChoixDate::sizeHint() const {
+  const QScopedValueRollback mesure(vide_, false);
+  return QDateEdit::sizeHint();
+}
+
+QSize ChoixDate::minimumSizeHint() const {
+  const QScopedValueRollback mesure(vide_, false);
+  return QDateEdit::minimumSizeHint();
+}
+
+QString ChoixDate::textFromDateTime(const QDateTime &jour) const {
+  return vide_ ? QString() : QDateEdit::textFromDateTime(jour);
 }
 
 void ChoixDate::keyPressEvent(QKeyEvent *evenement) {

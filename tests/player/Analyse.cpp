@@ -1,5 +1,7 @@
 #include "player/Analyse.h"
 
+#include "player/Echec.h"
+
 #include <QRegularExpression>
 #include <QStringList>
 

@@ -1,7 +1,10 @@
 // The verbs that look at windows and controls.
 
+#include "player/Fenetres.h"
 #include "player/Verbes.h"
 #include "ui/Bulle.h"
+
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>
@@ -19,8 +22,13 @@ QFont PoliceDe(const Controle &controle) {
   return controle.objet->property("font").value<QFont>();
 }
 
-QString SansMarque(QString texte) {
-  return texte.replace(QRegularExpression(u"&(.?)"_s), u"\\1"_s);
+QString SansMarque(const QString &texte) {
+  QString sans;
+  for (qsizetype i = 0; i < texte.size(); ++i) {
+    if (texte[i] == u'&' && ++i == texte.size()) break;
+    sans += texte[i];
+  }
+  return sans;
 }
 
 bool EstRiche(const QLabel &etiquette) {
@@ -106,6 +114,10 @@ QString AlignementDe(const Controle &controle) {
   const auto valeur = alignement.value<Qt::Alignment>();
   if (valeur.testFlag(Qt::AlignRight)) return u"droite"_s;
   return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;
+}
+
+QString IndexDe(const Controle &controle) {
+  return QString::number(controle.Elements().indexOf(controle.Selection().value(0)));
 }
 
 const Bulle &BulleDe(const Controle &controle) {
@@ -195,9 +207,9 @@ void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = scene.ecran.Active();
   for (const QWidget *autre : QApplication::topLevelWidgets())
     if (autre->objectName().startsWith(u"Frm"_s)) Mesurer(mots[0].texte, *autre, scene.mesures);
-  if (scene.options.captures.isEmpty()) return;
-  const QString chemin = QDir(scene.options.captures).filePath(mots[0].texte + u".png"_s);
-  Exiger(QDir().mkpath(scene.options.captures) && fenetre->grab().save(chemin),
+  if (scene.Captures().isEmpty()) return;
+  const QString chemin = QDir(scene.Captures()).filePath(mots[0].texte + u".png"_s);
+  Exiger(QDir().mkpath(scene.Captures()) && fenetre->grab().save(chemin),
          u"\"%1\" cannot be written"_s.arg(chemin));
 }
 
@@ -209,9 +221,7 @@ QList<Verbe> VerbesDesControles() {
       Lecture(u"couleur"_s, [](const C &c) { return TeintesDe(c).encre; }),
       Lecture(u"fond"_s, [](const C &c) { return TeintesDe(c).fond; }),
       Lecture(u"alignement"_s, AlignementDe),
-      Lecture(
-          u"index"_s,
-          [](const C &c) { return QString::number(c.Elements().indexOf(c.Selection().value(0))); }),
+      Lecture(u"index"_s, IndexDe),
       Lecture(u"items-nombre"_s, [](const C &c) { return QString::number(c.Elements().size()); }),
       Lecture(u"en-haut"_s,
               [](const C &c) {

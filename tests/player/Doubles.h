@@ -12,11 +12,20 @@
 #include "platform/PageDeCode.h"
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
-#include "player/Analyse.h"
+#include "player/Echec.h"
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 
-#include <QtWidgets>
+#include <QColor>
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
+#include <QHash>
+#include <QJsonObject>
+#include <QPointer>
+#include <QScopeGuard>
+#include <QStringList>
 
 #include <algorithm>
 #include <deque>

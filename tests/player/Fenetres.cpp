@@ -1,8 +1,10 @@
-// What holds for every window.
+#include "player/Fenetres.h"
 
-#include "player/Ecran.h"
+#include "player/Echec.h"
 #include "ui/Echelle.h"
 #include "ui/Theme.h"
+
+#include <QtWidgets>
 
 #include <cmath>
 
@@ -71,8 +73,11 @@ void MesurerObjet(const QString &lui, const QObject &objet, Mesures &mesures) {
   }
 }
 
-/// Letters grow in whole pixels where their font is hinted.
+/// A window that is as large as what it holds is not exactly so many times as large: boxes and
+/// frames are the style's. Letters grow in whole pixels where their font is hinted.
 bool EstBonne(const QString &quoi, double dessin, double agrandie, double echelle) {
+  if (quoi.endsWith(u", window"_s))
+    return agrandie >= dessin * (1 + (echelle - 1) * 0.6) && agrandie <= dessin * echelle * 1.1;
   if (quoi.endsWith(u", font"_s))
     return std::abs(agrandie - PointsAEchelle(dessin, echelle)) <= 1;  // lists have whole points
   const double voulue = dessin * echelle;
@@ -109,12 +114,17 @@ void VerifierAccessibilite(const QWidget &fenetre) {
 
 void Mesurer(const QString &nom, const QWidget &fenetre, Mesures &mesures) {
   const QString elle = nom + u": "_s + fenetre.objectName();
+  bool papier = EstSurPapier(&fenetre);
   for (const QWidget *widget : fenetre.findChildren<QWidget *>()) {
+    papier |= EstSurPapier(widget);
     if (!Compte(*widget, fenetre)) continue;
     MesurerObjet(elle + u'/' + widget->objectName(), *widget, mesures);
     if (widget->layout() != nullptr)
       MesurerObjet(elle + u'/' + widget->objectName() + u", layout"_s, *widget->layout(), mesures);
   }
+  if (papier) return;  // which makes a part of its size
+  mesures[elle + u" width, window"_s] = fenetre.width();
+  mesures[elle + u" height, window"_s] = fenetre.height();
 }
 
 QStringList MalAEchelle(const Mesures &dessin, const Mesures &agrandie, double echelle) {

@@ -4,6 +4,7 @@
 #include "ui/FeuilleEcran.h"
 
 #include <QtTest>
+#include <QtWidgets>
 
 using C = Controle;
 
@@ -11,13 +12,18 @@ namespace {
 
 enum class Clic { Simple, Double, Droit };
 
-/// Where a click finds the control: its box, or the middle of what is to be seen of it.
+/// Where a click finds the control: the middle of what is to be seen of it.
 QPoint PlaceDuClic(const QWidget *widget) {
-  constexpr int kCase = 8;  // pixels to the middle of a box
+  const bool caseACocher = qobject_cast<const QCheckBox *>(widget) != nullptr;
+  if (caseACocher || qobject_cast<const QRadioButton *>(widget) != nullptr) {
+    QStyleOptionButton option;
+    option.initFrom(widget);
+    const auto partie =
+        caseACocher ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator;
+    return widget->style()->subElementRect(partie, &option, widget).center();
+  }
   const QRect visible = widget->visibleRegion().boundingRect();
-  const QPoint milieu = (visible.isEmpty() ? widget->rect() : visible).center();
-  const bool aCase = widget->inherits("QCheckBox") || widget->inherits("QRadioButton");
-  return aCase ? QPoint(kCase, milieu.y()) : milieu;
+  return (visible.isEmpty() ? widget->rect() : visible).center();
 }
 
 void CliquerEn(QWidget *widget, const QPoint &place, Clic clic = Clic::Simple,

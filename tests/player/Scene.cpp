@@ -5,7 +5,10 @@
 #include "player/Verbes.h"
 #include "storage/Reglages.h"
 
-#include <QtWidgets>
+#include <QDialog>
+#include <QDir>
+#include <QFileInfo>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -20,6 +23,13 @@ Echec FauteDe(const Commande &commande, const QString &raison) {
   return {raison + u"\n    "_s + commande.texte, commande.ligne};
 }
 
+void EcrireTaille(const QString &app, qint32 taille) {
+  Reglages reglages;
+  LireReglages(app, reglages);
+  reglages.rtcolor.TailleFenetre = taille;
+  EcrireRTColor(app, reglages.rtcolor);
+}
+
 }  // namespace
 
 void LaisserPasser() {
@@ -28,12 +38,13 @@ void LaisserPasser() {
   for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
 }
 
-Scene::Scene(Application &application, QString f, Options o)
-    : fichier(std::move(f)),
-      options(std::move(o)),
-      monde(options.monde.isEmpty() ? temporaire.path() : options.monde),
+Scene::Scene(Application &application, QString fichier, Options options)
+    : fichier_(std::move(fichier)),
+      options_(std::move(options)),
+      monde(options_.monde.isEmpty() ? temporaire_.path() : options_.monde,
+            QFileInfo(fichier_).absolutePath()),
       application_(application) {
-  const auto texte = LireFichier(fichier);
+  const auto texte = LireFichier(fichier_);
   Exiger(texte.has_value(), u"the file cannot be read"_s);
   commandes_ = Analyser(QString::fromUtf8(*texte));
   application_.SignalerPar(&boites);
@@ -54,12 +65,7 @@ std::optional<Echec> Scene::Jouer() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
-  if (options.taille != 0) {
-    Reglages reglages;
-    LireReglages(monde.App(), reglages);
-    reglages.rtcolor.TailleFenetre = options.taille;
-    EcrireRTColor(monde.App(), reglages.rtcolor);
-  }
+  if (options_.taille != 0) EcrireTaille(monde.App(), options_.taille);
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s});
@@ -123,10 +129,12 @@ void Scene::VerifierAucuneBoite() const {
 void Scene::VerifierFin() const {
   VerifierFautes();  // of commands that have not returned
   VerifierToutVu();
-  Exiger(journal.reponses.empty(),
-         u"a box expected for each answer, %1 are left"_s.arg(journal.reponses.size()));
+  for (const auto &reponse : journal.reponses)
+    throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
   Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);
-  Exiger(journal.reponsesModem.empty(), u"the modem expected to answer, it was never asked"_s);
+  for (const QByteArray &reponse : journal.reponsesModem)
+    throw Echec{u"the modem expected to answer \"%1\", it was never asked"_s.arg(
+        QString::fromLatin1(reponse))};
 }
 
 void Scene::Planifier() {
@@ -159,17 +167,18 @@ Scene::Prenantes Scene::PrenantesOuvertes() {
   return ouvertes;
 }
 
+bool Scene::VaPasser(const QWidget &prenante) const {
+  const QString nom = prenante.objectName();
+  return nom == u"FrmEnCours"_s || (nom == u"FrmAvancement"_s && !autreEcrivain);
+}
+
 bool Scene::PeutAvancer() const {
   // A command that has not returned waits in a dialog or a menu that it opened itself, or for
   // something to happen; or it only lets events through: then nothing may come between.
   if (pile_.empty() || horloge.Attentes() > pile_.back().attentes) return true;
-  // A run's window ends by itself, and that of a long work, which shows on a slow computer only.
-  QStringList quiPassent{u"FrmEnCours"_s};
-  if (!autreEcrivain) quiPassent.append(u"FrmAvancement"_s);
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) &&
-        !quiPassent.contains(prenante->objectName()))
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) && !VaPasser(*prenante))
       return true;
   return false;
 }
@@ -214,7 +223,7 @@ void Scene::Terminer(const std::optional<Echec> &faute) {
 void Scene::FermerDialogues() {
   if (depuis_.elapsed() > kLimite) {
     // The program sits in a handler that never returns: there is no way out but this one.
-    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier),
+    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier_),
                  faute_ ? faute_->ligne : 0, qPrintable(faute_ ? faute_->texte : u"ok"_s));
     std::fflush(stdout);
     std::_Exit(EXIT_FAILURE);

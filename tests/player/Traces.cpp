@@ -3,7 +3,10 @@
 #include "envelope/FrmVueAV.h"
 #include "player/Verbes.h"
 
-#include <QtCore>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QProcess>
 
 #include <algorithm>
 #include <cmath>

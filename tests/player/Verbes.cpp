@@ -9,7 +9,8 @@ const Verbe &TrouverVerbe(const QString &nom) {
     QHash<QString, Verbe> verbes;
     QList<Verbe> actes = VerbesDesGestes();
     for (Verbe &acte : actes) acte.acte = true;
-    for (const auto &groupe : {VerbesDuMonde(), actes, VerbesDesControles(), VerbesDesTraces()})
+    for (const auto &groupe :
+         {VerbesDuMonde(), VerbesDesRangees(), actes, VerbesDesControles(), VerbesDesTraces()})
       for (const Verbe &verbe : groupe) verbes.insert(verbe.nom, verbe);
     return verbes;
   }();

@@ -4,7 +4,11 @@
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
 
-#include <QtWidgets>
+#include <QApplication>
+#include <QCommandLineParser>
+#include <QLibraryInfo>
+#include <QPalette>
+#include <QTranslator>
 
 #include <cstdio>
 
@@ -53,7 +57,9 @@ std::optional<Echec> JouerAEchelle(Application &application, const QString &fich
 }  // namespace
 
 int main(int argc, char *argv[]) {
-  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // The platform's own screen has less room than the windows take.
+  if (qEnvironmentVariable("QT_QPA_PLATFORM", u"offscreen"_s) == u"offscreen")
+    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" VELMIRA_ECRAN);
   QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
   Application application(argc, argv);
   Application::setQuitOnLastWindowClosed(false);

@@ -1,0 +1,16 @@
+#pragma once
+// Two names of one person: the one of the list, "Durand Paul", by which people are found, and the
+// one of the envelope, "M. Paul Durand". Each is proposed from the other. Letters stay as they were
+// typed; a name written in capitals is the family's.
+
+#include <QString>
+#include <QStringList>
+
+/// The first line of the address from the name of the list, without a title: the family name goes
+/// behind. What stands in brackets is left out. A name that is no person's as far as can be seen
+/// ("Garage du Port") stays as it is.
+QString NomPourEnveloppe(const QString &liste);
+
+/// The name of the list from the first line of the address: without the title at its front, the
+/// family name first, together with its particles ("de La Fontaine").
+QString NomPourListe(const QString &enveloppe, const QStringList &titres);

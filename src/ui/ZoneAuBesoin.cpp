@@ -1,0 +1,38 @@
+#include "ui/ZoneAuBesoin.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScreen>
+
+ZoneAuBesoin::ZoneAuBesoin(QWidget *parent) : QScrollArea(parent) {
+  setWidgetResizable(true);
+  setFrameShape(NoFrame);
+  setFocusPolicy(Qt::NoFocus);  // what lies in it brings itself into sight
+  connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *champ) {
+    if (champ != nullptr && isAncestorOf(champ)) ensureWidgetVisible(champ);
+  });
+}
+
+QSize ZoneAuBesoin::sizeHint() const {
+  if (widget() == nullptr) return QScrollArea::sizeHint();
+  return widget()->minimumSizeHint();
+}
+
+QSize ZoneAuBesoin::minimumSizeHint() const {
+  constexpr int kLignes = 6;
+  const int lignes = kLignes * fontMetrics().lineSpacing();
+  return sizeHint().boundedTo({lignes * 2, lignes});
+}
+
+void ZoneAuBesoin::TenirDansLEcran(QWidget &dialogue) {
+  constexpr int kCadre = 8, kTitre = 40;  // what the desktop draws around a window, at most
+  const QSize ecran = dialogue.screen()->availableGeometry().size() - QSize(kCadre, kTitre);
+  // What has been filled in since the form was made is still to be heard of.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  dialogue.resize(dialogue.sizeHint().boundedTo(ecran));
+}
+
+bool ZoneAuBesoin::eventFilter(QObject *objet, QEvent *evenement) {
+  if (objet == widget() && evenement->type() == QEvent::LayoutRequest) updateGeometry();
+  return QScrollArea::eventFilter(objet, evenement);
+}
