@@ -12,17 +12,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-namespace {
-
-int etape = 0, derniere = 0;  // steps counted from 1; the program is killed before the last one
+// Steps counted from 1; the program is killed before the last one.
+static int etape = 0, derniere = 0;
 
 template <typename... Arguments>
-int Appeler(long numero, Arguments... arguments) {
+static int Appeler(long numero, Arguments... arguments) {
   if (++etape == derniere) ::kill(::getpid(), SIGKILL);
   return static_cast<int>(::syscall(numero, arguments...));
 }
-
-}  // namespace
 
 // They stand before the system's own, for the engine too. What is killed is a program: nothing has
 // to be flushed.
@@ -59,11 +56,11 @@ class MiseAJour : public testing::Test {
     CreerBaseVide(u"modele/Velmira_base.mdb"_s);
     CreerBaseAncienne(u"modele/Velmira.mdb"_s, {{u"ListeAlerte"_s, 6}});
     FichierNu fichier(u"modele/Velmira.mdb"_s);
-    for (const char *lignes : {"Adresse (Tel, Commentaires) SELECT i, hex(zeroblob(i*97%7000))",
-                               "ListeAlerte (Nom, Alerte) SELECT i, 1"})
-      fichier.Executer(
-          u"WITH s(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM s WHERE i<220) "
-          "INSERT INTO %1 FROM s"_s.arg(QLatin1String(lignes)));
+    fichier.Executer(
+        u"CREATE TEMP VIEW s AS WITH n(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM n "
+        "WHERE i<220) SELECT i, hex(zeroblob(i*97%7000)) AS notes FROM n"_s);
+    fichier.Executer(u"INSERT INTO Adresse (Tel, Commentaires) SELECT * FROM s"_s);  // 1.5 MB
+    fichier.Executer(u"INSERT INTO ListeAlerte (Nom, Alerte) SELECT i, 1 FROM s"_s);
     ancienne_ = LireFichier(u"modele/Velmira.mdb"_s);
   }
 
@@ -113,12 +110,12 @@ TEST_F(MiseAJour, TueeAChaqueEtape) {
   const int etapes = Demarrer();
   const QStringList juste = Lignes();
   EXPECT_EQ(juste.size(), 440);
-  for (int i = 0; i < 2 * etapes && !HasFailure(); ++i) {
-    SCOPED_TRACE(i / 2 + 1);
+  for (int i = 1; i <= etapes && !HasFailure(); ++i) {
+    SCOPED_TRACE(i);
     Poser();
-    EXPECT_EQ(Demarrer(i / 2 + 1), -1);
+    EXPECT_EQ(Demarrer(i), -1);
     Demarrer(i * 7 % etapes + 1);
-    if (i % 2 == 1)  // the next version comes
+    if (i % 2 == 0)  // the next version comes
       QFile::copy(u"modele/Velmira_base.mdb"_s, u"monde/app/Velmira_base.mdb"_s);
     EXPECT_GE(Demarrer(), 0);
     EXPECT_TRUE(Lignes() == juste);
