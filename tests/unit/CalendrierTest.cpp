@@ -40,10 +40,9 @@ TEST(Calendrier, Echeances) {
     annuel | 5/1/1960 | 10 | 27/12/2026 | 9 oui || annuel | 05/01/1960 | 31 | 05/12/2026 | 31 oui
     annuel | 11/01/1960 | 10 | 25/12/2026 | -348 non || annuel | 25/06/1960 | 10 | 15/06/2026 | 10 oui
     annuel | 29/02/2023 | 3 | 27/02/2024 | 2 oui || annuel | 29/02/1960 | 3 | 01/03/2024 | -1 non
-    annuel | 29/02/2024 | 3 | 24/02/2026 | 4 non || annuel | 29-2-1960 | 0 | 28/02/2100 | 0 oui
+    annuel | 29-2-1960 | 0 | 28/02/2100 | 0 oui || unique | 31/02/2026 | 5 | 01/01/2026 | sans date
     unique | 03/01/2026 | 5 | 28/12/2025 | 6 non || unique | 03/01/2026 | 5 | 29/12/2025 | 5 oui
     unique | 03/01/2026 | 5 | 03/01/2026 | 0 oui || unique | 03/01/2026 | 5 | 04/01/2026 | -1 non
-    unique | 03/01/2026 | 5 | 29/12/2024 | 370 non || unique | 31/02/2026 | 5 | 01/01/2026 | sans date
   )",
       [](Rangee c) {
         QList<PersonneEvenements> personnes(1);

@@ -44,6 +44,7 @@ TEST_F(Echange, AllerEtRetour) {
   Neuve();
   EXPECT_TRUE(Importer(exportation->octets, kArret).arrete);
   EXPECT_EQ(TableAdresse(base).Nombre(), 1000);
+  EXPECT_FALSE(Importer(Fiche(u"Élo1"_s), kArret).arrete) << "nothing is left";
   for (int i = 0; i < 2; ++i) {  // the rest, and once more into itself
     EXPECT_EQ(Importer(exportation->octets).traites, 1001);
     EXPECT_EQ(ExporterVelmiras(base, kSansArret)->octets, exportation->octets);
@@ -55,7 +56,7 @@ TEST_F(Echange, Fusion) {
   Cas(R"(
     O"Brien | o"brien | oui || L'Été; DROP | l'été; drop | oui || derrière· | derrière | non
     ·devant | devant | non || Weiss | Weiß | non || Weiß | WEIß | oui || A*B | a*b | oui || % | _ | non
-    | ·· | oui || Dvořák | Dvo?ák | oui || Иван | ???? | non || Qui ? | Qui ? | oui
+    | ·· | oui || Dvořák | Dvo?ák | oui || Łab | ?ab | oui || Иван | ???? | non || Qui ? | Qui ? | oui
   )",
       [this](Rangee c) {
         Neuve();

@@ -82,16 +82,18 @@ TEST_F(MiseAJour, BasesDeChaqueAge) {
                   u"1|L1|2|3|4|5|CP|V|P|1|11|44000|Nantes|4*9"_s);
         return Lignes(u"ListeAlerte"_s).replace(u'|', u';');
       });
-  // What makes a row must be there.
-  Cas("Adresse | 8 || Expediteur | 10 || Ville | 3", [this](Rangee c) {
-    CreerBaseAncienne(ancien, {{c[0], c[1].toInt()}});
-    Sql(u"ancien"_s, u"INSERT INTO %1 DEFAULT VALUES"_s.arg(c[0]));
-    EXPECT_TRUE(Echec([this] { Copier(); }).contains(c[0]));
-    EXPECT_EQ(Noms(u"neuf"_s), u"Fantôme"_s) << "the target keeps what it had";
-  });
+  // What makes a row must be there; else the target keeps what it had.
+  Cas("Adresse | 8 | oui || Adresse | 9 | non || Expediteur | 10 | oui || Ville | 3 | oui",
+      [this](Rangee c) {
+        CreerBaseAncienne(ancien, {{c[0], c[1].toInt()}});
+        Sql(u"ancien"_s, u"INSERT INTO %1 DEFAULT VALUES"_s.arg(c[0]));
+        const bool refusee = Echec([this] { Copier(); }).contains(c[0]);
+        EXPECT_EQ(Noms(u"neuf"_s) == u"Fantôme"_s, refusee);
+        return OuiNon(refusee);
+      });
   // Notes that cannot be read to their end stay empty, with what stands behind them.
   CreerBaseAncienne(ancien);
-  for (const QString &notes : {QString(40'000, u'n'), u"court"_s})
+  for (const QString &notes : {u"court"_s, QString(40'000, u'n'), u"court"_s})
     Sql(u"ancien"_s,
         u"INSERT INTO Adresse (Tel, Commentaires, Web) VALUES ('1', '%1', 'w')"_s.arg(notes));
   QByteArray octets = Octets(u"ancien"_s);
@@ -99,7 +101,7 @@ TEST_F(MiseAJour, BasesDeChaqueAge) {
   Poser(u"ancien"_s, octets.replace(milieu, 4, "\xff\xff\xff\xff"));  // number of the next page
   Copier();
   EXPECT_EQ(Sql(u"neuf"_s, u"SELECT Tel, Commentaires, Web FROM Adresse"_s),
-            u"1|nul|nul 1|court|w"_s);
+            u"1|court|w 1|nul|nul 1|court|w"_s);
 }
 
 // Five values are the old form, which an upgrade that failed leaves; another long line is damaged.

@@ -15,10 +15,9 @@
 // Pairs behind a lone digit. A sign that stands behind a removed one stays, unless it comes again.
 TEST(Textes, NumeroEnregistre) {
   Cas(R"(
-       | · |   || 7 | · | 7 || 123 | · | 1 23 || 3639 | · | 36 39 || - | · |   || ab | · | b
-    02 40-12.34/56 | . | 02.40.12.34.56 || 01-.23 | · | 0 1. 23 || 01-.2.3 | · | 01 23
-    01 _023 | · | 01 _0 23 || 0123-. | · | 0 12 3. || (02) 40 / 12 | . | 02.40.12
-    02 40 12 34 5 |   | 024012345 || 02401234 | ·-· | 02 - 40 - 12 - 34 || 36 / 39 | ·/· | 36 / 39
+       | · |   || 7 | · | 7 || - | · |   || ab | · | b || (02) 40-12.34/567 | . | 0.24.01.23.45.67
+    01-.23 | · | 0 1. 23 || 01-.2.3 | · | 01 23 || 01 _023 | · | 01 _0 23 || 0123-. | · | 0 12 3.
+    0240 1 |   | 02401 || 024012 | ·-· | 02 - 40 - 12 || 36 / 39 | ·/· | 36 / 39
     369939 | 99 | 369939 || 0699123456 | 99 | 069999991299349956 || 02940 | 9 | 0929940
   )",
       [](Rangee c) { return FormatTelephone(c[0], c[1]); });
@@ -36,8 +35,7 @@ TEST(Textes, NumeroCompose) {
         EXPECT_EQ(OuiNon(EstNumero(c[0], c[1])), c[2]);
         return NumeroAComposer(c[0], c[1]);
       });
-  for (const char *mot :
-       {"BUSY", "NO CARRIER", "NO ANSWER", "NO DIALTONE", "NO DIAL TONE", "ERROR", "OK"})
+  for (const char *mot : {"NO CARRIER", "NO ANSWER", "NO DIALTONE", "NO DIAL TONE", "ERROR"})
     EXPECT_EQ(LireReponse(QByteArray("\r\n") + mot)->mot, QLatin1String(mot));
   EXPECT_FALSE(LireReponse("ATDT 3639;\r\n"));
 }
@@ -106,10 +104,9 @@ TEST(Textes, DatesEtNombresTapes) {
 }
 
 TEST(Textes, PageDeCodeEtAccents) {
-  for (int i = 0; i < 256; ++i) {
-    const QByteArray un(1, static_cast<char>(i));
-    EXPECT_EQ(VersPageDeCode(DepuisPageDeCode(un)), un) << i;
-  }
+  QByteArray page;
+  for (int i = 0; i < 256; ++i) page += static_cast<char>(i);
+  EXPECT_EQ(VersPageDeCode(DepuisPageDeCode(page)), page);
   EXPECT_EQ(VersPageDeCode(u"été → œuf 東 a😀b"_s + QChar(0xD83D)), "\xE9t\xE9 ? \x9Cuf ? a?b?");
   EXPECT_EQ(SansAccents(u"Éléonore ÀÁÂÃÄÅ òóôõöø ÿ Ññ Çç ïü Œuf Ýs Æ ß Š 😀 é"_s),
             u"Eleonore AAAAAA oooooo y Nn Cc iu Œuf Ýs Æ ß Š 😀 e"_s);
