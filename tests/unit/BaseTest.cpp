@@ -44,8 +44,7 @@ TEST_F(Bases, Refusees) {
          23 | accessible || 778 | le disque || 11 | endommagé || 7 | imprévue)",
       [](Rangee c) {
         const QSqlError panne(u"pilote"_s, u"moteur"_s, QSqlError::UnknownError, c[0]);
-        const QString mots = ErreurMoteur(panne, u"a.mdb"_s).Texte();
-        EXPECT_TRUE(mots.contains(c[1]) && mots.endsWith(u"moteur (%1)"_s.arg(c[0])));
+        EXPECT_TRUE(ErreurMoteur(panne, u"a.mdb"_s).Texte().contains(c[1]));
       });
 }
 
@@ -73,7 +72,7 @@ TEST_F(Bases, PanneDansUneTransaction) {
           EXPECT_EQ(Echec([&] { Ajouter(base, u"suite"_s); }).isEmpty(), !perdue);
           EXPECT_EQ(Echec([&] { transaction.Valider(); }).isEmpty(), !perdue);
         }
-        base.Fermer();
+        Requete(base, u"SELECT 1"_s).Executer();  // what was lost is over
         return Noms(u"a"_s);
       });
 }
@@ -82,19 +81,15 @@ TEST_F(Bases, Plusieurs) {
   Ouvrir();
   Requete sure(base, u"PRAGMA synchronous"_s);
   EXPECT_TRUE(sure.Suivante() && sure.Entier(0) == 3) << "lasts over a loss of power";
-  const qint64 avant = base.Changements();
-  Ajouter(base, u"Zoé"_s);
-  EXPECT_EQ(base.Changements(), avant) << "one's own";
   Base autre;
   autre.Ouvrir(Chemin(u"a"_s));
   { const Transaction abandonnee(autre); }
   Ajouter(base, u"Luc"_s);  // no lock is left
   // Of long texts the place is shown where they part.
-  const QString debut(500, u'n'), fin(115, u'z');
-  const QString texte = TexteConflit({{u"Notes"_s, debut + u"la mienne"_s + fin, debut + u"m"_s}});
-  EXPECT_TRUE(
-      texte.contains(u"« ..."_s + debut.left(40) + u"la mienne"_s + fin.left(111) + u"... »"_s) &&
-      texte.contains(u"nm »"_s));
+  const QString debut(500, u'n'), fin(119, u'z'), montre = u"« ..."_s + debut.left(40);
+  EXPECT_TRUE(TexteConflit({{u"Notes"_s, debut + u"ma"_s + fin, debut + u"sa"_s}})
+                  .contains(montre + u"ma"_s + fin.left(118) +
+                            u"... »\n   l'autre utilisateur : "_s + montre + u"sa »"_s));
 }
 
 // What runs that died have left goes after a day, a workbook after thirty; nothing else does.

@@ -10,18 +10,19 @@
 using Fichiers = DansUnDossier;
 
 TEST_F(Fichiers, ToutOuRien) {
-  const QByteArray grand(9000, 'b');
   Poser(u"f"_s, "ancien");
+  QFile::setPermissions(Chemin(u"f"_s), QFile::ReadOwner | QFile::WriteOwner);
   QFile::link(Chemin(u"f"_s), Chemin(u"lien"_s));
   {
     const DisquePlein plein(100);
-    EXPECT_NE(Echec([&] { RemplacerFichier(Chemin(u"f"_s), grand); }), u""_s);
-    EXPECT_NE(Echec([&] { CreerFichier(Chemin(u"g"_s), grand); }), u""_s);
+    EXPECT_NE(Echec([&] { RemplacerFichier(Chemin(u"f"_s), QByteArray(9000, 'b')); }), u""_s);
+    EXPECT_NE(Echec([&] { CreerFichier(Chemin(u"g"_s), QByteArray(9000, 'b')); }), u""_s);
   }
   EXPECT_EQ(QDir(Chemin()).entryList(QDir::Files | QDir::Hidden).join(u' '), u"f lien"_s);
   EXPECT_EQ(Octets(u"f"_s), "ancien");
   RemplacerFichier(Chemin(u"lien"_s), "neuf");
   EXPECT_TRUE(QFileInfo(Chemin(u"lien"_s)).isSymLink() && Octets(u"f"_s) == "neuf");
+  EXPECT_FALSE(QFileInfo(Chemin(u"f"_s)).permission(QFile::ReadOther)) << "as private as before";
   // Another disk and this one, a free name, then the same, which is taken.
   const QTemporaryDir ailleurs(u"/dev/shm/velmira-XXXXXX"_s);
   for (const QString &but : {ailleurs.filePath(u"f"_s), Chemin(u"g"_s)})
@@ -65,11 +66,11 @@ TEST_F(Fichiers, ExpediteurParDefaut) {
   Base base;
   base.Ouvrir(Chemin(u"a"_s));
   Cas(R"(Élo$44000*N$·¶1¶ | Élo$44000*N$·1 || Élo$N$·¶ | Élo$N$·0 || ?u$L$·¶0¶ | ?u$L$·0
-         Dvo?ák$?ód?$·¶0¶ | Dvořák$Łódź$·0)",
+         Dvo?ák$?ód?$·¶0¶ | Dvořák$Łódź$·0 || $ | aucun)",
       [&](Rangee c) {
         Poser(u"Defaut.ini"_s, VersPageDeCode(c[0]));
         const auto lu = LireExpediteurDefaut(Chemin(), base);
-        return lu->chaine + QString::number(Nombre(lu->optionCP));
+        return lu ? lu->chaine + QString::number(Nombre(lu->optionCP)) : u"aucun"_s;
       });
   // What is undone in the table is undone in the file.
   Poser(u"Defaut.ini"_s, "A$ $ \r\n1\r\n");
@@ -85,24 +86,26 @@ TEST_F(Fichiers, ExpediteurParDefaut) {
 
 // Filled once from the installed files; the base and the guide follow their editions.
 TEST_F(Fichiers, DossierDApplication) {
-  for (const QString &nom : {u"i/Saints.txt"_s, u"i/Civilite.txt"_s, u"h/Saints.txt"_s})
-    Poser(nom, nom.toLatin1());
-  QByteArray titres = "i/Civilite.txt";
+  for (const QString &nom : {u"i/Saints.txt"_s, u"i/Titres.txt"_s, u"h/Saints.txt"_s})
+    Poser(nom, nom.left(1).toLatin1());
   const QString bin = Chemin(u"bin"_s), installe = Chemin(u"i"_s), mien = Chemin(u"h"_s);
-  // The installed version and edition; whether a base is laid, what the guide then holds.
-  Cas("1 A | oui A || 1 A | non à moi || 3 B | oui B || 2 C | non C || 4 C | oui à moi",
+  // The installed version and edition; whether a base is laid, what stands in the guide and in a
+  // list.
+  Cas("1 A | oui A i || 1 A | non moi moi || 3 B | oui B moi || 2 C | non C moi || 4 C | oui moi "
+      "moi",
       [&](Rangee c) {
         CreerBase(u"i/Velmira_base.mdb"_s);
         Sql(u"i/Velmira_base.mdb"_s, u"PRAGMA user_version="_s + c[0][0]);
         for (const QString &nom : {u"i/guide/edition.txt"_s, u"i/guide/images/x.png"_s})
           Poser(nom, c[0].right(1).toLatin1());
         EXPECT_EQ(TrouverAppPath(bin, installe, mien), mien);
-        EXPECT_EQ(Octets(u"h/Civilite.txt"_s) + Octets(u"h/Saints.txt"_s), titres + "h/Saints.txt");
-        Poser(u"h/Civilite.txt"_s, titres = "Dr");
-        const QString guide = QString::fromUtf8(Octets(u"h/guide/images/x.png"_s));
-        Poser(u"h/guide/images/x.png"_s, "à moi");
-        return OuiNon(QFile::remove(Chemin(u"h/Velmira_base.mdb"_s))) + u' ' + guide;
+        const QByteArray guide =
+            Octets(u"h/guide/images/x.png"_s) + ' ' + Octets(u"h/Titres.txt"_s);
+        for (const QString &nom : {u"h/guide/images/x.png"_s, u"h/Titres.txt"_s}) Poser(nom, "moi");
+        return OuiNon(QFile::remove(Chemin(u"h/Velmira_base.mdb"_s))) + u' ' +
+               QString::fromUtf8(guide);
       });
+  EXPECT_EQ(Octets(u"h/Saints.txt"_s), "h");
   Poser(u"bin/Velmira.portable"_s, "");
   EXPECT_EQ(TrouverAppPath(bin, installe, mien), bin);
 }

@@ -1,6 +1,7 @@
 // The upgrade: what becomes of each value, bases of every age, old settings.
 
 #include "Outils.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/MiseAJour.h"
 #include "storage/Reglages.h"
 #include "storage/SourceSqlite.h"
@@ -48,14 +49,12 @@ TEST_F(MiseAJour, ValeursDUneFiche) {
 
 // Tables by their columns at that time; what is left of the end of a record and of an event.
 TEST_F(MiseAJour, BasesDeChaqueAge) {
-  const QString lignes[] = {
+  const QStringList lignes =
       u"Adresse 7,'L1','2','3','4','5','44000','Nantes','F','Amis','Durand','0240','0241','m',"
-      "'notes','06','imp',1,'w','0242','p',1,0,'01/01/1950','Paul$',0"_s,
-      u"Expediteur 3,'L1','2','3','4','5','CP','V','P',1,'1'"_s,
-      u"Ville 4,'44000','Nantes','4*9'"_s,
-      u"Alerte 2,'Fête',0"_s,
-      u"Listecoal 1,'DURAND','01/01/1950',1"_s,
-      u"ListeAlerte 7,12,'3','01/02/2020',1,0,3,0"_s};
+      "'notes','06','imp',1,'w','0242','p',1,0,'01/01/1950','Paul$',0;"
+      "Expediteur 3,'L1','2','3','4','5','CP','V','P',1,'1';Ville 4,'44000','Nantes','4*9';"
+      "Alerte 2,'Fête',0;Listecoal 1,'DURAND','01/01/1950',1;"
+      "ListeAlerte 7,12,'3','01/02/2020',1,0,3,0"_s.split(u';');
   Cas(R"(
     Adresse 26 | 01/01/1950;Paul$;1 | 1;12;3;01/02/2020;1;0;3;0
     Adresse 24 Alerte 2 Listecoal 3 ListeAlerte 6 | 01/01/1950;;1 | 1;12;3;01/02/2020;1;0;9;1
@@ -116,7 +115,7 @@ TEST_F(MiseAJour, AncienneAlarme) {
       });
 }
 
-// The swap at its end.
+// The swap at its end, and what a start makes of the delivered base.
 TEST_F(MiseAJour, Echange) {
   const Dossiers dossiers{Chemin(u"app"_s), Chemin(), Chemin(), {}};
   const QString base = u"Velmira.mdb"_s, livree = u"Velmira_base.mdb"_s;
@@ -131,4 +130,13 @@ TEST_F(MiseAJour, Echange) {
   EXPECT_FALSE(EchangeInterrompu(Chemin()) || BaseLivreeDepassee(dossiers));
   Sql(base, u"PRAGMA user_version=2"_s);
   EXPECT_TRUE(BaseLivreeDepassee(dossiers)) << "it stays away from a newer one";
+  // What a killed upgrade has left half written gives way to a newer one, or is taken back.
+  TuerUnEcrivain(livree);
+  CreerBase(u"app/Velmira_base.mdb"_s, {u"Neuve"_s});
+  RemplacerBaseLivree(dossiers);
+  EXPECT_EQ(Noms(livree), u"Neuve"_s);
+  TuerUnEcrivain(livree);
+  QFile::remove(Chemin(base));
+  PoserBaseLivree(Chemin());
+  EXPECT_EQ(Noms(base), u"Neuve"_s);
 }

@@ -91,9 +91,9 @@ class DansUnDossier : public testing::Test {
     if (enfant == 0) {
       FichierNu fichier(Chemin(nom));
       for (const QString &texte :
-           {u"PRAGMA cache_size=5"_s, u"BEGIN"_s,
+           {u"PRAGMA cache_size=5"_s, u"BEGIN"_s, u"UPDATE Adresse SET NomVelmira='perdu'"_s,
             u"WITH s(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM s WHERE i<300) "
-            "INSERT INTO Adresse (Ligne1) SELECT zeroblob(500) FROM s"_s})
+            "INSERT INTO Ville (Ville) SELECT zeroblob(500) FROM s"_s})
         fichier.Executer(texte);
       ::kill(::getpid(), SIGKILL);
     }

@@ -76,7 +76,6 @@ TEST(Papier, LignesGrasses) {
         p.Orientation = OrientationFeuille::Portrait;
         p.GrasPLigne = p.GrasDLigne = Drapeau::DepuisNombre(1);
         p.AlignA = static_cast<Alignement>(c[0][2].digitValue());
-        EXPECT_EQ(Places(p, {}, {u"M"_s, {}, false}), u"2,5"_s) << "the sender is not concerned";
         return Places(p, {}, {{}, c[1], false, c[0][0] == u'1'});
       });
 }
