@@ -1,7 +1,5 @@
 #include "player/Analyse.h"
 
-#include "player/Echec.h"
-
 #include <QRegularExpression>
 #include <QStringList>
 

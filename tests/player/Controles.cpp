@@ -1,10 +1,7 @@
 // The verbs that look at windows and controls.
 
-#include "player/Fenetres.h"
 #include "player/Verbes.h"
 #include "ui/Bulle.h"
-
-#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>
@@ -22,13 +19,8 @@ QFont PoliceDe(const Controle &controle) {
   return controle.objet->property("font").value<QFont>();
 }
 
-QString SansMarque(const QString &texte) {
-  QString sans;
-  for (qsizetype i = 0; i < texte.size(); ++i) {
-    if (texte[i] == u'&' && ++i == texte.size()) break;
-    sans += texte[i];
-  }
-  return sans;
+QString SansMarque(QString texte) {
+  return texte.replace(QRegularExpression(u"&(.?)"_s), u"\\1"_s);
 }
 
 bool EstRiche(const QLabel &etiquette) {
@@ -103,21 +95,12 @@ bool EstGras(const Controle &controle) {
   return PoliceDe(controle).bold();
 }
 
-bool MontreSonDebut(const Controle &controle) {
-  auto *champ = controle.Comme<QLineEdit>(u"a field of one line");
-  return champ->cursorPositionAt({0, champ->height() / 2}) == 0;
-}
-
 QString AlignementDe(const Controle &controle) {
   const QVariant alignement = controle.objet->property("alignment");
   Exiger(alignement.isValid(), u"%1: what has an alignment expected"_s.arg(controle.nom));
   const auto valeur = alignement.value<Qt::Alignment>();
   if (valeur.testFlag(Qt::AlignRight)) return u"droite"_s;
   return valeur.testFlag(Qt::AlignHCenter) ? u"centre"_s : u"gauche"_s;
-}
-
-QString IndexDe(const Controle &controle) {
-  return QString::number(controle.Elements().indexOf(controle.Selection().value(0)));
 }
 
 const Bulle &BulleDe(const Controle &controle) {
@@ -207,9 +190,9 @@ void Capturer(Scene &scene, const Mots &mots) {
   QWidget *fenetre = scene.ecran.Active();
   for (const QWidget *autre : QApplication::topLevelWidgets())
     if (autre->objectName().startsWith(u"Frm"_s)) Mesurer(mots[0].texte, *autre, scene.mesures);
-  if (scene.Captures().isEmpty()) return;
-  const QString chemin = QDir(scene.Captures()).filePath(mots[0].texte + u".png"_s);
-  Exiger(QDir().mkpath(scene.Captures()) && fenetre->grab().save(chemin),
+  if (scene.options.captures.isEmpty()) return;
+  const QString chemin = QDir(scene.options.captures).filePath(mots[0].texte + u".png"_s);
+  Exiger(QDir().mkpath(scene.options.captures) && fenetre->grab().save(chemin),
          u"\"%1\" cannot be written"_s.arg(chemin));
 }
 
@@ -221,12 +204,10 @@ QList<Verbe> VerbesDesControles() {
       Lecture(u"couleur"_s, [](const C &c) { return TeintesDe(c).encre; }),
       Lecture(u"fond"_s, [](const C &c) { return TeintesDe(c).fond; }),
       Lecture(u"alignement"_s, AlignementDe),
-      Lecture(u"index"_s, IndexDe),
+      Lecture(
+          u"index"_s,
+          [](const C &c) { return QString::number(c.Elements().indexOf(c.Selection().value(0))); }),
       Lecture(u"items-nombre"_s, [](const C &c) { return QString::number(c.Elements().size()); }),
-      Lecture(u"en-haut"_s,
-              [](const C &c) {
-                return c.Vue()->indexAt({0, 0}).data().toString();
-              }),
       Etat(u"visible"_s, EstVisible),
       Etat(u"cache"_s, EstVisible, false),
       Etat(u"actif"_s, &C::EstActif),
@@ -234,7 +215,6 @@ QList<Verbe> VerbesDesControles() {
       Etat(u"gras"_s, EstGras),
       Etat(u"maigre"_s, EstGras, false),
       Etat(u"focus"_s, &C::ALeFoyer),
-      Etat(u"debut"_s, MontreSonDebut),
       Etat(u"bulle-montree"_s, [](const C &c) { return BulleDe(c).EstMontree(); }),
       Etat(u"bulle-cachee"_s, [](const C &c) { return !BulleDe(c).EstMontree(); }),
       Case(u"coche"_s, true),

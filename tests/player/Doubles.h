@@ -12,20 +12,11 @@
 #include "platform/PageDeCode.h"
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
-#include "player/Echec.h"
+#include "player/Analyse.h"
 #include "player/Monde.h"
 #include "ui/MesurePolices.h"
 
-#include <QColor>
-#include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
-#include <QHash>
-#include <QJsonObject>
-#include <QPointer>
-#include <QScopeGuard>
-#include <QStringList>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <deque>
@@ -372,12 +363,8 @@ class ImprimanteScenario : public Imprimante {
           nom_(description.nom),
           pages_{PageImprimee{appareil, description.orientation, {}}} {}
 
-    Millimetres LargeurPage() const override {
-      return Millimetres(pages_.first().orientation == Orientation::Portrait ? 210 : 297);
-    }
-    Millimetres HauteurPage() const override {
-      return Millimetres(pages_.first().orientation == Orientation::Portrait ? 297 : 210);
-    }
+    Millimetres LargeurPage() const override { return Millimetres(EstDebout() ? 210 : 297); }
+    Millimetres HauteurPage() const override { return Millimetres(EstDebout() ? 297 : 210); }
     void NouvellePage() override {
       pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().orientation, {}});
     }
@@ -401,6 +388,8 @@ class ImprimanteScenario : public Imprimante {
     }
 
    private:
+    bool EstDebout() const { return pages_.first().orientation == Orientation::Portrait; }
+
     ImprimanteScenario &imprimante_;
     QString nom_;
     QList<PageImprimee> pages_;

@@ -2,12 +2,8 @@
 // The windows on the screen, the controls in them, and what a person sees of a control.
 
 #include "player/Analyse.h"
-#include "player/Echec.h"
 
-#include <QAbstractItemView>
-#include <QObject>
-#include <QPointer>
-#include <QWidget>
+#include <QtWidgets>
 
 /// A widget, a menu item, or a window itself.
 struct Controle {
@@ -85,3 +81,23 @@ class Ecran : public QObject {
  private:
   QList<QPointer<QWidget>> montrees_;  ///< main windows, the one shown last behind
 };
+
+// What holds for every window.
+
+/// Whether "&" marks a key in the control's text.
+bool PorteUneMarque(const QObject &objet);
+
+/// A dialog waits without an hourglass over its buttons. Every control of a window that the
+/// keyboard reaches has an accessible name, no mnemonic stands twice in the window or in one of its
+/// menus, and labels are told from their ground. Throws `Echec`.
+void VerifierAccessibilite(const QWidget &fenetre);
+
+/// Sizes of a window and of all that lies in it, to be held against those at another size of the
+/// program, by what they are of, as "loupe: FrmLoupe/LblTel, font".
+using Mesures = QHash<QString, double>;
+
+/// Adds those of a window, on the screen or not, under the name of a picture.
+void Mesurer(const QString &nom, const QWidget &fenetre, Mesures &mesures);
+
+/// What is not so many times as large as in `dessin`, a sentence each.
+QStringList MalAEchelle(const Mesures &dessin, const Mesures &agrandie, double echelle);

@@ -1,19 +1,12 @@
-#include "player/Fenetres.h"
+// What holds for every window.
 
-#include "player/Echec.h"
+#include "player/Ecran.h"
 #include "ui/Echelle.h"
 #include "ui/Theme.h"
-
-#include <QtWidgets>
 
 #include <cmath>
 
 namespace {
-
-/// Parts of a control of the toolkit, which is what the user meets.
-bool EstInterne(const QWidget *widget) {
-  return widget->focusProxy() != nullptr || widget->objectName().startsWith(u"qt_"_s);
-}
 
 /// The mnemonics that are taken, each with the text it stands in.
 using Mnemoniques = QMap<QString, QString>;
@@ -73,11 +66,8 @@ void MesurerObjet(const QString &lui, const QObject &objet, Mesures &mesures) {
   }
 }
 
-/// A window that is as large as what it holds is not exactly so many times as large: boxes and
-/// frames are the style's. Letters grow in whole pixels where their font is hinted.
+/// Letters grow in whole pixels where their font is hinted.
 bool EstBonne(const QString &quoi, double dessin, double agrandie, double echelle) {
-  if (quoi.endsWith(u", window"_s))
-    return agrandie >= dessin * (1 + (echelle - 1) * 0.6) && agrandie <= dessin * echelle * 1.1;
   if (quoi.endsWith(u", font"_s))
     return std::abs(agrandie - PointsAEchelle(dessin, echelle)) <= 1;  // lists have whole points
   const double voulue = dessin * echelle;
@@ -105,7 +95,10 @@ void VerifierAccessibilite(const QWidget &fenetre) {
       Prendre(mnemoniques,
               widget->property(widget->inherits("QGroupBox") ? "title" : "text").toString());
     if (const auto *etiquette = qobject_cast<const QLabel *>(widget)) VerifierContraste(*etiquette);
-    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || EstInterne(widget)) continue;
+    // Parts of a control of the toolkit are none that the user meets.
+    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
+        widget->objectName().startsWith(u"qt_"_s))
+      continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);
     Exiger(acces != nullptr && !acces->text(QAccessible::Name).trimmed().isEmpty(),
            u"an accessible name of %1 expected, none found"_s.arg(widget->objectName()));
@@ -114,17 +107,12 @@ void VerifierAccessibilite(const QWidget &fenetre) {
 
 void Mesurer(const QString &nom, const QWidget &fenetre, Mesures &mesures) {
   const QString elle = nom + u": "_s + fenetre.objectName();
-  bool papier = EstSurPapier(&fenetre);
   for (const QWidget *widget : fenetre.findChildren<QWidget *>()) {
-    papier |= EstSurPapier(widget);
     if (!Compte(*widget, fenetre)) continue;
     MesurerObjet(elle + u'/' + widget->objectName(), *widget, mesures);
     if (widget->layout() != nullptr)
       MesurerObjet(elle + u'/' + widget->objectName() + u", layout"_s, *widget->layout(), mesures);
   }
-  if (papier) return;  // which makes a part of its size
-  mesures[elle + u" width, window"_s] = fenetre.width();
-  mesures[elle + u" height, window"_s] = fenetre.height();
 }
 
 QStringList MalAEchelle(const Mesures &dessin, const Mesures &agrandie, double echelle) {

@@ -4,7 +4,6 @@
 #include "ui/FeuilleEcran.h"
 
 #include <QtTest>
-#include <QtWidgets>
 
 using C = Controle;
 
@@ -12,18 +11,13 @@ namespace {
 
 enum class Clic { Simple, Double, Droit };
 
-/// Where a click finds the control: the middle of what is to be seen of it.
+/// Where a click finds the control: its box, or the middle of what is to be seen of it.
 QPoint PlaceDuClic(const QWidget *widget) {
-  const bool caseACocher = qobject_cast<const QCheckBox *>(widget) != nullptr;
-  if (caseACocher || qobject_cast<const QRadioButton *>(widget) != nullptr) {
-    QStyleOptionButton option;
-    option.initFrom(widget);
-    const auto partie =
-        caseACocher ? QStyle::SE_CheckBoxIndicator : QStyle::SE_RadioButtonIndicator;
-    return widget->style()->subElementRect(partie, &option, widget).center();
-  }
+  constexpr int kCase = 8;  // pixels to the middle of a box
   const QRect visible = widget->visibleRegion().boundingRect();
-  return (visible.isEmpty() ? widget->rect() : visible).center();
+  const QPoint milieu = (visible.isEmpty() ? widget->rect() : visible).center();
+  const bool aCase = widget->inherits("QCheckBox") || widget->inherits("QRadioButton");
+  return aCase ? QPoint(kCase, milieu.y()) : milieu;
 }
 
 void CliquerEn(QWidget *widget, const QPoint &place, Clic clic = Clic::Simple,
@@ -81,18 +75,6 @@ void EnvoyerSouris(QWidget *widget, QEvent::Type type, const QPoint &ecran) {
   const Qt::MouseButtons tenus = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton;
   QMouseEvent evenement(type, widget->mapFromGlobal(ecran), ecran, bouton, tenus, Qt::NoModifier);
   QApplication::sendEvent(widget, &evenement);
-}
-
-/// The mouse leaves the window that it is in for another one.
-void EntrerDans(const QWidget *fenetre, const QPoint &place) {
-  if (fenetre->underMouse()) return;
-  for (const QWidget *autre : QApplication::topLevelWidgets())
-    if (autre->underMouse() && autre->windowHandle() != nullptr) {
-      QEvent sortie(QEvent::Leave);
-      QApplication::sendEvent(autre->windowHandle(), &sortie);
-    }
-  QEnterEvent entree(place, place, fenetre->mapToGlobal(place));
-  QApplication::sendEvent(fenetre->windowHandle(), &entree);
 }
 
 void Declencher(QAction *action) {
@@ -184,9 +166,8 @@ void Taper(const Controle &controle, const QString &texte, bool remplacer) {
     FrapperTouche(zone, uneLigne ? u"Fin"_s : u"Ctrl+Fin"_s);
   }
   for (const QChar signe : texte) {
-    Exiger(
-        zone && zone->isVisible() && zone->isEnabled(),
-        u"%1 expected to take \"%2\", it has gone before \"%3\""_s.arg(controle.nom, texte, signe));
+    Exiger(zone && zone->isVisible() && zone->isEnabled(),
+           u"%1 expected to take \"%2\", it has gone"_s.arg(controle.nom, texte));
     // The field of a combo leaves the focus, and so the keys, to the combo.
     Frapper(zone->focusProxy() != nullptr ? zone->focusProxy() : zone.data(), signe);
   }
@@ -251,15 +232,19 @@ void Survoler(const Controle &controle, const Mots &) {
   // To its own window: by the place on the screen another one that lies there would be found too.
   QWidget *fenetre = widget->window();
   const QPoint place = widget->mapTo(fenetre, PlaceDuClic(widget));
-  EntrerDans(fenetre, place);
   QTest::mouseMove(fenetre->windowHandle(), place);
 }
 
 /// An act on the control that the first word names.
 Verbe Acte(const QString &nom, qsizetype nombre,
-           std::function<void(const Controle &, const Mots &)> faire, qsizetype minimum = 0) {
-  return {nom, minimum > 0 ? minimum : nombre, nombre,
+           std::function<void(const Controle &, const Mots &)> faire) {
+  return {nom, nombre, nombre,
           [faire](S &s, const M &m) { faire(s.ecran.Atteindre(m[0].texte), m); }};
+}
+
+Verbe ClicSurCase(const QString &nom, bool etat) {
+  return {nom, 1, 2,
+          [etat](S &s, const M &m) { MettreCase(s.ecran.Atteindre(m[0].texte), m, etat); }};
 }
 
 Verbe ClicSurControle(const QString &nom, Clic clic) {
@@ -280,10 +265,8 @@ QList<Verbe> VerbesDesGestes() {
       ClicSurNoeud(u"noeud"_s, Clic::Simple),
       ClicSurNoeud(u"double-noeud"_s, Clic::Double),
       ClicSurNoeud(u"droit-noeud"_s, Clic::Droit),
-      Acte(
-          u"cocher"_s, 2, [](const C &c, const M &m) { MettreCase(c, m, true); }, 1),
-      Acte(
-          u"decocher"_s, 2, [](const C &c, const M &m) { MettreCase(c, m, false); }, 1),
+      ClicSurCase(u"cocher"_s, true),
+      ClicSurCase(u"decocher"_s, false),
       Acte(u"choisir"_s, 2, [](const C &c, const M &m) { Choisir(c, m, true); }),
       Acte(u"retirer"_s, 2, [](const C &c, const M &m) { Choisir(c, m, false); }),
       Acte(u"derouler"_s, 1, Derouler),

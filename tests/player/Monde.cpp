@@ -1,14 +1,15 @@
+// The world of a scenario, and the verbs that make and look at its files and rows. Rows come beside
+// the program, as from another user.
+
 #include "player/Monde.h"
 
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "player/Verbes.h"
+#include "storage/Requete.h"
 
-#include <QDir>
-#include <QFileInfo>
-
-#include <sys/stat.h>
+#include <QtCore>
 
 namespace {
 
@@ -35,6 +36,11 @@ void Copier(const QString &source, const QString &cible) {
 const Monde &AuRepos(const Scene &scene) {
   Exiger(!scene.EnMarche(), u"a program that is closed expected, it is running"_s);
   return scene.monde;
+}
+
+/// A file that lies beside the scenario.
+void CopierDACote(const Scene &scene, const QString &nom, const QString &cible) {
+  Copier(QFileInfo(scene.fichier).dir().filePath(nom), AuRepos(scene).Chemin(cible));
 }
 
 void Installer(Scene &scene, const Mots &) {
@@ -69,25 +75,9 @@ Verbe SurChemins(const QString &nom, bool (*faire)(const QString &chemin)) {
           }};
 }
 
-bool CreerDossiers(const QString &chemin) {
-  return QDir().mkpath(chemin);
-}
-
-/// Puts in its place a file that opens and cannot be read, also by the superuser.
-bool RendreIllisible(const QString &chemin) {
+bool Lier(const QString &vers, const QString &chemin) {
   QFile::remove(chemin);
-  return QFile::link(u"/proc/self/mem"_s, chemin);
-}
-
-/// Puts there a pipe that nobody writes into.
-bool PoserTube(const QString &chemin) {
-  return mkfifo(QFile::encodeName(chemin).constData(), S_IRUSR | S_IWUSR) == 0;
-}
-
-/// Puts there a name that leads nowhere: not even what it is can be told.
-bool FermerLAcces(const QString &chemin) {
-  QFile::remove(chemin);
-  return QFile::link(chemin, chemin);
+  return QFile::link(vers, chemin);
 }
 
 QByteArray Octets(const Scene &scene, const QString &nom) {
@@ -110,12 +100,13 @@ QStringList Lignes(const Scene &scene, const QString &nom) {
 void VerifierFichier(Scene &scene, const Mots &mots) {
   const QString &nom = mots[0].texte;
   const Mot &quoi = mots[1];
-  const QStringList noms = Textes(mots.first(mots.size() - 1), 0);
-  if (mots.constLast().Est(u"absent")) {
-    for (const QString &absent : noms)
-      Exiger(!QFileInfo::exists(scene.monde.Chemin(absent)), u"no file %1 expected"_s.arg(absent));
-  } else if (mots.constLast().Est(u"present")) {
-    for (const QString &present : noms) Octets(scene, present);
+  const bool absents = mots.constLast().Est(u"absent");
+  if (absents || mots.constLast().Est(u"present")) {
+    for (const QString &chacun : Textes(mots.first(mots.size() - 1), 0)) {
+      const QFileInfo fichier(scene.monde.Chemin(chacun));
+      Exiger(absents ? !fichier.exists() : fichier.isFile(),
+             u"%1 expected to be %2"_s.arg(chacun, mots.constLast().texte));
+    }
   } else if (quoi.Est(u"egal") && mots.size() == 3) {
     Exiger(Octets(scene, nom) == Octets(scene, mots[2].texte),
            u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
@@ -129,10 +120,115 @@ void VerifierFichier(Scene &scene, const Mots &mots) {
   }
 }
 
+/// The first column of what a statement finds. What the engine refuses fails the scenario.
+QStringList Valeurs(const Scene &scene, const QString &texte, const QStringList &liees = {}) {
+  try {
+    Base base;
+    base.Ouvrir(scene.monde.Base());
+    Requete requete(base, texte);
+    for (const QString &valeur : liees) requete.Lier(valeur);
+    QStringList valeurs;
+    while (requete.Suivante())
+      valeurs.append(requete.Nul(0) ? QString() : requete.Texte(0) + u""_s);
+    return valeurs;
+  } catch (const Erreur &erreur) {
+    throw Echec{erreur.Texte()};
+  }
+}
+
+/// Changes one row. A number as a text becomes a number by the affinity of its column.
+void Changer(const Scene &scene, const QString &texte, const QStringList &liees) {
+  Exiger(Valeurs(scene, texte + u" RETURNING rowid"_s, liees).size() == 1,
+         u"a row to change expected, none of this key found"_s);
+}
+
+/// The values of `Field=value` words by the names of their fields.
+QMap<QString, QString> Champs(const Mots &mots) {
+  QMap<QString, QString> valeurs;
+  for (const Mot &mot : mots) {
+    Exiger(mot.egal > 0, u"Field=\"value\" expected, \"%1\" found"_s.arg(mot.texte));
+    const QString valeur = mot.texte.mid(mot.egal + 1);
+    valeurs[mot.texte.left(mot.egal)] = mot.cite              ? valeur + u""_s
+                                        : valeur == u"nul"_s  ? QString()
+                                        : valeur == u"vrai"_s ? u"1"_s
+                                        : valeur == u"faux"_s ? u"0"_s
+                                                              : valeur + u""_s;
+  }
+  return valeurs;
+}
+
+/// A field that is not named is the empty text, 0 or faux.
+void Ajouter(Scene &scene, const Mots &mots) {
+  QMap<QString, QString> champs;
+  const QString autres =
+      u"SELECT name || iif(type = 'TEXT', '=', '=0') FROM pragma_table_info(?) WHERE pk = 0"_s;
+  for (const QString &mot : Valeurs(scene, autres, {mots[0].texte}))
+    champs[mot.section(u'=', 0, 0)] = mot.section(u'=', 1) + u""_s;
+  champs.insert(Champs(mots.sliced(1)));
+  Changer(scene,
+          u"INSERT INTO [%1] ([%2]) VALUES (%3?)"_s.arg(mots[0].texte, champs.keys().join(u"], ["),
+                                                        u"?, "_s.repeated(champs.size() - 1)),
+          champs.values());
+}
+
+void Modifier(Scene &scene, const Mots &mots) {
+  const auto champs = Champs(mots.sliced(2));
+  Changer(scene,
+          u"UPDATE [%1] SET [%2] = ? WHERE rowid = ?"_s.arg(mots[0].texte,
+                                                            champs.keys().join(u"] = ?, [")),
+          champs.values() + QStringList{mots[1].texte});
+}
+
+void Supprimer(Scene &scene, const Mots &mots) {
+  Changer(scene, u"DELETE FROM [%1] WHERE rowid = ?"_s.arg(mots[0].texte), {mots[1].texte});
+}
+
+/// Of the row with the key that follows the table. A yes or no is 1 or 0, null a null text.
+QString Champ(const Scene &scene, const Mots &mots, const QString &champ) {
+  const QStringList valeurs = Valeurs(
+      scene, u"SELECT [%1] FROM [%2] WHERE rowid = ?"_s.arg(champ, mots[0].texte), {mots[1].texte});
+  Exiger(!valeurs.isEmpty(),
+         u"table %1: row %2 expected, none found"_s.arg(mots[0].texte, mots[1].texte));
+  return valeurs[0];
+}
+
+/// `Field "value"` or `Field=value`, any number of them.
+void VerifierChamps(Scene &scene, const Mots &mots) {
+  for (qsizetype i = 2; i < mots.size(); ++i) {
+    const Mot &mot = mots[i];
+    const bool egal = mot.egal > 0;
+    Exiger(egal || i + 1 < mots.size(), u"a value of %1 expected"_s.arg(mot.texte));
+    const QString nom = egal ? mot.texte.left(mot.egal) : mot.texte;
+    QString attendu = egal ? mot.texte.mid(mot.egal + 1) : mots[++i].texte;
+    const QString trouve = Champ(scene, mots, nom);
+    if (egal && !mot.cite && attendu == u"nul"_s)
+      attendu = trouve.isNull() ? u""_s : u"nul"_s;
+    else if (attendu == u"vrai"_s || attendu == u"faux"_s)
+      attendu = attendu == u"vrai"_s ? u"1"_s : u"0"_s;
+    ExigerEgal(nom, attendu, trouve);
+  }
+}
+
+void VerifierColonne(Scene &scene, const Mots &mots) {
+  QStringList valeurs =
+      Valeurs(scene, u"SELECT [%1] FROM [%2] ORDER BY rowid"_s.arg(mots[1].texte, mots[0].texte));
+  for (QString &valeur : valeurs)
+    if (valeur.isNull()) valeur = u"nul"_s;
+  ExigerListe(mots[0].texte + u'.' + mots[1].texte, Textes(mots, 2), valeurs);
+}
+
+/// Another program that keeps the database to itself.
+Verbe Tenir(const QString &nom, const QString &comment) {
+  return {nom, 0, 0, [comment](S &s, const M &) {
+            s.autreEcrivain = std::make_unique<Base>();
+            s.autreEcrivain->Ouvrir(s.monde.Base());
+            Requete(*s.autreEcrivain, comment).Executer();
+          }};
+}
+
 }  // namespace
 
-Monde::Monde(const QString &dossier, QString dossierScenario)
-    : dossierScenario_(std::move(dossierScenario)) {
+Monde::Monde(const QString &dossier) {
   QDir().mkpath(dossier);
   dossier_ = QFileInfo(dossier).canonicalFilePath();
   for (const QString &partie : {App(), Home()})
@@ -160,10 +256,6 @@ QString Monde::Chemin(const QString &nom) const {
   return QDir::cleanPath((duMonde ? dossier_ : App()) + u'/' + nom);
 }
 
-QString Monde::ACote(const QString &nom) const {
-  return QDir(dossierScenario_).filePath(nom);
-}
-
 QString Monde::Completer(QString texte) const {
   constexpr int kLong = 33'000;
   return texte.replace(u"{app}"_s, App())
@@ -176,21 +268,22 @@ QList<Verbe> VerbesDuMonde() {
       {u"monde installe"_s, 0, 0, Installer},
       {u"monde type"_s, 0, 0, InstallerType},
       {u"monde fichier"_s, 1, kSansLimite, Ecrire},
-      {u"monde copie"_s, 2, 2,
-       [](S &s, const M &m) { Copier(AuRepos(s).ACote(m[0].texte), s.monde.Chemin(m[1].texte)); }},
+      {u"monde copie"_s, 2, 2, [](S &s, const M &m) { CopierDACote(s, m[0].texte, m[1].texte); }},
       {u"monde base"_s, 1, 1,
        [](S &s, const M &m) {
-         Copier(AuRepos(s).ACote(m[0].texte), s.monde.Donnees() + u"/Velmira.mdb"_s);
+         CopierDACote(s, m[0].texte, s.monde.Donnees() + u"/Velmira.mdb"_s);
        }},
       {u"monde nouvelle-base"_s, 0, 0,
        [](S &s, const M &) {
          Copier(Livre(u"Velmira_base.mdb"_s), AuRepos(s).App() + u"/Velmira_base.mdb"_s);
        }},
-      SurChemins(u"monde dossier"_s, CreerDossiers),
-      SurChemins(u"monde illisible"_s, RendreIllisible),
-      SurChemins(u"monde tube"_s, PoserTube),
-      SurChemins(u"monde sans-acces"_s, FermerLAcces),
-      SurChemins(u"monde efface"_s, [](const QString &chemin) { return QFile::remove(chemin); }),
+      SurChemins(u"monde dossier"_s, [](const QString &c) { return QDir().mkpath(c); }),
+      SurChemins(u"monde efface"_s, [](const QString &c) { return QFile::remove(c); }),
+      // Opens and cannot be read, also by the superuser.
+      SurChemins(u"monde illisible"_s,
+                 [](const QString &c) { return Lier(u"/proc/self/mem"_s, c); }),
+      // Leads nowhere: not even what it is can be told.
+      SurChemins(u"monde sans-acces"_s, [](const QString &c) { return Lier(c, c); }),
       {u"fichier"_s, 2, kSansLimite, VerifierFichier},
       {u"utilisateur"_s, 1, 1,
        [](S &s, const M &m) {
@@ -212,6 +305,28 @@ QList<Verbe> VerbesDuMonde() {
            s.coquille.inerte = true;
          else
            s.coquille.absents.append(monde.Chemin(m[0].texte));
+       }},
+      {u"ligne"_s, 1, kSansLimite, Ajouter},
+      {u"champ-ecrit"_s, 3, kSansLimite, Modifier},
+      {u"ligne-efface"_s, 2, 2, Supprimer},
+      Valeur(u"lignes"_s, 2,
+             [](S &s, const M &m) {
+               return Valeurs(s, u"SELECT count(*) FROM [%1]"_s.arg(m[0].texte)).value(0);
+             }),
+      {u"champ"_s, 3, kSansLimite, VerifierChamps},
+      {u"nul"_s, 3, 3,
+       [](S &s, const M &m) {
+         Exiger(Champ(s, m, m[2].texte).isNull(), u"%1: nul expected"_s.arg(m[2].texte));
+       }},
+      {u"colonne"_s, 2, kSansLimite, VerifierColonne},
+      Tenir(u"base-occupee"_s, u"BEGIN IMMEDIATE"_s),
+      Tenir(u"base-bloquee"_s, u"BEGIN EXCLUSIVE"_s),
+      {u"base-libre"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.reset(); }},
+      {u"base-illisible"_s, 0, 0,
+       [](S &s, const M &) {
+         QFile fichier(s.monde.Base());
+         Exiger(fichier.open(QFile::ReadWrite) && fichier.write(QByteArray(4096, 'x')) > 0,
+                u"the database cannot be written"_s);
        }},
   };
 }

@@ -6,9 +6,8 @@
 /// `home/`.
 class Monde {
  public:
-  /// Makes them anew in a folder, with the delivered files in `app/`. What is copied lies
-  /// in `dossierScenario`. Throws `Echec`.
-  Monde(const QString &dossier, QString dossierScenario);
+  /// Makes them anew in a folder, with the delivered files in `app/`. Throws `Echec`.
+  explicit Monde(const QString &dossier);
 
   QString App() const { return dossier_ + QStringLiteral("/app"); }
   QString Home() const { return dossier_ + QStringLiteral("/home"); }
@@ -19,12 +18,10 @@ class Monde {
 
   /// The full path of a name: `app/...`, `home/...`, a full path, or a name in `app/`.
   QString Chemin(const QString &nom) const;
-  /// The full path of a file that lies beside the scenario.
-  QString ACote(const QString &nom) const;
   /// Puts the two folders in the place of `{app}` and `{home}`, and in that of `{long}` more
   /// letters than the toolkit's fields hold by themselves.
   QString Completer(QString texte) const;
 
  private:
-  QString dossier_, dossierScenario_;
+  QString dossier_;
 };

@@ -5,10 +5,7 @@
 #include "player/Verbes.h"
 #include "storage/Reglages.h"
 
-#include <QDialog>
-#include <QDir>
-#include <QFileInfo>
-#include <QTimer>
+#include <QtWidgets>
 
 #include <cstdio>
 
@@ -23,13 +20,6 @@ Echec FauteDe(const Commande &commande, const QString &raison) {
   return {raison + u"\n    "_s + commande.texte, commande.ligne};
 }
 
-void EcrireTaille(const QString &app, qint32 taille) {
-  Reglages reglages;
-  LireReglages(app, reglages);
-  reglages.rtcolor.TailleFenetre = taille;
-  EcrireRTColor(app, reglages.rtcolor);
-}
-
 }  // namespace
 
 void LaisserPasser() {
@@ -38,13 +28,12 @@ void LaisserPasser() {
   for (int i = 0; i < kTours; ++i) QCoreApplication::processEvents();
 }
 
-Scene::Scene(Application &application, QString fichier, Options options)
-    : fichier_(std::move(fichier)),
-      options_(std::move(options)),
-      monde(options_.monde.isEmpty() ? temporaire_.path() : options_.monde,
-            QFileInfo(fichier_).absolutePath()),
+Scene::Scene(Application &application, QString f, Options o)
+    : fichier(std::move(f)),
+      options(std::move(o)),
+      monde(options.monde.isEmpty() ? temporaire.path() : options.monde),
       application_(application) {
-  const auto texte = LireFichier(fichier_);
+  const auto texte = LireFichier(fichier);
   Exiger(texte.has_value(), u"the file cannot be read"_s);
   commandes_ = Analyser(QString::fromUtf8(*texte));
   application_.SignalerPar(&boites);
@@ -65,7 +54,12 @@ std::optional<Echec> Scene::Jouer() {
 void Scene::Demarrer() {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
-  if (options_.taille != 0) EcrireTaille(monde.App(), options_.taille);
+  if (options.taille != 0) {
+    Reglages reglages;
+    LireReglages(monde.App(), reglages);
+    reglages.rtcolor.TailleFenetre = options.taille;
+    EcrireRTColor(monde.App(), reglages.rtcolor);
+  }
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s});
@@ -111,13 +105,10 @@ void Scene::VerifierFautes() const {
 }
 
 void Scene::VerifierToutVu() const {
-  const auto rien = [](const QString &quoi, const auto &traces) {
-    Exiger(traces.empty(), u"nothing %1 expected, \"%2\" found"_s.arg(
-                               quoi, traces.empty() ? QString() : traces.front()));
-  };
   VerifierAucuneBoite();
-  rien(u"opened"_s, journal.ouverts);
-  rien(u"started"_s, journal.lances);
+  for (const auto *traces : {&journal.ouverts, &journal.lances})
+    for (const QString &trace : *traces)
+      throw Echec{u"nothing opened or started expected, \"%1\" found"_s.arg(trace)};
 }
 
 void Scene::VerifierAucuneBoite() const {
@@ -129,12 +120,10 @@ void Scene::VerifierAucuneBoite() const {
 void Scene::VerifierFin() const {
   VerifierFautes();  // of commands that have not returned
   VerifierToutVu();
-  for (const auto &reponse : journal.reponses)
-    throw Echec{u"a box expected for the answer \"%1\", none came"_s.arg(reponse.texte)};
+  Exiger(journal.reponses.empty(),
+         u"a box expected for each answer, %1 are left"_s.arg(journal.reponses.size()));
   Exiger(!horloge.ResteAFaire(), u"a pause expected for what was to be done in one, none came"_s);
-  for (const QByteArray &reponse : journal.reponsesModem)
-    throw Echec{u"the modem expected to answer \"%1\", it was never asked"_s.arg(
-        QString::fromLatin1(reponse))};
+  Exiger(journal.reponsesModem.empty(), u"the modem expected to answer, it was never asked"_s);
 }
 
 void Scene::Planifier() {
@@ -143,10 +132,7 @@ void Scene::Planifier() {
 }
 
 void Scene::Pas() {
-  if (terminee_ && pile_.empty()) {
-    boucle_.quit();
-    return;
-  }
+  if (terminee_ && pile_.empty()) return boucle_.quit();
   // Before anything runs: the next command may stay in a dialog, and those behind it are to run
   // inside.
   Planifier();
@@ -167,18 +153,17 @@ Scene::Prenantes Scene::PrenantesOuvertes() {
   return ouvertes;
 }
 
-bool Scene::VaPasser(const QWidget &prenante) const {
-  const QString nom = prenante.objectName();
-  return nom == u"FrmEnCours"_s || (nom == u"FrmAvancement"_s && !autreEcrivain);
-}
-
 bool Scene::PeutAvancer() const {
   // A command that has not returned waits in a dialog or a menu that it opened itself, or for
   // something to happen; or it only lets events through: then nothing may come between.
   if (pile_.empty() || horloge.Attentes() > pile_.back().attentes) return true;
+  // A run's window ends by itself, and that of a long work, which shows on a slow computer only.
+  QStringList quiPassent{u"FrmEnCours"_s};
+  if (!autreEcrivain) quiPassent.append(u"FrmAvancement"_s);
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) && !VaPasser(*prenante))
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) &&
+        !quiPassent.contains(prenante->objectName()))
       return true;
   return false;
 }
@@ -223,7 +208,7 @@ void Scene::Terminer(const std::optional<Echec> &faute) {
 void Scene::FermerDialogues() {
   if (depuis_.elapsed() > kLimite) {
     // The program sits in a handler that never returns: there is no way out but this one.
-    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier_),
+    std::fprintf(stdout, "%s:%d: %s; the program cannot be left\n", qPrintable(fichier),
                  faute_ ? faute_->ligne : 0, qPrintable(faute_ ? faute_->texte : u"ok"_s));
     std::fflush(stdout);
     std::_Exit(EXIT_FAILURE);

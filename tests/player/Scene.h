@@ -6,14 +6,10 @@
 #include "player/Analyse.h"
 #include "player/Doubles.h"
 #include "player/Ecran.h"
-#include "player/Fenetres.h"
 #include "player/Monde.h"
 #include "storage/Base.h"
 
-#include <QElapsedTimer>
-#include <QEventLoop>
-#include <QSet>
-#include <QTemporaryDir>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>
@@ -53,12 +49,9 @@ class Scene {
   void VerifierToutVu() const;
   void VerifierAucuneBoite() const;
 
- private:
-  const QString fichier_;
-  const Options options_;
-  QTemporaryDir temporaire_;
-
- public:
+  const QString fichier;
+  const Options options;
+  const QTemporaryDir temporaire;
   const Monde monde;
   Journal journal;
   BoitesScenario boites{journal, monde};
@@ -73,7 +66,6 @@ class Scene {
   QString utilisateur = QStringLiteral("Paul");
   std::unique_ptr<Base> autreEcrivain;  ///< another user's, who keeps the database to himself
 
-  const QString &Captures() const { return options_.captures; }
   Mesures mesures;  ///< of the windows that pictures were asked of
 
   QList<PageImprimee> pages;  ///< those that were counted last
@@ -93,9 +85,6 @@ class Scene {
   void Planifier();
   void Pas();
   bool PeutAvancer() const;
-  /// Whether it is a window that ends by itself: of a run, or of a long work, which shows on a slow
-  /// computer only.
-  bool VaPasser(const QWidget &prenante) const;
   void ExecuterSuivante();
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
   void VerifierFautes() const;

@@ -3,10 +3,7 @@
 #include "envelope/FrmVueAV.h"
 #include "player/Verbes.h"
 
-#include <QFileInfo>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QProcess>
+#include <QtCore>
 
 #include <algorithm>
 #include <cmath>

@@ -4,19 +4,16 @@
 
 namespace {
 
-const Verbe &TrouverVerbe(const QString &nom) {
+const QHash<QString, Verbe> &TousLesVerbes() {
   static const QHash<QString, Verbe> kVerbes = [] {
     QHash<QString, Verbe> verbes;
     QList<Verbe> actes = VerbesDesGestes();
     for (Verbe &acte : actes) acte.acte = true;
-    for (const auto &groupe :
-         {VerbesDuMonde(), VerbesDesRangees(), actes, VerbesDesControles(), VerbesDesTraces()})
+    for (const auto &groupe : {VerbesDuMonde(), actes, VerbesDesControles(), VerbesDesTraces()})
       for (const Verbe &verbe : groupe) verbes.insert(verbe.nom, verbe);
     return verbes;
   }();
-  const auto verbe = kVerbes.constFind(nom);
-  Exiger(verbe != kVerbes.cend(), u"unknown verb \"%1\""_s.arg(nom));
-  return *verbe;
+  return kVerbes;
 }
 
 }  // namespace
@@ -25,18 +22,12 @@ void Executer(Scene &scene, const Commande &commande) {
   Mots mots = commande.mots;
   for (Mot &mot : mots) mot.texte = scene.monde.Completer(mot.texte);
   QString nom = commande.verbe;
-  bool nombre = false;
-  if (!mots.isEmpty()) mots.first().texte.toInt(&nombre);
-  const bool deuxMots = nom == u"monde"_s || nom == u"apercu"_s || nom == u"classeur"_s ||
-                        (nom == u"page"_s && !nombre);
-  if (deuxMots && !mots.isEmpty()) nom += u' ' + mots.takeFirst().texte;
-
-  const Verbe &verbe = TrouverVerbe(nom);
+  if (!mots.isEmpty() && TousLesVerbes().contains(nom + u' ' + mots[0].texte))
+    nom += u' ' + mots.takeFirst().texte;
+  Exiger(TousLesVerbes().contains(nom), u"unknown verb \"%1\""_s.arg(nom));
+  const Verbe verbe = TousLesVerbes()[nom];
   Exiger(mots.size() >= verbe.minimum && mots.size() <= verbe.maximum,
-         u"%1, words behind it: %2 to %3 expected, %4 found"_s.arg(nom)
-             .arg(verbe.minimum)
-             .arg(verbe.maximum)
-             .arg(mots.size()));
+         u"%1: %2 words behind it, which is too few or too many"_s.arg(nom).arg(mots.size()));
   if (verbe.acte) {
     scene.VerifierToutVu();
     scene.journal.boites.clear();

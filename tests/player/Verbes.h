@@ -23,8 +23,7 @@ using M = Mots;
 /// The last of its words is the text that is read.
 Verbe Valeur(const QString &nom, qsizetype mots, std::function<QString(S &, const M &)> lire);
 
-QList<Verbe> VerbesDuMonde();       ///< before the start; files
-QList<Verbe> VerbesDesRangees();    ///< of the database
+QList<Verbe> VerbesDuMonde();       ///< files and rows
 QList<Verbe> VerbesDesGestes();     ///< acts of the user
 QList<Verbe> VerbesDesControles();  ///< checks of windows and controls
 QList<Verbe> VerbesDesTraces();     ///< boxes, clock, desktop, pages, workbooks

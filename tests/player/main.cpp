@@ -4,11 +4,7 @@
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
 
-#include <QApplication>
-#include <QCommandLineParser>
-#include <QLibraryInfo>
-#include <QPalette>
-#include <QTranslator>
+#include <QtWidgets>
 
 #include <cstdio>
 
@@ -17,8 +13,6 @@ namespace {
 QPalette PaletteSombre() {
   QPalette palette(QColor(42, 46, 50));
   palette.setColor(QPalette::Base, QColor(27, 30, 32));
-  palette.setColor(QPalette::ToolTipBase, QColor(27, 30, 32));
-  palette.setColor(QPalette::ToolTipText, Qt::white);
   palette.setColor(QPalette::AlternateBase, QColor(48, 53, 58));
   palette.setColor(QPalette::Highlight, QColor(61, 174, 233));
   palette.setColor(QPalette::Link, QColor(29, 153, 243));
