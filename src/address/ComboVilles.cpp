@@ -28,6 +28,7 @@ void ComboVilles::Offrir(const QStringList &villes) {
   for (; offertes_ > 0; --offertes_) removeItem(0);
   insertItems(0, villes);
   offertes_ = static_cast<int>(villes.size());
+  if (offertes_ > 0) insertSeparator(offertes_++);
   setEditText(texte);
 }
 

@@ -40,6 +40,6 @@ class ComboVilles : public ComboSaisie {
 
   Base *base_ = nullptr;
   QLineEdit *code_ = nullptr;
-  int offertes_ = 0;  ///< items in front of the remembered ones
+  int offertes_ = 0;  ///< items in front of the remembered ones, with the line between
   QString posee_;     ///< what a code has put into the field
 };

@@ -219,8 +219,8 @@ void FrmNewMod::reject() {
 }
 
 void FrmNewMod::showEvent(QShowEvent *evenement) {
+  ZoneAuBesoin::TenirDansLEcran(*this);  // first, since showing finds the place for the size
   QDialog::showEvent(evenement);
-  ZoneAuBesoin::TenirDansLEcran(*this);
 }
 
 bool FrmNewMod::eventFilter(QObject *objet, QEvent *evenement) {

@@ -4,6 +4,7 @@
 #include "ui/CochesLiees.h"
 #include "ui/Guillemet.h"
 #include "ui/SelectionAuFocus.h"
+#include "ui/ZoneAuBesoin.h"
 #include "ui_FrmOptions.h"
 
 #include <optional>
@@ -70,6 +71,11 @@ FrmOptions::FrmOptions(Boites &boites, const QStringList &polices, const Valeurs
 }
 
 FrmOptions::~FrmOptions() = default;
+
+void FrmOptions::showEvent(QShowEvent *evenement) {
+  ZoneAuBesoin::TenirDansLEcran(*this);  // first, since showing finds the place for the size
+  QDialog::showEvent(evenement);
+}
 
 void FrmOptions::BrancherPolice(QComboBox *liste, QLabel *exemple) {
   connect(liste, &QComboBox::currentTextChanged, exemple, [exemple](const QString &nom) {

@@ -36,6 +36,9 @@ class FrmOptions : public QDialog {
   /// The settings, once the dialog has been accepted.
   const Valeurs &Saisie() const { return valeurs_; }
 
+ protected:
+  void showEvent(QShowEvent *evenement) override;
+
  private:
   void Montrer(const QStringList &polices);
   /// The choices of the norm are open while it is ticked.
