@@ -347,7 +347,8 @@ void FrmPlomex::ChoisirOptions() {
   zones_.Reformater();
   MajEtiquettes();
   if (norme != session_.reglages.norme)
-    EcrireNorme(session_.dossiers.AppPath, session_.reglages.norme);
+    Signaler(session_.plateforme.boites,
+             [this] { EcrireNorme(session_.dossiers.AppPath, session_.reglages.norme); });
   EcrireLiaison(session_.dossiers.AppPath, session_.reglages);
 }
 
