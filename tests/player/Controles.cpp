@@ -91,10 +91,6 @@ bool EstVisible(const Controle &controle) {
              : widget->isVisibleTo(controle.fenetre);
 }
 
-bool EstGras(const Controle &controle) {
-  return PoliceDe(controle).bold();
-}
-
 QString AlignementDe(const Controle &controle) {
   const QVariant alignement = controle.objet->property("alignment");
   Exiger(alignement.isValid(), u"%1: what has an alignment expected"_s.arg(controle.nom));
@@ -212,8 +208,8 @@ QList<Verbe> VerbesDesControles() {
       Etat(u"cache"_s, EstVisible, false),
       Etat(u"actif"_s, &C::EstActif),
       Etat(u"inactif"_s, &C::EstActif, false),
-      Etat(u"gras"_s, EstGras),
-      Etat(u"maigre"_s, EstGras, false),
+      Etat(u"gras"_s, [](const C &c) { return PoliceDe(c).bold(); }),
+      Etat(u"maigre"_s, [](const C &c) { return !PoliceDe(c).bold(); }),
       Etat(u"focus"_s, &C::ALeFoyer),
       Etat(u"bulle-montree"_s, [](const C &c) { return BulleDe(c).EstMontree(); }),
       Etat(u"bulle-cachee"_s, [](const C &c) { return !BulleDe(c).EstMontree(); }),

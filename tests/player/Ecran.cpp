@@ -4,16 +4,12 @@
 
 namespace {
 
-bool EstSurgissante(const QWidget *fenetre) {
-  return fenetre->windowType() == Qt::Popup;
-}
-
 /// An object of this window, in one of its pop-ups too, but not of a dialog that belongs to it.
 bool Appartient(const QObject *objet, const QWidget *fenetre) {
   for (; objet != nullptr; objet = objet->parent()) {
     if (objet == fenetre) return true;
     const auto *widget = qobject_cast<const QWidget *>(objet);
-    if (widget != nullptr && widget->isWindow() && !EstSurgissante(widget)) return false;
+    if (widget != nullptr && widget->isWindow() && widget->windowType() != Qt::Popup) return false;
   }
   return false;
 }
@@ -172,7 +168,7 @@ QWidget *Ecran::Active() const {
 QWidget *Ecran::Fenetre(const QString &nom) {
   QWidget *trouvee = nullptr;
   for (QWidget *fenetre : QApplication::topLevelWidgets())
-    if (fenetre->objectName() == nom && !EstSurgissante(fenetre) &&
+    if (fenetre->objectName() == nom && fenetre->windowType() != Qt::Popup &&
         (trouvee == nullptr || fenetre->isVisible()))
       trouvee = fenetre;
   return trouvee;

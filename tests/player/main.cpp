@@ -85,12 +85,10 @@ int main(int argc, char *argv[]) {
                : Jouer(application, fichier, {monde, arguments.value(u"captures"_s)}, mesures);
   };
   for (const QString &fichier : fichiers) {
-    if (const auto faute = jouer(fichier)) {
-      ++echecs;
-      std::printf("%s:%d: %s\n", qPrintable(fichier), faute->ligne, qPrintable(faute->texte));
-    } else {
-      std::printf("%s: ok\n", qPrintable(fichier));
-    }
+    const auto faute = jouer(fichier);
+    echecs += faute ? 1 : 0;
+    const QString issue = faute ? QString::number(faute->ligne) + u": "_s + faute->texte : u" ok"_s;
+    std::printf("%s:%s\n", qPrintable(fichier), qPrintable(issue));
     std::fflush(stdout);
   }
   std::printf("%d passed, %d failed\n", static_cast<int>(fichiers.size()) - echecs, echecs);
