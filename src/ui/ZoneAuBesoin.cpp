@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QScreen>
+#include <QStyle>
 
 ZoneAuBesoin::ZoneAuBesoin(QWidget *parent) : QScrollArea(parent) {
   setWidgetResizable(true);
@@ -29,7 +30,12 @@ void ZoneAuBesoin::TenirDansLEcran(QWidget &dialogue) {
   const QSize ecran = dialogue.screen()->availableGeometry().size() - QSize(kCadre, kTitre);
   // What has been filled in since the form was made is still to be heard of.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  dialogue.resize(dialogue.sizeHint().boundedTo(ecran));
+  QSize voulue = dialogue.sizeHint();
+  // The bar that scrolls one way takes room the other way.
+  const int barre = dialogue.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &dialogue);
+  if (voulue.height() > ecran.height()) voulue.rwidth() += barre;
+  if (voulue.width() > ecran.width()) voulue.rheight() += barre;
+  dialogue.resize(voulue.boundedTo(ecran));
 }
 
 bool ZoneAuBesoin::eventFilter(QObject *objet, QEvent *evenement) {
