@@ -78,9 +78,8 @@ void ComboVilles::wheelEvent(QWheelEvent *evenement) {
 }
 
 void ComboVilles::Choisir(int index) {
-  if (index < offertes_) return;  // its code is the one that was typed
   const auto ville = TableVille(*base_).Lire(itemData(index).toLongLong());
-  if (!ville) return;
+  if (!ville) return;  // one of the typed code, too
   if (!PlusieursCodes(*ville)) {
     code_->setText(ville->CodePostal);
     return;
