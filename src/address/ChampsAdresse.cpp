@@ -108,6 +108,7 @@ void ChampsAdresse::MarquerEcarts() {
   for (qsizetype i = 0; i < lignes.size(); ++i) {
     const QString &remarque = remarques[static_cast<std::size_t>(i < kVille ? i : i - 1)];
     QWidget *champ = i == kVille ? static_cast<QWidget *>(ui_->CboVille) : lignes[i];
+    if (champ->toolTip() == remarque) continue;
     champ->setToolTip(remarque);
     lignes[i]->setToolTip(remarque);
     champ->setAccessibleDescription(remarque);
@@ -128,9 +129,7 @@ void ChampsAdresse::Montrer(const AdresseSaisie &adresse) {
   for (std::size_t i = 0; i < adresse.lignes.size(); ++i) txt_[i]->setText(adresse.lignes[i]);
   txt_[kCode]->setText(adresse.codePostal);
   txt_[kPays]->setText(adresse.pays);
-  ui_->CboVille->Proposer({});
-  ui_->CboVille->setCurrentIndex(-1);
-  ui_->CboVille->setEditText(adresse.ville);
+  ui_->CboVille->Montrer(adresse.ville);
   ui_->CboTitre->setCurrentIndex(0);
   CocherOption(adresse.optionCP);
 }

@@ -19,6 +19,9 @@ void ComboVilles::Relier(Boites &boites, Base &base, QLineEdit *code) {
   setEditText(u""_s);
   const Brancheur brancher(boites, this);
   brancher(this, &QComboBox::activated, &ComboVilles::Choisir);
+  connect(code, &QLineEdit::textChanged, this, [this](const QString &texte) {
+    if (offertes_ > 0 && texte != codeOffert_) Offrir({});
+  });
   connect(this, &ComboSaisie::Tapee, this, &ComboVilles::Completer);
 }
 
@@ -29,17 +32,24 @@ void ComboVilles::Offrir(const QStringList &villes) {
   insertItems(0, villes);
   offertes_ = static_cast<int>(villes.size());
   if (offertes_ > 0) insertSeparator(offertes_++);
+  const QString invite =
+      villes.isEmpty() ? QString() : u"%1 villes : flèche bas pour choisir"_s.arg(villes.size());
+  lineEdit()->setPlaceholderText(invite);
+  setAccessibleDescription(invite);
   setEditText(texte);
+}
+
+void ComboVilles::Montrer(const QString &ville) {
+  Offrir({});
+  posee_.clear();
+  setEditText(ville);
 }
 
 void ComboVilles::Proposer(const QStringList &villes) {
   const bool libre = currentText().isEmpty() || currentText() == posee_;
   const bool plusieurs = villes.size() > 1;
   Offrir(plusieurs ? villes : QStringList());
-  const QString invite =
-      plusieurs ? u"%1 villes : flèche bas pour choisir"_s.arg(villes.size()) : QString();
-  lineEdit()->setPlaceholderText(invite);
-  setAccessibleDescription(invite);
+  codeOffert_ = code_->text();
   if (!libre || villes.isEmpty()) return;
   posee_ = plusieurs ? QString() : villes.first();
   setEditText(posee_);

@@ -17,6 +17,9 @@ class ComboVilles : public ComboSaisie {
   /// Reads the towns; one with several codes stands in the list once. `code` takes the code.
   void Relier(Boites &boites, Base &base, QLineEdit *code);
 
+  /// Shows a town, and forgets what was proposed.
+  void Montrer(const QString &ville);
+
   /// The towns of the code that was typed. A single one fills the field where it is empty, or holds
   /// what an earlier code has put there; several stand in front of the list, which Down opens while
   /// the field is empty, and a beginning that is typed goes on as the first of them that has it, as
@@ -40,6 +43,7 @@ class ComboVilles : public ComboSaisie {
 
   Base *base_ = nullptr;
   QLineEdit *code_ = nullptr;
-  int offertes_ = 0;  ///< items in front of the remembered ones, with the line between
-  QString posee_;     ///< what a code has put into the field
+  int offertes_ = 0;    ///< items in front of the remembered ones, with the line between
+  QString codeOffert_;  ///< whose towns these are
+  QString posee_;       ///< what a code has put into the field
 };
