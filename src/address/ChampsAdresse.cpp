@@ -53,14 +53,7 @@ void ChampsAdresse::Relier(Boites &boites, Base &base, const QString &appPath, i
     connect(champ, &QLineEdit::textChanged, this, &ChampsAdresse::Changee);
   }
   connect(ui_->Opt_0, &QRadioButton::toggled, this, &ChampsAdresse::Changee);
-  const QLineEdit *code = ui_->Txt_5;
-  connect(code, &QLineEdit::textEdited, this, [this](const QString &texte) {
-    if (texte.size() == kLongueurCode) ProposerVilles();
-  });
-  // Those of other countries are of any length.
-  connect(code, &QLineEdit::editingFinished, this, [this, code] {
-    if (code->isModified() && code->text().size() != kLongueurCode) ProposerVilles();
-  });
+  SuivreCode();
   ui_->Image3->setObjectName(imageFrancaise);
 
   connect(ui_->CmdCP, &QPushButton::clicked, this, Garde(boites, [this](bool) { ChercherCode(); }));
@@ -89,6 +82,17 @@ void ChampsAdresse::ProposerNom(std::function<QString()> nom) {
 
 QStringList ChampsAdresse::Titres() const {
   return ui_->CboTitre->Titres();
+}
+
+void ChampsAdresse::SuivreCode() {
+  const QLineEdit *code = ui_->Txt_5;
+  connect(code, &QLineEdit::textEdited, this, [this](const QString &texte) {
+    if (texte.size() == kLongueurCode) ProposerVilles();
+  });
+  // Those of other countries are of any length.
+  connect(code, &QLineEdit::editingFinished, this, [this, code] {
+    if (code->isModified() && code->text().size() != kLongueurCode) ProposerVilles();
+  });
 }
 
 void ChampsAdresse::ProposerVilles() {

@@ -73,6 +73,8 @@ class ChampsAdresse : public QWidget {
   /// All fields of one line, the town among them.
   QList<QLineEdit *> Lignes() const;
   void ChercherCode();
+  /// A code that is typed proposes its towns.
+  void SuivreCode();
   void ProposerVilles();
   void MarquerEcarts();
   void ChoisirOption(OptionCP option);

@@ -219,11 +219,7 @@ void FrmNewMod::reject() {
 }
 
 void FrmNewMod::showEvent(QShowEvent *evenement) {
-  ZoneAuBesoin::TenirDansLEcran(*this);  // first, since showing finds the place for the size
-  if (width() < sizeHint().width()) {
-    ui_->Corps->setDirection(QBoxLayout::TopToBottom);
-    ZoneAuBesoin::TenirDansLEcran(*this);
-  }
+  ZoneAuBesoin::TenirDansLEcran(*this, *evenement, {ui_->Corps});
   QDialog::showEvent(evenement);
 }
 

@@ -43,7 +43,6 @@ class FrmNewMod : public QDialog {
   void reject() override;
 
  protected:
-  /// On a screen that is too narrow for both columns they stand below each other.
   void showEvent(QShowEvent *evenement) override;
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 

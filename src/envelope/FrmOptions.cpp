@@ -73,7 +73,7 @@ FrmOptions::FrmOptions(Boites &boites, const QStringList &polices, const Valeurs
 FrmOptions::~FrmOptions() = default;
 
 void FrmOptions::showEvent(QShowEvent *evenement) {
-  ZoneAuBesoin::TenirDansLEcran(*this);  // first, since showing finds the place for the size
+  ZoneAuBesoin::TenirDansLEcran(*this, *evenement, {ui_->Blocs, ui_->Bas, ui_->RangNorme});
   QDialog::showEvent(evenement);
 }
 
