@@ -2,13 +2,23 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
-/// Paints the tick of the root in the colours of the tree: in the colour of its text it would be
-/// white in a white box.
+/// A colour between the two, nearer to the first, which keeps its contrast.
+QColor Discrete(const QColor &texte, const QColor &fond) {
+  const auto entre = [](int un, int autre) { return (3 * un + autre) / 4; };
+  return {entre(texte.red(), fond.red()), entre(texte.green(), fond.green()),
+          entre(texte.blue(), fond.blue())};
+}
+
+/// Paints what is said beside a name, and the tick of the root in the colours of the tree: in the
+/// colour of its text it would be white in a white box.
 class DessinNoeud : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
@@ -16,6 +26,7 @@ class DessinNoeud : public QStyledItemDelegate {
   void paint(QPainter *dessin, const QStyleOptionViewItem &option,
              const QModelIndex &noeud) const override {
     QStyledItemDelegate::paint(dessin, option, noeud);
+    DessinerPrecision(dessin, option, noeud);
     if (!noeud.data(Qt::ForegroundRole).isValid()) return;
     QStyleOptionViewItem coche = option;
     initStyleOption(&coche, noeud);
@@ -27,6 +38,33 @@ class DessinNoeud : public QStyledItemDelegate {
     coche.state.setFlag(QStyle::State_HasFocus, false);
     coche.state |= coche.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
     style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &coche, dessin, option.widget);
+  }
+
+ private:
+  void DessinerPrecision(QPainter *dessin, const QStyleOptionViewItem &option,
+                         const QModelIndex &noeud) const {
+    const QString precision = noeud.data(kPrecision).toString();
+    if (precision.isEmpty()) return;
+    QStyleOptionViewItem nom = option;
+    initStyleOption(&nom, noeud);
+    const QStyle *style = option.widget->style();
+    QRect place = style->subElementRect(QStyle::SE_ItemViewItemText, &nom, option.widget);
+    const int marge = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &nom, option.widget) + 1;
+    place.adjust(marge + nom.fontMetrics.horizontalAdvance(nom.text), 0, -marge, 0);
+    if (place.width() <= 0) return;
+
+    const bool choisi = nom.state.testFlag(QStyle::State_Selected);
+    const auto groupe =
+        nom.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    const QColor texte =
+        nom.palette.color(groupe, choisi ? QPalette::HighlightedText : QPalette::Text);
+    dessin->save();
+    dessin->setFont(nom.font);
+    dessin->setPen(choisi ? texte : Discrete(texte, nom.palette.color(groupe, QPalette::Base)));
+    dessin->drawText(
+        place, Qt::AlignVCenter | Qt::TextSingleLine,
+        nom.fontMetrics.elidedText(u" – "_s + precision, Qt::ElideRight, place.width()));
+    dessin->restore();
   }
 };
 
@@ -98,6 +136,12 @@ void ArbreVelmiras::SelectionnerEtCliquer(const QModelIndex &noeud) {
   emit NoeudClique(noeud, Qt::LeftButton);
 }
 
+void ArbreVelmiras::Trouver(const QModelIndex &noeud) {
+  setCurrentIndex(noeud);
+  scrollTo(noeud, PositionAtCenter);
+  emit NoeudClique(noeud, Qt::LeftButton);
+}
+
 void ArbreVelmiras::CliquerPremier() {
   if (modele_.NombreEnfants() > 0) SelectionnerEtCliquer(modele_.index(0, 0, modele_.Racine()));
 }
@@ -138,6 +182,10 @@ void ArbreVelmiras::mouseMoveEvent(QMouseEvent *evenement) {
 void ArbreVelmiras::keyPressEvent(QKeyEvent *evenement) {
   if (modele_.CochesMontrees() && evenement->key() == Qt::Key_Space) {
     if (currentIndex().isValid()) modele_.Basculer(currentIndex());
+    return;
+  }
+  if (evenement->key() == Qt::Key_Escape) {
+    emit Abandonnee();
     return;
   }
   const QPersistentModelIndex avant = currentIndex();

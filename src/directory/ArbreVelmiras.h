@@ -26,10 +26,14 @@ class ArbreVelmiras : public QTreeView {
   /// Selects the node of a record, the root for 0, and clicks nothing.
   void Selectionner(Cle index);
   void SelectionnerEtCliquer(const QModelIndex &noeud);
+  /// The same, and the node stands in the middle.
+  void Trouver(const QModelIndex &noeud);
   /// Selects and clicks the first record; without one nothing happens.
   void CliquerPremier();
   /// Clicks the selected node again; without one nothing happens.
   void CliquerSelection();
+
+  void keyboardSearch(const QString &texte) override { emit Frappee(texte); }
 
   /// Boxes beside the nodes, see `ModeleListe`.
   void MontrerCoches(bool montrees) { modele_.MontrerCoches(montrees); }
@@ -38,6 +42,9 @@ class ArbreVelmiras : public QTreeView {
 
  signals:
   void NoeudClique(const QModelIndex &noeud, Qt::MouseButton bouton);
+  /// A letter has been typed: it is the search's.
+  void Frappee(const QString &texte);
+  void Abandonnee();
 
  protected:
   void mousePressEvent(QMouseEvent *evenement) override;

@@ -20,6 +20,7 @@
 #include <QCloseEvent>
 #include <QMenu>
 #include <QScopeGuard>
+#include <QShortcut>
 #include <QThread>
 
 using namespace Qt::StringLiterals;
@@ -67,6 +68,7 @@ FrmVelmira::FrmVelmira(Session &session)
   FaireCommandes();
   RemplirBarre();
   Brancher();
+  BrancherRecherche();
   appel_->Appliquer();
   Habiller(apparence_->LAspect());
   ChargerJour();
@@ -165,6 +167,11 @@ void FrmVelmira::Brancher() {
   brancher(apparence_.get(), &Apparence::Changee, [this] { Habiller(apparence_->LAspect()); });
   brancher(apparence_.get(), &Apparence::NaissanceChangee,
            [this] { ui_->Liste->Arbre().CliquerSelection(); });
+}
+
+void FrmVelmira::BrancherRecherche() {
+  connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, ui_->Liste,
+          &ListeVelmiras::AllerALaRecherche);
 }
 
 void FrmVelmira::Habiller(const Aspect &aspect) {

@@ -71,6 +71,7 @@ class FrmVelmira : public QMainWindow {
   void FaireCommandes();
   void RemplirBarre();
   void Brancher();
+  void BrancherRecherche();
   void Habiller(const Aspect &aspect);
   void ChargerJour();
   void VenirDevant();

@@ -19,20 +19,6 @@ QString Initiale(const QString &nom) {
   return initiale == u"Œ"_s ? u"O"_s : initiale == u"Æ"_s ? u"A"_s : initiale;
 }
 
-bool EstDeLaCategorie(const EntreeListe &entree, const FiltreListe &filtre) {
-  if (filtre.categorie == ToutesCategories()) return true;
-  if (filtre.categorie == RechercheRapide())
-    return Initiale(entree.NomVelmira) == filtre.lettre.toUpper();
-  return EstDansCategorie(entree.Categories, filtre.categorie);
-}
-
-bool Passe(const EntreeListe &entree, const FiltreListe &filtre) {
-  return EstDeLaCategorie(entree, filtre) &&
-         (filtre.contenu.isEmpty() ||
-          SansAccents(entree.NomVelmira)
-              .contains(SansAccents(filtre.contenu), Qt::CaseInsensitive));
-}
-
 /// `parcours` walks the records, `nommer` makes a shown name of a record's name.
 template <typename Parcours, typename Nommer>
 std::vector<NoeudListe> Lister(const Parcours &parcours, const FiltreListe &filtre,
@@ -45,7 +31,8 @@ std::vector<NoeudListe> Lister(const Parcours &parcours, const FiltreListe &filt
   };
   std::vector<Triable> triables;
   parcours([&](EntreeListe &&entree) {
-    if (!EstVisible(entree.DataProt, filtre.utilisateur) || !Passe(entree, filtre)) return;
+    if (!EstVisible(entree.DataProt, filtre.utilisateur) || !EstDeLaCategorie(entree, filtre))
+      return;
     triables.push_back(
         {ordre.sortKey(NomListe(entree.NomVelmira)), {nommer(entree.NomVelmira), entree.Index}});
   });
@@ -60,6 +47,13 @@ std::vector<NoeudListe> Lister(const Parcours &parcours, const FiltreListe &filt
 
 }  // namespace
 
+bool EstDeLaCategorie(const EntreeListe &entree, const FiltreListe &filtre) {
+  if (filtre.categorie == ToutesCategories()) return true;
+  if (filtre.categorie == RechercheRapide())
+    return Initiale(entree.NomVelmira) == filtre.lettre.toUpper();
+  return EstDansCategorie(entree.Categories, filtre.categorie);
+}
+
 QString NomListe(const QString &nom) {
   constexpr qsizetype kLargeur = 25;
   return SansBlancs(nom.left(kLargeur));
@@ -73,13 +67,16 @@ std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudLi
       [&](const QString &a, const NoeudListe &b) { return ordre.compare(a, b.texte) < 0; });
 }
 
+bool CommencePar(const QString &nom, const QString &debut) {
+  QStringView tete = QStringView(nom).left(debut.size());
+  while (tete.endsWith(u' ')) tete.chop(1);
+  return tete.compare(debut, Qt::CaseInsensitive) == 0;
+}
+
 std::vector<NoeudListe>::const_iterator Commencant(const std::vector<NoeudListe> &noeuds,
                                                    const QString &debut) {
-  return std::ranges::find_if(noeuds, [&](const NoeudListe &noeud) {
-    QStringView tete = QStringView(noeud.texte).left(debut.size());
-    while (tete.endsWith(u' ')) tete.chop(1);
-    return tete.compare(debut, Qt::CaseInsensitive) == 0;
-  });
+  return std::ranges::find_if(
+      noeuds, [&](const NoeudListe &noeud) { return CommencePar(noeud.texte, debut); });
 }
 
 std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreListe &filtre) {

@@ -12,9 +12,12 @@ struct FiltreListe {
   QString categorie;    ///< a category, or one of the pseudo-categories
   QString lettre;       ///< initial, of a quick search; it stands for its accented forms too
   QString utilisateur;  ///< whose protected records are shown
-  /// The names that hold this, case and accents aside; empty for all.
-  QString contenu = {};
+
+  friend bool operator==(const FiltreListe &, const FiltreListe &) = default;
 };
+
+/// Whether a record stands in the category of the filter.
+bool EstDeLaCategorie(const EntreeListe &entree, const FiltreListe &filtre);
 
 /// A child of the tree's root.
 struct NoeudListe {
@@ -38,8 +41,11 @@ std::vector<NoeudListe> ListerAdresses(const TableAdresse &table, const FiltreLi
 std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudListe> &noeuds,
                                                        const QString &nom);
 
-/// The first name of the list whose beginning, upper and lower case alike and without blanks at the
-/// end of what is compared, is this text; the end of the list when there is none.
+/// Whether the beginning of a shown name, upper and lower case alike and without blanks at the end
+/// of what is compared, is this text.
+bool CommencePar(const QString &nom, const QString &debut);
+
+/// The first name of the list that begins so; the end of the list when there is none.
 std::vector<NoeudListe>::const_iterator Commencant(const std::vector<NoeudListe> &noeuds,
                                                    const QString &debut);
 

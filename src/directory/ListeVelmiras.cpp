@@ -9,6 +9,8 @@
 #include "ui/Sablier.h"
 #include "ui_ListeVelmiras.h"
 
+#include <QApplication>
+#include <QKeyEvent>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -45,10 +47,17 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   session_ = &session;
   avant_ = std::move(avant);
   filtre_.utilisateur = session.plateforme.utilisateur;
+  recherche_ = std::make_unique<RechercheAJour>(session, session.base);
+  ui_->TV->Modele().Preciser([this](Cle cle) {
+    const RechercheTotale *lue = recherche_->Derniere();
+    return EstResultat() && lue != nullptr ? lue->Precision(cle, cherche_) : QString();
+  });
   Brancher();
   constexpr int kLargeurBulle = 80;
   Horloge &horloge = session.plateforme.horloge;
   PoserBulle(ui_->CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurBulle});
+  PoserBulle(ui_->TxtRR, horloge,
+             {u"Nom, ville, numéro, notes…\n(Ctrl+F)"_s, kBulleBrune, 2 * kLargeurBulle});
   PoserBulle(ui_->CmdFavoris, horloge, {u"Ajouter aux favoris"_s, kBulleBrune, kLargeurBulle});
 }
 
@@ -62,6 +71,11 @@ void ListeVelmiras::Brancher() {
   connect(ui_->TxtRR, &QLineEdit::textChanged, this, [this](const QString &texte) {
     if (texte.isEmpty()) RechercheEnCours = false;
   });
+  brancher(ui_->TxtRR, &ChampRecherche::Abandonnee, &ListeVelmiras::Abandonner);
+  brancher(ui_->TxtRR, &ChampRecherche::ListeDemandee, &ListeVelmiras::PasserALaListe);
+  brancher(ui_->TV, &ArbreVelmiras::Frappee, &ListeVelmiras::Frapper);
+  brancher(ui_->TV, &ArbreVelmiras::Abandonnee, &ListeVelmiras::Abandonner);
+  brancher(recherche_.get(), &RechercheAJour::Prete, &ListeVelmiras::Reprendre);
   brancher(ui_->CmdCherche, &ListeVelmiras::ChoisirInitiale);
   connect(ui_->TV, &ArbreVelmiras::NoeudClique, this,
           [this](const QModelIndex &noeud, Qt::MouseButton bouton) {
@@ -114,7 +128,7 @@ void ListeVelmiras::SuivreCategories(const RegleCategories &regle) {
 bool ListeVelmiras::EstVidee(const QString &categories) const {
   if (!EstEnregistree(filtre_.categorie) || EstDansCategorie(categories, filtre_.categorie))
     return false;
-  const auto noeuds = SousSablier([&] { return Lister(Entiere()); });
+  const auto noeuds = SousSablier([&] { return Lister(filtre_, {}); });
   return !noeuds || noeuds->empty();
 }
 
@@ -139,30 +153,47 @@ QString ListeVelmiras::Titre() const {
   return (EstResultat() ? Recherche() : filtre_.categorie).toUpper();
 }
 
-std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const FiltreListe &filtre) const {
+std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const FiltreListe &filtre,
+                                                             const QString &cherche) const {
   if (!session_->base.Ouverte()) return std::nullopt;
+  if (!cherche.isEmpty()) return ListerTrouves(filtre, cherche);
+  if (entiere_ && entiere_->filtre == filtre && entiere_->ecritures == session_->base.Ecritures())
+    return entiere_->noeuds;
   const TableAdresse table(session_->base);
   auto noeuds = ListerVelmiras(table, filtre);
   if (noeuds.empty() && table.EstVide()) return std::nullopt;
   return noeuds;
 }
 
-bool ListeVelmiras::Charger(const FiltreListe &filtre) {
+std::vector<NoeudListe> ListeVelmiras::ListerTrouves(const FiltreListe &filtre,
+                                                     const QString &cherche) const {
+  RechercheTotale *recherche = recherche_->Courante();
+  return recherche == nullptr ? std::vector<NoeudListe>() : recherche->Chercher(cherche, filtre);
+}
+
+bool ListeVelmiras::Charger(const FiltreListe &filtre, const QString &cherche) {
   const auto accord = qScopeGuard([this] { AccorderCombo(); });
-  auto noeuds = SousSablier([&] { return Lister(filtre); });
+  auto noeuds = SousSablier([&] { return Lister(filtre, cherche); });
   if (!avant_()) return false;
+  ModeleListe &modele = ui_->TV->Modele();
+  if (cherche.isEmpty())
+    entiere_.reset();
+  else if (!EstResultat() && filtre == filtre_)
+    entiere_ = {filtre, modele.Noeuds(), session_->base.Ecritures()};
   filtre_ = filtre;
+  cherche_ = cherche;
+  attendue_ = EstResultat() && recherche_->Derniere() == nullptr;
   if (noeuds)
     ui_->TV->Remplir(Titre(), std::move(*noeuds));
   else
-    ui_->TV->Modele().Vider();
+    modele.Vider();
   MettreAJourCompte();
   return true;
 }
 
 void ListeVelmiras::Afficher(const QString &categorie, const QString &lettre) {
   const bool finie = EstResultat() || categorie != ToutesCategories();
-  FiltreListe filtre = Entiere();
+  FiltreListe filtre = filtre_;
   filtre.categorie = categorie;
   filtre.lettre = lettre;
   if (!Charger(filtre)) return;
@@ -178,18 +209,16 @@ void ListeVelmiras::QuitterResultat() {
   if (EstResultat()) AfficherCategorie(filtre_.categorie);
 }
 
-bool ListeVelmiras::Restreindre(const QString &contenu) {
-  if (filtre_.contenu == contenu) return true;
-  FiltreListe filtre = filtre_;
-  filtre.contenu = contenu;
-  return Charger(filtre);
+bool ListeVelmiras::Restreindre(const QString &cherche) {
+  return cherche_ == cherche || Charger(filtre_, cherche);
 }
 
 bool ListeVelmiras::Actualiser(Cle retenue) {
   const QStringList categories = CategoriesAuChoix(session_->base);
   FiltreListe filtre = filtre_;
   if (!EstProposee(categories, filtre.categorie)) filtre.categorie = ToutesCategories();
-  auto noeuds = Lister(filtre).value_or(std::vector<NoeudListe>());
+  entiere_.reset();
+  auto noeuds = Lister(filtre, cherche_).value_or(std::vector<NoeudListe>());
   ModeleListe &modele = ui_->TV->Modele();
   const QModelIndex noeud = modele.Enfant(retenue);
   const bool parti =
@@ -201,29 +230,40 @@ bool ListeVelmiras::Actualiser(Cle retenue) {
   if (noeuds.empty() && !modele.Racine().isValid()) return true;
   const auto avant = modele.NombreEnfants();
   ui_->TV->Accorder(Titre(), std::move(noeuds));
+  if (EstResultat()) ui_->TV->viewport()->update();  // what is said beside the names
   if (modele.NombreEnfants() != avant) MettreAJourCompte();
-  return !parti;
+  return !parti && (!EstResultat() || recherche_->EstAJour());
 }
 
 void ListeVelmiras::Chercher(const QString &saisie) {
-  Boites &boites = session_->plateforme.boites;
-  if (!RechercheEnCours && !saisie.isEmpty() && Categorie() != ToutesCategories()) {
-    RechercheEnCours = true;
-    if (boites.Question(Boites::Titre(),
-                        u"Voulez-vous faire une recherche dans tous vos velmiras,\n"
-                        "et non pas seulement dans la catégorie affichée ?"_s) ==
-        Boites::Reponse::Oui) {
-      FiltreListe tous = Entiere();
-      tous.categorie = ToutesCategories();
-      Charger(tous);
-    }
+  QString texte = saisie;
+  if (!RechercheEnCours && !saisie.isEmpty()) {
+    depart_ = {filtre_, Index(ui_->TV->Selection())};
+    if (Categorie() != ToutesCategories()) texte = DemanderOu(saisie);
+    Ignorer(
+        [this] { recherche_->Courante(); });  // many records are being read while the user types
   }
-  RechercheEnCours = !saisie.isEmpty();
+  RechercheEnCours = !texte.isEmpty();
   ui_->TxtRR->setFocus();
-  if (!saisie.isEmpty())
-    Trouver(saisie);
+  if (!texte.isEmpty())
+    Trouver(texte);
   else if (ui_->TV->Modele().CochesMontrees() || Restreindre({}))
     CliquerRacine();
+}
+
+QString ListeVelmiras::DemanderOu(const QString &saisie) {
+  RechercheEnCours = true;
+  const auto [reponse, suite] = session_->plateforme.boites.QuestionEnFrappe(
+      Boites::Titre(),
+      u"Voulez-vous faire une recherche dans tous vos velmiras,\n"
+      "et non pas seulement dans la catégorie affichée ?"_s);
+  if (!suite.isEmpty()) ui_->TxtRR->setText(saisie + suite);
+  if (reponse == Boites::Reponse::Oui) {
+    FiltreListe tous = filtre_;
+    tous.categorie = ToutesCategories();
+    Charger(tous);
+  }
+  return saisie + suite;
 }
 
 void ListeVelmiras::Trouver(const QString &saisie) {
@@ -231,26 +271,70 @@ void ListeVelmiras::Trouver(const QString &saisie) {
   // Who is ticked must stay in sight.
   const bool fixe = modele.CochesMontrees() || (!EstResultat() && modele.NombreEnfants() == 0);
   QModelIndex noeud = EstResultat() && !fixe ? QModelIndex() : modele.Commencant(saisie);
-  if (!noeud.isValid() && !fixe) {
+  if (!noeud.isValid()) {
     QString debut = saisie;
     while (debut.endsWith(u' ')) debut.chop(1);  // a word of which nothing is typed yet
     const bool commence = Commence(debut);
-    if (!Restreindre(commence ? QString() : SansBlancs(debut))) return;
-    noeud = commence ? modele.Commencant(saisie) : modele.index(0, 0, modele.Racine());
+    if (!fixe && !Restreindre(commence ? QString() : SansBlancs(debut))) return;
+    if (commence)
+      noeud = modele.Commencant(saisie);
+    else
+      noeud = fixe ? modele.Racine() : modele.index(0, 0, modele.Racine());
   }
-  if (noeud.isValid()) ui_->TV->SelectionnerEtCliquer(noeud);
+  if (noeud.isValid()) ui_->TV->Trouver(noeud);
+}
+
+void ListeVelmiras::Reprendre() {
+  if (!attendue_ || QApplication::activeModalWidget() != nullptr) return;
+  const QString cherche = cherche_;
+  if (Charger(filtre_, cherche)) ui_->TV->CliquerPremier();
 }
 
 bool ListeVelmiras::Commence(const QString &debut) const {
   if (!EstResultat()) return ui_->TV->Modele().Commencant(debut).isValid();
-  const auto noeuds = Lister(Entiere());
-  return noeuds && Commencant(*noeuds, debut) != noeuds->end();
+  if (debut.startsWith(cherche_, Qt::CaseInsensitive)) return false;  // not even that began a name
+  const RechercheTotale *recherche = recherche_->Courante();
+  return recherche != nullptr && recherche->Commence(debut, filtre_);
 }
 
-FiltreListe ListeVelmiras::Entiere() const {
-  FiltreListe filtre = filtre_;
-  filtre.contenu.clear();
-  return filtre;
+void ListeVelmiras::Frapper(const QString &texte) {
+  if (!EstResultat()) depart_ = {filtre_, Index(ui_->TV->Selection())};
+  ui_->TxtRR->setFocus();
+  ui_->TxtRR->setText(texte);
+  Chercher(texte);
+}
+
+void ListeVelmiras::PasserALaListe(QKeyEvent *touche) {
+  ui_->TV->setFocus();
+  const bool valider = touche->key() == Qt::Key_Return || touche->key() == Qt::Key_Enter;
+  if (!valider) QApplication::sendEvent(ui_->TV, touche);
+}
+
+void ListeVelmiras::Abandonner() {
+  const bool enCours = RechercheEnCours, duChamp = ui_->TxtRR->hasFocus();
+  ui_->TV->setFocus();
+  if (!enCours) return;
+  if (duChamp && !ui_->TV->Modele().CochesMontrees())
+    QuitterVers(depart_.filtre, depart_.fiche);
+  else if (EstResultat() && !ui_->TV->Modele().CochesMontrees())
+    QuitterVers(filtre_, Index(ui_->TV->Selection()));
+  ui_->TxtRR->clear();
+}
+
+void ListeVelmiras::QuitterVers(FiltreListe filtre, Cle fiche) {
+  if (!EstProposee(CategoriesAuChoix(session_->base), filtre.categorie))
+    filtre.categorie = ToutesCategories();
+  if ((EstResultat() || filtre != filtre_) && !Charger(filtre)) return;
+  const QModelIndex noeud = ui_->TV->Modele().Enfant(fiche);
+  if (noeud.isValid())
+    ui_->TV->Trouver(noeud);
+  else
+    CliquerRacine();
+}
+
+void ListeVelmiras::AllerALaRecherche() {
+  ui_->TxtRR->setFocus(Qt::ShortcutFocusReason);
+  ui_->TxtRR->selectAll();
 }
 
 void ListeVelmiras::ChoisirInitiale() {
@@ -275,6 +359,7 @@ void ListeVelmiras::Remplacer(const NoeudListe &noeud) {
   if (!modele.Enfant(noeud.index).isValid()) return;
   QuitterNoeud(noeud.index);
   modele.Remplacer(noeud);
+  if (EstResultat()) Actualiser(noeud.index);  // it may be found by something else, or no more
 }
 
 void ListeVelmiras::Retirer(Cle index) {
@@ -296,7 +381,14 @@ void ListeVelmiras::CliquerRacine() {
 
 void ListeVelmiras::MettreAJourCompte() {
   const auto nombre = ui_->TV->Modele().NombreEnfants();
-  ui_->LblNomBE->setText(nombre == 0 && EstResultat() ? u"Aucun résultat"_s : TexteCompte(nombre));
+  QString texte = TexteCompte(nombre);
+  if (attendue_)
+    texte = u"Recherche en cours…"_s;
+  else if (EstResultat() && nombre == 0)
+    texte = u"Aucun résultat"_s;
+  else if (EstResultat() && nombre == RechercheTotale::kLimite)
+    texte = u"Les %1 premiers résultats"_s.arg(nombre);
+  ui_->LblNomBE->setText(texte);
 }
 
 void ListeVelmiras::MontrerChoix(bool montre) {

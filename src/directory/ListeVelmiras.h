@@ -2,6 +2,7 @@
 
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
+#include "directory/RechercheAJour.h"
 #include "session/Session.h"
 
 #include <QWidget>
@@ -14,8 +15,9 @@ namespace Ui {
 class ListeVelmiras;
 }
 
-/// The left side of the directory: the categories, the search by the beginning of a name or by an
-/// initial, and the tree of the category that is chosen, or of what a search has found in it.
+/// The left side of the directory: the categories, the search by the beginning of a name, by an
+/// initial or in all that the records hold, and the tree of the category that is chosen, or of what
+/// a search has found in it. Letters that are typed in the tree are the search's; Escape ends that.
 class ListeVelmiras : public QWidget {
   Q_OBJECT
 
@@ -52,7 +54,10 @@ class ListeVelmiras : public QWidget {
   /// Chooses a category as the user would, which fills the tree. Throws `ErreurBase`.
   void AfficherCategorie(const QString &categorie);
 
-  /// Ends a search in the names: its category is shown whole. Throws `ErreurBase`.
+  /// Goes to the field of the search, whose text is selected.
+  void AllerALaRecherche();
+
+  /// Ends a search that shows its result: its category is shown whole. Throws `ErreurBase`.
   void QuitterResultat();
 
   /// Puts a node in its place in the tree; the record is another's business.
@@ -92,36 +97,67 @@ class ListeVelmiras : public QWidget {
 
  private:
   void Brancher();
-  /// Fills the tree. What the combo shows follows, or goes back when that fails. False when the
-  /// list stays as it is.
-  bool Charger(const FiltreListe &filtre);
+  /// Fills the tree with a list, or with what of it a search finds. What the combo shows follows,
+  /// or goes back when that fails. False when the list stays as it is.
+  bool Charger(const FiltreListe &filtre, const QString &cherche = {});
   /// A category, and its whole list.
   void Afficher(const QString &categorie, const QString &lettre);
-  /// Narrows the category on display to the names that hold a text; all of them where it is empty.
-  bool Restreindre(const QString &contenu);
+  /// Narrows the list on display to what a search finds; the whole of it for an empty text.
+  bool Restreindre(const QString &cherche);
   /// Nothing where there is nobody at all.
-  std::optional<std::vector<NoeudListe>> Lister(const FiltreListe &filtre) const;
+  std::optional<std::vector<NoeudListe>> Lister(const FiltreListe &filtre,
+                                                const QString &cherche) const;
+  std::vector<NoeudListe> ListerTrouves(const FiltreListe &filtre, const QString &cherche) const;
   void PoserCategories(const QStringList &categories);
   /// The combo shows the category of the list, or the result of a search. That, and the quick
   /// search, stand in it only while they are on display.
   void AccorderCombo();
   void Chercher(const QString &saisie);
-  /// Goes to the first name that begins so; where none does, to those that hold it.
+  /// Asks where to look; gives what is to be looked for, with what has been typed meanwhile.
+  QString DemanderOu(const QString &saisie);
+  /// Goes to the first name that begins so; where none does, to what a search finds.
   void Trouver(const QString &saisie);
+  /// Goes on with a search that has waited for the table to be read.
+  void Reprendre();
   void ChoisirInitiale();
   /// Whether a name begins so, of those among whom the search goes on.
   bool Commence(const QString &debut) const;
-  /// What the last filling had been without a search.
-  FiltreListe Entiere() const;
+
+  /// What is typed in the tree begins a search.
+  void Frapper(const QString &texte);
+  /// Gives a key to the tree, and the focus.
+  void PasserALaListe(QKeyEvent *touche);
+  /// Ends the search: from its field the list is as it was before, with the record of that time on
+  /// display; from the tree the list is whole again, and the chosen one stays.
+  void Abandonner();
+  void QuitterVers(FiltreListe filtre, Cle fiche);
   void QuitterNoeud(Cle index);
-  /// What is on display is what a search has found in the names.
-  bool EstResultat() const { return !filtre_.contenu.isEmpty(); }
+  /// What is on display is what a search has found.
+  bool EstResultat() const { return !cherche_.isEmpty(); }
   /// The root's text.
   QString Titre() const;
 
   std::unique_ptr<Ui::ListeVelmiras> ui_;
   Session *session_ = nullptr;
   std::function<bool()> avant_;
+  std::unique_ptr<RechercheAJour> recherche_;
   FiltreListe filtre_;            ///< of the last filling, or of the one that `Ouvrir` could not do
+  QString cherche_;               ///< what of it is on display; empty for the whole
+  bool attendue_ = false;         ///< the search waits for the table
   bool RechercheEnCours = false;  ///< the box held something at its last change
+
+  /// Before the search.
+  struct Depart {
+    FiltreListe filtre;
+    Cle fiche = 0;
+  };
+  Depart depart_;
+
+  /// The whole list behind a result, while nothing has been written.
+  struct Entiere {
+    FiltreListe filtre;
+    std::vector<NoeudListe> noeuds;
+    qint64 ecritures = 0;
+  };
+  std::optional<Entiere> entiere_;
 };

@@ -5,6 +5,8 @@
 #include <QBrush>
 #include <QFont>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // What an index bears: the root is the only row without a parent.
@@ -155,9 +157,21 @@ QVariant ModeleListe::data(const QModelIndex &index, int role) const {
       return noeud.index;
     case Qt::CheckStateRole:
       return EtatCoche(coches_.contains(noeud.index));
+    case kPrecision:
+      return Precision(noeud);
+    case Qt::AccessibleTextRole:
+    case Qt::ToolTipRole: {
+      const QString precision = Precision(noeud);
+      if (precision.isEmpty()) return {};
+      return QString(noeud.texte + u" – "_s + precision);
+    }
     default:
       return {};
   }
+}
+
+QString ModeleListe::Precision(const NoeudListe &noeud) const {
+  return precision_ ? precision_(noeud.index) : QString();
 }
 
 QVariant ModeleListe::DonneeRacine(int role) const {

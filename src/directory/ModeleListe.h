@@ -6,8 +6,12 @@
 #include <QIcon>
 #include <QSet>
 
+#include <functional>
 #include <optional>
 #include <vector>
+
+/// What is said beside the name of a node, see `ModeleListe::Preciser`.
+constexpr int kPrecision = Qt::UserRole + 1;
 
 /// The tree of the list: a root that bears the category, and one child a correspondent.
 /// `Qt::UserRole` is the key of a node's record; the root has none.
@@ -16,6 +20,10 @@ class ModeleListe : public QAbstractItemModel {
 
  public:
   explicit ModeleListe(QObject *parent = nullptr);
+
+  /// From now on `precision` tells of a record what is said beside its name: nothing, as a rule. It
+  /// is asked for what is looked at only.
+  void Preciser(std::function<QString(Cle)> precision) { precision_ = std::move(precision); }
 
   void Vider();
   /// `titre` is the root's text.
@@ -54,6 +62,7 @@ class ModeleListe : public QAbstractItemModel {
 
   /// The root; invalid while the tree is empty.
   QModelIndex Racine() const;
+  const std::vector<NoeudListe> &Noeuds() const { return noeuds_; }
   qsizetype NombreEnfants() const { return static_cast<qsizetype>(noeuds_.size()); }
 
   QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -66,7 +75,9 @@ class ModeleListe : public QAbstractItemModel {
   QVariant DonneeRacine(int role) const;
   QVariant EtatCoche(bool cochee) const;
   void RedessinerCoches();
+  QString Precision(const NoeudListe &noeud) const;
 
+  std::function<QString(Cle)> precision_;
   std::optional<QString> titre_;
   std::vector<NoeudListe> noeuds_;
   QIcon iconeRacine_, iconeNoeud_;

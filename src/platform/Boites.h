@@ -26,6 +26,14 @@ class Boites {
   virtual Reponse Question(const QString &titre, const QString &texte,
                            Reponse defaut = Reponse::Oui) = 0;
 
+  struct ReponseEnFrappe {
+    Reponse reponse = Reponse::Non;
+    QString suite;  ///< what has been typed since the question was asked
+  };
+  /// The same in the middle of typing: what is typed answers nothing, with or without the box in
+  /// front, and is handed back. Enter, Escape, Alt with a letter and the mouse answer.
+  virtual ReponseEnFrappe QuestionEnFrappe(const QString &titre, const QString &texte) = 0;
+
   /// OK or Annuler; false for Annuler and for closing the box.
   virtual bool Confirmation(const QString &titre, const QString &texte) = 0;
 

@@ -149,6 +149,7 @@ Transaction::~Transaction() {
 
 void Transaction::Valider() {
   Requete(base_, u"COMMIT"_s).Executer();
+  ++base_.ecritures_;
   base_.transaction_ = false;
   ouverte_ = false;
 }

@@ -71,6 +71,9 @@ class Base {
   /// open. Throws `ErreurBase`.
   qint64 Changements();
 
+  /// How many transactions of this connection have been written since it was made.
+  qint64 Ecritures() const { return ecritures_; }
+
  private:
   friend class Requete;
   friend class Transaction;
@@ -89,6 +92,7 @@ class Base {
   std::unordered_map<QString, std::unique_ptr<QSqlQuery>> prepares_;
   std::chrono::milliseconds attente_{};  ///< for a lock of another connection
   bool transaction_ = false;
+  qint64 ecritures_ = 0;
   std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
 };
 

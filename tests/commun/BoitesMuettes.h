@@ -12,6 +12,7 @@ class BoitesMuettes : public Boites {
   void Message(Genre, const QString &, const QString &) override {}
   void Erreur(const QString &texte) override { vues.append(QStringLiteral("erreur : ") + texte); }
   Reponse Question(const QString &, const QString &, Reponse) override { return Reponse::Non; }
+  ReponseEnFrappe QuestionEnFrappe(const QString &, const QString &) override { return {}; }
   bool Confirmation(const QString &, const QString &) override { return false; }
   std::optional<QString> Saisie(const QString &, const QString &, const QString &) override {
     return {};

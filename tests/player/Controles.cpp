@@ -236,5 +236,10 @@ QList<Verbe> VerbesDesControles() {
          ExigerEgal(m[1].texte, m[2].texte,
                     Trouver(s, m).Element(m[1]).data(Qt::UserRole).toString());
        }},
+      {u"dit"_s, 3, 3,
+       [](S &s, const M &m) {
+         ExigerEgal(m[1].texte, m[2].texte,
+                    Trouver(s, m).Element(m[1]).data(Qt::AccessibleTextRole).toString());
+       }},
   };
 }

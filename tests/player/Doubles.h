@@ -81,6 +81,14 @@ class BoitesScenario : public Boites {
     const auto reponse = Demander({u"question"_s, titre, texte, bouton}, u"oui non annuler"_s);
     return reponse.texte == u"oui"_s ? Reponse::Oui : Reponse::Non;
   }
+  ReponseEnFrappe QuestionEnFrappe(const QString &titre, const QString &texte) override {
+    ReponseEnFrappe reponse{Question(titre, texte, Reponse::Oui), {}};
+    auto &suites = journal_.reponses;
+    if (suites.empty() || !suites.front().cite) return reponse;
+    reponse.suite = suites.front().texte;
+    suites.pop_front();
+    return reponse;
+  }
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override {
     const auto reponse = Demander({u"question"_s, titre, texte, {}}, u"oui non annuler"_s);
     if (reponse.texte == u"oui"_s) return Choix::Oui;

@@ -10,7 +10,10 @@
 #include "platform/linux/Utilisateur.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
 #include <QTimer>
 
 #include <numeric>
@@ -140,6 +143,29 @@ TEST(Systeme, BoiteDevantLaFenetre) {
   EXPECT_EQ(parent(), &fenetre);
   fenetre.showMinimized();
   EXPECT_EQ(parent(), nullptr);
+}
+
+// The one who types sees the question late: what is typed goes on in the field, not in the box.
+TEST(Systeme, QuestionEnFrappe) {
+  QLineEdit fenetre;
+  fenetre.show();
+  QTimer::singleShot(0, [&] {
+    auto *boite = fenetre.findChild<QMessageBox *>();
+    const auto taper = [](QWidget *ou, int touche, const QString &texte = {}) {
+      QKeyEvent evenement(QEvent::KeyPress, touche, Qt::NoModifier, texte);
+      QApplication::sendEvent(ou, &evenement);
+    };
+    taper(&fenetre, Qt::Key_X, u"x"_s);
+    for (const QString &lettre : {u"n"_s, u" "_s, u"o"_s, u"q"_s})
+      taper(boite, lettre[0].toUpper().unicode(), lettre);
+    taper(boite, Qt::Key_Backspace);
+    taper(&fenetre, Qt::Key_Escape);
+    EXPECT_TRUE(boite->isVisible() && fenetre.text().isEmpty());
+    taper(boite, Qt::Key_Escape);
+  });
+  const auto [reponse, suite] = BoitesSysteme().QuestionEnFrappe(u"Velmira"_s, u"Où ?"_s);
+  EXPECT_EQ(reponse, Boites::Reponse::Non);
+  EXPECT_EQ(suite, u"xn o"_s);
 }
 
 TEST(Port, Dialogue) {

@@ -1,8 +1,11 @@
 #include "platform/linux/BoitesSysteme.h"
 
+#include "platform/linux/Frappe.h"
+
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
+#include <QEventLoop>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMessageBox>
@@ -53,6 +56,13 @@ QString Insecable(QString texte) {
   return texte.replace(kBlanc, QString(QChar::Nbsp));
 }
 
+/// Makes a question with Oui and Non of a box.
+void Interroger(QMessageBox &boite, Boites::Reponse defaut) {
+  boite.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  boite.setDefaultButton(defaut == Boites::Reponse::Oui ? QMessageBox::Yes : QMessageBox::No);
+  boite.setEscapeButton(QMessageBox::No);
+}
+
 /// The texts hold what users have typed: nothing in them is markup.
 void Preparer(QMessageBox &boite) {
   boite.setTextFormat(Qt::PlainText);
@@ -69,12 +79,26 @@ void BoitesSysteme::Message(Genre genre, const QString &titre, const QString &te
 
 Boites::Reponse BoitesSysteme::Question(const QString &titre, const QString &texte,
                                         Reponse defaut) {
-  QMessageBox boite(QMessageBox::Question, titre, texte, QMessageBox::Yes | QMessageBox::No,
-                    Devant());
+  QMessageBox boite(QMessageBox::Question, titre, texte, {}, Devant());
   Preparer(boite);
-  boite.setDefaultButton(defaut == Reponse::Oui ? QMessageBox::Yes : QMessageBox::No);
-  boite.setEscapeButton(QMessageBox::No);
+  Interroger(boite, defaut);
   return boite.exec() == QMessageBox::Yes ? Reponse::Oui : Reponse::Non;
+}
+
+Boites::ReponseEnFrappe BoitesSysteme::QuestionEnFrappe(const QString &titre,
+                                                        const QString &texte) {
+  QMessageBox boite(QMessageBox::Question, titre, texte, {}, Devant());
+  Preparer(boite);
+  Interroger(boite, Reponse::Oui);
+  // Of a modal box the window behind it would lose the keys that still come to it.
+  boite.setModal(false);
+  const Frappe frappe(boite);
+  QEventLoop boucle;
+  QObject::connect(&boite, &QDialog::finished, &boucle, &QEventLoop::quit);
+  boite.show();
+  boucle.exec();
+  const bool oui = boite.result() == QMessageBox::Yes;
+  return {oui ? Reponse::Oui : Reponse::Non, frappe.Texte()};
 }
 
 std::optional<QString> BoitesSysteme::Saisie(const QString &titre, const QString &invite,

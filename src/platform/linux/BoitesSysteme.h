@@ -7,6 +7,7 @@ class BoitesSysteme : public Boites {
  public:
   void Message(Genre genre, const QString &titre, const QString &texte) override;
   Reponse Question(const QString &titre, const QString &texte, Reponse defaut) override;
+  ReponseEnFrappe QuestionEnFrappe(const QString &titre, const QString &texte) override;
   std::optional<QString> Saisie(const QString &titre, const QString &invite,
                                 const QString &defaut) override;
   bool Confirmation(const QString &titre, const QString &texte) override;
