@@ -6,16 +6,19 @@
 #include "address/CodesPostaux.h"
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
+#include "directory/RechercheTotale.h"
 #include "storage/Tables.h"
 
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
 
 using namespace Qt::StringLiterals;
 
@@ -23,6 +26,9 @@ namespace {
 
 constexpr qsizetype kLettres = 3;  ///< of a name that is looked for
 const QString kTexteCherche = u"nant"_s;
+
+/// What no name begins with: in the notes, in each number, in each mail, in towns and notes.
+const std::array kMotsCherches{u"remorque"_s, u"06"_s, u"@courriel"_s, u"quimper vœux"_s};
 
 /// As long as the one that it takes the place of, so that the file keeps its pages.
 const QString kNouvelleCategorie = u"Clan"_s;
@@ -109,6 +115,40 @@ void TaperVelmira(benchmark::State &etat, const Donnees &donnees, const QStringL
   VerifierTrouve(etat, champ, liste.Selection());
 }
 
+void ChercherVelmira(benchmark::State &etat, const Donnees &donnees) {
+  const Lancement lancement(donnees.AppPath());
+  const ArbreVelmiras &liste = lancement.Liste();
+  auto &champ = Controle<QLineEdit>(*liste.window(), u"TxtRR"_s);
+  const auto taper = [&](const QString &touche) {
+    QKeyEvent evenement(QEvent::KeyPress, Qt::Key_unknown, Qt::NoModifier, touche);
+    QApplication::sendEvent(&champ, &evenement);
+  };
+  const auto &compte = Controle<QLabel>(*liste.window(), u"LblNomBE"_s);
+  // No name begins so: the table is read beside the window.
+  taper(kMotsCherches.back());
+  while (!compte.text().contains(u"enregistrements"_s)) AttendreLaPeinture();
+  int tour = 0;
+  for (auto _ : etat) {
+    etat.PauseTiming();
+    const QString mot = kMotsCherches[static_cast<std::size_t>(tour++) % kMotsCherches.size()];
+    champ.setText(mot.chopped(1));  // no search: it is not typed
+    AttendreLaPeinture();
+    etat.ResumeTiming();
+    taper(mot.right(1));
+    AttendreLaPeinture();
+    if (champ.text() != mot || !liste.Selection().parent().isValid())
+      etat.SkipWithError("the search has not found anybody");
+  }
+}
+
+void ChercherNu(benchmark::State &etat, const Donnees &donnees) {
+  const BaseNue base(donnees.CheminBase());
+  int tour = 0;
+  for (auto _ : etat)
+    benchmark::DoNotOptimize(
+        base.Chercher(kMotsCherches[static_cast<std::size_t>(tour++) % kMotsCherches.size()]));
+}
+
 void TaperNu(benchmark::State &etat, const Donnees &donnees, const QStringList &debuts) {
   const BaseNue base(donnees.CheminBase());
   RechercheNue fenetre(base);
@@ -189,6 +229,12 @@ void VerifierGrandeListe(const Donnees &donnees, const QStringList &debuts,
 
   ModeleListe modele;
   modele.Remplir({}, ListerVelmiras(TableAdresse(base), {ToutesCategories(), {}, {}}));
+  RechercheTotale totale(base, {});
+  const auto trouves = totale.Chercher(kMotsCherches.back(), {ToutesCategories(), {}, {}});
+  exiger(!trouves.empty() &&
+             static_cast<qsizetype>(trouves.size()) == nue.Chercher(kMotsCherches.back()).size(),
+         "the search in everything");
+
   const RechercheNue recherche(nue);
   int precedent = -1;
   for (const QString &debut : debuts) {

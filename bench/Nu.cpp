@@ -79,6 +79,21 @@ std::vector<LigneNue> BaseNue::Lister(const QString &categorie) const {
   return lignes;
 }
 
+QList<qint64> BaseNue::Chercher(const QString &texte) const {
+  const QStringList mots = texte.split(u' ');
+  const QString un =
+      uR"(("NomVelmira" || ' ' || "Ligne1" || ' ' || "Ligne2" || ' ' || "Ligne3" || ' ' || "Ville" ||
+        ' ' || "CodePostal" || ' ' || "Tel" || ' ' || "Portable" || ' ' || "Mail" || ' ' ||
+        "Commentaires" || ' ' || "Categories" || ' ' || "DDN") LIKE ?)"_s;
+  QSqlQuery requete = Preparer(uR"(SELECT "Index" FROM "Adresse" WHERE )"_s +
+                               QStringList(mots.size(), un).join(u" AND "_s));
+  for (const QString &mot : mots) requete.addBindValue(u'%' + mot + u'%');
+  Lancer(requete);
+  QList<qint64> trouves;
+  while (requete.next()) trouves.append(requete.value(0).toLongLong());
+  return trouves;
+}
+
 QStringList BaseNue::Categories() const {
   QSqlQuery requete =
       Preparer(uR"(SELECT DISTINCT "Categories" FROM "Adresse" WHERE "Categories"<>'')"_s);

@@ -30,6 +30,10 @@ class BaseNue {
   /// The sorted names; of all records where `categorie` is empty.
   std::vector<LigneNue> Lister(const QString &categorie = {}) const;
 
+  /// The records in whose columns each word of a text stands, upper and lower case alike where a
+  /// letter has no accent.
+  QList<qint64> Chercher(const QString &texte) const;
+
   /// The categories of all records, each once, in the order in which the table holds them.
   QStringList Categories() const;
 

@@ -308,6 +308,10 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
       [&](State &etat) { TaperVelmira(etat, lues, debuts); },
       [&](State &etat) { TaperNu(etat, lues, debuts); }, kNomsCherches * 4);
   Ligne(
+      u"Search in everything, %1 correspondents"_s.arg(kGrande),
+      [&](State &etat) { ChercherVelmira(etat, lues); },
+      [&](State &etat) { ChercherNu(etat, lues); }, 16);
+  Ligne(
       u"Rename a category, a tenth of %1"_s.arg(kGrande),
       [&](State &etat) { RenommerVelmira(etat, ecrites); },
       [&](State &etat) { RenommerNu(etat, ecrites); }, 4);
