@@ -90,13 +90,19 @@ correspondant sur une enveloppe au bon format.")
 #   libqt6svg6              draws the icons
 #   breeze-icon-theme       most buttons show a picture alone; no other theme has all of them
 #   qt6-translations-l10n   the boxes' Oui, Non and Annuler
+#   fonts-dejavu-core       the windows' texts where the desktop has no font of its own; any other
+#                           one for reading will do
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
 set(CPACK_DEBIAN_PACKAGE_DEPENDS
-  "libqt6sql6-sqlite, libqt6svg6, breeze-icon-theme, qt6-translations-l10n")
+  "libqt6sql6-sqlite, libqt6svg6, breeze-icon-theme, qt6-translations-l10n, \
+fonts-dejavu-core | fonts-noto-core | fonts-cantarell")
 #   fonts-liberation        stands in for Arial, the first font of an envelope: without it another
 #                           one is printed, a little wider or narrower
+#   qt6-wayland             windows on a Wayland desktop without the detour through X
+#   qt6-gtk-platformtheme   fonts, colours and file choices of a GNOME desktop
 #   xdg-utils               opens documents and addresses
-set(CPACK_DEBIAN_PACKAGE_RECOMMENDS "fonts-liberation, xdg-utils")
+set(CPACK_DEBIAN_PACKAGE_RECOMMENDS
+  "fonts-liberation, qt6-wayland, qt6-gtk-platformtheme, xdg-utils")
 #   cups                    printers; the built-in PDF does without
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "cups")
 

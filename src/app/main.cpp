@@ -1,6 +1,7 @@
 // The program: the system's services, the application folder, one run.
 
 #include "app/Application.h"
+#include "app/LigneDeCommande.h"
 #include "app/Programme.h"
 #include "platform/Erreurs.h"
 #include "platform/linux/BoitesSysteme.h"
@@ -16,9 +17,12 @@
 #include "ui/Icones.h"
 
 #include <QLibraryInfo>
+#include <QProcess>
 #include <QStandardPaths>
 #include <QTimer>
 #include <QTranslator>
+
+#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
@@ -30,10 +34,26 @@ QLocale LangueDuSysteme() {
   return systeme.language() == QLocale::C ? QLocale(QLocale::French, QLocale::France) : systeme;
 }
 
+QStringList Mots(int argc, char *argv[]) {
+  QStringList mots;
+  for (int i = 1; i < argc; ++i) mots.append(QString::fromLocal8Bit(argv[i]));
+  return mots;
+}
+
+int Terminer(const Reponse &reponse) {
+  std::fputs(reponse.texte.toUtf8().constData(), reponse.statut == 0 ? stdout : stderr);
+  return reponse.statut;
+}
+
 }  // namespace
 
 int main(int argc, char *argv[]) {
+  if (const auto reponse = RepondreAuxOptions(Mots(argc, argv))) return Terminer(*reponse);
+  const bool ecran = NommeUnEcran(QProcess::systemEnvironment());
+  if (!ecran) qputenv("QT_QPA_PLATFORM", "offscreen");  // the toolkit would break off in English
   Application application(argc, argv);
+  if (const auto refus = RefuserDeDemarrer(Application::arguments().sliced(1), ecran))
+    return Terminer(*refus);
   Application::setApplicationName(u"Velmira"_s);
   Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
   Application::setDesktopFileName(u"velmira"_s);

@@ -3,6 +3,7 @@
 #include "Outils.h"
 #include "address/MiseEnLignes.h"
 #include "address/Titres.h"
+#include "app/LigneDeCommande.h"
 #include "calendar/SansAccents.h"
 #include "directory/Liens.h"
 #include "directory/Numerotation.h"
@@ -137,5 +138,20 @@ TEST(Textes, LignesDeReglages) {
         Sections s(VersPageDeCode(c[1]));
         s.EcrireCle(u"S"_s, c[0], u"9"_s);
         return DepuisPageDeCode(s.Octets());
+      });
+}
+
+// The words of the command line, the environment; the status, and how the text begins.
+TEST(Textes, LigneDeCommande) {
+  Cas(R"(
+    -x --version | | 0 Velmira 0 || -h | | 0 Velmira, || --aide | DISPLAY=:0 | 2 velmira :
+    | DISPLAY= | 1 Velmira a || | A=B;WAYLAND_DISPLAY=w | libre || | QT_QPA_PLATFORM=eglfs | libre
+  )",
+      [](Rangee c) {
+        const QStringList mots = c[0].split(u' ', Qt::SkipEmptyParts);
+        auto reponse = RepondreAuxOptions(mots);
+        if (!reponse) reponse = RefuserDeDemarrer(mots, NommeUnEcran(c[1].split(u';')));
+        return reponse ? QString::number(reponse->statut) + u' ' + reponse->texte.left(9).trimmed()
+                       : u"libre"_s;
       });
 }
