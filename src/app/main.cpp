@@ -17,6 +17,7 @@
 #include "ui/Icones.h"
 
 #include <QLibraryInfo>
+#include <QLoggingCategory>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTimer>
@@ -50,7 +51,10 @@ int Terminer(const Reponse &reponse) {
 int main(int argc, char *argv[]) {
   if (const auto reponse = RepondreAuxOptions(Mots(argc, argv))) return Terminer(*reponse);
   const bool ecran = NommeUnEcran(QProcess::systemEnvironment());
-  if (!ecran) qputenv("QT_QPA_PLATFORM", "offscreen");  // the toolkit would break off in English
+  if (!ecran) {  // the toolkit would break off in English
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QLoggingCategory::setFilterRules(u"default.warning=false"_s);
+  }
   Application application(argc, argv);
   if (const auto refus = RefuserDeDemarrer(Application::arguments().sliced(1), ecran))
     return Terminer(*refus);

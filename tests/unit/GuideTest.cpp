@@ -19,7 +19,8 @@ static void ExigerAuGuide(const QString &cible, const QString &page = {}) {
 TEST(Guide, Mene) {
   static const QRegularExpression kLien(u"(?:href|src)=\"([^\"]+)\""_s);
   QDirIterator pages(QStringLiteral(VELMIRA_DONNEES) + u"/guide"_s, {u"*.html"_s});
-  for (ASSERT_TRUE(pages.hasNext()); pages.hasNext();) {
+  ASSERT_TRUE(pages.hasNext());
+  while (pages.hasNext()) {
     QFile page(pages.next());
     ASSERT_TRUE(page.open(QIODevice::ReadOnly));
     const QString texte = QString::fromUtf8(page.readAll());
@@ -28,7 +29,8 @@ TEST(Guide, Mene) {
   }
   QDirIterator fenetres(QStringLiteral(VELMIRA_SOURCES), {u"Frm*.ui"_s}, QDir::Files,
                         QDirIterator::Subdirectories);
-  for (ASSERT_TRUE(fenetres.hasNext()); fenetres.hasNext();) {
+  ASSERT_TRUE(fenetres.hasNext());
+  while (fenetres.hasNext()) {
     fenetres.next();
     ExigerAuGuide(PageAide(fenetres.fileInfo().baseName()));
   }
