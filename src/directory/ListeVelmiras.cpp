@@ -386,7 +386,7 @@ void ListeVelmiras::MettreAJourCompte() {
     texte = u"Recherche en cours…"_s;
   else if (EstResultat() && nombre == 0)
     texte = u"Aucun résultat"_s;
-  else if (EstResultat() && nombre == RechercheTotale::kLimite)
+  else if (EstResultat() && nombre == static_cast<qsizetype>(RechercheTotale::kLimite))
     texte = u"Les %1 premiers résultats"_s.arg(nombre);
   ui_->LblNomBE->setText(texte);
 }

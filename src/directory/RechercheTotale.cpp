@@ -263,11 +263,12 @@ RechercheTotale::RechercheTotale(Base &base, const QString &utilisateur,
   parCle_.reserve(lues.size());
   for (const Lue &lue : lues) {
     parCle_.emplace_back(lue.cle, fiches_.size());
-    fiches_.push_back({lue.cle, plies_.size(), textes_.size()});
+    fiches_.push_back({lue.cle, noms_.size(), plies_.size(), textes_.size()});
+    noms_ += lue.plie.first(lue.plie.indexOf(kFin) + 1);
     plies_ += lue.plie;
     textes_ += lue.texte;
   }
-  fiches_.push_back({0, plies_.size(), textes_.size()});
+  fiches_.push_back({0, noms_.size(), plies_.size(), textes_.size()});
   std::ranges::sort(parCle_);
   for (const char octet : std::as_const(plies_)) ++frequences_[static_cast<unsigned char>(octet)];
 }
@@ -294,8 +295,7 @@ RechercheTotale::Demande RechercheTotale::Lire(const QString &saisie) {
   return demande;
 }
 
-qsizetype RechercheTotale::PlaceDans(std::size_t rang, const QList<QByteArray> &mots) const {
-  const QByteArrayView plie = Plie(rang);
+qsizetype RechercheTotale::PlaceDans(QByteArrayView plie, const QList<QByteArray> &mots) {
   qsizetype loin = -1;
   for (const QByteArray &mot : mots) {
     const qsizetype place = Place(plie, mot);
@@ -305,49 +305,62 @@ qsizetype RechercheTotale::PlaceDans(std::size_t rang, const QList<QByteArray> &
   return loin;
 }
 
-RechercheTotale::Trouvees RechercheTotale::Parcourir(const QList<QByteArray> &mots) const {
+RechercheTotale::Trouvees RechercheTotale::Parcourir(const QByteArray &ou, qsizetype Fiche::*debut,
+                                                     const QList<QByteArray> &mots,
+                                                     const FiltreListe &filtre) const {
   Trouvees trouvees;
   if (mots.isEmpty()) return trouvees;
   const QByteArray &rare = *std::ranges::max_element(mots, {}, &QByteArray::size);
-  const Lecteur lecteur(plies_, rare, frequences_);
+  const Lecteur lecteur(ou, rare, frequences_);
   auto fin = fiches_.begin();  // of the record in which the word stands
-  for (qsizetype place = 0; (place = lecteur.Suivante(place)) >= 0; place = fin->plie) {
+  for (qsizetype place = 0; (place = lecteur.Suivante(place)) >= 0; place = (*fin).*debut) {
     ++fin;  // where many hold it the next one does
-    if (fin->plie <= place)
-      fin = std::ranges::upper_bound(fin, fiches_.end(), place, {}, &Fiche::plie);
+    if ((*fin).*debut <= place)
+      fin = std::ranges::upper_bound(fin, fiches_.end(), place, {}, debut);
     const auto rang = static_cast<std::size_t>(fin - fiches_.begin()) - 1;
-    const qsizetype loin = mots.size() == 1 ? place - fiches_[rang].plie : PlaceDans(rang, mots);
-    if (loin >= 0) trouvees.push_back({rang, loin});
+    const qsizetype depuis = fiches_[rang].*debut;
+    const auto fiche = QByteArrayView(ou).sliced(depuis, (*fin).*debut - depuis);
+    const qsizetype loin = mots.size() == 1 ? place - depuis : PlaceDans(fiche, mots);
+    if (loin >= 0 && Passe(rang, filtre)) trouvees.push_back({rang, loin});
+    if (trouvees.size() == kLimite) break;
   }
   return trouvees;
 }
 
-bool RechercheTotale::EstSuite(const Demande &demande) const {
-  return !mots_.isEmpty() && demande.chiffres.isEmpty() &&
-         std::ranges::all_of(mots_, [&](const QByteArray &ancien) {
+bool RechercheTotale::EstSuite(const Demande &demande, const FiltreListe &filtre) const {
+  return !mots_.isEmpty() && trouvees_.size() < kLimite && filtre == filtre_ &&
+         demande.chiffres.isEmpty() && std::ranges::all_of(mots_, [&](const QByteArray &ancien) {
            return std::ranges::any_of(demande.mots,
                                       [&](const QByteArray &mot) { return mot.contains(ancien); });
          });
 }
 
-RechercheTotale::Trouvees RechercheTotale::Trouver(const Demande &demande) const {
+RechercheTotale::Trouvees RechercheTotale::Reunir(const Trouvees &devant, const Trouvees &autres) {
+  Trouvees toutes;
+  std::ranges::set_union(devant, autres, std::back_inserter(toutes), {}, &Trouvee::rang,
+                         &Trouvee::rang);
+  return toutes;
+}
+
+RechercheTotale::Trouvees RechercheTotale::Trouver(const Demande &demande,
+                                                   const FiltreListe &filtre) const {
   Trouvees trouvees;
-  if (EstSuite(demande)) {
+  if (EstSuite(demande, filtre)) {
     for (const Trouvee &ancienne : trouvees_)
-      if (const qsizetype place = PlaceDans(ancienne.rang, demande.mots); place >= 0)
+      if (const qsizetype place = PlaceDans(Plie(ancienne.rang), demande.mots); place >= 0)
         trouvees.push_back({ancienne.rang, place});
     return trouvees;
   }
-  trouvees = Parcourir(demande.mots);
+  trouvees = Parcourir(plies_, &Fiche::plie, demande.mots, filtre);
+  if (trouvees.size() == kLimite)  // the names stand in front, those at the end of the list too
+    trouvees = Reunir(Parcourir(noms_, &Fiche::nom, demande.mots, filtre), trouvees);
   if (demande.chiffres.isEmpty()) return trouvees;
-  Trouvees numeros = Parcourir({demande.chiffres}), toutes;
+  Trouvees numeros = Parcourir(plies_, &Fiche::plie, {demande.chiffres}, filtre);
   std::erase_if(numeros, [&](Trouvee &numero) {
     numero.place = PlaceDuNumero(Plie(numero.rang), demande.chiffres);
     return numero.place < 0;
   });
-  std::ranges::set_union(numeros, trouvees, std::back_inserter(toutes), {}, &Trouvee::rang,
-                         &Trouvee::rang);
-  return toutes;
+  return Reunir(numeros, trouvees);
 }
 
 std::size_t RechercheTotale::Degre(const Trouvee &trouvee, const QList<QByteArray> &mots) const {
@@ -363,26 +376,26 @@ std::size_t RechercheTotale::Degre(const Trouvee &trouvee, const QList<QByteArra
 }
 
 bool RechercheTotale::Passe(std::size_t rang, const FiltreListe &filtre) const {
+  if (filtre.categorie == ToutesCategories()) return true;
   return EstDeLaCategorie({0, Champ(rang, kNom), Champ(rang, kCategories), {}}, filtre);
 }
 
 std::vector<NoeudListe> RechercheTotale::Chercher(const QString &saisie,
                                                   const FiltreListe &filtre) {
   const Demande demande = Lire(saisie);
-  trouvees_ = Trouver(demande);
+  trouvees_ = Trouver(demande, filtre);
+  filtre_ = filtre;
   // The other way of writing a number is no refinement of its words.
   mots_ = demande.chiffres.isEmpty() ? demande.mots : QList<QByteArray>();
 
   std::array<std::vector<std::size_t>, kDegresNom + kChamps.size()> degres;
-  const bool tous = filtre.categorie == ToutesCategories();
   for (const Trouvee &trouvee : trouvees_)
-    if (tous || Passe(trouvee.rang, filtre))
-      degres[Degre(trouvee, demande.mots)].push_back(trouvee.rang);
+    degres[Degre(trouvee, demande.mots)].push_back(trouvee.rang);
 
   std::vector<NoeudListe> noeuds;
   for (const auto &degre : degres)
     for (const std::size_t rang : degre) {
-      if (static_cast<qsizetype>(noeuds.size()) == kLimite) return noeuds;
+      if (noeuds.size() == kLimite) return noeuds;
       noeuds.push_back({NomListe(Champ(rang, kNom)), fiches_[rang].cle});
     }
   return noeuds;
@@ -391,7 +404,7 @@ std::vector<NoeudListe> RechercheTotale::Chercher(const QString &saisie,
 bool RechercheTotale::Commence(const QString &debut, const FiltreListe &filtre) const {
   const QByteArray plie = Plier(debut, nullptr);
   for (std::size_t rang = 0; rang + 1 < fiches_.size(); ++rang)
-    if (QByteArrayView(plies_).sliced(fiches_[rang].plie).startsWith(plie) &&
+    if (QByteArrayView(noms_).sliced(fiches_[rang].nom).startsWith(plie) &&
         CommencePar(NomListe(Champ(rang, kNom)), debut) && Passe(rang, filtre))
       return true;
   return false;
@@ -403,7 +416,7 @@ QString RechercheTotale::Precision(Cle cle, const QString &saisie) const {
   const std::size_t rang = place->second;
   const Demande demande = Lire(saisie);
   Trouvee trouvee{rang, PlaceDuNumero(Plie(rang), demande.chiffres)};
-  if (trouvee.place < 0) trouvee.place = PlaceDans(rang, demande.mots);
+  if (trouvee.place < 0) trouvee.place = PlaceDans(Plie(rang), demande.mots);
   if (trouvee.place < 0) return {};
   const std::size_t degre = Degre(trouvee, demande.mots);
   if (degre < kDegresNom) return {};

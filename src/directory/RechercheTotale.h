@@ -23,8 +23,9 @@ QByteArray Plier(const QString &texte);
 /// are written, "+33" being "0".
 class RechercheTotale {
  public:
-  /// So many are given at most: who wants others types on.
-  static constexpr qsizetype kLimite = 1000;
+  /// So many are given at most: those that hold it in their names before all, and the first of the
+  /// others. Who wants others types on.
+  static constexpr std::size_t kLimite = 1000;
 
   /// Reads the table. Left unfinished, and of no use, once it is asked to stop. Throws
   /// `ErreurBase`.
@@ -46,7 +47,7 @@ class RechercheTotale {
  private:
   struct Fiche {
     Cle cle;
-    qsizetype plie, texte;  ///< where its two texts begin
+    qsizetype nom, plie, texte;  ///< where its folded name and its two texts begin
   };
   struct Demande {
     QList<QByteArray> mots;
@@ -62,13 +63,15 @@ class RechercheTotale {
   static Demande Lire(const QString &saisie);
   QByteArrayView Plie(std::size_t rang) const;
   QString Champ(std::size_t rang, qsizetype champ) const;
-  /// Where the last of the words begins in a record that holds all; -1 in another.
-  qsizetype PlaceDans(std::size_t rang, const QList<QByteArray> &mots) const;
-  /// Those that hold all words; looked for in the whole text at once.
-  Trouvees Parcourir(const QList<QByteArray> &mots) const;
+  /// Where the last of the words begins in a folded text that holds all; -1 in another.
+  static qsizetype PlaceDans(QByteArrayView plie, const QList<QByteArray> &mots);
+  /// The first ones that hold all words, looked for in the folded texts of all at once.
+  Trouvees Parcourir(const QByteArray &ou, qsizetype Fiche::*debut, const QList<QByteArray> &mots,
+                     const FiltreListe &filtre) const;
   /// Whether what was found holds all that is to be found now.
-  bool EstSuite(const Demande &demande) const;
-  Trouvees Trouver(const Demande &demande) const;
+  bool EstSuite(const Demande &demande, const FiltreListe &filtre) const;
+  static Trouvees Reunir(const Trouvees &devant, const Trouvees &autres);
+  Trouvees Trouver(const Demande &demande, const FiltreListe &filtre) const;
   /// How far back a record stands.
   std::size_t Degre(const Trouvee &trouvee, const QList<QByteArray> &mots) const;
   bool Passe(std::size_t rang, const FiltreListe &filtre) const;
@@ -76,8 +79,10 @@ class RechercheTotale {
   std::vector<Fiche>
       fiches_;  ///< in the order of the list; the last one is none, and ends the texts
   std::vector<std::pair<Cle, std::size_t>> parCle_;
+  QByteArray noms_;            ///< folded
   QByteArray plies_, textes_;  ///< the fields of all records, each with a sign of its end
   std::array<qsizetype, 256> frequences_{};  ///< of the bytes of the folded texts
   QList<QByteArray> mots_;                   ///< of the last search
-  Trouvees trouvees_;                        ///< and who holds them, whatever the filter
+  FiltreListe filtre_;                       ///< and its filter
+  Trouvees trouvees_;
 };
