@@ -64,4 +64,23 @@ TEST_F(Recherche, ToutCeQueTiennentLesFiches) {
       });
 }
 
+// Of more than are given, those with the word in the name come first, wherever they stand in the
+// list.
+TEST_F(Recherche, TropDeFiches) {
+  CreerBase(u"a"_s);
+  Sql(u"a"_s,
+      u"WITH s(i) AS (VALUES(1) UNION ALL SELECT i+1 FROM s WHERE i<1200) INSERT INTO Adresse "
+      "(NomVelmira, Commentaires, DataProt) SELECT 'A'||i, 'lilas', '' FROM s"_s);
+  Sql(u"a"_s, u"UPDATE Adresse SET NomVelmira='Zoé Lilas' WHERE [Index]=7"_s);
+  Base base;
+  base.Ouvrir(Chemin(u"a"_s));
+  RechercheTotale recherche(base, u"Paul"_s);
+  for (const QString &saisie : {u"li"_s, u"lilas"_s}) {
+    const auto trouves = recherche.Chercher(saisie, {ToutesCategories(), {}, {}});
+    EXPECT_EQ(trouves.size(), RechercheTotale::kLimite);
+    EXPECT_EQ(trouves.front().texte, u"Zoé Lilas"_s);
+  }
+  EXPECT_EQ(recherche.Chercher(u"lilas a1200"_s, {ToutesCategories(), {}, {}}).size(), 1U);
+}
+
 }  // namespace
