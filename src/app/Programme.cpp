@@ -157,14 +157,15 @@ void Programme::PoserCommandes() {
   FrmVelmira *velmira = velmira_.get();
   const FrmVelmira::Actions a = velmira->LesActions();
   new CommandesEchange(session_, {a.mnuExport, a.mnuImport, a.mnuVelmira, a.mnuEnvoyer},
-                       velmira->LeRepertoire(), velmira);
+                       velmira->LeRepertoire(), velmira->LeCompteRendu(), velmira);
   new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
                     {[velmira] { velmira->Liste().CliquerRacine(); },
                      [this](std::function<void()> suite) { FermerPuis(std::move(suite)); },
                      [this] { return Enregistrer(); }, [this] { Terminer(); }},
                     velmira);
-  classeur_ = std::make_unique<SelectionClasseur>(session_, velmira->Liste());
+  classeur_ =
+      std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->LeCompteRendu());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,
           Garde(session_.plateforme.boites, [this] { classeur_->Commencer(); }));
   PoserMenusMemora();

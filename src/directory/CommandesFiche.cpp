@@ -89,6 +89,7 @@ void CommandesFiche::Nouveau() {
   }
   AfficherTous();
   Selectionner(fiche->Index);
+  fenetre_.fait.Dire(u"Fiche enregistrée : "_s + fiche->NomVelmira);
   if (fiche->Index > kCleNouvelleMax)
     session_.plateforme.boites.Erreur(
         u"Dépassement de capacité : la clé %1 dépasse %2.\nLe correspondant a bien été enregistré."_s
@@ -126,6 +127,7 @@ void CommandesFiche::ModifierSelection() {
   else
     liste_.RemplirCategories();
   Selectionner(index);
+  fenetre_.fait.Dire(u"Fiche enregistrée : "_s + fiche->NomVelmira);
   liste_.Arbre().setFocus();
 }
 
@@ -194,7 +196,9 @@ void CommandesFiche::SupprimerSelection() {
                       Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
 
+  const QString nom = Texte(noeud);
   Oter(Index(noeud));
+  fenetre_.fait.Dire(u"Fiche supprimée : "_s + nom);
   if (arbre.Modele().NombreEnfants() == 0) liste_.QuitterResultat();
   if (arbre.Modele().NombreEnfants() > 0) {
     // Those who are still listed may have left the category before.

@@ -3,6 +3,7 @@
 #include "directory/FrmNewMod.h"
 #include "directory/ListeVelmiras.h"
 #include "directory/Repertoire.h"
+#include "ui/CompteRendu.h"
 
 /// What is done with the correspondents of the list: with the selected one by the directory's own
 /// commands, and with any of them for the other windows.
@@ -13,6 +14,7 @@ class CommandesFiche : public Repertoire {
     QWidget *parent;
     std::function<bool()> protegesMasques;  ///< protected records are hidden from the others now
     std::function<void()> partie;           ///< the record on display has been deleted
+    CompteRendu &fait;                      ///< says what a command has done
   };
 
   CommandesFiche(Session &session, ListeVelmiras &liste, Fenetre fenetre)

@@ -5,6 +5,7 @@
 #include "directory/ImpressionListe.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
+#include "ui/CompteRendu.h"
 #include "ui/Travail.h"
 
 #include <QDir>
@@ -45,30 +46,34 @@ void CommandesImpression::Imprimer() {
 }
 
 void CommandesImpression::Imprimer(const ChoixListe &choix) {
-  FinImpression fin;
+  ListeImprimee liste;
   try {
     const QList<Cle> cles = Cles(liste_.Arbre().Modele());
     const CadreListe cadre{.NomPerso = session_.reglages.rtcolor.NomPerso,
                            .nombre = cles.size(),
                            .instant = session_.plateforme.horloge.Maintenant()};
-    fin = Travail(fenetre_, u"Impression de la liste"_s)
-              .Executer(session_.base, [&](Base &base, const Avance &avance) {
-                return ImprimerListe(session_.plateforme.imprimante, cadre, choix,
-                                     [&](qsizetype rang) -> std::optional<Correspondant> {
-                                       if (!avance(rang, cles.size())) return std::nullopt;
-                                       auto fiche = TableAdresse(base).Lire(cles[rang]);
-                                       if (!fiche) throw ErreurBase(TexteListeChangee());
-                                       return fiche;
-                                     });
-              });
+    liste = Travail(fenetre_, u"Impression de la liste"_s)
+                .Executer(session_.base, [&](Base &base, const Avance &avance) {
+                  return ImprimerListe(session_.plateforme.imprimante, cadre, choix,
+                                       [&](qsizetype rang) -> std::optional<Correspondant> {
+                                         if (!avance(rang, cles.size())) return std::nullopt;
+                                         auto fiche = TableAdresse(base).Lire(cles[rang]);
+                                         if (!fiche) throw ErreurBase(TexteListeChangee());
+                                         return fiche;
+                                       });
+                });
   } catch (const Erreur &erreur) {
-    fin = {.raison = erreur.Texte()};  // told like every other end of the printing
+    liste.fin.raison = erreur.Texte();  // told like every other end of the printing
   }
   Boites &boites = session_.plateforme.boites;
+  const FinImpression &fin = liste.fin;
   switch (fin.issue) {
     case FinImpression::Issue::Imprimee:
+      fait_.Dire(u"Liste imprimée : %1 page(s) sur « %2 »"_s.arg(liste.pages).arg(liste.appareil));
       break;
     case FinImpression::Issue::Enregistree:
+      fait_.Dire(u"Liste enregistrée : %1 page(s)"_s.arg(liste.pages),
+                 {u"Ouvrir la liste"_s, fin.fichier});
       boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(fin.fichier));
       break;
     case FinImpression::Issue::Echouee:

@@ -8,6 +8,7 @@
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
+#include "ui/CompteRendu.h"
 #include "ui/Debrancher.h"
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
@@ -18,10 +19,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScopeGuard>
 #include <QShortcut>
 #include <QThread>
+
+#include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -49,9 +54,9 @@ FrmVelmira::FrmVelmira(Session &session)
                   [this] {
                     fiche_.Effacer();
                     AccorderSelection();
-                  }}),
-      impression_(session, *ui_->Liste, this),
-      mnuInv_(new QMenu(this)),
+                  },
+                  *ui_->Fait}),
+      impression_(session, *ui_->Liste, *ui_->Fait, this),
       mnuInv2_(new QMenu(this)),
       niveau_(QThread::currentThread()->loopLevel()) {
   setWindowIcon(IconeProgramme());
@@ -61,14 +66,14 @@ FrmVelmira::FrmVelmira(Session &session)
   ui_->Fond->PoserPanneaux({ui_->PanneauCommandes, ui_->Liste, ui_->Fiche, ui_->PanneauJour},
                            echelle);
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
-  mnuInv_->setObjectName(u"mnuInv"_s);
-  mnuInv_->addActions({ui_->mnuExport, ui_->mnuImport, ui_->mnuVelmira, ui_->mnuEnvoyer});
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
+  ui_->Fait->Relier(session_.plateforme, *this);
   FaireCommandes();
   RemplirBarre();
   Brancher();
   BrancherRecherche();
+  BrancherFiche();
   appel_->Appliquer();
   Habiller(apparence_->LAspect());
   ChargerJour();
@@ -105,47 +110,78 @@ void FrmVelmira::FaireCommandes() {
 }
 
 void FrmVelmira::RemplirBarre() {
-  BarreBoutons &barre = *ui_->Barre;
-  barre.Preparer(session_.plateforme, u"ImgBouton"_s, false);
-  barre.Ajouter({u"contact-new", u"  Nouveau velmira"_s, [this] { Nouveau(); },
-                 u"Nouveau\nvelmira"_s, kBulleBleue});
-  barre.Ajouter({u"document-edit", u"  Modifie les données"_s, [this] { Modifier(); },
-                 u"Modifier\nles données"_s, kBulleBleue});
-  barre.Ajouter({u"edit-delete", u"  Supprime le velmira"_s, [this] { Supprimer(); },
-                 u"Supprime\nle velmira"_s, kBulleRouge});
+  const Ui::FrmVelmira &u = *ui_;
+  BarreBoutons &barre = *u.Barre;
+  barre.Preparer(session_.plateforme, u"ImgBouton"_s);
+  barre.Ajouter(0, {u"contact-new", u"  Nouveau velmira"_s, [this] { Nouveau(); },
+                    u"Nouveau\nvelmira"_s, kBulleBleue, u.mnuNouveau->shortcut(), u"Nouveau"_s});
+  barre.Ajouter(
+      1, {u"document-edit", u"  Modifie les données"_s, [this] { Modifier(); },
+          u"Modifier\nles données"_s, kBulleBleue, u.mnumodifier->shortcut(), u"Modifier"_s});
+  barre.Ajouter(
+      2, {u"edit-delete", u"  Supprime le velmira"_s, [this] { Supprimer(); },
+          u"Supprime\nle velmira"_s, kBulleRouge, u.mnuSupprimer->shortcut(), u"Supprimer"_s});
+  barre.Ajouter(
+      3, {u"zoom-in", u"  Agrandit les données"_s, [this] { Agrandir(); },
+          u"Agrandit\nles données"_s, kBulleNoire, u.mnuAgrandir->shortcut(), u"Agrandir"_s});
   barre.Separer();
-  barre.Ajouter({u"zoom-in", u"  Agrandit les données"_s, [this] { Agrandir(); },
-                 u"Agrandit\nles données"_s, kBulleNoire});
-  barre.Ajouter({u"document-print", u"  Imprime la liste"_s, [this] { ImprimerListe(); },
-                 u"Imprime\nla liste"_s, kBulleJaune});
+  barre.Ajouter(
+      7, {u"mail-message-new", u"  Imprimer une enveloppe"_s, [this] { AllerAuxEnveloppes(); },
+          u"Imprimer\nune\nenveloppe"_s, kBulleJaune, u.mnuImpEnv->shortcut(), u"Enveloppe"_s});
+  barre.Ajouter(4, {u"document-print", u"  Imprime la liste"_s, [this] { ImprimerListe(); },
+                    u"Imprime\nla liste"_s, kBulleJaune, u.mnuImpListe->shortcut(), u"Liste"_s});
+  const QToolButton *appeler = barre.Ajouter(9, {u"call-start",
+                                                 u"  Appeler...?"_s,
+                                                 [this] { appel_->Demander(); },
+                                                 u"Appeler ...?"_s,
+                                                 kBulleJaune,
+                                                 {},
+                                                 u"Appeler"_s});
   barre.Separer();
-  barre.Ajouter({u"view-calendar", u"  Calendrier"_s, [this] { MontrerCalendrier(); },
-                 u"Calendrier"_s, kBulleBleue});
-  barre.Ajouter({u"color-picker", u"  Change la couleur du fond"_s,
-                 [this] { apparence_->ChoisirCouleur(); }, u"Couleur\ndu fond"_s, kBulleNoire});
+  barre.Ajouter(10, {u"document-swap",
+                     u"  Importer ou exporter les données de Velmira"_s,
+                     [this] { ui_->Barre->Derouler(ui_->mnuInv); },
+                     u"Exporter\nou\nimporter \nles données"_s,
+                     kBulleRouge,
+                     {},
+                     u"Échange"_s});
+  barre.Ajouter(11, {u"x-office-spreadsheet",
+                     u"  Exporter les données dans Excel"_s,
+                     [this] { emit ClasseurDemande(); },
+                     u"Exporter les données dans un fichier Excel"_s,
+                     kBulleBrune,
+                     {},
+                     u"Excel"_s});
   barre.Separer();
-  barre.Ajouter({u"mail-message-new", u"  Imprimer une enveloppe"_s,
-                 [this] { AllerAuxEnveloppes(); }, u"Imprimer\nune\nenveloppe"_s, kBulleJaune,
-                 QKeySequence(u"Ctrl+E"_s)});
-  barre.Ajouter({u"application-exit", u"  Quitter Velmira ?"_s, [this] { close(); }, u"Quitter ?"_s,
-                 kBulleNoire, QKeySequence(u"Ctrl+Q"_s)});
-  barre.Separer();
-  const QToolButton *appeler =
-      barre.Ajouter({u"call-start", u"  Appeler...?"_s, [this] { appel_->Demander(); },
-                     u"Appeler ...?"_s, kBulleJaune});
-  barre.Ajouter({u"document-swap", u"  Importer ou exporter les données de Velmira"_s,
-                 [this] { ui_->Barre->Derouler(mnuInv_); },
-                 u"Exporter\nou\nimporter \nles données"_s, kBulleRouge});
-  barre.Ajouter({u"x-office-spreadsheet", u"  Exporter les données dans Excel"_s,
-                 [this] { emit ClasseurDemande(); },
-                 u"Exporter les données dans un fichier Excel"_s, kBulleBrune});
-  barre.Separer();
-  barre.Ajouter({u"appointment-reminder", u"  Module des alertes"_s, [this] { AllerAuxAlertes(); },
-                 u"Module Alertes"_s, kBulleBrune});
-  barre.Ajouter({u"note", u"  Memora"_s, [this] { ui_->Barre->Derouler(mnuInv3_); }, u"Memora"_s,
-                 kBulleRouge});
-  connect(&barre, &BarreBoutons::Survolee, ui_->LblBouton, &QLabel::setText);
+  barre.Ajouter(12, {u"appointment-reminder",
+                     u"  Module des alertes"_s,
+                     [this] { AllerAuxAlertes(); },
+                     u"Module Alertes"_s,
+                     kBulleBrune,
+                     {},
+                     u"Alertes"_s});
+  barre.Ajouter(13, {u"note", u"  Memora"_s, [this] { ui_->Barre->Derouler(mnuInv3_); },
+                     u"Memora"_s, kBulleRouge});
+  barre.Ajouter(5, {u"view-calendar", u"  Calendrier"_s, [this] { MontrerCalendrier(); },
+                    u"Calendrier"_s, kBulleBleue});
+  barre.Ajouter(6, {u"color-picker",
+                    u"  Change la couleur du fond"_s,
+                    [this] { apparence_->ChoisirCouleur(); },
+                    u"Couleur\ndu fond"_s,
+                    kBulleNoire,
+                    {},
+                    u"Couleur"_s});
+  barre.Ecarter();
+  barre.Ajouter(8, {u"application-exit", u"  Quitter Velmira ?"_s, [this] { close(); },
+                    u"Quitter ?"_s, kBulleNoire, u.mnuQuitter->shortcut(), u"Quitter"_s});
   connect(appel_, &CommandesAppel::Montree, appeler, &QToolButton::setVisible);
+  const auto expliquer = [this](const QString &texte) {
+    ui_->LblBouton->setText(texte);
+    ui_->LblBouton->setVisible(!texte.isEmpty());
+    ui_->Fait->setVisible(texte.isEmpty());
+  };
+  connect(&barre, &BarreBoutons::Survolee, this, expliquer);
+  expliquer({});
 }
 
 void FrmVelmira::Brancher() {
@@ -159,10 +195,6 @@ void FrmVelmira::Brancher() {
   brancher(ui_->Liste, &ListeVelmiras::DoubleCliquee, &FrmVelmira::Modifier);
   brancher(ui_->Liste, &ListeVelmiras::FavoriDemande, [this] { commandes_.AjouterAuxFavoris(); });
   connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, [this] { fiche_.NotesQuittees(); });
-  brancher(ui_->mnumodifier, &FrmVelmira::Modifier);
-  brancher(ui_->mnuSupprimer, &FrmVelmira::Supprimer);
-  brancher(ui_->mnuAgrandir, &FrmVelmira::Agrandir);
-  brancher(ui_->mnuImpEnv, &FrmVelmira::AllerAuxEnveloppes);
   brancher(ui_->mnuMasquer, &FrmVelmira::MasquerProteges);
   brancher(apparence_.get(), &Apparence::Changee, [this] { Habiller(apparence_->LAspect()); });
   brancher(apparence_.get(), &Apparence::NaissanceChangee,
@@ -174,9 +206,73 @@ void FrmVelmira::BrancherRecherche() {
           &ListeVelmiras::AllerALaRecherche);
 }
 
+void FrmVelmira::BrancherFiche() {
+  const Brancheur brancher(session_.plateforme.boites, this);
+  brancher(ui_->mnuNouveau, &FrmVelmira::Nouveau);
+  brancher(ui_->mnumodifier, &FrmVelmira::Modifier);
+  brancher(ui_->mnuSupprimer, &FrmVelmira::Supprimer);
+  brancher(ui_->mnuAgrandir, &FrmVelmira::Agrandir);
+  brancher(ui_->mnuImpEnv, &FrmVelmira::AllerAuxEnveloppes);
+  brancher(ui_->mnuEnvCat, &FrmVelmira::AllerAuxEnveloppesDeCategorie);
+  brancher(ui_->mnuFavori, [this] { commandes_.AjouterAuxFavoris(); });
+  brancher(ui_->mnuImpListe, &FrmVelmira::ImprimerListe);
+  brancher(ui_->mnuExcel, &FrmVelmira::ClasseurDemande);
+  brancher(ui_->mnuQuitter, &FrmVelmira::close);
+
+  ArbreVelmiras &arbre = ui_->Liste->Arbre();
+  arbre.addAction(ui_->mnuSupprimer);  // its key is the list's
+  arbre.installEventFilter(this);
+  for (QWidget *champ : findChildren<QWidget *>())
+    if (champ->inherits("QLineEdit") || champ->inherits("QPlainTextEdit"))
+      champ->installEventFilter(this);
+
+  connect(arbre.selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &FrmVelmira::MajMenuFiche);
+  const QAbstractItemModel *modele = arbre.model();
+  for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+    connect(modele, change, this, &FrmVelmira::MajMenuFiche);
+  connect(modele, &QAbstractItemModel::modelReset, this, &FrmVelmira::MajMenuFiche);
+  MajMenuFiche();
+}
+
+void FrmVelmira::MajMenuFiche() {
+  ArbreVelmiras &arbre = ui_->Liste->Arbre();
+  const bool fiche = Index(arbre.Selection()) != 0;
+  for (QAction *action : {ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuFavori})
+    action->setEnabled(fiche);
+  const bool liste = arbre.Modele().NombreEnfants() > 0;
+  for (QAction *action : {ui_->mnuEnvCat, ui_->mnuImpListe, ui_->mnuExcel})
+    action->setEnabled(liste);
+}
+
+bool FrmVelmira::EstDuMenu(const QKeyEvent &touche) const {
+  return std::ranges::any_of(ui_->mnuFiche->actions(), [&](const QAction *action) {
+    return action->shortcutContext() == Qt::WindowShortcut &&
+           action->shortcut() == QKeySequence(touche.keyCombination());
+  });
+}
+
+bool FrmVelmira::eventFilter(QObject *objet, QEvent *evenement) {
+  const bool annonce = evenement->type() == QEvent::ShortcutOverride;
+  if (!annonce && evenement->type() != QEvent::KeyPress)
+    return QMainWindow::eventFilter(objet, evenement);
+  const auto &touche = *static_cast<const QKeyEvent *>(evenement);
+  if (objet == &ui_->Liste->Arbre()) {
+    // An Enter that has closed the open list of a combo comes here too, but is not announced here.
+    const bool entree = touche.key() == Qt::Key_Return || touche.key() == Qt::Key_Enter;
+    const bool annoncee = std::exchange(entreeAnnoncee_, annonce && entree);
+    if (!annonce && entree && annoncee && !touche.isAutoRepeat())
+      Signaler(session_.plateforme.boites, [this] { Modifier(); });
+  } else if (annonce && EstDuMenu(touche)) {
+    evenement->ignore();  // some are those of a text field as well
+    return true;
+  }
+  return QMainWindow::eventFilter(objet, evenement);
+}
+
 void FrmVelmira::Habiller(const Aspect &aspect) {
   setWindowTitle(aspect.titre);
-  Peindre(ui_->PanneauCommandes, aspect.couleur, EncreSur(aspect.couleur));
+  Peindre(ui_->PanneauCommandes, aspect.couleur);
   ui_->Fond->Choisir(aspect.fondUni);
   ui_->Liste->ChangerTaillePolice(aspect.points);
   ui_->Fiche->ChangerTaillePolice(aspect.points);
@@ -207,6 +303,10 @@ FrmVelmira::Actions FrmVelmira::LesActions() const {
 void FrmVelmira::PoserMenuMemora(QMenu *menu) {
   mnuInv3_ = menu;
   menuBar()->insertMenu(ui_->mnuAide->menuAction(), menu);
+}
+
+CompteRendu &FrmVelmira::LeCompteRendu() const {
+  return *ui_->Fait;
 }
 
 void FrmVelmira::Raccrocher() {
@@ -330,6 +430,12 @@ void FrmVelmira::AllerAuxEnveloppes() {
   if (!fiche_.LibererNotes()) return;
   RetourDeModule = true;
   emit EnveloppeDemandee(fiche_.Index(), fiche_.Adresse());
+}
+
+void FrmVelmira::AllerAuxEnveloppesDeCategorie() {
+  if (!fiche_.LibererNotes()) return;
+  RetourDeModule = true;
+  emit EnveloppesDeCategorieDemandees(ui_->Liste->Categorie());
 }
 
 bool FrmVelmira::PreparerFermeture() {

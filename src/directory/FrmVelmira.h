@@ -12,6 +12,7 @@
 
 class Apparence;
 class CommandesAppel;
+class CompteRendu;
 class FrmLoupe;
 struct Aspect;
 
@@ -45,6 +46,9 @@ class FrmVelmira : public QMainWindow {
   /// Puts the menu of the sticky notes into the menu bar and under its button.
   void PoserMenuMemora(QMenu *menu);
 
+  /// Its line at the foot.
+  CompteRendu &LeCompteRendu() const;
+
   /// Ends the call that is under way, if there is one.
   void Raccrocher();
 
@@ -56,6 +60,8 @@ class FrmVelmira : public QMainWindow {
  signals:
   /// The envelope window is asked for, with the address of the record on display; key 0 for none.
   void EnveloppeDemandee(Cle fiche, const AdresseComposee &adresse);
+  /// The envelopes of all those in a category, a pseudo-category too, are to be printed.
+  void EnveloppesDeCategorieDemandees(const QString &categorie);
   void AlertesDemandees();
   void FermetureDemandee();
   void ClasseurDemande();
@@ -66,12 +72,18 @@ class FrmVelmira : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent *evenement) override;
   bool event(QEvent *evenement) override;
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
   void FaireCommandes();
   void RemplirBarre();
   void Brancher();
   void BrancherRecherche();
+  void BrancherFiche();
+  /// The items that need a record, or a list, are there where there is one.
+  void MajMenuFiche();
+  /// Whether it is the key of an item of the menu of records, wherever the focus is.
+  bool EstDuMenu(const QKeyEvent &touche) const;
   void Habiller(const Aspect &aspect);
   void ChargerJour();
   void VenirDevant();
@@ -94,6 +106,7 @@ class FrmVelmira : public QMainWindow {
   void ImprimerListe();
   void MontrerCalendrier();
   void AllerAuxEnveloppes();
+  void AllerAuxEnveloppesDeCategorie();
   void AllerAuxAlertes();
   void MasquerProteges(bool masquer);
   void EcrireMarques(bool masquer);
@@ -107,12 +120,12 @@ class FrmVelmira : public QMainWindow {
   std::unique_ptr<Apparence> apparence_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;
-  QMenu *mnuInv_;               ///< pop-up of the exchange file
   QMenu *mnuInv2_;              ///< pop-up of the list
   QMenu *mnuInv3_ = nullptr;    ///< of the sticky notes
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
   QString depart_;              ///< why the record on display has gone, until another one is chosen
   bool premierPassage_ = true;
-  const int niveau_;        ///< of the event loop that no command runs in
-  qint64 changements_ = 0;  ///< of the database when it was shown last
+  bool entreeAnnoncee_ = false;  ///< Enter is pressed in the list, and comes next
+  const int niveau_;             ///< of the event loop that no command runs in
+  qint64 changements_ = 0;       ///< of the database when it was shown last
 };

@@ -96,6 +96,8 @@ class Redaction {
     for (const LigneListe &ligne : lignes) Ecrire(ligne);
   }
 
+  int Pages() const { return pages_; }
+
  private:
   void Ecrire(const LigneListe &ligne) {
     const Coupe coupe(document_, ligne.police, largeur_);
@@ -108,6 +110,7 @@ class Redaction {
     const Millimetres hauteur = document_.HauteurLigne(police);
     if (y_ + hauteur > hauteur_) {
       document_.NouvellePage();
+      ++pages_;
       y_ = {};
     }
     if (!texte.isEmpty()) document_.Ecrire({}, y_, police, texte);
@@ -117,6 +120,7 @@ class Redaction {
   Document &document_;
   Millimetres largeur_, hauteur_;
   Millimetres y_;
+  int pages_ = 1;
 };
 
 struct Partie {
@@ -187,10 +191,11 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre) {
   return lignes;
 }
 
-FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
+ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
                             const ChoixListe &choix, const LectureListe &lire) {
+  const QString appareil = imprimante.ParDefaut();
   const auto document =
-      imprimante.Ouvrir(imprimante.ParDefaut(), {.nom = u"Liste"_s, .margeFichier = kMargeFichier});
+      imprimante.Ouvrir(appareil, {.nom = u"Liste"_s, .margeFichier = kMargeFichier});
   Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
   for (qsizetype rang = 0; rang < Imprimes(cadre); ++rang) {
@@ -199,5 +204,5 @@ FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
     redaction.Ecrire(LignesFiche(*fiche, choix));
   }
   redaction.Ecrire(LignesPied(cadre));
-  return document->Terminer();
+  return {document->Terminer(), appareil, redaction.Pages()};
 }

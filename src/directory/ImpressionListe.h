@@ -43,9 +43,16 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre);
 /// Gives the correspondent of a place in the list, from 0; nothing ends the printing.
 using LectureListe = std::function<std::optional<Correspondant>(qsizetype rang)>;
 
+/// A printed list.
+struct ListeImprimee {
+  FinImpression fin = {};
+  QString appareil = {};  ///< name of the printer
+  int pages = 0;
+};
+
 /// Prints the list on the system's default printer; each correspondent is read when its turn has
 /// come. `Echouee` also where it was given up: then, and when `lire` throws, nothing of it is
 /// printed. Throws `Erreur` where no printer answers. Needs no window and no event loop, so that
 /// any thread may run it.
-FinImpression ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
+ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
                             const ChoixListe &choix, const LectureListe &lire);

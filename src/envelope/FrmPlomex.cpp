@@ -198,34 +198,35 @@ void FrmPlomex::RemplirBarre() {
     };
   };
   BarreBoutons &barre = *ui_->Barre;
-  barre.Preparer(session_.plateforme, u"BTPH"_s, true);
-  barre.Ajouter({u"document-new", u"Nouvelle adresse"_s,
-                 puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Adresse); })});
+  barre.Preparer(session_.plateforme, u"BTPH"_s);
+  barre.Ajouter(0, {u"document-new", u"Nouvelle adresse"_s,
+                    puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Adresse); })});
+  barre.Ajouter(1, {u"view-pim-contacts", u"Carnet d'adresses"_s,
+                    puisFocus([this] { ChoisirDansCarnet(); })});
+  barre.Separer();
+  barre.Ajouter(2, {u"application-exit", u"Quitter ?"_s, [this] { close(); }});
+  imprimer_ =
+      barre.Ajouter(3, {u"document-print", u"Imprimer"_s, puisFocus([this] { Imprimer(); })});
+  barre.Ajouter(4, {u"help-contents", u"Aide"_s, puisFocus([this] {
+                      OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath,
+                                 SommaireAide());
+                    })});
+  barre.Separer();
+  barre.Ajouter(5, {u"user-identity", u"Expéditeur"_s,
+                    puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); })});
+  barre.Ajouter(6, {u"go-home", u"Accueil Velmira"_s, [this] { emit RepertoireDemande(); }});
+  barre.Ajouter(7, {u"edit-comment", u"Ajouter un commentaire"_s,
+                    puisFocus([this] { commentaire_->Inserer(); })});
   barre.Ajouter(
-      {u"view-pim-contacts", u"Carnet d'adresses"_s, puisFocus([this] { ChoisirDansCarnet(); })});
+      8, {u"document-print-preview", u"Vue avant impression"_s, puisFocus([this] { Apercu(); })});
   barre.Separer();
-  barre.Ajouter({u"application-exit", u"Quitter ?"_s, [this] { close(); }});
-  imprimer_ = barre.Ajouter({u"document-print", u"Imprimer"_s, puisFocus([this] { Imprimer(); })});
-  barre.Ajouter({u"help-contents", u"Aide"_s, puisFocus([this] {
-                   OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath,
-                              SommaireAide());
-                 })});
-  barre.Separer();
-  barre.Ajouter({u"user-identity", u"Expéditeur"_s,
-                 puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); })});
-  barre.Ajouter({u"go-home", u"Accueil Velmira"_s, [this] { emit RepertoireDemande(); }});
-  barre.Ajouter({u"edit-comment", u"Ajouter un commentaire"_s,
-                 puisFocus([this] { commentaire_->Inserer(); })});
-  barre.Ajouter(
-      {u"document-print-preview", u"Vue avant impression"_s, puisFocus([this] { Apercu(); })});
-  barre.Separer();
-  barre.Ajouter({u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); })});
-  barre.Ajouter({u"appointment-reminder", u"Module Alertes"_s,
-                 puisFocus([this] { emit AlertesDemandees(); })});
-  barre.Ajouter({u"note", u"Memora"_s, [this] {
-                   RendreFocus();  // it is there again when the menu has gone
-                   ui_->Barre->Derouler(mnuInv3_);
-                 }});
+  barre.Ajouter(9, {u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); })});
+  barre.Ajouter(10, {u"appointment-reminder", u"Module Alertes"_s,
+                     puisFocus([this] { emit AlertesDemandees(); })});
+  barre.Ajouter(11, {u"note", u"Memora"_s, [this] {
+                       RendreFocus();  // it is there again when the menu has gone
+                       ui_->Barre->Derouler(mnuInv3_);
+                     }});
 }
 
 void FrmPlomex::RendreFocus() {

@@ -4,6 +4,7 @@
 #include "platform/Enumeration.h"
 #include "platform/Erreurs.h"
 #include "ui/Brancheur.h"
+#include "ui/CompteRendu.h"
 #include "ui/Travail.h"
 
 #include <QDir>
@@ -43,11 +44,12 @@ QString Reserves(const BilanImport &bilan) {
 }  // namespace
 
 CommandesEchange::CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
-                                   QWidget *fenetre)
+                                   CompteRendu &fait, QWidget *fenetre)
     : QObject(fenetre),
       session_(session),
       fichier_(session.dossiers.AppPath),
       repertoire_(repertoire),
+      fait_(fait),
       fenetre_(fenetre) {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(actions.mnuExport, &CommandesEchange::Exporter);
@@ -84,6 +86,9 @@ void CommandesEchange::Exporter() {
                            if (exportation) fichier_.Remplacer(exportation->octets);
                            return exportation;
                          });
+  if (faite)
+    fait_.Dire(u"Données exportées dans "_s + QDir::toNativeSeparators(fichier_.Chemin()),
+               CompteRendu::AuDossier(fichier_.Chemin()));
   boites.Information(faite ? u"Le fichier Velmira.txt a été créé avec succès !"_s + Pertes(*faite)
                            : u"Exportation arrêtée."_s);
 }
@@ -106,6 +111,9 @@ void CommandesEchange::Importer() {
             .Executer(session_.base, [this](Base &base, const Avance &avance) {
               return ImporterVelmiras(base, fichier_.Lire(), avance);
             });
+    fait_.Dire(u"Importation : %1 ajouté(s), %2 complété(s), %3 inchangé(s)"_s.arg(bilan.ajoutes)
+                   .arg(bilan.completes)
+                   .arg(bilan.traites - bilan.ajoutes - bilan.completes));
     if (bilan.arrete)
       boites.Information(u"Importation arrêtée : %1 velmira(s) traité(s)."_s.arg(bilan.traites));
     else
@@ -131,7 +139,10 @@ void CommandesEchange::Envoyer() {
   }
   const QString dossier = boites.Dossier(u"Copier Velmira.txt sur ... "_s);
   if (dossier.isEmpty()) return;
-  FichierEchange(dossier).Remplacer(*octets);
+  const FichierEchange copie(dossier);
+  copie.Remplacer(*octets);
+  fait_.Dire(u"Velmira.txt copié dans "_s + QDir::toNativeSeparators(dossier),
+             CompteRendu::AuDossier(copie.Chemin()));
   boites.Information(u"Copie sur "_s + QDir::toNativeSeparators(dossier) +
                      u" réalisée avec succès !"_s);
 }

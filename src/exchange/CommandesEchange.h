@@ -6,6 +6,7 @@
 
 #include <QObject>
 
+class CompteRendu;
 class QAction;
 
 /// The commands of the exchange file, which stands in the application folder.
@@ -18,7 +19,7 @@ class CommandesEchange : public QObject {
   };
 
   CommandesEchange(Session &session, const Actions &actions, Repertoire &repertoire,
-                   QWidget *fenetre);
+                   CompteRendu &fait, QWidget *fenetre);
 
  private:
   void Exporter();
@@ -32,5 +33,6 @@ class CommandesEchange : public QObject {
   Session &session_;
   FichierEchange fichier_;
   Repertoire &repertoire_;
+  CompteRendu &fait_;
   QWidget *fenetre_;
 };

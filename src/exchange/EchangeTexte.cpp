@@ -179,15 +179,16 @@ class Fusion {
     });
   }
 
-  /// Gives how the name begins when it is added and may have lost characters.
-  std::optional<QString> Integrer(const Fiche &fiche) {
+  void Integrer(const Fiche &fiche, BilanImport &bilan) {
     const QString &nom = fiche.lignes.first();
     if (const auto connu = Connu(EnCapitales(nom))) {
-      Completer(*connu, fiche);
-      return std::nullopt;
+      bilan.completes += Completer(*connu, fiche);
+    } else {
+      premiers_.insert(EnCapitales(nom), Ajouter(fiche));
+      ++bilan.ajoutes;
+      if (nom.contains(u'?')) bilan.douteux.append(Debut(nom));
     }
-    premiers_.insert(EnCapitales(nom), Ajouter(fiche));
-    return nom.contains(u'?') ? std::optional(Debut(nom)) : std::nullopt;
+    ++bilan.traites;
   }
 
  private:
@@ -220,7 +221,8 @@ class Fusion {
     return AjouterLigne(base_, correspondant);
   }
 
-  void Completer(Cle index, const Fiche &fiche) {
+  /// Whether it had something to fill.
+  bool Completer(Cle index, const Fiche &fiche) {
     L correspondant;
     correspondant.Index = index;
     ChoixColonnes<L> pris;
@@ -232,6 +234,7 @@ class Fusion {
       });
     });
     if (pris.any()) ModifierLigne(base_, correspondant, pris);
+    return pris.any();
   }
 
   Base &base_;
@@ -282,8 +285,7 @@ BilanImport ImporterVelmiras(Base &base, const QByteArray &octets, const Avance 
     fusion.Rattraper();
     try {
       for (qsizetype n = 0; fiche && n < kBloc; ++n) {
-        if (auto douteux = fusion.Integrer(*fiche)) bilan.douteux.append(*std::move(douteux));
-        ++bilan.traites;
+        fusion.Integrer(*fiche, bilan);
         fiche = suivante();
       }
     } catch (const ErreurFichier &) {

@@ -21,6 +21,8 @@ std::optional<Exportation> ExporterVelmiras(Base &base, const Avance &avance);
 
 struct BilanImport {
   qsizetype traites = 0;         ///< records of the file that were added or merged
+  qsizetype ajoutes = 0;         ///< of them, who was not known
+  qsizetype completes = 0;       ///< of them, whose empty fields were filled
   bool arrete = false;           ///< records were left
   std::optional<QString> coupe;  ///< how the name begins of the record that the end cuts off
   QStringList douteux;           ///< how names begin that were added with a doubtful "?"

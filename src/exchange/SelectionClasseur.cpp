@@ -3,6 +3,7 @@
 #include "directory/ChoixEtendue.h"
 #include "exchange/ClasseurVelmiras.h"
 #include "ui/Brancheur.h"
+#include "ui/CompteRendu.h"
 #include "ui/Travail.h"
 
 using namespace Qt::StringLiterals;
@@ -15,8 +16,8 @@ QString TitreExport() {
 
 }  // namespace
 
-SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste)
-    : session_(session), liste_(liste) {
+SelectionClasseur::SelectionClasseur(Session &session, ListeVelmiras &liste, CompteRendu &fait)
+    : session_(session), liste_(liste), fait_(fait) {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(&liste_, &ListeVelmiras::ExportDemande, &SelectionClasseur::Exporter);
   brancher(&liste_, &ListeVelmiras::ExportAbandonne, [this] { liste_.MontrerChoix(false); });
@@ -46,5 +47,7 @@ void SelectionClasseur::Exporter() {
   if (!chemin) return;  // the choice stands for another try
   liste_.MontrerChoix(false);
   liste_.CliquerRacine();
+  fait_.Dire(u"Classeur écrit : %1 velmira(s)"_s.arg(choisis.size()),
+             {u"Ouvrir le classeur"_s, *chemin});
   session_.plateforme.coquille.Ouvrir(*chemin);
 }

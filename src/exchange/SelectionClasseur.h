@@ -5,13 +5,15 @@
 
 #include <QObject>
 
+class CompteRendu;
+
 /// The workbook of the correspondents that are ticked in the tree. While they are being chosen, the
 /// tree shows boxes and two buttons stand beside it.
 class SelectionClasseur : public QObject {
   Q_OBJECT
 
  public:
-  SelectionClasseur(Session &session, ListeVelmiras &liste);
+  SelectionClasseur(Session &session, ListeVelmiras &liste, CompteRendu &fait);
 
   /// Asks what is to be listed, and shows the boxes, all ticked.
   void Commencer();
@@ -21,4 +23,5 @@ class SelectionClasseur : public QObject {
 
   Session &session_;
   ListeVelmiras &liste_;
+  CompteRendu &fait_;
 };
