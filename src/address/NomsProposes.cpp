@@ -69,3 +69,21 @@ QString NomPourListe(const QString &enveloppe, const QStringList &titres) {
   const qsizetype debut = DebutDeFamille(mots);
   return Assembler(mots.mid(debut), mots.first(debut));
 }
+
+QString PrenomCertain(const QString &liste, const QString &enveloppe, bool personne,
+                      const QStringList &titres) {
+  const auto premier = [](const QString &nom) { return nom.simplified().section(u' ', 0, 0); };
+  const QString prenom = premier(NomPourEnveloppe(liste)), tete = premier(liste);
+  if (prenom == tete) return {};
+  if (!enveloppe.trimmed().isEmpty())
+    return premier(RemplacerTitre(enveloppe, titres, u""_s)) == prenom ? prenom : QString();
+  return personne || tete.endsWith(u',') || EstEnCapitales(tete) ? prenom : QString();
+}
+
+QString Initiales(const QString &liste) {
+  QString initiales;
+  for (const QString &mot : SansParentheses(liste).split(u' ', Qt::SkipEmptyParts))
+    if (mot.front().isLetterOrNumber() && !EstParticule(mot) && initiales.size() < 2)
+      initiales += mot.front().toUpper();
+  return initiales;
+}

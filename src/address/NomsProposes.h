@@ -14,3 +14,12 @@ QString NomPourEnveloppe(const QString &liste);
 /// The name of the list from the first line of the address: without the title at its front, the
 /// family name first, together with its particles ("de La Fontaine").
 QString NomPourListe(const QString &enveloppe, const QStringList &titres);
+
+/// The first of the given names, where it is beyond doubt: the names of list and envelope, in their
+/// two orders, must give the same one; without an envelope's name the list must tell which word is
+/// the family's, or `personne` that it is a person at all. Empty otherwise.
+QString PrenomCertain(const QString &liste, const QString &enveloppe, bool personne,
+                      const QStringList &titres);
+
+/// One or two capitals that stand for a name.
+QString Initiales(const QString &liste);

@@ -1,5 +1,6 @@
 #include "alerts/Echeance.h"
 
+#include "calendar/Anniversaires.h"
 #include "platform/Saisie.h"
 
 using namespace Qt::StringLiterals;
@@ -12,10 +13,7 @@ int Jours(QDate depuis, QDate jusqua) {
 
 QDate DateDeCetteAnnee(QString date, QDate aujourdhui) {
   date.chop(4);
-  const QDate bissextile = DateSaisie(date + u"2000"_s);
-  if (bissextile.month() == 2 && bissextile.day() == 29)
-    return QDate(aujourdhui.year(), 3, 1).addDays(-1);
-  return DateSaisie(date + aujourdhui.toString(u"yyyy"_s));
+  return DansLAnnee(DateSaisie(date + u"2000"_s), aujourdhui.year());  // a year with all days
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "storage/Reglages.h"
+
 #include <QDate>
 #include <QString>
 
@@ -7,3 +9,8 @@
 /// age rises on the first day of the birth month. Empty when there is no birth date, or none that
 /// can be read.
 QString TexteAge(const QString &ddn, QDate aujourdhui);
+
+/// Whether the user wants anything of a birth date to be seen.
+inline bool NaissanceMontree(AffichageNaissance affichage) {
+  return affichage == AffichageNaissance::Date || affichage == AffichageNaissance::Age;
+}

@@ -2,10 +2,16 @@
 
 #include "address/AdresseSaisie.h"
 #include "address/MiseEnLignes.h"
+#include "address/NomsProposes.h"
+#include "address/Titres.h"
+#include "calendar/Anniversaires.h"
+#include "calendar/Fetes.h"
 #include "directory/Age.h"
 #include "directory/FichierPhoto.h"
 #include "directory/LibellesFiche.h"
 #include "directory/PanneauFiche.h"
+#include "platform/Erreurs.h"
+#include "platform/Saisie.h"
 #include "storage/Tables.h"
 #include "ui/Accord.h"
 #include "ui/Alignement.h"
@@ -18,7 +24,10 @@
 using namespace Qt::StringLiterals;
 
 FicheAffichee::FicheAffichee(Session &session, PanneauFiche &panneau)
-    : session_(session), panneau_(panneau) {}
+    : session_(session), panneau_(panneau) {
+  Ignorer(
+      [&] { saints_ = ChargerSaints(session.dossiers.AppPath).value_or(QList<LigneSaints>()); });
+}
 
 bool FicheAffichee::Montrer(Cle index) {
   const auto fiche = SousSablier([&] { return TableAdresse(session_.base).Lire(index); });
@@ -53,6 +62,8 @@ void FicheAffichee::MontrerTextes(Correspondant fiche) {
   QString lignes = MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte;
   panneau_.Montrer(montree_,
                    {.age = LigneAge(montree_.DDN),
+                    .avenir = LigneAVenir(montree_.DDN),
+                    .fete = LigneFete(montree_),
                     .adresse = lignes.replace(u'*', u'\n'),
                     .alignementAdresse = AlignementTexte(session_.reglages.plomex.AlignA)});
 }
@@ -89,6 +100,28 @@ QString FicheAffichee::LigneAge(const QString &ddn) const {
     default:
       return u""_s;
   }
+}
+
+QString FicheAffichee::LigneAVenir(const QString &ddn) const {
+  const auto anniversaire =
+      ProchainAnniversaire(ddn, session_.plateforme.horloge.Maintenant().date());
+  const bool montre = NaissanceMontree(session_.reglages.rtcolor.AffichageNaissance);
+  return montre && anniversaire ? TexteAVenir(*anniversaire, session_.plateforme.langue) : u""_s;
+}
+
+QString FicheAffichee::LigneFete(const Correspondant &fiche) const {
+  QStringList titres;
+  Ignorer([&] { titres = LireTitres(session_.dossiers.AppPath); });
+  const QString prenom =
+      PrenomCertain(fiche.NomVelmira, fiche.Ligne1, DateSaisie(fiche.DDN).isValid(), titres);
+  const auto fete = prenom.isEmpty() ? std::nullopt : ChercherFete(saints_, prenom);
+  if (!fete) return u""_s;
+  const QDate jour = session_.plateforme.horloge.Maintenant().date();
+  const QDate leur(2000, fete->ligne.mois.toInt(), fete->ligne.jour.toInt());
+  if (!leur.isValid()) return u""_s;
+  const bool aujourdhui = leur.month() == jour.month() && leur.day() == jour.day();
+  return aujourdhui ? u"Fête aujourd'hui"_s
+                    : u"Fête le "_s + JourEnLettres(leur, session_.plateforme.langue);
 }
 
 bool FicheAffichee::EcrireNotes() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "address/ChaineAdresse.h"
+#include "calendar/Saints.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
@@ -58,10 +59,13 @@ class FicheAffichee {
   void MontrerPhoto(const Correspondant &fiche);
   bool PhotoOubliee(const QString &photo) const;
   QString LigneAge(const QString &ddn) const;
+  QString LigneAVenir(const QString &ddn) const;
+  QString LigneFete(const Correspondant &fiche) const;
 
   Session &session_;
   PanneauFiche &panneau_;
-  Correspondant montree_;  ///< as it is shown; its key is 0 for none
+  QList<LigneSaints> saints_;  ///< none where the file cannot be read
+  Correspondant montree_;      ///< as it is shown; its key is 0 for none
   AdresseComposee adresse_;
   bool notesQuittees_ = false;  ///< and not written since
   bool ecriture_ = false;       ///< the notes are being written: a box may stand before the window

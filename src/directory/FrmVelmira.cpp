@@ -194,11 +194,22 @@ void FrmVelmira::Brancher() {
   brancher(ui_->Liste, &ListeVelmiras::Cliquee, &FrmVelmira::NoeudClic);
   brancher(ui_->Liste, &ListeVelmiras::DoubleCliquee, &FrmVelmira::Modifier);
   brancher(ui_->Liste, &ListeVelmiras::FavoriDemande, [this] { commandes_.AjouterAuxFavoris(); });
+  const auto suivre = [this] { SuivreDonnees(); };
+  const ModeleListe &modele = ui_->Liste->Arbre().Modele();
+  connect(&modele, &ModeleListe::modelReset, this, suivre, Qt::QueuedConnection);
+  connect(&modele, &ModeleListe::rowsInserted, this, suivre, Qt::QueuedConnection);
+  connect(&modele, &ModeleListe::rowsRemoved, this, suivre, Qt::QueuedConnection);
+  brancher(ui_->Liste, &ListeVelmiras::AnniversaireChoisi, &FrmVelmira::OuvrirFiche);
+  brancher(ui_->Fiche, &PanneauFiche::CategorieDemandee, &FrmVelmira::OuvrirCategorie);
+  brancher(ui_->Fiche, &PanneauFiche::PremierDemande, &FrmVelmira::Nouveau);
+  connect(ui_->Fiche, &PanneauFiche::ImportDemande, ui_->mnuImport, &QAction::trigger);
   connect(ui_->Fiche, &PanneauFiche::NotesQuittees, this, [this] { fiche_.NotesQuittees(); });
   brancher(ui_->mnuMasquer, &FrmVelmira::MasquerProteges);
   brancher(apparence_.get(), &Apparence::Changee, [this] { Habiller(apparence_->LAspect()); });
-  brancher(apparence_.get(), &Apparence::NaissanceChangee,
-           [this] { ui_->Liste->Arbre().CliquerSelection(); });
+  brancher(apparence_.get(), &Apparence::NaissanceChangee, [this] {
+    ui_->Liste->Arbre().CliquerSelection();
+    ui_->Liste->LireAnniversaires();
+  });
 }
 
 void FrmVelmira::BrancherRecherche() {
@@ -360,6 +371,39 @@ void FrmVelmira::ActualiserAuRepos() {
     const Attente attente(session_.base, 0ms);
     Actualiser();
   });
+  SuivreDonnees();
+}
+
+void FrmVelmira::SuivreDonnees() {
+  Ignorer([this] {
+    Base &base = session_.base;
+    const std::tuple suivi(session_.plateforme.horloge.Maintenant().date(), base.Changements(),
+                           base.Ecritures());
+    InviterSelonDonnees();
+    if (suivi_ == suivi) return;
+    suivi_ = suivi;
+    ui_->Liste->LireAnniversaires();
+  });
+}
+
+void FrmVelmira::InviterSelonDonnees() {
+  using Invitation = PanneauFiche::Invitation;
+  const bool vide = session_.base.Ouverte() && TableAdresse(session_.base).EstVide();
+  const bool choix = ui_->Liste->Arbre().Modele().NombreEnfants() > 0;
+  ui_->Fiche->Inviter(vide    ? Invitation::Commencer
+                      : choix ? Invitation::Choisir
+                              : Invitation::Rien);
+}
+
+void FrmVelmira::OuvrirFiche(Cle index) {
+  if (!ui_->Liste->Arbre().Modele().Enfant(index).isValid()) commandes_.AfficherTous();
+  commandes_.Selectionner(index);
+}
+
+void FrmVelmira::OuvrirCategorie(const QString &categorie) {
+  const Cle index = fiche_.Index();
+  ui_->Liste->AfficherCategorie(categorie);
+  commandes_.Selectionner(index);
 }
 
 void FrmVelmira::Nouveau() {

@@ -6,9 +6,11 @@
 #include "directory/ListeVelmiras.h"
 #include "session/Session.h"
 
+#include <QDate>
 #include <QMainWindow>
 
 #include <memory>
+#include <tuple>
 
 class Apparence;
 class CommandesAppel;
@@ -93,6 +95,14 @@ class FrmVelmira : public QMainWindow {
   void Actualiser();
   /// The same where no command of the user's is under way, and without waiting for anybody.
   void ActualiserAuRepos();
+  /// What says something of the whole directory follows it.
+  void SuivreDonnees();
+  void InviterSelonDonnees();
+  /// Shows a correspondent, in the whole list where the one on display has not got it.
+  void OuvrirFiche(Cle index);
+  /// Shows a category of the record on display, which stays selected.
+  void OuvrirCategorie(const QString &categorie);
+
   /// The list selects the record on display, whatever was asked for.
   void AccorderSelection();
 
@@ -128,4 +138,6 @@ class FrmVelmira : public QMainWindow {
   bool entreeAnnoncee_ = false;  ///< Enter is pressed in the list, and comes next
   const int niveau_;             ///< of the event loop that no command runs in
   qint64 changements_ = 0;       ///< of the database when it was shown last
+  /// The day and what had been written when the directory was last looked through.
+  std::tuple<QDate, qint64, qint64> suivi_;
 };

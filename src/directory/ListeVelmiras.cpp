@@ -53,6 +53,7 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
     return EstResultat() && lue != nullptr ? lue->Precision(cle, cherche_) : QString();
   });
   Brancher();
+  RelierAnniversaires();
   constexpr int kLargeurBulle = 80;
   Horloge &horloge = session.plateforme.horloge;
   PoserBulle(ui_->CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurBulle});
@@ -88,6 +89,19 @@ void ListeVelmiras::Brancher() {
   connect(ui_->CmdFavoris, &QToolButton::clicked, this, &ListeVelmiras::FavoriDemande);
   connect(ui_->CmdExcel, &QPushButton::clicked, this, &ListeVelmiras::ExportDemande);
   connect(ui_->CmdAnnExp, &QPushButton::clicked, this, &ListeVelmiras::ExportAbandonne);
+}
+
+void ListeVelmiras::RelierAnniversaires() {
+  ui_->LstAnniversaires->Relier(*session_);
+  ui_->LblAnniversaires->hide();
+  connect(ui_->LstAnniversaires, &ListeAnniversaires::Remplie, ui_->LblAnniversaires,
+          &QLabel::setVisible);
+  connect(ui_->LstAnniversaires, &ListeAnniversaires::Choisi, this,
+          &ListeVelmiras::AnniversaireChoisi);
+}
+
+void ListeVelmiras::LireAnniversaires() {
+  ui_->LstAnniversaires->Lire();
 }
 
 ArbreVelmiras &ListeVelmiras::Arbre() const {

@@ -81,6 +81,9 @@ class ListeVelmiras : public QWidget {
   /// Size in points of the font of the categories and of the tree.
   void ChangerTaillePolice(int points);
 
+  /// Looks for the next birthdays anew, of the whole directory.
+  void LireAnniversaires();
+
   ArbreVelmiras &Arbre() const;
   /// The category that is chosen, a pseudo-category too.
   QString Categorie() const;
@@ -91,12 +94,15 @@ class ListeVelmiras : public QWidget {
   /// A record has been clicked twice.
   void DoubleCliquee();
   void FavoriDemande();
+  /// Somebody whose birthday comes.
+  void AnniversaireChoisi(Cle index);
   /// The choice for the workbook has been made, or given up.
   void ExportDemande();
   void ExportAbandonne();
 
  private:
   void Brancher();
+  void RelierAnniversaires();
   /// Fills the tree with a list, or with what of it a search finds. What the combo shows follows,
   /// or goes back when that fails. False when the list stays as it is.
   bool Charger(const FiltreListe &filtre, const QString &cherche = {});

@@ -1,14 +1,20 @@
 #include "directory/PanneauFiche.h"
 
+#include "address/NomsProposes.h"
 #include "ui/CouleurNumero.h"
+#include "ui/DispositionFluide.h"
 #include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
 #include "ui/TexteExact.h"
 #include "ui_PanneauFiche.h"
 
+#include <QAction>
 #include <QEvent>
+#include <QGridLayout>
 #include <QToolButton>
+
+#include <initializer_list>
 
 using namespace Qt::StringLiterals;
 
@@ -21,6 +27,29 @@ QString AdresseMontrable(const QString &adresse) {
   return debut.size() < adresse.size() ? debut + u"\n..."_s : debut;
 }
 
+/// Gives a control its place even while it is hidden.
+void GarderPlace(QWidget *controle, bool garde = true) {
+  QSizePolicy politique = controle->sizePolicy();
+  politique.setRetainSizeWhenHidden(garde);
+  controle->setSizePolicy(politique);
+}
+
+void EtreAussiLargeQueSonTexte(QWidget *etiquette) {
+  etiquette->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+}
+
+/// By a sign too, for whom the colour says nothing.
+void MarquerListeRouge(QLabel *numero, QWidget *marque, bool rouge) {
+  marque->setVisible(rouge && !numero->isHidden());
+  numero->setAccessibleDescription(rouge ? u"Liste rouge"_s : u""_s);
+}
+
+/// The portrait's column takes what the address under it needs, or the portrait alone.
+void PartagerColonnes(QGridLayout &grille, bool large) {
+  grille.setColumnStretch(0, large ? 4 : 1);
+  grille.setColumnStretch(1, large ? 3 : 0);
+}
+
 }  // namespace
 
 PanneauFiche::PanneauFiche(QWidget *parent)
@@ -29,22 +58,76 @@ PanneauFiche::PanneauFiche(QWidget *parent)
   cmdTel_ = {ui_->CmdTel_0, ui_->CmdTel_1, ui_->CmdTel_2};
   for (QToolButton *bouton : cmdTel_) bouton->setIcon(Icone(u"call-start"));
   Grandir(ui_->LblName, 1.6, true);
-  for (QWidget *etiquette :
-       {static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
-    Colorer(etiquette, CouleurNumero(false, palette()));
-  for (QWidget *lien : {static_cast<QWidget *>(ui_->LblMail), static_cast<QWidget *>(ui_->LblWeb)})
-    Colorer(lien, palette().color(QPalette::Link));
+  Grandir(ui_->LblInitiales, 3);
+  for (QWidget *numero :
+       {static_cast<QWidget *>(ui_->Lblphone), static_cast<QWidget *>(ui_->LblPhoneT),
+        static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
+    EtreAussiLargeQueSonTexte(numero);
+  (new DispositionFluide(ui_->Categories))->setSpacing(4);
+  ui_->mnuCopierAdresse->setIcon(Icone(u"edit-copy"));
+  ui_->CmdCopierAdresse->setDefaultAction(ui_->mnuCopierAdresse);
+  addAction(ui_->mnuCopierAdresse);
+  PartagerColonnes(*ui_->Fiche, large_);
+  Colorier();
+  Brancher();
+  ui_->TxtComments->installEventFilter(this);
+  Vider();
+}
+
+void PanneauFiche::Colorier() {
+  const QColor discrete = EncreDiscrete(palette()), lien = palette().color(QPalette::Link);
+  for (QWidget *libelle : std::initializer_list<QWidget *>{
+           ui_->LblAge, ui_->LblAVenir, ui_->LblFete, ui_->LblDomicile, ui_->LblTravail,
+           ui_->LblPortable, ui_->LblTelecopie, ui_->LblCourriel, ui_->LblSite, ui_->LblCategories,
+           ui_->LblAccueil})
+    Colorer(libelle, discrete);
+  for (QWidget *numero : std::initializer_list<QWidget *>{ui_->LblPort, ui_->LblFax})
+    Colorer(numero, CouleurNumero(false, palette()));
+  for (QWidget *marque : std::initializer_list<QWidget *>{ui_->LblRougeTel, ui_->LblRougeTravail})
+    Colorer(marque, CouleurNumero(true, palette()));
+  for (QWidget *etiquette : std::initializer_list<QWidget *>{ui_->LblMail, ui_->LblWeb})
+    Colorer(etiquette, lien);
+}
+
+void PanneauFiche::Brancher() {
   const std::array<QLabel *, 3> numeros{ui_->Lblphone, ui_->LblPhoneT, ui_->LblPort};
   for (std::size_t i = 0; i < cmdTel_.size(); ++i)
     connect(cmdTel_[i], &QToolButton::clicked, this,
             [this, numero = numeros[i]] { emit AppelDemande(numero->text()); });
   connect(ui_->LblMail, &QLabel::linkActivated, this, &PanneauFiche::CourrielDemande);
   connect(ui_->LblWeb, &QLabel::linkActivated, this, &PanneauFiche::SiteDemande);
-  ui_->TxtComments->installEventFilter(this);
-  Vider();
+  connect(ui_->mnuCopierAdresse, &QAction::triggered, this, &PanneauFiche::CopierAdresse);
+  connect(ui_->CmdPremier, &QPushButton::clicked, this, &PanneauFiche::PremierDemande);
+  connect(ui_->CmdImporter, &QPushButton::clicked, this, &PanneauFiche::ImportDemande);
 }
 
 PanneauFiche::~PanneauFiche() = default;
+
+QAction *PanneauFiche::ActionCopierAdresse() const {
+  return ui_->mnuCopierAdresse;
+}
+
+void PanneauFiche::CopierAdresse() {
+  QLabel *adresse = adresseImportee_ ? ui_->LblAdresseR : ui_->LblAdresse;
+  Copier(*adresse, adresse->text());
+}
+
+void PanneauFiche::Inviter(Invitation invitation) {
+  invitation_ = invitation;
+  MajAccueil();
+}
+
+void PanneauFiche::MajAccueil() {
+  const bool vide = invitation_ == Invitation::Commencer;
+  ui_->Page->setVisible(montree_);
+  ui_->Accueil->setVisible(!montree_);
+  ui_->LblAccueil->setText(vide ? u"Votre répertoire est vide."_s
+                           : invitation_ == Invitation::Choisir
+                               ? u"Choisissez un correspondant dans la liste."_s
+                               : u""_s);
+  ui_->CmdPremier->setVisible(vide);
+  ui_->CmdImporter->setVisible(vide);
+}
 
 void PanneauFiche::Vider() {
   Montrer({}, {});
@@ -56,18 +139,47 @@ void PanneauFiche::Vider() {
 void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichage) {
   ui_->LblName->setText(fiche.NomVelmira);
   ui_->LblAge->setText(affichage.age);
+  ui_->LblAVenir->setText(affichage.avenir);
+  ui_->LblFete->setText(affichage.fete);
+  ui_->LblInitiales->setText(Initiales(fiche.NomVelmira));
   ui_->Lblphone->setText(fiche.Tel);
   ui_->LblPhoneT->setText(fiche.TelTravail);
   ui_->LblPort->setText(fiche.Portable);
   ui_->LblFax->setText(fiche.Fax);
   ui_->LblMail->setText(fiche.Mail);
   ui_->LblWeb->setText(fiche.Web);
-  Colorer(ui_->Lblphone, CouleurNumero(fiche.ListeRougeTel, palette()));
-  Colorer(ui_->LblPhoneT, CouleurNumero(fiche.ListeRougeTravail, palette()));
+  rougeTel_ = fiche.ListeRougeTel;
+  rougeTravail_ = fiche.ListeRougeTravail;
+  Colorer(ui_->Lblphone, CouleurNumero(rougeTel_, palette()));
+  Colorer(ui_->LblPhoneT, CouleurNumero(rougeTravail_, palette()));
   ui_->LblAdresse->setText(AdresseMontrable(affichage.adresse));
   ui_->LblAdresse->setAlignment(affichage.alignementAdresse | Qt::AlignTop);
   ui_->LblAdresseR->setText(AdresseMontrable(fiche.AdresseImportee));
+  MontrerCategories(fiche.Categories);
+  montree_ = fiche.Index != 0;
+  MajAccueil();
   MajAffichage();
+}
+
+void PanneauFiche::MontrerCategories(const QString &categories) {
+  const QStringList noms = categories.split(u'*', Qt::SkipEmptyParts);
+  QLayout *rang = ui_->Categories->layout();
+  while (QLayoutItem *element = rang->takeAt(0)) {
+    element->widget()->hide();
+    element->widget()->deleteLater();  // its click may be what has led here
+    delete element;
+  }
+  for (const QString &nom : noms) {
+    auto *lien = new EtiquetteLien(ui_->Categories);
+    lien->setObjectName(u"LblCategorie_%1"_s.arg(rang->count()));
+    lien->setText(nom);
+    lien->setToolTip(u"Afficher cette catégorie"_s);
+    Colorer(lien, palette().color(QPalette::Link));
+    connect(lien, &QLabel::linkActivated, this, &PanneauFiche::CategorieDemandee);
+    rang->addWidget(lien);
+    lien->show();
+  }
+  ui_->LblCategories->setVisible(!noms.isEmpty());
 }
 
 bool PanneauFiche::MontrerPhoto(const QString &chemin) {
@@ -76,6 +188,7 @@ bool PanneauFiche::MontrerPhoto(const QString &chemin) {
   ui_->Img->setVisible(montree);
   ui_->Shp->setVisible(montree);
   ui_->LblSansPhoto->hide();
+  ui_->LblInitiales->setVisible(!montree);
   return lue;
 }
 
@@ -84,6 +197,7 @@ void PanneauFiche::AnnoncerPhotoAbsente(const QString &chemin) {
       u"<p>La photo « %1 » ne peut pas être lue ici pour le moment.</p>"_s.arg(
           chemin.toHtmlEscaped()));
   ui_->LblSansPhoto->show();
+  ui_->LblInitiales->hide();
 }
 
 void PanneauFiche::MontrerAdresseImportee(bool importee) {
@@ -150,11 +264,35 @@ void PanneauFiche::MajAffichage() {
                                      {ui_->LblWeb, ui_->LblSite, nullptr}}};
   for (const Ligne &ligne : lignes) {
     const bool rempli = !ligne.valeur->text().isEmpty();
-    ligne.valeur->setVisible(rempli);
-    ligne.libelle->setVisible(rempli);
-    if (ligne.bouton != nullptr) ligne.bouton->setVisible(rempli && numerotation_);
+    for (QWidget *controle : {ligne.valeur, ligne.libelle}) {
+      GarderPlace(controle);
+      controle->setVisible(rempli);
+    }
+    if (ligne.bouton == nullptr) continue;
+    GarderPlace(ligne.bouton, numerotation_);
+    ligne.bouton->setVisible(rempli && numerotation_);
   }
+  MarquerListeRouge(ui_->Lblphone, ui_->LblRougeTel, rougeTel_);
+  MarquerListeRouge(ui_->LblPhoneT, ui_->LblRougeTravail, rougeTravail_);
   ui_->LblAdresse->setVisible(!adresseImportee_ && !ui_->LblAdresse->text().isEmpty());
   ui_->LblAdresseR->setVisible(adresseImportee_ && !ui_->LblAdresseR->text().isEmpty());
-  ui_->CadreAdresse->setVisible(!ui_->LblAdresse->isHidden() || !ui_->LblAdresseR->isHidden());
+  const bool adresse = !ui_->LblAdresse->isHidden() || !ui_->LblAdresseR->isHidden();
+  ui_->CadreAdresse->setVisible(adresse);
+  ui_->mnuCopierAdresse->setEnabled(adresse && montree_);
+}
+
+void PanneauFiche::resizeEvent(QResizeEvent *evenement) {
+  QWidget::resizeEvent(evenement);
+  Disposer();
+}
+
+void PanneauFiche::Disposer() {
+  constexpr int kLettres = 64;  // of numbers and address side by side
+  const bool large = width() >= fontMetrics().averageCharWidth() * kLettres;
+  if (large == large_) return;
+  large_ = large;
+  const int etendue = large ? 1 : 2;
+  ui_->Fiche->addWidget(ui_->Numeros, 1, 0, 1, etendue, Qt::AlignTop);
+  ui_->Fiche->addWidget(ui_->CadreAdresse, large ? 1 : 2, large ? 1 : 0, 1, etendue, Qt::AlignTop);
+  PartagerColonnes(*ui_->Fiche, large);
 }

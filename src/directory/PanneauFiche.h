@@ -7,13 +7,15 @@
 #include <array>
 #include <memory>
 
+class QAction;
 class QToolButton;
 
 namespace Ui {
 class PanneauFiche;
 }
 
-/// The record on display: what the record says, and nothing where it says nothing.
+/// The record on display: what the record says, and nothing where it says nothing. Each thing has
+/// its place for every record; where the panel is narrow the address stands under the numbers.
 class PanneauFiche : public QWidget {
   Q_OBJECT
 
@@ -21,12 +23,18 @@ class PanneauFiche : public QWidget {
   /// What the settings and the rules make of a record.
   struct Affichage {
     QString age;      ///< age, birth date or nothing
+    QString avenir;   ///< the next birthday or nothing
+    QString fete;     ///< the name day or nothing
     QString adresse;  ///< lines as on the envelope
     Qt::Alignment alignementAdresse = Qt::AlignLeft;
   };
 
   explicit PanneauFiche(QWidget *parent = nullptr);
   ~PanneauFiche() override;
+
+  /// What is said while no record is on display.
+  enum class Invitation { Rien, Choisir, Commencer };
+  void Inviter(Invitation invitation);
 
   void Vider();
   /// All but the notes and the portrait.
@@ -53,22 +61,43 @@ class PanneauFiche : public QWidget {
   void NotesPrises();
   void PrendreFocusNotes();
 
+  /// Copies the address that is shown; of use only while there is one. It acts by its keys
+  /// wherever the focus is in the window.
+  QAction *ActionCopierAdresse() const;
+
  signals:
   void NotesQuittees();
   /// A dial button beside a number.
   void AppelDemande(const QString &numero);
   void CourrielDemande(const QString &adresse);
   void SiteDemande(const QString &adresse);
+  /// A category of the record.
+  void CategorieDemandee(const QString &categorie);
+  /// What an empty directory begins with.
+  void PremierDemande();
+  void ImportDemande();
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
+  void resizeEvent(QResizeEvent *evenement) override;
 
  private:
+  void Brancher();
+  void Colorier();
+  void MontrerCategories(const QString &categories);
+  void CopierAdresse();
   /// Hides what is empty.
   void MajAffichage();
+  void MajAccueil();
+  /// Puts the address beside or under the numbers.
+  void Disposer();
 
   std::unique_ptr<Ui::PanneauFiche> ui_;
   std::array<QToolButton *, 3> cmdTel_{};
+  Invitation invitation_ = Invitation::Rien;
+  bool montree_ = false;  ///< a record is on display
+  bool large_ = true;     ///< the address stands beside the numbers
+  bool rougeTel_ = false, rougeTravail_ = false;
   bool adresseImportee_ = false;
   bool numerotation_ = false;
 };

@@ -89,6 +89,12 @@ qint64 Base::Changements() {
   return requete.Suivante() ? requete.Entier(0) : 0;
 }
 
+qint64 Base::Ecritures() {
+  if (!Ouverte()) return 0;
+  Requete requete(*this, u"SELECT total_changes()"_s);
+  return requete.Suivante() ? requete.Entier(0) : 0;
+}
+
 void Base::Attendre(std::chrono::milliseconds duree) {
   Requete(*this, u"PRAGMA busy_timeout=%1"_s.arg(duree.count())).Executer();
   attente_ = duree;

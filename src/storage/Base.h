@@ -70,6 +70,8 @@ class Base {
   /// A number that is another one once another connection has changed the file; 0 while none is
   /// open. Throws `ErreurBase`.
   qint64 Changements();
+  /// How many rows this connection itself has written. Throws `ErreurBase`.
+  qint64 Ecritures();
 
   /// How many transactions of this connection have been written since it was made.
   qint64 Ecritures() const { return ecritures_; }

@@ -120,6 +120,17 @@ void TableAdresse::Parcourir(const QString &condition,
   Visiter(requete, visiteur);
 }
 
+QList<Naissance> TableAdresse::Naissances(Cle apres, int nombre) const {
+  Requete requete(base_,
+                  u"SELECT [Index], NomVelmira, DDN, DataProt FROM Adresse WHERE [Index]>? "
+                  "ORDER BY [Index] LIMIT ?"_s);
+  requete.Lier(apres).Lier(nombre);
+  QList<Naissance> naissances;
+  while (requete.Suivante())
+    naissances.append({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
+  return naissances;
+}
+
 qsizetype TableAdresse::Nombre() const {
   Requete requete(base_, u"SELECT count(*) FROM Adresse"_s);
   requete.Suivante();

@@ -5,6 +5,7 @@
 #include "storage/Base.h"
 #include "storage/Lignes.h"
 
+#include <QList>
 #include <QStringList>
 
 #include <functional>
@@ -14,6 +15,12 @@
 struct EntreeListe {
   Cle Index = 0;
   QString NomVelmira, Categories, DataProt;
+};
+
+/// When somebody was born.
+struct Naissance {
+  Cle Index = 0;
+  QString NomVelmira, DDN, DataProt;
 };
 
 /// Adds a row; its key is given by the engine and returned. Throws `ErreurBase`.
@@ -51,6 +58,10 @@ class TableAdresse {
 
   /// The same as `PourChaque`, only those with a first address line.
   void PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const;
+
+  /// The births of the next `nombre` records behind a key, in the order of the keys; those without
+  /// a date too.
+  QList<Naissance> Naissances(Cle apres, int nombre) const;
 
   qsizetype Nombre() const;
   bool EstVide() const;

@@ -16,6 +16,13 @@ constexpr qsizetype kCaracteres = 1000;  // more never fits
 
 }  // namespace
 
+void DessinerFocus(QWidget &controle) {
+  QPainter dessin(&controle);
+  QStyleOptionFocusRect option;
+  option.initFrom(&controle);
+  controle.style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &dessin, &controle);
+}
+
 EtiquetteElidee::EtiquetteElidee(QWidget *parent) : QLabel(parent) {
   setTextFormat(Qt::PlainText);
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
@@ -43,6 +50,7 @@ void EtiquetteElidee::paintEvent(QPaintEvent *) {
   const QString ligne = fontMetrics().elidedText(Ligne(), Qt::ElideRight, contentsRect().width());
   style()->drawItemText(&dessin, contentsRect(), static_cast<int>(alignment() | Qt::TextSingleLine),
                         palette(), isEnabled(), ligne, foregroundRole());
+  if (hasFocus()) DessinerFocus(*this);
 }
 
 bool EtiquetteElidee::event(QEvent *evenement) {

@@ -2,6 +2,9 @@
 
 #include <QLabel>
 
+/// Draws around a control, while it is painted, that it has the focus.
+void DessinerFocus(QWidget &controle);
+
 /// A label of one line that never widens its window: what does not fit is cut with an ellipsis, and
 /// shown whole in its tip. `text()` stays whole.
 class EtiquetteElidee : public QLabel {

@@ -4,9 +4,6 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
 
 /// A label of one line that is a link as a whole: a click, Enter or the space bar gives its text by
 /// `linkActivated`. It is underlined while the mouse is over it.
@@ -32,14 +29,6 @@ class EtiquetteLien : public EtiquetteElidee {
     EtiquetteElidee::hideEvent(evenement);
     Souligner(false);  // nothing tells a hidden label that the mouse has left it
   }
-  void focusInEvent(QFocusEvent *evenement) override {
-    EtiquetteElidee::focusInEvent(evenement);
-    update();
-  }
-  void focusOutEvent(QFocusEvent *evenement) override {
-    EtiquetteElidee::focusOutEvent(evenement);
-    update();
-  }
   void mousePressEvent(QMouseEvent *evenement) override {
     evenement->setAccepted(evenement->button() == Qt::LeftButton);
   }
@@ -57,14 +46,6 @@ class EtiquetteLien : public EtiquetteElidee {
       default:
         EtiquetteElidee::keyPressEvent(evenement);
     }
-  }
-  void paintEvent(QPaintEvent *evenement) override {
-    EtiquetteElidee::paintEvent(evenement);
-    if (!hasFocus()) return;
-    QPainter dessin(this);
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &dessin, this);
   }
 
  private:

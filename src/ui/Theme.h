@@ -49,3 +49,11 @@ inline void Colorer(QWidget *etiquette, const QColor &couleur) {
   palette.setColor(QPalette::WindowText, couleur);
   etiquette->setPalette(palette);
 }
+
+/// An ink for what is less than the rest, and still read well.
+inline QColor EncreDiscrete(const QPalette &palette) {
+  const QColor encre = palette.color(QPalette::WindowText), fond = palette.color(QPalette::Window);
+  const auto canal = [](float de, float vers) { return de + (vers - de) * 0.25F; };
+  return QColor::fromRgbF(canal(encre.redF(), fond.redF()), canal(encre.greenF(), fond.greenF()),
+                          canal(encre.blueF(), fond.blueF()));
+}

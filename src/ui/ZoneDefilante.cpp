@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr int kLignesVoulues = 16, kLignesMinimum = 3;
+constexpr int kLignesMinimum = 6;
 
 }  // namespace
 
@@ -35,8 +35,7 @@ int ZoneDefilante::HauteurContenu() const {
 }
 
 QSize ZoneDefilante::sizeHint() const {
-  return {fontMetrics().averageCharWidth() * 20,
-          std::min(HauteurContenu(), kLignesVoulues * fontMetrics().lineSpacing())};
+  return {fontMetrics().averageCharWidth() * 20, HauteurContenu()};
 }
 
 QSize ZoneDefilante::minimumSizeHint() const {

@@ -2,9 +2,8 @@
 
 #include <QScrollArea>
 
-/// Shows what lies in it whole, by its layout: as high as it is up to a number of lines of text,
-/// and scrolled where it is higher or where there is less room. It has no ground of its own, and
-/// takes the focus only while there is something to scroll.
+/// Shows what lies in it whole, by its layout, and scrolls it where there is less room. It has no
+/// ground of its own, and takes the focus only while there is something to scroll.
 class ZoneDefilante : public QScrollArea {
   Q_OBJECT
 
