@@ -13,6 +13,8 @@
 
 #include <algorithm>
 
+using namespace Qt::StringLiterals;
+
 FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLoupe>()) {
   constexpr qsizetype kTitre = 80, kLisible = 200;  // characters; more would not fit the screen
   ui_->setupUi(this);
@@ -36,6 +38,7 @@ void FrmLoupe::MontrerNumero(QLabel *libelle, QLabel *valeur, const QString &num
                              bool listeRouge) {
   valeur->setText(numero);
   Colorer(valeur, CouleurNumero(listeRouge, palette()));
+  if (listeRouge) libelle->setText(libelle->text() + u" (liste rouge)"_s);
   libelle->setVisible(!numero.isEmpty());
   valeur->setVisible(!numero.isEmpty());
 }

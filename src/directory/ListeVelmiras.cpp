@@ -7,6 +7,7 @@
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
+#include "ui/Theme.h"
 #include "ui_ListeVelmiras.h"
 
 #include <QApplication>
@@ -93,6 +94,7 @@ void ListeVelmiras::Brancher() {
 
 void ListeVelmiras::RelierAnniversaires() {
   ui_->LstAnniversaires->Relier(*session_);
+  Colorer(ui_->LblAnniversaires, EncreDiscrete(palette()));
   ui_->LblAnniversaires->hide();
   connect(ui_->LstAnniversaires, &ListeAnniversaires::Remplie, ui_->LblAnniversaires,
           &QLabel::setVisible);
@@ -416,4 +418,5 @@ void ListeVelmiras::ChangerTaillePolice(int points) {
   font.setPointSize(points);
   ui_->TV->setFont(font);
   ui_->CboCat->setFont(font);
+  ui_->LstAnniversaires->setFont(font);
 }

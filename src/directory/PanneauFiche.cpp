@@ -3,6 +3,7 @@
 #include "address/NomsProposes.h"
 #include "ui/CouleurNumero.h"
 #include "ui/DispositionFluide.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Montrable.h"
@@ -14,6 +15,7 @@
 #include <QGridLayout>
 #include <QToolButton>
 
+#include <algorithm>
 #include <initializer_list>
 
 using namespace Qt::StringLiterals;
@@ -44,10 +46,18 @@ void MarquerListeRouge(QLabel *numero, QWidget *marque, bool rouge) {
   numero->setAccessibleDescription(rouge ? u"Liste rouge"_s : u""_s);
 }
 
+/// Puts a part of the record into a column, or across the whole panel.
+void Poser(QWidget &partie, QBoxLayout *colonne, int place, QGridLayout &grille, int rangee) {
+  if (colonne != nullptr)
+    colonne->insertWidget(place, &partie);
+  else
+    grille.addWidget(&partie, rangee, 0, 1, 2);
+}
+
 /// The portrait's column takes what the address under it needs, or the portrait alone.
 void PartagerColonnes(QGridLayout &grille, bool large) {
-  grille.setColumnStretch(0, large ? 4 : 1);
-  grille.setColumnStretch(1, large ? 3 : 0);
+  grille.setColumnStretch(0, large ? 3 : 1);
+  grille.setColumnStretch(1, large ? 2 : 0);
 }
 
 }  // namespace
@@ -63,11 +73,25 @@ PanneauFiche::PanneauFiche(QWidget *parent)
        {static_cast<QWidget *>(ui_->Lblphone), static_cast<QWidget *>(ui_->LblPhoneT),
         static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
     EtreAussiLargeQueSonTexte(numero);
+  // The two parts of the numbers in one column, wherever they stand.
+  const std::initializer_list<QLabel *> libelles{
+      ui_->LblDomicile, ui_->LblTravail, ui_->LblPortable,  ui_->LblTelecopie,
+      ui_->LblCourriel, ui_->LblSite,    ui_->LblCategories};
+  int largeur = 0;
+  for (const QLabel *libelle : libelles) largeur = std::max(largeur, libelle->sizeHint().width());
+  for (QLabel *libelle : libelles) {
+    libelle->setMinimumWidth(largeur);
+    GarderTaille(libelle);
+  }
+  constexpr int kLignesAdresse = 8;  // the title, and six of an address
+  ui_->CadreAdresse->setMinimumHeight(kLignesAdresse * fontMetrics().lineSpacing());
+  GarderTaille(ui_->CadreAdresse);
+  GarderPlace(ui_->CadreAdresse);
   (new DispositionFluide(ui_->Categories))->setSpacing(4);
   ui_->mnuCopierAdresse->setIcon(Icone(u"edit-copy"));
   ui_->CmdCopierAdresse->setDefaultAction(ui_->mnuCopierAdresse);
   addAction(ui_->mnuCopierAdresse);
-  PartagerColonnes(*ui_->Fiche, large_);
+  PartagerColonnes(*ui_->Fiche, false);
   Colorier();
   Brancher();
   ui_->TxtComments->installEventFilter(this);
@@ -79,7 +103,7 @@ void PanneauFiche::Colorier() {
   for (QWidget *libelle : std::initializer_list<QWidget *>{
            ui_->LblAge, ui_->LblAVenir, ui_->LblFete, ui_->LblDomicile, ui_->LblTravail,
            ui_->LblPortable, ui_->LblTelecopie, ui_->LblCourriel, ui_->LblSite, ui_->LblCategories,
-           ui_->LblAccueil})
+           ui_->LblTitreAdresse, ui_->LblAccueil})
     Colorer(libelle, discrete);
   for (QWidget *numero : std::initializer_list<QWidget *>{ui_->LblPort, ui_->LblFax})
     Colorer(numero, CouleurNumero(false, palette()));
@@ -287,12 +311,17 @@ void PanneauFiche::resizeEvent(QResizeEvent *evenement) {
 }
 
 void PanneauFiche::Disposer() {
-  constexpr int kLettres = 64;  // of numbers and address side by side
-  const bool large = width() >= fontMetrics().averageCharWidth() * kLettres;
-  if (large == large_) return;
-  large_ = large;
-  const int etendue = large ? 1 : 2;
-  ui_->Fiche->addWidget(ui_->Numeros, 1, 0, 1, etendue, Qt::AlignTop);
-  ui_->Fiche->addWidget(ui_->CadreAdresse, large ? 1 : 2, large ? 1 : 0, 1, etendue, Qt::AlignTop);
+  constexpr int kTroisColonnes = 64, kDeuxColonnes = 44;  // letters; the portrait's is one
+  const int lettres = width() / fontMetrics().averageCharWidth();
+  const Disposition voulue = lettres >= kTroisColonnes  ? Disposition::Large
+                             : lettres >= kDeuxColonnes ? Disposition::Etroite
+                                                        : Disposition::Serree;
+  if (voulue == disposition_) return;
+  disposition_ = voulue;
+  const bool large = voulue == Disposition::Large;
+  Poser(*ui_->LblName, large ? ui_->ColonneEntete : nullptr, 0, *ui_->Fiche, 0);
+  Poser(*ui_->Numeros, voulue == Disposition::Serree ? nullptr : ui_->Gauche, 1, *ui_->Fiche, 2);
+  Poser(*ui_->Liens, large ? ui_->Gauche : nullptr, 2, *ui_->Fiche, 3);
+  Poser(*ui_->CadreAdresse, large ? ui_->Droite : nullptr, 1, *ui_->Fiche, 4);
   PartagerColonnes(*ui_->Fiche, large);
 }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 
 class QAction;
 class QToolButton;
@@ -89,14 +90,16 @@ class PanneauFiche : public QWidget {
   /// Hides what is empty.
   void MajAffichage();
   void MajAccueil();
-  /// Puts the address beside or under the numbers.
+  /// Gives the parts of the record their places: wide, the address stands beside the numbers;
+  /// narrow, it stands under them; tight, the portrait has only the dates beside it.
   void Disposer();
 
   std::unique_ptr<Ui::PanneauFiche> ui_;
   std::array<QToolButton *, 3> cmdTel_{};
   Invitation invitation_ = Invitation::Rien;
   bool montree_ = false;  ///< a record is on display
-  bool large_ = true;     ///< the address stands beside the numbers
+  enum class Disposition { Large, Etroite, Serree };
+  std::optional<Disposition> disposition_;
   bool rougeTel_ = false, rougeTravail_ = false;
   bool adresseImportee_ = false;
   bool numerotation_ = false;

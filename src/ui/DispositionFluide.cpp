@@ -34,7 +34,7 @@ void DispositionFluide::setGeometry(const QRect &place) {
 int DispositionFluide::Poser(const QRect &place, bool poser) const {
   int x = 0, y = 0, ligne = 0;
   for (QLayoutItem *element : elements_) {
-    const QSize taille = element->sizeHint().boundedTo({place.width(), QWIDGETSIZE_MAX});
+    const QSize taille = element->widget()->sizeHint().boundedTo({place.width(), QWIDGETSIZE_MAX});
     if (x > 0 && x + taille.width() > place.width()) {
       x = 0;
       y += ligne + spacing();

@@ -62,6 +62,22 @@ TEST(Adresses, UnNomProposeLAutre) {
       });
 }
 
+// List, envelope, whether there is a birth date; the first name, and the initials.
+TEST(Adresses, PrenomsEtInitiales) {
+  Cas(R"(
+    Durand Paul | M. Paul Durand | non | Paul DP || Durand Paul | | non | DP || Durand Paul | | oui | Paul DP
+    DURAND Paul | | non | Paul DP || Durand, Anne-Lise | | non | Anne-Lise DA || Martin Paul | M. Martin Paul | oui | MP
+    Garage Martin | Garage Martin | non | GM || de La Fontaine Jean | M. Jean de La Fontaine | non | Jean FJ
+    Martin (voisin) | | oui | M || Paul | M. Paul | oui | P || Martin Odile et Paul | M. et Mme Paul Martin | non | MO
+    21 Club | | non | 2C || - ! | | non | || écho élan | | non | ÉÉ
+  )",
+      [](Rangee c) {
+        const QString prenom =
+            PrenomCertain(c[0], c[1], c[2] == u"oui"_s, {u"M."_s, u"M. et Mme"_s});
+        return (prenom + u' ' + Initiales(c[0])).trimmed();
+      });
+}
+
 TEST(Adresses, VillesDUnCode) {
   Cas(R"(
     Saint-Élie;Rezé | REZE;ST ELIE;STE ELIE;REZE | Saint-Élie;Rezé;STE ELIE || | L HAY;BAS | L HAY;BAS

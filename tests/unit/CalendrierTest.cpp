@@ -2,6 +2,7 @@
 
 #include "Outils.h"
 #include "alerts/Echeance.h"
+#include "calendar/Anniversaires.h"
 #include "calendar/Fetes.h"
 #include "calendar/JoursFeries.h"
 #include "platform/PageDeCode.h"
@@ -54,5 +55,28 @@ TEST(Calendrier, Echeances) {
         EXPECT_FALSE(ChercherAlertes(personnes, Date(c[3])).due);
         return echeance ? QString::number(echeance->EcartJours) + u' ' + OuiNon(echeance->Due())
                         : u"sans date"_s;
+      });
+}
+
+// Birth, today; the line of the foot and of the record. An alert of thirty days is due for the same.
+TEST(Calendrier, Anniversaires) {
+  const QLocale langue(QLocale::French, QLocale::France);
+  Cas(R"(
+    20/06/1960 | 15/06/2026 | sam. 20/06 · X · 66 ans, 66 ans le 20 juin, dans 5 jours
+    01/06/2025 | 31/05/2026 | demain · X · 1 an, 1 an demain || 01/06/1925 | 01/06/2026 | aujourd'hui · X · 101 ans, 101 ans aujourd'hui
+    01/01/1950 | 02/12/2026 | ven. 01/01 · X · 77 ans, 77 ans le 1er janvier, dans 30 jours
+    01/01/1950 | 01/12/2026 | ven. 01/01 · X · 77 ans, 77 ans le 1er janvier
+    29/02/1960 | 01/02/2027 | dim. 28/02 · X · 67 ans, 67 ans le 28 février, dans 27 jours
+    29/02/1960 | 01/02/2028 | mar. 29/02 · X · 68 ans, 68 ans le 29 février, dans 28 jours
+    14/06/1960 | 15/06/2026 | lun. 14/06 · X · 67 ans, 67 ans le 14 juin
+    15/06/2026 | 15/06/2026 | || 16/06/2026 | 15/06/2026 | || 31/04/1960 | 15/06/2026 | || vers 1950 | 15/06/2026 |
+  )",
+      [&](Rangee c) {
+        const auto prochain = ProchainAnniversaire(c[0], Date(c[1]));
+        if (!prochain) return u""_s;
+        EXPECT_EQ(EcheanceDe({.Date = c[0], .Annuel = true, .Delai = 30}, Date(c[1]))->Due(),
+                  prochain->dans <= 30);
+        QString ligne = LigneAnniversaire(*prochain, u"X"_s, true, langue);
+        return ligne.replace(u'·', u' ') + u", "_s + TexteAVenir(*prochain, langue);
       });
 }
