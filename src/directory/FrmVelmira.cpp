@@ -243,6 +243,7 @@ void FrmVelmira::BrancherFiche() {
   for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
     connect(modele, change, this, &FrmVelmira::MajMenuFiche);
   connect(modele, &QAbstractItemModel::modelReset, this, &FrmVelmira::MajMenuFiche);
+  ui_->mnuFiche->insertAction(ui_->mnuFavori, ui_->Fiche->ActionCopierAdresse());
   MajMenuFiche();
 }
 

@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 namespace {
 
 constexpr int kJours = 30;
-constexpr int kALaFois = 500;       // records; a few milliseconds
+constexpr int kALaFois = 500;         // records; a few milliseconds
 constexpr std::size_t kLignes = 200;  // more are not looked through
 
 }  // namespace

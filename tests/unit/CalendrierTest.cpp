@@ -58,7 +58,8 @@ TEST(Calendrier, Echeances) {
       });
 }
 
-// Birth, today; the line of the foot and of the record. An alert of thirty days is due for the same.
+// Birth, today; the line of the foot and of the record. An alert of thirty days is due for the
+// same.
 TEST(Calendrier, Anniversaires) {
   const QLocale langue(QLocale::French, QLocale::France);
   Cas(R"(
