@@ -207,7 +207,10 @@ void ChampsAdresse::PrendreFocus() {
 
 void ChampsAdresse::ChercherCode() {
   FrmCP dialogue(*boites_, appPath_, window());
-  if (dialogue.exec() != QDialog::Accepted || !dialogue.Choix()) return;
+  const bool accepte = dialogue.exec() == QDialog::Accepted;
+  // What comes next is to look at the town, or to type the code oneself.
+  (dialogue.Choix() ? static_cast<QWidget *>(ui_->CboVille) : ui_->Txt_5)->setFocus();
+  if (!accepte || !dialogue.Choix()) return;
   ui_->Txt_5->setText(dialogue.Choix()->Code());
   ui_->CboVille->setEditText(dialogue.Choix()->Ville());
 }

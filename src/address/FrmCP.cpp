@@ -3,6 +3,8 @@
 #include "ui/Brancheur.h"
 #include "ui_FrmCP.h"
 
+#include <QItemSelectionModel>
+
 using namespace Qt::StringLiterals;
 
 FrmCP::FrmCP(Boites &boites, const QString &appPath, QWidget *parent)
@@ -32,7 +34,12 @@ void FrmCP::Chercher() {
   QStringList lignes;
   for (const CodePostal &trouve : trouves_) lignes.append(trouve.ligne);
   ui_->LstCP->addItems(lignes);
-  if (trouves_.isEmpty()) boites_.Information(u"Echec de la recherche !"_s);
+  if (trouves_.isEmpty()) {
+    boites_.Information(u"Echec de la recherche !"_s);
+    return;
+  }
+  ui_->LstCP->setFocus();  // Enter takes the row, the first one as yet
+  ui_->LstCP->setCurrentRow(0, QItemSelectionModel::NoUpdate);
 }
 
 void FrmCP::Prendre() {
