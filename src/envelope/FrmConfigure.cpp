@@ -2,6 +2,7 @@
 
 #include "envelope/FormatsEnveloppe.h"
 #include "platform/Saisie.h"
+#include "ui/Abandon.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui/Theme.h"
@@ -17,6 +18,7 @@
 #include <chrono>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -97,10 +99,14 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
   for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB})
     connect(position, &QRadioButton::clicked, this, focus);
   connect(ui_->CmdQuitter, &QPushButton::clicked, this, &FrmConfigure::Confirmer);
-  connect(ui_->CmdAnnule, &QPushButton::clicked, this, &QDialog::reject);
+  connect(ui_->CmdAnnule, &QPushButton::clicked, this, [this] { QDialog::reject(); });
 }
 
 FrmConfigure::~FrmConfigure() = default;
+
+void FrmConfigure::reject() {
+  if (PeutAbandonner(boites_, *this)) QDialog::reject();
+}
 
 void FrmConfigure::Demander(Imprimante &imprimante) {
   const auto dire = [this](const QString &texte) {
@@ -210,6 +216,8 @@ void FrmConfigure::Dessiner() {
 }
 
 bool FrmConfigure::eventFilter(QObject *objet, QEvent *evenement) {
+  if (evenement->type() == QEvent::MouseButtonPress || evenement->type() == QEvent::FocusOut)
+    signe_.clear();
   if (evenement->type() != QEvent::KeyPress) return QDialog::eventFilter(objet, evenement);
   const QString frappe = static_cast<QKeyEvent *>(evenement)->text();
   if (objet == ui_->CboPrint) {
@@ -217,13 +225,24 @@ bool FrmConfigure::eventFilter(QObject *objet, QEvent *evenement) {
     ChercherImprimante(frappe);
     return true;
   }
-  if (frappe != u"+"_s && frappe != u"-"_s) return false;
   auto *champ = static_cast<QLineEdit *>(objet);
-  const int valeur = Valeur(champ) + (frappe == u"+"_s ? 1 : -1);
+  if (frappe == u"+"_s || frappe == u"-"_s) {
+    Compter(champ, frappe == u"+"_s ? 1 : -1);
+    signe_ = frappe;
+    return true;
+  }
+  const QString signe = std::exchange(signe_, {});
+  if (!signe.isEmpty() && !frappe.isEmpty() && frappe.front().isDigit())
+    champ->setText(signe == u"-"_s ? signe : QString());
+  return false;
+}
+
+void FrmConfigure::Compter(QLineEdit *champ, int pas) {
+  const int valeur = Valeur(champ) + pas;
   champ->setText(QString::number(valeur));
+  champ->setModified(true);
   // What is typed next takes the place of the digits: the sign may have been meant as one.
   champ->setSelection(valeur < 0 ? 1 : 0, static_cast<int>(champ->text().size()));
-  return true;
 }
 
 void FrmConfigure::Confirmer() {

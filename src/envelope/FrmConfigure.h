@@ -30,6 +30,10 @@ class FrmConfigure : public QDialog {
   /// The settings, once the dialog has been accepted.
   const ReglagesPlomex &Saisie() const { return plomex_; }
 
+ public slots:
+  /// Asks where something has been typed.
+  void reject() override;
+
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
@@ -45,9 +49,12 @@ class FrmConfigure : public QDialog {
   void EcrireIndice();
   /// Puts envelope and zones where the six fields say.
   void Dessiner();
+  /// Counts a field up or down by a key of its own.
+  void Compter(QLineEdit *champ, int pas);
   void Confirmer();
 
   Boites &boites_;
   std::unique_ptr<Ui::FrmConfigure> ui_;
   ReglagesPlomex plomex_;
+  QString signe_;  ///< the last key, where it has counted: it may begin a number instead
 };

@@ -4,6 +4,7 @@
 #include "directory/Repertoire.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "storage/Tables.h"
+#include "ui/Abandon.h"
 #include "ui/Accord.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
@@ -49,7 +50,7 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
 
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->CmdEcrire, &FrmNouveau::Ecrire);
-  brancher(ui_->CmdAnnule, &FrmNouveau::reject);
+  brancher(ui_->CmdAnnule, &FrmNouveau::Annuler);
   brancher(ui_->CmdNouveau, &FrmNouveau::CommencerNouveau);
   brancher(ui_->CmdModifie, &FrmNouveau::CommencerModification);
   brancher(ui_->CmdSupprime, &FrmNouveau::SupprimerExpediteur);
@@ -123,7 +124,10 @@ void FrmNouveau::Actualiser() {
 
 void FrmNouveau::showEvent(QShowEvent *evenement) {
   QDialog::showEvent(evenement);
-  if (mode_ == Mode::Expediteurs) ui_->CmdNouveau->setFocus();
+  if (mode_ == Mode::Expediteurs)
+    ui_->CmdNouveau->setFocus();
+  else
+    ui_->Champs->PrendreFocus();
 }
 
 void FrmNouveau::Ecrire() {
@@ -143,6 +147,10 @@ void FrmNouveau::Ecrire() {
 }
 
 void FrmNouveau::reject() {
+  if (PeutAbandonner(session_.plateforme.boites, *this)) Annuler();
+}
+
+void FrmNouveau::Annuler() {
   if (!enSaisie_) {
     QDialog::reject();
     return;
@@ -153,6 +161,10 @@ void FrmNouveau::reject() {
 }
 
 void FrmNouveau::closeEvent(QCloseEvent *evenement) {
+  if (!PeutAbandonner(session_.plateforme.boites, *this)) {
+    evenement->ignore();
+    return;
+  }
   Signaler(session_.plateforme.boites, [this] { RendreOption(); });
   enSaisie_ = false;
   QDialog::closeEvent(evenement);
@@ -171,7 +183,7 @@ void FrmNouveau::EnregistrerAdresse() {
   }
   Correspondant depart;
   ui_->Champs->Adresse().Reporter(depart);
-  repertoire_.Ajouter(this, {.depart = depart});
+  if (repertoire_.Ajouter(this, {.depart = depart})) OublierSaisie(*this);
 }
 
 void FrmNouveau::EnregistrerExpediteur() {
@@ -327,6 +339,7 @@ void FrmNouveau::Saisir(const QString &titre) {
   for (QPushButton *bouton : {ui_->CmdEcrire, ui_->CmdNouveau, ui_->CmdModifie, ui_->CmdSupprime})
     bouton->setEnabled(false);
   ui_->CmdEnregistre->setEnabled(true);
+  ui_->CmdEnregistre->setDefault(true);
 }
 
 void FrmNouveau::QuitterSaisie(const QString &titre) {
@@ -336,6 +349,7 @@ void FrmNouveau::QuitterSaisie(const QString &titre) {
   ui_->Champs->MontrerTitres(false);
   ui_->Champs->Verrouiller(true);
   ui_->CmdEcrire->setEnabled(true);
+  ui_->CmdEcrire->setDefault(true);
   ui_->CmdNouveau->setEnabled(true);
   const bool expediteurs = ui_->LstExp->count() > 1;
   ui_->CmdModifie->setEnabled(expediteurs);

@@ -28,7 +28,7 @@ class FrmNouveau : public QDialog {
   ~FrmNouveau() override;
 
  public slots:
-  /// Gives up the entry that is under way; without one the window closes.
+  /// The same as the button, but for a question where something has been typed.
   void reject() override;
 
  protected:
@@ -40,6 +40,8 @@ class FrmNouveau : public QDialog {
  private:
   void Preparer();
   void Ecrire();
+  /// Gives up the entry that is under way; without one the window closes.
+  void Annuler();
 
   void EnregistrerAdresse();
   void EnregistrerExpediteur();

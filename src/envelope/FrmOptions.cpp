@@ -1,6 +1,7 @@
 #include "envelope/FrmOptions.h"
 
 #include "envelope/Raccourci.h"
+#include "ui/Abandon.h"
 #include "ui/CochesLiees.h"
 #include "ui/Guillemet.h"
 #include "ui/SelectionAuFocus.h"
@@ -67,10 +68,14 @@ FrmOptions::FrmOptions(Boites &boites, const QStringList &polices, const Valeurs
     for (QRadioButton *alignement : alignements)
       connect(alignement, &QRadioButton::clicked, this, [this] { ui_->CmdQuitter->setFocus(); });
   connect(ui_->CmdQuitter, &QPushButton::clicked, this, &FrmOptions::Confirmer);
-  connect(ui_->CmdAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+  connect(ui_->CmdAnnuler, &QPushButton::clicked, this, [this] { QDialog::reject(); });
 }
 
 FrmOptions::~FrmOptions() = default;
+
+void FrmOptions::reject() {
+  if (PeutAbandonner(boites_, *this)) QDialog::reject();
+}
 
 void FrmOptions::showEvent(QShowEvent *evenement) {
   ZoneAuBesoin::TenirDansLEcran(*this, *evenement, {ui_->Blocs, ui_->Bas, ui_->RangNorme});

@@ -36,6 +36,10 @@ class FrmOptions : public QDialog {
   /// The settings, once the dialog has been accepted.
   const Valeurs &Saisie() const { return valeurs_; }
 
+ public slots:
+  /// Asks where something has been typed.
+  void reject() override;
+
  protected:
   void showEvent(QShowEvent *evenement) override;
 

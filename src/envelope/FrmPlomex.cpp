@@ -250,7 +250,7 @@ void FrmPlomex::ChoisirFormat(int index) {
 }
 
 void FrmPlomex::DemanderTaille() {
-  FrmTaille dialogue(etat_.LargeurEnv, etat_.HauteurEnv, this);
+  FrmTaille dialogue(session_.plateforme.boites, etat_.LargeurEnv, etat_.HauteurEnv, this);
   if (dialogue.exec() != QDialog::Accepted) {
     ui_->CboFormat->setCurrentIndex(format_);
     return;

@@ -1,6 +1,8 @@
 #include "envelope/FrmTaille.h"
 
+#include "platform/Boites.h"
 #include "platform/Saisie.h"
+#include "ui/Abandon.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui_FrmTaille.h"
 
@@ -22,8 +24,8 @@ Millimetres Taille(const QString &texte) {
 
 }  // namespace
 
-FrmTaille::FrmTaille(Millimetres largeur, Millimetres hauteur, QWidget *parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::FrmTaille>()) {
+FrmTaille::FrmTaille(Boites &boites, Millimetres largeur, Millimetres hauteur, QWidget *parent)
+    : QDialog(parent), boites_(boites), ui_(std::make_unique<Ui::FrmTaille>()) {
   ui_->setupUi(this);
   ui_->TxtL->setText(TexteTaille(largeur));
   ui_->TxtH->setText(TexteTaille(hauteur));
@@ -32,6 +34,10 @@ FrmTaille::FrmTaille(Millimetres largeur, Millimetres hauteur, QWidget *parent)
 }
 
 FrmTaille::~FrmTaille() = default;
+
+void FrmTaille::reject() {
+  if (PeutAbandonner(boites_, *this)) QDialog::reject();
+}
 
 Millimetres FrmTaille::Largeur() const {
   return Taille(ui_->TxtL->text());

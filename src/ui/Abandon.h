@@ -1,0 +1,12 @@
+#pragma once
+
+class Boites;
+class QWidget;
+
+/// Whether a window may go with what has been typed in it: asks where a field has been typed in
+/// since the program has filled it. For Escape and the close box; a button that says so needs no
+/// question. What was given up is asked about no more.
+bool PeutAbandonner(Boites &boites, QWidget &fenetre);
+
+/// What has been typed so far is kept elsewhere.
+void OublierSaisie(QWidget &fenetre);
