@@ -166,7 +166,8 @@ std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString 
   const auto sens =
       p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait : Orientation::Paysage;
   const QString nom = plis.size() == 1 ? u"Enveloppe"_s : u"Enveloppes"_s;
-  const auto document = imprimante.Ouvrir(appareil, {.nom = nom, .orientation = sens});
+  const auto document =
+      imprimante.Ouvrir(appareil, {.nom = nom, .orientation = sens, .recto = true});
   const auto nombre = static_cast<qsizetype>(plis.size());
   for (qsizetype rang = 0; rang < nombre; ++rang) {
     const auto &[etat, contenu] = plis[static_cast<std::size_t>(rang)];

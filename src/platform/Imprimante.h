@@ -73,6 +73,7 @@ struct DescriptionDocument {
   Orientation orientation = Orientation::Portrait;
   /// Left around its pages in a file, whose sheets have no margins of their own.
   Millimetres margeFichier{};
+  bool recto = false;  ///< each page on a sheet of its own, whatever the printer does by itself
 };
 
 class Imprimante {

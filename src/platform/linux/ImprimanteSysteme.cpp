@@ -152,6 +152,7 @@ class DocumentSysteme : public DocumentPeint {
         appareil_(std::move(appareil)),
         nom_(description.nom),
         orientation_(description.orientation),
+        recto_(description.recto),
         marges_(marges) {}
 
   Millimetres LargeurPage() const override {
@@ -165,7 +166,7 @@ class DocumentSysteme : public DocumentPeint {
     const auto contenu = Dessiner();
     if (!contenu) return {Issue::Echouee};
     try {
-      ServeurImpression().Envoyer(appareil_, nom_, *contenu);
+      ServeurImpression().Envoyer(appareil_, nom_, *contenu, recto_);
     } catch (const Erreur &erreur) {
       return {.raison = erreur.Texte()};
     }
@@ -198,6 +199,7 @@ class DocumentSysteme : public DocumentPeint {
   QString appareil_;
   QString nom_;
   Orientation orientation_;
+  bool recto_;
   QMarginsF marges_;
 };
 

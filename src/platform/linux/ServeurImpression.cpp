@@ -176,7 +176,8 @@ std::optional<QMarginsF> ServeurImpression::MargesA4(const QString &file) {
   return QMarginsF(feuille.left, feuille.top, feuille.right, feuille.bottom) / kParMillimetre;
 }
 
-void ServeurImpression::Envoyer(const QString &file, const QString &titre, const QByteArray &pdf) {
+void ServeurImpression::Envoyer(const QString &file, const QString &titre, const QByteArray &pdf,
+                                bool recto) {
   if (liaison_ == nullptr) throw Echec(file, PanneMuette(), {});
   Patienter();
   const Destination destination(liaison_.get(), file);
@@ -192,6 +193,7 @@ void ServeurImpression::Envoyer(const QString &file, const QString &titre, const
            destination.File()->options, static_cast<std::size_t>(destination.File()->num_options)))
     nombre = cupsAddOption(option.name, option.value, nombre, &options);
   nombre = cupsAddOption(CUPS_MEDIA, CUPS_MEDIA_A4, nombre, &options);
+  if (recto) nombre = cupsAddOption(CUPS_SIDES, CUPS_SIDES_ONE_SIDED, nombre, &options);
   int travail = 0;
   const ipp_status_t statut =
       cupsCreateDestJob(liaison_.get(), destination.File(), destination.Capacites(), &travail,

@@ -39,8 +39,9 @@ class ServeurImpression {
 
   /// Hands a document over. Throws `Erreur` also where the queue is gone, out of service or refuses
   /// it, or where the job has failed within its first moments; nothing of it stays in the queue
-  /// then. What becomes of it later is not known.
-  void Envoyer(const QString &file, const QString &titre, const QByteArray &pdf);
+  /// then. What becomes of it later is not known. `recto` prints one side of each sheet, whatever
+  /// the user has chosen for this printer.
+  void Envoyer(const QString &file, const QString &titre, const QByteArray &pdf, bool recto);
 
  private:
   class Destination;
