@@ -136,6 +136,9 @@ void Programme::Charger() {
 
 void Programme::BrancherFenetres() {
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
+  connect(velmira_.get(), &FrmVelmira::EnveloppesDeCategorieDemandees, this,
+          Garde(session_.plateforme.boites,
+                [this](const QString &categorie) { VersEnveloppesDeCategorie(categorie); }));
   connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
   Boites &boites = session_.plateforme.boites;
   const auto alertes = [this, &boites](QWidget *fenetre) {
@@ -221,6 +224,21 @@ void Programme::PasserLentement() {
 
 void Programme::VersEnveloppes(Cle fiche, const AdresseComposee &adresse) {
   plomex_->MontrerAdresse(adresse, fiche);
+  PasserAuxEnveloppes();
+}
+
+void Programme::VersEnveloppesDeCategorie(const QString &categorie) {
+  const ModeleListe &modele = velmira_->Liste().Arbre().Modele();
+  QList<NoeudListe> montres;
+  for (int i = 0; i < modele.rowCount(modele.Racine()); ++i) {
+    const QModelIndex noeud = modele.index(i, 0, modele.Racine());
+    montres.append({Texte(noeud), noeud.data(Qt::UserRole).toLongLong()});
+  }
+  PasserAuxEnveloppes();
+  plomex_->ImprimerCategorie(categorie, montres);
+}
+
+void Programme::PasserAuxEnveloppes() {
   Centrer(*plomex_, *velmira_);
   MettreDevant(*plomex_);
   PasserLentement();

@@ -43,6 +43,9 @@ class Programme : public QObject {
   /// Makes visible again what a run that died while hiding has left hidden.
   void RendreMarques();
   void VersEnveloppes(Cle fiche, const AdresseComposee &adresse);
+  void VersEnveloppesDeCategorie(const QString &categorie);
+  /// The envelope window takes the place of the directory's.
+  void PasserAuxEnveloppes();
   void VersRepertoire();
   /// The pause between the two windows, where the user has asked for it.
   void PasserLentement();

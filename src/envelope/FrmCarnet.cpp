@@ -14,7 +14,11 @@
 #include "ui/Theme.h"
 #include "ui_FrmCarnet.h"
 
+#include <QShortcut>
 #include <QSignalBlocker>
+
+#include <algorithm>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -46,6 +50,7 @@ FrmCarnet::FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &c
   ui_->LstNomC->setVisible(plusieurs);
   ui_->CmdTous->setVisible(plusieurs);
   ui_->CmdAucun->setVisible(plusieurs);
+  ui_->LblCompte->setVisible(plusieurs);
   ui_->LblNoms->setBuddy(Noms());
   RemplirCategories();
   Brancher();
@@ -61,13 +66,11 @@ void FrmCarnet::Brancher() {
   brancher(ui_->CmdModifier, &FrmCarnet::Modifier);
   brancher(ui_->CmdSupprime, &FrmCarnet::Supprimer);
   brancher(ui_->CmdAnnuler, &FrmCarnet::reject);
-  const auto cocherTout = [this](Qt::CheckState etat) {
-    const QSignalBlocker silence(ui_->LstNomC);
-    for (int i = 0; i < ui_->LstNomC->count(); ++i) ui_->LstNomC->item(i)->setCheckState(etat);
-    MontrerAdresse();
-  };
-  brancher(ui_->CmdTous, [cocherTout] { cocherTout(Qt::Checked); });
-  brancher(ui_->CmdAucun, [cocherTout] { cocherTout(Qt::Unchecked); });
+  brancher(ui_->CmdTous, [this] { CocherTout(Qt::Checked); });
+  brancher(ui_->CmdAucun, [this] { CocherTout(Qt::Unchecked); });
+  if (mode_ == Mode::Plusieurs)
+    connect(new QShortcut(QKeySequence(QKeySequence::SelectAll), this), &QShortcut::activated,
+            ui_->CmdTous, &QPushButton::click);
   brancher(ui_->LstCat, &QListWidget::currentRowChanged, &FrmCarnet::ChoisirCategorie);
   brancher(Noms(), &QListWidget::itemSelectionChanged, &FrmCarnet::MontrerAdresse);
   brancher(Noms(), &QListWidget::itemChanged, [this](QListWidgetItem *element) {
@@ -79,7 +82,32 @@ void FrmCarnet::Brancher() {
 
 void FrmCarnet::showEvent(QShowEvent *evenement) {
   QDialog::showEvent(evenement);
-  ui_->EtqA->setFocus();
+  const bool aChoisir = entieres_ && montres_.isEmpty() && Categorie() == ToutesCategories();
+  (aChoisir ? ui_->LstCat : Noms())->setFocus();
+}
+
+void FrmCarnet::CocherCategorie(const QString &categorie, const QList<NoeudListe> &montres) {
+  entieres_ = true;
+  const QList<QListWidgetItem *> rangs = ui_->LstCat->findItems(categorie, Qt::MatchExactly);
+  {
+    const QSignalBlocker silence(ui_->LstCat);
+    ui_->LstCat->setCurrentRow(rangs.isEmpty() ? 0 : ui_->LstCat->row(rangs.first()));
+  }
+  ChoisirCategorie(ui_->LstCat->currentRow());
+  if (!rangs.isEmpty()) return;
+  montres_ = montres;
+  QSet<Cle> cles;
+  for (const NoeudListe &montre : montres_) cles.insert(montre.index);
+  const QSignalBlocker silence(ui_->LstNomC);
+  for (int i = 0; i < ui_->LstNomC->count(); ++i)
+    if (!cles.contains(Index(ui_->LstNomC->item(i))))
+      ui_->LstNomC->item(i)->setCheckState(Qt::Unchecked);
+  Compter();
+}
+
+QString FrmCarnet::Categorie() const {
+  const QListWidgetItem *categorie = ui_->LstCat->currentItem();
+  return categorie == nullptr ? QString() : categorie->text();
 }
 
 QListWidget *FrmCarnet::Noms() const {
@@ -109,22 +137,39 @@ void FrmCarnet::RemplirCategories() {
 
 void FrmCarnet::ChoisirCategorie(int rang) {
   categorie_ = std::max(0, rang);
+  montres_.clear();
   Noms()->clear();
   RemplirNoms();
+  if (entieres_) CocherTout(Qt::Checked);
+}
+
+void FrmCarnet::CocherTout(Qt::CheckState etat) {
+  {
+    const QSignalBlocker silence(ui_->LstNomC);
+    for (int i = 0; i < ui_->LstNomC->count(); ++i) ui_->LstNomC->item(i)->setCheckState(etat);
+  }
+  MontrerAdresse();
+}
+
+void FrmCarnet::Compter() {
+  const qsizetype coches = Coches().size();
+  ui_->LblCompte->setText(u"%1 sur %2"_s.arg(coches == 0   ? u"Aucun coché"_s
+                                             : coches == 1 ? u"1 coché"_s
+                                                           : u"%1 cochés"_s.arg(coches),
+                                             QString::number(ui_->LstNomC->count())));
 }
 
 void FrmCarnet::RemplirNoms() {
   const Sablier sablier;
   const Cle choisi = Choisi();
   const QSet<Cle> coches = Coches();
-  const auto *categorie = ui_->LstCat->currentItem();
+  const QString categorie = Categorie();
   {
     const QSignalBlocker silence(Noms());
     Noms()->clear();
-    if (categorie != nullptr && session_.base.Ouverte())
-      for (const NoeudListe &nom :
-           ListerAdresses(TableAdresse(session_.base),
-                          {categorie->text(), u""_s, session_.plateforme.utilisateur})) {
+    if (!categorie.isEmpty() && session_.base.Ouverte())
+      for (const NoeudListe &nom : ListerAdresses(
+               TableAdresse(session_.base), {categorie, u""_s, session_.plateforme.utilisateur})) {
         auto *element = new QListWidgetItem(nom.texte, Noms());
         element->setData(Qt::UserRole, nom.index);
         if (mode_ == Mode::Plusieurs)
@@ -144,6 +189,7 @@ void FrmCarnet::MontrerAdresse() {
     if (const auto fiche = TableAdresse(session_.base).Lire(Index(choisis.first())))
       adresse_ = ComposerAdresse(AdresseSaisie::De(*fiche));
   ui_->EtqA->setText(MettreEnLignes(adresse_, Role::Destinataire, session_.reglages).texte);
+  if (mode_ == Mode::Plusieurs) Compter();
 }
 
 void FrmCarnet::Ouvrir() {
@@ -182,7 +228,24 @@ void FrmCarnet::OuvrirPlusieurs() {
         u"Aucune enveloppe ne sera imprimée pour :\n\n"_s + disparus.join(u'\n') +
         u"\n\nCe qui était coché ici a été supprimé ou protégé entre-temps par un autre "
         "utilisateur."_s);
+  sansAdresse_ = ChercherSansAdresse();
   accept();
+}
+
+QStringList FrmCarnet::ChercherSansAdresse() const {
+  // Whoever has ticked some of them has made a choice of his own.
+  if (montres_.isEmpty() && Coches().size() != ui_->LstNomC->count()) return {};
+  QSet<Cle> offerts;
+  for (int i = 0; i < ui_->LstNomC->count(); ++i) offerts.insert(Index(ui_->LstNomC->item(i)));
+  const FiltreListe filtre{Categorie(), u""_s, session_.plateforme.utilisateur};
+  QList<NoeudListe> voulus = montres_;
+  if (voulus.isEmpty())
+    for (const NoeudListe &membre : ListerVelmiras(TableAdresse(session_.base), filtre))
+      voulus.append(membre);
+  QStringList noms;
+  for (const NoeudListe &voulu : voulus)
+    if (!offerts.contains(voulu.index)) noms.append(voulu.texte);
+  return noms;
 }
 
 void FrmCarnet::Modifier() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "address/ChaineAdresse.h"
+#include "directory/Liste.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
@@ -28,6 +29,10 @@ class FrmCarnet : public QDialog {
   FrmCarnet(Session &session, Repertoire &repertoire, Mode mode, int &categorie, QWidget *parent);
   ~FrmCarnet() override;
 
+  /// For a dialog for several: ticks all in a category, and in any that is chosen from here on;
+  /// `montres` stand for it where it is none of the book's, but what a search has found.
+  void CocherCategorie(const QString &categorie, const QList<NoeudListe> &montres);
+
   /// The address that was picked, once a dialog for one has been accepted.
   const AdresseComposee &Adresse() const { return adresse_; }
   /// Key of the chosen name, 0 for none.
@@ -35,6 +40,8 @@ class FrmCarnet : public QDialog {
 
   /// The addresses that were ticked, in the order of the list.
   const QList<AdresseComposee> &Adresses() const { return adresses_; }
+  /// Where a whole category was ticked: who is in it and has no address.
+  const QStringList &SansAdresse() const { return sansAdresse_; }
 
  public slots:
   /// The directory gets its selection back.
@@ -48,13 +55,17 @@ class FrmCarnet : public QDialog {
   void RemplirCategories();
   void ChoisirCategorie(int rang);
   void RemplirNoms();
+  void CocherTout(Qt::CheckState etat);
+  void Compter();
   void MontrerAdresse();
   void Ouvrir();
   void OuvrirPlusieurs();
+  QStringList ChercherSansAdresse() const;
   void Modifier();
   void Supprimer();
   QListWidget *Noms() const;
   QSet<Cle> Coches() const;
+  QString Categorie() const;
 
   Session &session_;
   Repertoire &repertoire_;
@@ -64,4 +75,7 @@ class FrmCarnet : public QDialog {
   Cle selection_;  ///< of the directory when the book was opened
   AdresseComposee adresse_;
   QList<AdresseComposee> adresses_;
+  QStringList sansAdresse_;
+  bool entieres_ = false;      ///< a category is ticked when it is chosen
+  QList<NoeudListe> montres_;  ///< what the directory had found, until a category is chosen
 };

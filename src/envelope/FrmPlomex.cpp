@@ -16,6 +16,7 @@
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
+#include "ui/CompteRendu.h"
 #include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
@@ -24,8 +25,10 @@
 #include "ui/Sablier.h"
 #include "ui_FrmPlomex.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QFontDatabase>
+#include <QKeyEvent>
 #include <QScopeGuard>
 
 #include <optional>
@@ -62,6 +65,7 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
       zones_(session, etat_, ui_->Enveloppe) {
   setWindowIcon(IconeProgramme());
   RemplirBarre();
+  ui_->Fait->Relier(session_.plateforme, *this);
   Brancher();
   Charger();
 }
@@ -73,8 +77,6 @@ FrmPlomex::~FrmPlomex() {
 void FrmPlomex::Brancher() {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->CboFormat, &QComboBox::activated, &FrmPlomex::ChoisirFormat);
-  brancher(ui_->LblDocument, &QLabel::linkActivated,
-           [this](const QString &chemin) { session_.plateforme.coquille.Ouvrir(chemin); });
   brancher(ui_->mnuAccueil, &FrmPlomex::RepertoireDemande);
   brancher(ui_->mnuQuitter, &FrmPlomex::close);
   brancher(ui_->mnuNouvAdresse, [this] { SaisirAdresse(FrmNouveau::Mode::Adresse); });
@@ -90,7 +92,7 @@ void FrmPlomex::Brancher() {
       session_, etat_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
                                     ui_->mnuAnnCom, ui_->mnuIntComMult});
-  tirage_ = std::make_unique<Tirage>(session_, zones_, *commentaire_, ui_->LblDocument);
+  tirage_ = std::make_unique<Tirage>(session_, zones_, *commentaire_, *ui_->Fait);
   brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
   ui_->Enveloppe->addAction(ui_->mnuInsCom);
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -103,8 +105,14 @@ void FrmPlomex::Charger() {
   QFont chasseFixe;  // blanks make the columns of the list
   chasseFixe.setFamilies(QFontDatabase::systemFont(QFontDatabase::FixedFont).families());
   ui_->CboFormat->setFont(chasseFixe);
+  constexpr int kIcone = 16;
+  PoserIcone(ui_->IcoImprimante, Icone(u"document-print"), kIcone);
+  PoserIcone(ui_->IcoOrientation, Icone(u"page-simple"), kIcone);
+  PoserIcone(ui_->IcoPolice, Icone(u"draw-text"), kIcone);
+  PoserIcone(ui_->IcoRaccourci, Icone(u"input-keyboard"), kIcone);
+  ui_->CmdConfigure->setDefaultAction(ui_->mnuConfigure);
+  ui_->CmdOptions->setDefaultAction(ui_->mnuOptions);
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
-  ui_->LblDocument->hide();
   Signaler(session_.plateforme.boites, [this] { CompleterNoms(); });
   zones_.ViderAdresse();
   Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });
@@ -199,34 +207,41 @@ void FrmPlomex::RemplirBarre() {
   };
   BarreBoutons &barre = *ui_->Barre;
   barre.Preparer(session_.plateforme, u"BTPH"_s);
-  barre.Ajouter(0, {u"document-new", u"Nouvelle adresse"_s,
-                    puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Adresse); })});
-  barre.Ajouter(1, {u"view-pim-contacts", u"Carnet d'adresses"_s,
-                    puisFocus([this] { ChoisirDansCarnet(); })});
+  const auto ajouter = [&](int numero, const char16_t *icone, const QString &texte,
+                           std::function<void()> executer, const QAction *menu = nullptr) {
+    return barre.Ajouter(numero, {icone, texte, std::move(executer), texte, kBulleBleue,
+                                  menu == nullptr ? QKeySequence() : menu->shortcut()});
+  };
+  imprimer_ = ajouter(3, u"document-print", u"Imprimer"_s, puisFocus([this] { Imprimer(); }),
+                      ui_->mnuImprime);
+  ajouter(8, u"document-print-preview", u"Vue avant impression"_s, puisFocus([this] { Apercu(); }),
+          ui_->mnuApercu);
   barre.Separer();
-  barre.Ajouter(2, {u"application-exit", u"Quitter ?"_s, [this] { close(); }});
-  imprimer_ =
-      barre.Ajouter(3, {u"document-print", u"Imprimer"_s, puisFocus([this] { Imprimer(); })});
-  barre.Ajouter(4, {u"help-contents", u"Aide"_s, puisFocus([this] {
-                      OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath,
-                                 SommaireAide());
-                    })});
+  ajouter(1, u"view-pim-contacts", u"Carnet d'adresses"_s,
+          puisFocus([this] { ChoisirDansCarnet(); }), ui_->mnuCarnet);
+  ajouter(0, u"document-new", u"Nouvelle adresse"_s,
+          puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Adresse); }), ui_->mnuNouvAdresse);
+  ajouter(5, u"user-identity", u"Expéditeur"_s,
+          puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); }));
+  ajouter(7, u"edit-comment", u"Ajouter un commentaire"_s,
+          puisFocus([this] { commentaire_->Inserer(); }));
   barre.Separer();
-  barre.Ajouter(5, {u"user-identity", u"Expéditeur"_s,
-                    puisFocus([this] { SaisirAdresse(FrmNouveau::Mode::Expediteurs); })});
-  barre.Ajouter(6, {u"go-home", u"Accueil Velmira"_s, [this] { emit RepertoireDemande(); }});
-  barre.Ajouter(7, {u"edit-comment", u"Ajouter un commentaire"_s,
-                    puisFocus([this] { commentaire_->Inserer(); })});
-  barre.Ajouter(
-      8, {u"document-print-preview", u"Vue avant impression"_s, puisFocus([this] { Apercu(); })});
+  ajouter(
+      6, u"go-home", u"Accueil Velmira"_s, [this] { emit RepertoireDemande(); }, ui_->mnuAccueil);
+  ajouter(9, u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); }));
+  ajouter(10, u"appointment-reminder", u"Module Alertes"_s,
+          puisFocus([this] { emit AlertesDemandees(); }));
+  ajouter(11, u"note", u"Memora"_s, [this] {
+    RendreFocus();  // it is there again when the menu has gone
+    ui_->Barre->Derouler(mnuInv3_);
+  });
   barre.Separer();
-  barre.Ajouter(9, {u"contact-new", u"Nouveau velmira"_s, puisFocus([this] { NouveauVelmira(); })});
-  barre.Ajouter(10, {u"appointment-reminder", u"Module Alertes"_s,
-                     puisFocus([this] { emit AlertesDemandees(); })});
-  barre.Ajouter(11, {u"note", u"Memora"_s, [this] {
-                       RendreFocus();  // it is there again when the menu has gone
-                       ui_->Barre->Derouler(mnuInv3_);
-                     }});
+  ajouter(4, u"help-contents", u"Aide"_s, puisFocus([this] {
+            OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath, SommaireAide());
+          }));
+  barre.Ecarter();
+  ajouter(
+      2, u"application-exit", u"Quitter ?"_s, [this] { close(); }, ui_->mnuQuitter);
 }
 
 void FrmPlomex::RendreFocus() {
@@ -283,6 +298,14 @@ void FrmPlomex::ImprimerPlusieurs() {
       "adresses à imprimer (assurez-vous d'avoir un nombre suffisant d'enveloppes dans votre "
       "bac).\n\n"
       "o -   Cliquez ensuite sur le bouton\"Ecrire\"."_s);
+  ImprimerCoches(false, [](FrmCarnet &) {});
+}
+
+void FrmPlomex::ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres) {
+  ImprimerCoches(true, [&](FrmCarnet &carnet) { carnet.CocherCategorie(categorie, montres); });
+}
+
+void FrmPlomex::ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer) {
   etat_.ImpressionMultiple = true;
   const auto fin = qScopeGuard([this] {
     etat_.ImpressionMultiple = false;
@@ -290,10 +313,11 @@ void FrmPlomex::ImprimerPlusieurs() {
   });
   commentaire_->MajEtiquette();
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
+  preparer(carnet);
   if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
   auto refus = qScopeGuard([this, avant = zones_.Montree()] { zones_.Remontrer(avant); });
   ImpressionMultiple run(session_, zones_, *tirage_, this);
-  if (!run.Imprimer(carnet.Adresses())) return;
+  if (!run.Imprimer({carnet.Adresses(), carnet.SansAdresse(), dUnTrait})) return;
   refus.dismiss();
   zones_.ViderAdresse();
   if (session_.reglages.plomex.Minimise) showMinimized();
@@ -380,6 +404,17 @@ bool FrmPlomex::event(QEvent *evenement) {
       zones_.Actualiser();
     });
   return traite;
+}
+
+void FrmPlomex::keyPressEvent(QKeyEvent *evenement) {
+  const int touche = evenement->key();
+  const bool entree = touche == Qt::Key_Return || touche == Qt::Key_Enter;
+  if (!entree || evenement->isAutoRepeat() || !ui_->Enveloppe->Adresse()->hasFocus() ||
+      zones_.EstVide()) {
+    QMainWindow::keyPressEvent(evenement);
+    return;
+  }
+  Signaler(session_.plateforme.boites, [this] { Imprimer(); });
 }
 
 void FrmPlomex::closeEvent(QCloseEvent *evenement) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Liste.h"
 #include "envelope/EtatEnveloppe.h"
 #include "envelope/FrmNouveau.h"
 #include "envelope/ZonesEnveloppe.h"
@@ -8,9 +9,11 @@
 #include <QMainWindow>
 #include <QShortcut>
 
+#include <functional>
 #include <memory>
 
 class CommandesCommentaire;
+class FrmCarnet;
 class Repertoire;
 class Tirage;
 class QToolButton;
@@ -31,6 +34,11 @@ class FrmPlomex : public QMainWindow {
   /// of the correspondent whom it was read of, whose later changes are shown.
   void MontrerAdresse(const AdresseComposee &adresse, Cle fiche);
 
+  /// Opens the address book on a category with all in it ticked, and prints their envelopes as one
+  /// document. `montres` are those whom the directory shows, for a category that is the result of a
+  /// search.
+  void ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres);
+
   /// The menu "?", whose commands the program brings.
   QMenu *mnuAide() const;
 
@@ -45,6 +53,8 @@ class FrmPlomex : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent *evenement) override;
   bool event(QEvent *evenement) override;
+  /// Enter prints the address that has the focus.
+  void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
   void Charger();
@@ -67,6 +77,8 @@ class FrmPlomex : public QMainWindow {
   void SaisirAdresse(FrmNouveau::Mode mode);
   void ChoisirDansCarnet();
   void ImprimerPlusieurs();
+  /// Lets the user tick in the book, which `preparer` has made ready, and prints.
+  void ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer);
   void NouveauVelmira();
 
   void Imprimer();

@@ -7,17 +7,31 @@
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
-bool ImpressionMultiple::Imprimer(const QList<AdresseComposee> &adresses) {
+bool ImpressionMultiple::Imprimer(const SerieEnveloppes &serie) {
   QList<LignesAdresse> lignes;
-  for (const AdresseComposee &adresse : adresses)
+  for (const AdresseComposee &adresse : serie.adresses)
     lignes.append(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
   const auto appareil = tirage_.Appareil();
-  if (!appareil) return false;
-  return *appareil == Imprimante::NomPdf() ? Enregistrer(lignes)
-                                           : ImprimerUneAUne(*appareil, lignes);
+  if (!appareil || !Confirmer(*appareil, serie)) return false;
+  const bool ensemble = serie.dUnTrait || *appareil == Imprimante::NomPdf();
+  imprimees_ = 0;
+  const auto fin =
+      ensemble ? ImprimerDUnTrait(*appareil, lignes) : ImprimerUneAUne(*appareil, lignes);
+  if (fin) tirage_.Dire(*fin, imprimees_, serie.sansAdresse);
+  return fin.has_value();
 }
 
-bool ImpressionMultiple::Enregistrer(const QList<LignesAdresse> &lignes) {
+bool ImpressionMultiple::Confirmer(const QString &appareil, const SerieEnveloppes &serie) {
+  constexpr qsizetype kCourte = 10;  // no loss when it was not meant
+  const qsizetype nombre = serie.adresses.size();
+  if (nombre <= kCourte && !serie.dUnTrait) return true;
+  return session_.plateforme.boites.Question(
+             Boites::Titre(), u"Imprimer %1 sur « %2 » ?"_s.arg(CombienDEnveloppes(nombre),
+                                                                appareil)) == Boites::Reponse::Oui;
+}
+
+std::optional<FinImpression> ImpressionMultiple::ImprimerDUnTrait(
+    const QString &appareil, const QList<LignesAdresse> &lignes) {
   std::vector<Pli> plis;
   for (const LignesAdresse &adresse : lignes) {
     zones_.EcrireLignesAdresse(adresse);
@@ -26,30 +40,34 @@ bool ImpressionMultiple::Enregistrer(const QList<LignesAdresse> &lignes) {
     if (plis.size() > 1 && session_.reglages.rtcolor.AnnulerCommentaire)
       plis.back().contenu.commentaire = false;
   }
-  return tirage_.Imprimer(Imprimante::NomPdf(), plis);
+  imprimees_ = lignes.size();
+  return tirage_.Envoyer(appareil, plis);
 }
 
-bool ImpressionMultiple::ImprimerUneAUne(const QString &appareil,
-                                         const QList<LignesAdresse> &lignes) {
+std::optional<FinImpression> ImpressionMultiple::ImprimerUneAUne(
+    const QString &appareil, const QList<LignesAdresse> &lignes) {
   FrmEnCours enCours(static_cast<int>(lignes.size()), fenetre_);
   enCours.show();
-  for (int i = 0; i < lignes.size(); ++i) {
-    enCours.Montrer(i + 1);
-    zones_.EcrireLignesAdresse(lignes[i]);
+  std::optional<FinImpression> fin;
+  for (const LignesAdresse &adresse : lignes) {
+    enCours.Montrer(static_cast<int>(imprimees_) + 1);
+    zones_.EcrireLignesAdresse(adresse);
     fenetre_->repaint();
-    if (!tirage_.Imprimer(appareil, {tirage_.Contenu()})) {
+    fin = tirage_.Envoyer(appareil, {tirage_.Contenu()});
+    if (!fin) {
       enCours.hide();
-      if (i > 0) DireArret(i, lignes.size());
-      return false;
+      if (imprimees_ > 0) DireArret(imprimees_, lignes.size());
+      break;
     }
+    ++imprimees_;
     session_.plateforme.horloge.Attendre(4000ms, [&enCours] { return enCours.Arrete(); });
-    if (enCours.Arrete() && i + 1 < lignes.size()) {
+    if (enCours.Arrete() && imprimees_ < lignes.size()) {
       enCours.hide();
-      DireArret(i + 1, lignes.size());
+      DireArret(imprimees_, lignes.size());
       break;
     }
   }
-  return true;
+  return fin;
 }
 
 void ImpressionMultiple::DireArret(qsizetype imprimees, qsizetype nombre) {

@@ -2,6 +2,7 @@
 
 #include "envelope/CommandesCommentaire.h"
 #include "platform/Erreurs.h"
+#include "ui/CompteRendu.h"
 #include "ui/Travail.h"
 
 #include <QDir>
@@ -11,12 +12,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString TexteEnregistre(const QString &fichier, bool une) {
-  const QFileInfo document(fichier);
-  return u"%1 dans %2 :<br/><a href=\"%3\">%4</a>"_s.arg(
-      une ? u"Enveloppe enregistrée"_s : u"Enveloppes enregistrées"_s,
-      QDir::toNativeSeparators(document.path()).toHtmlEscaped(), fichier.toHtmlEscaped(),
-      document.fileName().toHtmlEscaped());
+QString TexteFait(const FinImpression &fin, const QString &appareil, qsizetype nombre) {
+  const bool une = nombre == 1;
+  const QString combien = CombienDEnveloppes(nombre);
+  if (fin.issue == FinImpression::Issue::Imprimee)
+    return u"%1 %2 sur « %3 »"_s.arg(combien, une ? u"imprimée"_s : u"imprimées"_s, appareil);
+  return u"%1 %2 dans %3"_s.arg(combien, une ? u"enregistrée"_s : u"enregistrées"_s,
+                                QDir::toNativeSeparators(QFileInfo(fin.fichier).path()));
+}
+
+QString TexteSansAdresse(const QStringList &noms) {
+  constexpr qsizetype kNommes = 3;  // more would cut the line
+  const qsizetype autres = noms.size() - kNommes;
+  return u" · sans adresse : "_s + noms.mid(0, kNommes).join(u", "_s) +
+         (autres > 1    ? u" et %1 autres"_s.arg(autres)
+          : autres == 1 ? u" et 1 autre"_s
+                        : QString());
 }
 
 QString TexteEchec(bool fichier, bool une) {
@@ -41,9 +52,16 @@ QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &de
 
 }  // namespace
 
+QString CombienDEnveloppes(qsizetype nombre) {
+  return nombre == 1 ? u"1 enveloppe"_s : u"%1 enveloppes"_s.arg(nombre);
+}
+
 bool Tirage::Imprimer() {
   const auto appareil = Appareil();
-  return appareil && Imprimer(*appareil, {Contenu()});
+  if (!appareil) return false;
+  const auto fin = Envoyer(*appareil, {Contenu()});
+  if (fin) Dire(*fin, 1, {});
+  return fin.has_value();
 }
 
 std::optional<QString> Tirage::Appareil() {
@@ -56,7 +74,7 @@ std::optional<QString> Tirage::Appareil() {
   }
   try {
     const auto choisie =
-        Travail(document_->window(), u"Recherche de l'imprimante"_s)
+        Travail(fait_.window(), u"Recherche de l'imprimante"_s)
             .Executer([&, derniere = courante_](const Avance &avance) {
               std::optional<QString> nom;
               try {
@@ -74,54 +92,49 @@ std::optional<QString> Tirage::Appareil() {
   }
 }
 
-bool Tirage::Imprimer(const QString &appareil, const std::vector<Pli> &plis) {
+std::optional<FinImpression> Tirage::Envoyer(const QString &appareil,
+                                             const std::vector<Pli> &plis) {
   FinImpression fin;
   try {
     const auto faite =
-        Travail(document_->window(), u"Impression"_s)
+        Travail(fait_.window(), u"Impression"_s)
             .Executer([&, plomex = session_.reglages.plomex](const Avance &avance) {
               return ImprimerPlis(session_.plateforme.imprimante, appareil, plomex, plis, avance);
             });
     if (!faite) {
       MontrerEchec(TexteArret(), {});
-      return false;
+      return std::nullopt;
     }
     fin = *faite;
   } catch (const Erreur &erreur) {
     fin = {.raison = erreur.Texte()};
   }
-  MontrerFin(fin, appareil, plis.size());
-  if (fin.issue == FinImpression::Issue::Echouee) return false;
+  if (fin.issue == FinImpression::Issue::Echouee) {
+    MontrerEchec(TexteEchec(appareil == Imprimante::NomPdf(), plis.size() == 1), fin.raison);
+    return std::nullopt;
+  }
+  courante_ = appareil;
   if (session_.reglages.rtcolor.AnnulerCommentaire) {
     zones_.OublierCommentaire();
     commentaire_.MajEtiquette();
   }
-  return true;
+  return fin;
+}
+
+void Tirage::Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse) {
+  CompteRendu::Lien lien;
+  if (fin.issue == FinImpression::Issue::Enregistree)
+    lien = {QFileInfo(fin.fichier).fileName(), fin.fichier};
+  fait_.Dire(TexteFait(fin, courante_, nombre) +
+                 (sansAdresse.isEmpty() ? QString() : TexteSansAdresse(sansAdresse)),
+             lien);
 }
 
 void Tirage::Oublier() {
-  document_->clear();
-  document_->hide();
-}
-
-void Tirage::MontrerFin(const FinImpression &fin, const QString &appareil, std::size_t nombre) {
-  switch (fin.issue) {
-    case FinImpression::Issue::Imprimee:
-      Oublier();
-      break;
-    case FinImpression::Issue::Enregistree:
-      document_->setText(TexteEnregistre(fin.fichier, nombre == 1));
-      document_->show();
-      break;
-    case FinImpression::Issue::Echouee:
-      MontrerEchec(TexteEchec(appareil == Imprimante::NomPdf(), nombre == 1), fin.raison);
-      return;
-  }
-  courante_ = appareil;
+  fait_.Effacer();
 }
 
 void Tirage::MontrerEchec(const QString &constat, const QString &raison) {
-  document_->setText(constat);
-  document_->show();
+  fait_.Dire(constat);
   if (!raison.isEmpty()) session_.plateforme.boites.Attention(raison);
 }

@@ -3,20 +3,25 @@
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
 
-#include <QLabel>
+#include <QString>
+#include <QStringList>
 
 #include <optional>
 #include <vector>
 
 class CommandesCommentaire;
+class CompteRendu;
+
+/// "1 enveloppe", "8 enveloppes".
+QString CombienDEnveloppes(qsizetype nombre);
 
 /// Prints the envelopes that the zones hold, beside the windows.
 class Tirage {
  public:
-  /// `document` tells where the last printing has gone, if it went to a file, or that it failed.
+  /// `fait` tells where the last printing has gone, or that it failed.
   Tirage(Session &session, ZonesEnveloppe &zones, CommandesCommentaire &commentaire,
-         QLabel *document)
-      : session_(session), zones_(zones), commentaire_(commentaire), document_(document) {}
+         CompteRendu &fait)
+      : session_(session), zones_(zones), commentaire_(commentaire), fait_(fait) {}
 
   /// Prints what the zones hold. False where it failed, and, with a message, while the printer has
   /// not been told how it takes an envelope.
@@ -29,20 +34,22 @@ class Tirage {
   /// What the zones hold, as an envelope to be printed.
   Pli Contenu() const { return {zones_.Etat(), zones_.Contenu()}; }
 
-  /// Prints them on this printer, as one document. False where it failed. A comment that is meant
-  /// for one printing alone goes with it.
-  bool Imprimer(const QString &appareil, const std::vector<Pli> &plis);
+  /// Prints them on this printer, as one document. Nothing where it failed, which is told. A
+  /// comment that is meant for one printing alone goes with it.
+  std::optional<FinImpression> Envoyer(const QString &appareil, const std::vector<Pli> &plis);
+
+  /// Tells how many envelopes went where, and whose address was wanted and is none.
+  void Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse);
 
   /// What was told of the last printing is told no longer.
   void Oublier();
 
  private:
-  void MontrerFin(const FinImpression &fin, const QString &appareil, std::size_t nombre);
   void MontrerEchec(const QString &constat, const QString &raison);
 
   Session &session_;
   ZonesEnveloppe &zones_;
   CommandesCommentaire &commentaire_;
-  QLabel *document_;
+  CompteRendu &fait_;
   QString courante_;  ///< the printer that was printed on last; empty before
 };

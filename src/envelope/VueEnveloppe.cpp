@@ -2,6 +2,7 @@
 
 #include "ui/EtiquetteZone.h"
 #include "ui/FeuilleEcran.h"
+#include "ui/Theme.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -12,7 +13,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int kOmbre = 6;  // pixels around the paper
+constexpr int kOmbre = 6;   // pixels around the paper
+constexpr int kMarge = 14;  // from the edge of the table that it lies on
+constexpr int kCoin = 4, kTableClaire = 106, kTableSombre = 140;
 constexpr Millimetres kLargeurTimbre(18.7), kHauteurTimbre(22);
 constexpr Millimetres kMargeTimbre(8);  // from the corner
 constexpr Millimetres kRepere(4);       // arms of the mark where a zone begins
@@ -55,11 +58,11 @@ QPoint VueEnveloppe::Pixels(Point point) const {
 }
 
 void VueEnveloppe::Placer() {
-  const QSize place = size() - QSize(2 * kOmbre, 2 * kOmbre);
+  const QSize place = size() - QSize(2 * kMarge, 2 * kMarge);
   echelle_ =
       std::max(0.01, std::min(place.width() / largeur_.valeur, place.height() / hauteur_.valeur));
-  papier_ = QRect(QPoint(kOmbre, kOmbre),
-                  QSize(static_cast<int>(Pixels(largeur_)), static_cast<int>(Pixels(hauteur_))));
+  papier_ = QRect(0, 0, static_cast<int>(Pixels(largeur_)), static_cast<int>(Pixels(hauteur_)));
+  papier_.moveCenter(rect().center());
   for (EtiquetteZone *zone : {expediteur_, adresse_}) zone->ChangerEchelle(echelle_);
   // The zone leaves a pixel around its text.
   expediteur_->move(Pixels(origineExpediteur_) - QPoint(1, 1));
@@ -76,6 +79,9 @@ void VueEnveloppe::paintEvent(QPaintEvent *) {
   QPainter dessin(this);
   dessin.setRenderHint(QPainter::Antialiasing);
   dessin.setPen(Qt::NoPen);
+  dessin.setBrush(
+      palette().color(QPalette::Window).darker(EstSombre(palette()) ? kTableSombre : kTableClaire));
+  dessin.drawRoundedRect(rect(), kCoin, kCoin);
   dessin.setBrush(QColor(0, 0, 0, 12));
   for (int bord = kOmbre; bord > 0; --bord)
     dessin.drawRoundedRect(papier_.adjusted(-bord, -bord / 2, bord, bord), bord, bord);

@@ -52,6 +52,10 @@ void ZonesEnveloppe::ViderAdresse() {
   EcrireLignesAdresse({kAdresseBlanche, false});
 }
 
+bool ZonesEnveloppe::EstVide() const {
+  return montree_.lignes.texte.trimmed().isEmpty();
+}
+
 void ZonesEnveloppe::RetenirExpediteur(const AdresseComposee &expediteur, Cle cle) {
   etat_.ExpediteurCourant = expediteur;
   expediteur_ = cle;

@@ -34,6 +34,7 @@ class ZonesEnveloppe {
   };
   const AdresseMontree &Montree() const { return montree_; }
   void Remontrer(const AdresseMontree &montree);
+  bool EstVide() const;
 
   /// A comment was meant for the address before.
   void OublierCommentaire() { etat_.Commentaire.clear(); }
