@@ -84,6 +84,10 @@ QStringList ChampsAdresse::Titres() const {
   return ui_->CboTitre->Titres();
 }
 
+bool ChampsAdresse::NomSeulementPropose() const {
+  return nomPropose_ != nullptr && nomPropose_->EstIntacte();
+}
+
 void ChampsAdresse::SuivreCode() {
   const QLineEdit *code = ui_->Txt_5;
   connect(code, &QLineEdit::textEdited, this, [this](const QString &texte) {

@@ -37,6 +37,8 @@ class ChampsAdresse : public QWidget {
 
   /// Proposes a name where the first line holds nothing but a title when it is entered.
   void ProposerNom(std::function<QString()> nom);
+  /// Whether the first line holds such a name, which nobody has typed or touched.
+  bool NomSeulementPropose() const;
   QStringList Titres() const;
 
   /// From here on what is beyond the postal norm is marked while it is typed, and told by a tip.

@@ -31,4 +31,5 @@ class FrmClavier : public QDialog {
 
   std::unique_ptr<Ui::FrmClavier> ui_;
   std::optional<QString> lettre_;
+  int cote_ = 0;  ///< of a key
 };

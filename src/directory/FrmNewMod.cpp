@@ -75,7 +75,7 @@ FrmNewMod::~FrmNewMod() {
 void FrmNewMod::Brancher() {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->CmdOK, &FrmNewMod::Valider);
-  brancher(ui_->CmdAnnule, &FrmNewMod::reject);
+  brancher(ui_->CmdAnnule, &FrmNewMod::Abandonner);
   brancher(ui_->CmdPhoto, &FrmNewMod::ChoisirPhoto);
   brancher(ui_->ImgPhoto, &Portrait::Depose, &FrmNewMod::PrendreDepot);
   brancher(ui_->CmdEnregistre, &FrmNewMod::ImprimerPuisValider);
@@ -98,7 +98,7 @@ void FrmNewMod::Brancher() {
 
 void FrmNewMod::BrancherNoms() {
   new SelectionAuFocus(ui_->txtName);
-  new PropositionAuFocus(ui_->txtName, [this] {
+  nomPropose_ = new PropositionAuFocus(ui_->txtName, [this] {
     return ui_->txtName->text().isEmpty()
                ? NomPourListe(ui_->Champs->Adresse().lignes[0], ui_->Champs->Titres())
                : QString();
@@ -163,7 +163,7 @@ void FrmNewMod::Valider() {
     if (boites.Question(u"Répertoire inchangé"_s,
                         u"Vous n'avez pas entré de nom !\nDésirez-vous annuler?"_s,
                         Boites::Reponse::Non) == Boites::Reponse::Oui)
-      reject();
+      Abandonner();
     else
       ui_->txtName->setFocus();
     return;
@@ -213,7 +213,24 @@ QString FrmNewMod::MarqueDeProtection() const {
   return contexte_.protegesMasques ? utilisateur : utilisateur + u'$';
 }
 
+bool FrmNewMod::EstTouchee() {
+  QuitterChamp(ui_->TxtWeb);  // which begins a page by itself
+  Correspondant formulaire = Formulaire();
+  if (nomPropose_->EstIntacte()) formulaire.NomVelmira = depart_.NomVelmira;
+  if (ui_->Champs->NomSeulementPropose()) formulaire.Ligne1 = depart_.Ligne1;
+  return Comparer(depart_, formulaire, formulaire).changees.any() ||
+         ui_->Categories->Marquees() != ui_->Categories->Montrees() ||
+         ui_->ChkAl->isChecked() != saisie_.montree.AlerteActive;
+}
+
 void FrmNewMod::reject() {
+  if (!EstTouchee() || session_.plateforme.boites.Question(
+                           Boites::Titre(), u"Abandonner ce que vous venez de saisir ?"_s,
+                           Boites::Reponse::Non) == Boites::Reponse::Oui)
+    Abandonner();
+}
+
+void FrmNewMod::Abandonner() {
   saisie_.acceptee = false;
   QDialog::reject();
 }

@@ -8,6 +8,7 @@
 
 #include <memory>
 
+class PropositionAuFocus;
 class QLineEdit;
 class QUrl;
 
@@ -40,6 +41,7 @@ class FrmNewMod : public QDialog {
   const FicheSaisie &Saisie() const { return saisie_; }
 
  public slots:
+  /// Escape and the close box: asks first where something has been typed.
   void reject() override;
 
  protected:
@@ -59,6 +61,9 @@ class FrmNewMod : public QDialog {
   /// The address as it will stand on the envelope.
   void MontrerApercu();
   void Valider();
+  void Abandonner();
+  /// Whether anything is not as it was shown.
+  bool EstTouchee();
   void Prendre();
   /// What the form holds; notes and imported address are not in it.
   Correspondant Formulaire() const;
@@ -82,6 +87,7 @@ class FrmNewMod : public QDialog {
   std::unique_ptr<Ui::FrmNewMod> ui_;
   Correspondant depart_;  ///< what the form held before anything was typed
   QString photo_;
+  PropositionAuFocus *nomPropose_ = nullptr;  ///< of the list's name
   FicheSaisie saisie_;
   std::function<void(const Correspondant &)> imprimer_;
 };

@@ -30,6 +30,9 @@ void PropositionAuFocus::Proposer() {
 }
 
 void PropositionAuFocus::Retirer() {
-  if (!proposee_.isEmpty() && champ_->text() == proposee_ && !champ_->isModified())
-    champ_->setText(avant_);
+  if (EstIntacte()) champ_->setText(avant_);
+}
+
+bool PropositionAuFocus::EstIntacte() const {
+  return !proposee_.isEmpty() && champ_->text() == proposee_ && !champ_->isModified();
 }

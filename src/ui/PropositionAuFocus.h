@@ -16,6 +16,8 @@ class PropositionAuFocus : public QObject {
 
   /// Takes a proposal back that the user has not touched.
   void Retirer();
+  /// Whether the field holds such a proposal.
+  bool EstIntacte() const;
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
