@@ -131,6 +131,7 @@ void GestionCategories::Enregistrer() {
   if (nom.trimmed().isEmpty() || EstReservee(nom)) return;
   ui_->LstCat->addItem(nom);
   Listee(nom)->setSelected(true);
+  ui_->LstCat->scrollToItem(Listee(nom));
   RemplirCombo(ListerCategories(*base_));
 }
 
