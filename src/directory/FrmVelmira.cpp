@@ -398,13 +398,19 @@ void FrmVelmira::InviterSelonDonnees() {
 
 void FrmVelmira::OuvrirFiche(Cle index) {
   if (!ui_->Liste->Arbre().Modele().Enfant(index).isValid()) commandes_.AfficherTous();
-  commandes_.Selectionner(index);
+  TrouverFiche(index);
 }
 
 void FrmVelmira::OuvrirCategorie(const QString &categorie) {
   const Cle index = fiche_.Index();
   ui_->Liste->AfficherCategorie(categorie);
-  commandes_.Selectionner(index);
+  TrouverFiche(index);
+}
+
+void FrmVelmira::TrouverFiche(Cle index) {
+  ArbreVelmiras &arbre = ui_->Liste->Arbre();
+  arbre.setFocus();
+  if (const QModelIndex noeud = arbre.Modele().Enfant(index); noeud.isValid()) arbre.Trouver(noeud);
 }
 
 void FrmVelmira::Nouveau() {

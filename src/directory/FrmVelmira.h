@@ -102,6 +102,7 @@ class FrmVelmira : public QMainWindow {
   void OuvrirFiche(Cle index);
   /// Shows a category of the record on display, which stays selected.
   void OuvrirCategorie(const QString &categorie);
+  void TrouverFiche(Cle index);
 
   /// The list selects the record on display, whatever was asked for.
   void AccorderSelection();

@@ -29,7 +29,9 @@ ListeAnniversaires::ListeAnniversaires(QWidget *parent) : QListWidget(parent) {
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Maximum);
   viewport()->setAutoFillBackground(false);
   connect(this, &QListWidget::itemClicked, this, [this](const QListWidgetItem *ligne) {
-    emit Choisi(ligne->data(Qt::UserRole).toLongLong());
+    const Cle index = ligne->data(Qt::UserRole).toLongLong();
+    clearSelection();  // the list above says who is on display
+    emit Choisi(index);
   });
   hide();
 }

@@ -193,6 +193,7 @@ void PanneauFiche::MontrerCategories(const QString &categories) {
     element->widget()->deleteLater();  // its click may be what has led here
     delete element;
   }
+  QWidget *precedent = ui_->LblWeb;
   for (const QString &nom : noms) {
     auto *lien = new EtiquetteLien(ui_->Categories);
     lien->setObjectName(u"LblCategorie_%1"_s.arg(rang->count()));
@@ -201,6 +202,8 @@ void PanneauFiche::MontrerCategories(const QString &categories) {
     Colorer(lien, palette().color(QPalette::Link));
     connect(lien, &QLabel::linkActivated, this, &PanneauFiche::CategorieDemandee);
     rang->addWidget(lien);
+    setTabOrder(precedent, lien);
+    precedent = lien;
     lien->show();
   }
   ui_->LblCategories->setVisible(!noms.isEmpty());

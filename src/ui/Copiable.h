@@ -3,6 +3,7 @@
 #include "ui/EtiquetteElidee.h"
 #include "ui/EtiquetteLien.h"
 
+#include <QAction>
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
@@ -16,8 +17,8 @@
 inline void Copier(QWidget &controle, const QString &texte) {
   constexpr int kDuree = 1500;
   QGuiApplication::clipboard()->setText(texte);
-  QToolTip::showText(controle.mapToGlobal(QPoint(0, controle.height() / 2)),
-                     QStringLiteral("Copié"), &controle, {}, kDuree);
+  QToolTip::showText(controle.mapToGlobal(controle.rect().bottomLeft()), QStringLiteral("Copié"),
+                     &controle, {}, kDuree);
 }
 
 /// A label that the keyboard reaches, and whose text is copied by Ctrl+C and by its menu: what is
@@ -47,8 +48,9 @@ class Copiable : public Etiquette {
   void contextMenuEvent(QContextMenuEvent *evenement) override {
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(menu->addAction(QStringLiteral("&Copier")), &QAction::triggered, this,
-                     [this] { CopierTexte(); });
+    QAction *copier = menu->addAction(QStringLiteral("&Copier"));
+    copier->setObjectName(QStringLiteral("mnuCopier"));
+    QObject::connect(copier, &QAction::triggered, this, [this] { CopierTexte(); });
     menu->popup(evenement->reason() == QContextMenuEvent::Keyboard
                     ? this->mapToGlobal(this->rect().center())
                     : evenement->globalPos());
@@ -70,4 +72,12 @@ class Copiable : public Etiquette {
 
 using LigneCopiable = Copiable<EtiquetteElidee>;
 using LienCopiable = Copiable<EtiquetteLien>;
-using TexteCopiable = Copiable<QLabel>;
+
+/// A text of several lines, of which a part may be selected with the mouse.
+class TexteCopiable : public Copiable<QLabel> {
+ public:
+  explicit TexteCopiable(QWidget *parent = nullptr) : Copiable(parent) {
+    setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setFocusPolicy(Qt::StrongFocus);  // which the flags have changed
+  }
+};
