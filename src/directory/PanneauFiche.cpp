@@ -99,18 +99,29 @@ PanneauFiche::PanneauFiche(QWidget *parent)
 }
 
 void PanneauFiche::Colorier() {
-  const QColor discrete = EncreDiscrete(palette()), lien = palette().color(QPalette::Link);
+  const QColor discrete = EncreDiscrete(palette()), lien = EncreLien(palette());
   for (QWidget *libelle : std::initializer_list<QWidget *>{
            ui_->LblAge, ui_->LblAVenir, ui_->LblFete, ui_->LblDomicile, ui_->LblTravail,
            ui_->LblPortable, ui_->LblTelecopie, ui_->LblCourriel, ui_->LblSite, ui_->LblCategories,
            ui_->LblTitreAdresse, ui_->LblAccueil})
     Colorer(libelle, discrete);
+  for (QLabel *etiquette : findChildren<EtiquetteLien *>()) Colorer(etiquette, lien);
+  ColorierNumeros();
+}
+
+void PanneauFiche::ColorierNumeros() {
+  const QColor ordinaire = CouleurNumero(false, palette()), rouge = CouleurNumero(true, palette());
+  Colorer(ui_->Lblphone, rougeTel_ ? rouge : ordinaire);
+  Colorer(ui_->LblPhoneT, rougeTravail_ ? rouge : ordinaire);
   for (QWidget *numero : std::initializer_list<QWidget *>{ui_->LblPort, ui_->LblFax})
-    Colorer(numero, CouleurNumero(false, palette()));
+    Colorer(numero, ordinaire);
   for (QWidget *marque : std::initializer_list<QWidget *>{ui_->LblRougeTel, ui_->LblRougeTravail})
-    Colorer(marque, CouleurNumero(true, palette()));
-  for (QWidget *etiquette : std::initializer_list<QWidget *>{ui_->LblMail, ui_->LblWeb})
-    Colorer(etiquette, lien);
+    Colorer(marque, rouge);
+}
+
+void PanneauFiche::changeEvent(QEvent *evenement) {
+  QWidget::changeEvent(evenement);
+  if (evenement->type() == QEvent::PaletteChange) Colorier();
 }
 
 void PanneauFiche::Brancher() {
@@ -174,8 +185,7 @@ void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichag
   ui_->LblWeb->setText(fiche.Web);
   rougeTel_ = fiche.ListeRougeTel;
   rougeTravail_ = fiche.ListeRougeTravail;
-  Colorer(ui_->Lblphone, CouleurNumero(rougeTel_, palette()));
-  Colorer(ui_->LblPhoneT, CouleurNumero(rougeTravail_, palette()));
+  ColorierNumeros();
   ui_->LblAdresse->setText(AdresseMontrable(affichage.adresse));
   ui_->LblAdresse->setAlignment(affichage.alignementAdresse | Qt::AlignTop);
   ui_->LblAdresseR->setText(AdresseMontrable(fiche.AdresseImportee));
@@ -199,7 +209,7 @@ void PanneauFiche::MontrerCategories(const QString &categories) {
     lien->setObjectName(u"LblCategorie_%1"_s.arg(rang->count()));
     lien->setText(nom);
     lien->setToolTip(u"Afficher cette catégorie"_s);
-    Colorer(lien, palette().color(QPalette::Link));
+    Colorer(lien, EncreLien(palette()));
     connect(lien, &QLabel::linkActivated, this, &PanneauFiche::CategorieDemandee);
     rang->addWidget(lien);
     setTabOrder(precedent, lien);

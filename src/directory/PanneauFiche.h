@@ -80,11 +80,13 @@ class PanneauFiche : public QWidget {
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
+  void changeEvent(QEvent *evenement) override;
   void resizeEvent(QResizeEvent *evenement) override;
 
  private:
   void Brancher();
   void Colorier();
+  void ColorierNumeros();
   void MontrerCategories(const QString &categories);
   void CopierAdresse();
   /// Hides what is empty.

@@ -6,6 +6,6 @@
 /// ground they would not be read, and lighter ones of the same hue stand for them.
 inline QColor CouleurNumero(bool listeRouge, const QPalette &palette) {
   const bool sombre = EstSombre(palette);
-  if (listeRouge) return sombre ? QColor(255, 120, 120) : QColor(192, 0, 0);
+  if (listeRouge) return sombre ? QColor(255, 140, 140) : QColor(192, 0, 0);
   return sombre ? QColor(150, 180, 255) : QColor(0, 0, 128);
 }

@@ -57,3 +57,13 @@ inline QColor EncreDiscrete(const QPalette &palette) {
   return QColor::fromRgbF(canal(encre.redF(), fond.redF()), canal(encre.greenF(), fond.greenF()),
                           canal(encre.blueF(), fond.blueF()));
 }
+
+/// The ink of a link, the palette's where it is read well on the palette's ground.
+inline QColor EncreLien(const QPalette &palette) {
+  constexpr int kPas = 110;  // percent
+  const QColor fond = palette.color(QPalette::Window);
+  QColor encre = palette.color(QPalette::Link);
+  for (int essai = 0; essai < 10 && Contraste(encre, fond) < 4.5; ++essai)
+    encre = EstSombre(fond) ? encre.lighter(kPas) : encre.darker(kPas);
+  return encre;
+}
