@@ -60,7 +60,8 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   PoserBulle(ui_->CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurBulle});
   PoserBulle(ui_->TxtRR, horloge,
              {u"Nom, ville, numéro, notes…\n(Ctrl+F)"_s, kBulleBrune, 2 * kLargeurBulle});
-  PoserBulle(ui_->CmdFavoris, horloge, {u"Ajouter aux favoris"_s, kBulleBrune, kLargeurBulle});
+  PoserBulle(ui_->CmdFavoris, horloge,
+             {u"Ajouter aux favoris\n(Ctrl+D)"_s, kBulleBrune, kLargeurBulle});
 }
 
 void ListeVelmiras::Brancher() {
