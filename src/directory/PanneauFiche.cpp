@@ -105,7 +105,9 @@ void PanneauFiche::Colorier() {
            ui_->LblPortable, ui_->LblTelecopie, ui_->LblCourriel, ui_->LblSite, ui_->LblCategories,
            ui_->LblTitreAdresse, ui_->LblAccueil})
     Colorer(libelle, discrete);
-  for (QLabel *etiquette : findChildren<EtiquetteLien *>()) Colorer(etiquette, lien);
+  for (QLabel *etiquette :
+       QList<QLabel *>{ui_->LblMail, ui_->LblWeb} + ui_->Categories->findChildren<QLabel *>())
+    Colorer(etiquette, lien);
   ColorierNumeros();
 }
 
