@@ -8,7 +8,7 @@ class ComboASuppression : public ComboSaisie {
   Q_OBJECT
 
  public:
-  explicit ComboASuppression(QWidget *parent = nullptr);
+  using ComboSaisie::ComboSaisie;
 
  signals:
   /// Whatever is on display, be it nothing.
@@ -16,5 +16,4 @@ class ComboASuppression : public ComboSaisie {
 
  protected:
   void keyPressEvent(QKeyEvent *evenement) override;
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
 };
