@@ -83,6 +83,9 @@ PanneauFiche::PanneauFiche(QWidget *parent)
     libelle->setMinimumWidth(largeur);
     GarderTaille(libelle);
   }
+  constexpr int kLettres = 130;  // the eye finds no way over a wider gap
+  ui_->FondFiche->setMaximumWidth(kLettres * fontMetrics().averageCharWidth());
+  GarderTaille(ui_->FondFiche);
   constexpr int kLignesAdresse = 8;  // the title, and six of an address
   ui_->CadreAdresse->setMinimumHeight(kLignesAdresse * fontMetrics().lineSpacing());
   GarderTaille(ui_->CadreAdresse);
