@@ -241,6 +241,12 @@ TEST_F(Cups, FeuillesEtRefus) {
                    QString::number(100'000 + n));
   EXPECT_NEAR(Recue(longue->Terminer())[u"107999"_s].top(), 5 + 199, kTolerance);
 
+  // A queue that takes nothing but sheets that are printed on one side.
+  Ecrire(u"recto"_s, "#!/bin/sh|case \"$5\" in *sides=one-sided*) exec cat;; esac|exit 1|");
+  QFile::setPermissions(Chemin(u"recto"_s), QFile::Permissions(0x7755));
+  EXPECT_TRUE(AjouterFile(u"Recto"_s, Chemin(u"recto"_s).toUtf8(), u"/dev/null"_s));
+  EXPECT_EQ(Imprimer(u"Recto"_s).issue, FinImpression::Issue::Imprimee);
+
   EXPECT_TRUE(AjouterFile(panne, "/bin/false", u"/dev/null"_s));
   VerifierRefus(panne, u"abandonné"_s);
   const auto ouvert = imprimante_.Ouvrir(panne, {.nom = u"Enveloppe"_s});
