@@ -6,6 +6,8 @@ FrmCode::FrmCode(const QStringList &codes, QWidget *parent)
     : QDialog(parent), ui_(std::make_unique<Ui::FrmCode>()) {
   ui_->setupUi(this);
   ui_->LstCode->addItems(codes);  // below the line of a new one and an empty one
+  constexpr int kPremierCode = 2;
+  ui_->LstCode->setCurrentRow(kPremierCode);
   connect(ui_->LstCode, &QListWidget::itemClicked, this, &FrmCode::Choisir);
   // Enter takes what the arrow keys have chosen.
   connect(ui_->Cmd, &QPushButton::clicked, this, [this] {
