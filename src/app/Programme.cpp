@@ -235,7 +235,7 @@ void Programme::VersEnveloppesDeCategorie(const QString &categorie) {
     montres.append({Texte(noeud), noeud.data(Qt::UserRole).toLongLong()});
   }
   PasserAuxEnveloppes();
-  plomex_->ImprimerCategorie(categorie, montres);
+  if (!plomex_->ImprimerCategorie(categorie, montres)) VersRepertoire();
 }
 
 void Programme::PasserAuxEnveloppes() {

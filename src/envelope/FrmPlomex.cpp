@@ -109,7 +109,7 @@ void FrmPlomex::Charger() {
   PoserIcone(ui_->IcoImprimante, Icone(u"document-print"), kIcone);
   PoserIcone(ui_->IcoOrientation, Icone(u"page-simple"), kIcone);
   PoserIcone(ui_->IcoPolice, Icone(u"draw-text"), kIcone);
-  PoserIcone(ui_->IcoRaccourci, Icone(u"input-keyboard"), kIcone);
+  PoserIcone(ui_->IcoRaccourci, Icone(u"configure-shortcuts"), kIcone);
   ui_->CmdConfigure->setDefaultAction(ui_->mnuConfigure);
   ui_->CmdOptions->setDefaultAction(ui_->mnuOptions);
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
@@ -301,11 +301,12 @@ void FrmPlomex::ImprimerPlusieurs() {
   ImprimerCoches(false, [](FrmCarnet &) {});
 }
 
-void FrmPlomex::ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres) {
-  ImprimerCoches(true, [&](FrmCarnet &carnet) { carnet.CocherCategorie(categorie, montres); });
+bool FrmPlomex::ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres) {
+  return ImprimerCoches(true,
+                        [&](FrmCarnet &carnet) { carnet.CocherCategorie(categorie, montres); });
 }
 
-void FrmPlomex::ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer) {
+bool FrmPlomex::ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer) {
   etat_.ImpressionMultiple = true;
   const auto fin = qScopeGuard([this] {
     etat_.ImpressionMultiple = false;
@@ -314,13 +315,18 @@ void FrmPlomex::ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet
   commentaire_->MajEtiquette();
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
   preparer(carnet);
-  if (carnet.exec() != QDialog::Accepted || carnet.Adresses().isEmpty()) return;
+  if (carnet.exec() != QDialog::Accepted) return false;
+  if (carnet.Adresses().isEmpty()) {
+    if (dUnTrait) tirage_->Dire({}, 0, carnet.SansAdresse());
+    return true;
+  }
   auto refus = qScopeGuard([this, avant = zones_.Montree()] { zones_.Remontrer(avant); });
   ImpressionMultiple run(session_, zones_, *tirage_, this);
-  if (!run.Imprimer({carnet.Adresses(), carnet.SansAdresse(), dUnTrait})) return;
+  if (!run.Imprimer({carnet.Adresses(), carnet.SansAdresse(), dUnTrait})) return true;
   refus.dismiss();
   zones_.ViderAdresse();
   if (session_.reglages.plomex.Minimise) showMinimized();
+  return true;
 }
 
 void FrmPlomex::NouveauVelmira() {

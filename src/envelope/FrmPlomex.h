@@ -36,8 +36,8 @@ class FrmPlomex : public QMainWindow {
 
   /// Opens the address book on a category with all in it ticked, and prints their envelopes as one
   /// document. `montres` are those whom the directory shows, for a category that is the result of a
-  /// search.
-  void ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres);
+  /// search. False when the user has left the book.
+  bool ImprimerCategorie(const QString &categorie, const QList<NoeudListe> &montres);
 
   /// The menu "?", whose commands the program brings.
   QMenu *mnuAide() const;
@@ -77,8 +77,9 @@ class FrmPlomex : public QMainWindow {
   void SaisirAdresse(FrmNouveau::Mode mode);
   void ChoisirDansCarnet();
   void ImprimerPlusieurs();
-  /// Lets the user tick in the book, which `preparer` has made ready, and prints.
-  void ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer);
+  /// Lets the user tick in the book, which `preparer` has made ready, and prints. False when he has
+  /// left it.
+  bool ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer);
   void NouveauVelmira();
 
   void Imprimer();

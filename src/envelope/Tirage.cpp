@@ -13,6 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 QString TexteFait(const FinImpression &fin, const QString &appareil, qsizetype nombre) {
+  if (nombre == 0) return u"Aucune enveloppe imprimée"_s;
   const bool une = nombre == 1;
   const QString combien = CombienDEnveloppes(nombre);
   if (fin.issue == FinImpression::Issue::Imprimee)

@@ -38,7 +38,7 @@ class Tirage {
   /// comment that is meant for one printing alone goes with it.
   std::optional<FinImpression> Envoyer(const QString &appareil, const std::vector<Pli> &plis);
 
-  /// Tells how many envelopes went where, and whose address was wanted and is none.
+  /// Tells how many envelopes went where, none perhaps, and who was meant and has no address.
   void Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse);
 
   /// What was told of the last printing is told no longer.
