@@ -378,6 +378,7 @@ void FrmVelmira::ActualiserAuRepos() {
 void FrmVelmira::SuivreDonnees() {
   Ignorer([this] {
     Base &base = session_.base;
+    const Attente attente(base, 0ms);
     const std::tuple suivi(session_.plateforme.horloge.Maintenant().date(), base.Changements(),
                            base.Ecritures());
     InviterSelonDonnees();
