@@ -121,9 +121,10 @@ void EcrireReglagesExemple(const QString &appPath) {
   plomex.GrasDLigne = true;
   EcrireReglages(appPath, plomex);
 
-  ReglagesRTColor rtcolor;
-  rtcolor.NomPerso = u"Camille Exemple"_s;
-  EcrireRTColor(appPath, rtcolor);
+  Reglages livres;  // what lies in the folder already
+  LireReglages(appPath, livres);
+  livres.rtcolor.NomPerso = u"Camille Exemple"_s;
+  EcrireRTColor(appPath, livres.rtcolor);
 
   EcrireTextes(appPath + u"/Liaison.cfg"_s, {u" "_s, u" - "_s});
 }

@@ -3,7 +3,6 @@
 #include "storage/Lignes.h"
 #include "ui/CouleurNumero.h"
 #include "ui/Grandir.h"
-#include "ui/Icones.h"
 #include "ui/Montrable.h"
 #include "ui_FrmLoupe.h"
 
@@ -19,7 +18,6 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLou
   constexpr qsizetype kTitre = 80, kLisible = 200;  // characters; more would not fit the screen
   ui_->setupUi(this);
   setWindowTitle(Montrable(fiche.NomVelmira, kTitre));
-  setWindowIcon(IconeProgramme());
   ui_->LblNLoupe->setText(Montrable(fiche.NomVelmira, kLisible));
   MontrerNumero(ui_->LblTel, ui_->LblPLoupe, fiche.Tel, fiche.ListeRougeTel);
   MontrerNumero(ui_->LblTelT, ui_->LblPTLoupe, fiche.TelTravail, fiche.ListeRougeTravail);

@@ -11,7 +11,6 @@
 #include "ui/CompteRendu.h"
 #include "ui/Debrancher.h"
 #include "ui/Echelle.h"
-#include "ui/Icones.h"
 #include "ui/Sablier.h"
 #include "ui/Theme.h"
 #include "ui/Veille.h"
@@ -59,7 +58,6 @@ FrmVelmira::FrmVelmira(Session &session)
       impression_(session, *ui_->Liste, *ui_->Fait, this),
       mnuInv2_(new QMenu(this)),
       niveau_(QThread::currentThread()->loopLevel()) {
-  setWindowIcon(IconeProgramme());
   const double echelle = Echelle(session_.reglages.rtcolor.TailleFenetre);
   ui_->Partage->setSizes({qRound(280 * echelle), qRound(620 * echelle)});
   ui_->Partage->setStretchFactor(1, 1);

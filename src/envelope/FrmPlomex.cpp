@@ -20,7 +20,6 @@
 #include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
-#include "ui/Icones.h"
 #include "ui/MesurePolices.h"
 #include "ui/Sablier.h"
 #include "ui_FrmPlomex.h"
@@ -63,7 +62,6 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
       repertoire_(repertoire),
       ui_(Preparer(*this)),
       zones_(session, etat_, ui_->Enveloppe) {
-  setWindowIcon(IconeProgramme());
   RemplirBarre();
   ui_->Fait->Relier(session_.plateforme, *this);
   Brancher();

@@ -2,7 +2,6 @@
 
 #include "envelope/FormatsEnveloppe.h"
 #include "ui/FeuilleEcran.h"
-#include "ui/Icones.h"
 #include "ui/Theme.h"
 #include "ui_FrmVueAV.h"
 
@@ -26,7 +25,6 @@ FrmVueAV::FrmVueAV(Millimetres largeur, Millimetres hauteur, std::vector<LignePl
     : ui_(std::make_unique<Ui::FrmVueAV>()) {
   ui_->setupUi(this);
   setProperty("enMillimetres", true);
-  setWindowIcon(IconeProgramme());
   const QSizeF papier = QSizeF(std::clamp(largeur, kMinimum, kMaximum).valeur,
                                std::clamp(hauteur, kMinimum, kMaximum).valeur) /
                         kReductionApercu;

@@ -26,6 +26,7 @@ void PreparerIcones() {
   QIcon::setFallbackThemeName(breeze);
   if (QIcon::themeName().isEmpty() || QIcon::themeName() == u"hicolor"_s)
     QIcon::setThemeName(breeze);
+  QApplication::setWindowIcon(IconeProgramme());
 }
 
 QIcon Icone(const char16_t *nom) {

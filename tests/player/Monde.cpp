@@ -15,6 +15,8 @@ namespace {
 
 constexpr auto kFinDeLigne = "\r\n";
 
+const QString kApparence = u"RTColor.ini"_s;
+
 QString Livre(const QString &nom) {
   return QStringLiteral(VELMIRA_DONNEES) + u'/' + nom;
 }
@@ -234,8 +236,9 @@ Monde::Monde(const QString &dossier) {
   for (const QString &partie : {App(), Home()})
     Exiger(!QFileInfo::exists(partie) && QDir().mkpath(partie),
            u"\"%1\" cannot be made anew"_s.arg(partie));
+  // Stories begin with the looks of the program itself, unless they ask for the delivered ones.
   for (const QString &nom : QDir(Livre({})).entryList(QDir::Files))
-    Copier(Livre(nom), App() + u'/' + nom);
+    if (nom != kApparence) Copier(Livre(nom), App() + u'/' + nom);
 }
 
 QString Monde::Donnees() const {
@@ -273,6 +276,8 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) {
          CopierDACote(s, m[0].texte, s.monde.Donnees() + u"/Velmira.mdb"_s);
        }},
+      {u"monde apparence-livree"_s, 0, 0,
+       [](S &s, const M &) { Copier(Livre(kApparence), AuRepos(s).App() + u'/' + kApparence); }},
       {u"monde nouvelle-base"_s, 0, 0,
        [](S &s, const M &) {
          Copier(Livre(u"Velmira_base.mdb"_s), AuRepos(s).App() + u"/Velmira_base.mdb"_s);
