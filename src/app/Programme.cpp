@@ -19,6 +19,7 @@
 #include "storage/Tables.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
+#include "ui/PlacesFenetres.h"
 #include "ui/Sablier.h"
 #include "ui/TravailDeFond.h"
 
@@ -124,7 +125,9 @@ void Programme::Charger() {
   OuvrirBase();
   BalayerRestes(session_.dossiers, session_.plateforme.horloge.Maintenant());
 
-  echelle_ = std::make_unique<EchelleProgramme>(session_.reglages.rtcolor.TailleFenetre);
+  const qint32 taille = session_.reglages.rtcolor.TailleFenetre;
+  places_ = std::make_unique<PlacesFenetres>(session_.dossiers.AppPath, taille);
+  echelle_ = std::make_unique<EchelleProgramme>(taille);
   echelle_->Appliquer(depart_.get());  // which was there before its size was known
   velmira_ = std::make_unique<FrmVelmira>(session_);
   plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
@@ -239,7 +242,7 @@ void Programme::VersEnveloppesDeCategorie(const QString &categorie) {
 }
 
 void Programme::PasserAuxEnveloppes() {
-  Centrer(*plomex_, *velmira_);
+  if (!places_->Connait(*plomex_)) Centrer(*plomex_, *velmira_);
   MettreDevant(*plomex_);
   PasserLentement();
   velmira_->hide();
@@ -283,6 +286,7 @@ void Programme::Finir(const std::function<void()> &suite) {
   depart_->hide();
   velmira_->hide();
   plomex_->hide();
+  places_->Ecrire();
   if (suite) Signaler(session_.plateforme.boites, suite);
   emit Termine();
 }

@@ -13,6 +13,7 @@ class EchelleProgramme;
 class FrmDepart;
 class FrmPlomex;
 class FrmVelmira;
+class PlacesFenetres;
 class SelectionClasseur;
 struct AdresseComposee;
 
@@ -63,6 +64,7 @@ class Programme : public QObject {
   void Finir(const std::function<void()> &suite);
 
   Session session_;
+  std::unique_ptr<PlacesFenetres> places_;
   std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmDepart> depart_;
   std::unique_ptr<FrmVelmira> velmira_;

@@ -5,6 +5,7 @@
 #include "ui/Brancheur.h"
 #include "ui/Echelle.h"
 #include "ui/Guillemet.h"
+#include "ui/ZoneAuBesoin.h"
 
 #include <QActionGroup>
 
@@ -173,8 +174,9 @@ void Apparence::ChoisirTaille() {
   const bool libre = !fenetre_.isMaximized() && !fenetre_.isFullScreen();
   const auto montrer = [&](int minimum, int actuelle) {
     if (!libre) return;
-    fenetre_.setMinimumHeight(minimum);
-    fenetre_.resize(fenetre_.width(), actuelle);
+    const int ecran = ZoneAuBesoin::Libre(*fenetre_.screen()).height();
+    fenetre_.setMinimumHeight(std::min(minimum, ecran));
+    fenetre_.resize(fenetre_.width(), std::min(actuelle, ecran));
   };
   FrmTaillepg dialogue(
       boites, taille,

@@ -6,7 +6,8 @@
 
 using namespace Qt::StringLiterals;
 
-Preferences::Preferences(const QString &appPath) : chemin_(appPath + u"/Preferences.ini"_s) {
+Preferences::Preferences(const QString &appPath, const QString &nom)
+    : chemin_(appPath + u'/' + nom) {
   try {
     octets_ = LireFichier(chemin_).value_or(QByteArray());
   } catch (const ErreurFichier &) {

@@ -1,6 +1,7 @@
 #pragma once
-// What the user has chosen of the conveniences of ours, all of them in one file of sections of the
-// application folder, `Preferences.ini`. The older settings files know nothing of it.
+// What the program keeps of its own conveniences, in files of sections of the application folder:
+// what the user has chosen in `Preferences.ini`, how the windows were left in `Etat.ini`. The older
+// settings files know nothing of them.
 
 #include <QByteArray>
 #include <QList>
@@ -14,7 +15,8 @@ class Preferences {
 
   /// Reads the file, which never fails: a missing one holds nothing, and one that cannot be read
   /// leaves `NonLues`.
-  explicit Preferences(const QString &appPath);
+  explicit Preferences(const QString &appPath,
+                       const QString &nom = QStringLiteral("Preferences.ini"));
 
   /// The file is there, and could not be read.
   bool NonLues() const { return nonLues_; }

@@ -7,17 +7,13 @@
 
 namespace {
 
-void Dimensionner(QWidget &dialogue) {
-  // What has been filled in since the form was made is still to be heard of.
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-  constexpr int kCadre = 8, kTitre = 40;  // what the desktop draws around a window, at most
-  const QSize ecran = dialogue.screen()->availableGeometry().size() - QSize(kCadre, kTitre);
-  QSize voulue = dialogue.sizeHint();
+/// What is wanted, where there is no room for it with a bar that scrolls.
+QSize DansLaPlace(QSize voulue, const QSize &place, const QWidget &widget) {
   // The bar that scrolls one way takes room the other way.
-  const int barre = dialogue.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &dialogue);
-  if (voulue.height() > ecran.height()) voulue.rwidth() += barre;
-  if (voulue.width() > ecran.width()) voulue.rheight() += barre;
-  dialogue.resize(voulue.boundedTo(ecran));
+  const int barre = widget.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &widget);
+  if (voulue.height() > place.height()) voulue.rwidth() += barre;
+  if (voulue.width() > place.width()) voulue.rheight() += barre;
+  return voulue.boundedTo(place);
 }
 
 }  // namespace
@@ -39,7 +35,24 @@ QSize ZoneAuBesoin::sizeHint() const {
 QSize ZoneAuBesoin::minimumSizeHint() const {
   constexpr int kLignes = 6;
   const int lignes = kLignes * fontMetrics().lineSpacing();
+  if (tient_) {
+    const QSize menus(0, 2 * lignes / kLignes);
+    return DansLaPlace(sizeHint(), Libre(*screen()).size() - menus, *this);
+  }
   return sizeHint().boundedTo({lignes * 2, lignes});
+}
+
+QRect ZoneAuBesoin::Libre(const QScreen &ecran) {
+  constexpr int kCadre = 4, kTitre = 36;  // at most
+  return ecran.availableGeometry().adjusted(kCadre, kTitre, -kCadre, -kCadre);
+}
+
+void ZoneAuBesoin::Dimensionner(QWidget &fenetre) {
+  if (fenetre.testAttribute(Qt::WA_Resized)) return;
+  // What has been filled in since the form was made is still to be heard of.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+  fenetre.resize(DansLaPlace(fenetre.sizeHint(), Libre(*fenetre.screen()).size(), fenetre));
+  fenetre.setAttribute(Qt::WA_Resized, false);
 }
 
 void ZoneAuBesoin::TenirDansLEcran(QWidget &dialogue, const QShowEvent &evenement,
