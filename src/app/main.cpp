@@ -15,6 +15,7 @@
 #include "platform/linux/Utilisateur.h"
 #include "storage/DossierApplication.h"
 #include "ui/Icones.h"
+#include "ui/PaletteLisible.h"
 
 #include <QLibraryInfo>
 #include <QLoggingCategory>
@@ -62,6 +63,7 @@ int main(int argc, char *argv[]) {
   Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
   Application::setDesktopFileName(u"velmira"_s);
   Application::setQuitOnLastWindowClosed(false);
+  const PaletteLisible palette;
   PreparerIcones();
 
   QTranslator traduction;  // the toolkit's own texts: Oui, Non, Annuler

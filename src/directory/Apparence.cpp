@@ -23,8 +23,7 @@ Apparence::Apparence(Session &session, const Actions &actions, QWidget &fenetre,
       fenetre_(fenetre),
       relancer_(std::move(relancer)),
       tailleEnForce_(session.reglages.rtcolor.TailleFenetre),
-      hauteurDessin_(fenetre.height()),
-      hauteurMinDessin_(fenetre.minimumHeight()) {
+      hauteurDessin_(fenetre.height()) {
   Brancher();
   Cocher();
 }
@@ -170,23 +169,17 @@ void Apparence::DemanderVitesse() {
 void Apparence::ChoisirTaille() {
   Boites &boites = session_.plateforme.boites;
   qint32 &taille = session_.reglages.rtcolor.TailleFenetre;
-  const int hauteur = fenetre_.height(), hauteurMin = fenetre_.minimumHeight();
+  const int hauteur = fenetre_.height();
   const bool libre = !fenetre_.isMaximized() && !fenetre_.isFullScreen();
-  const auto montrer = [&](int minimum, int actuelle) {
-    if (!libre) return;
+  const auto montrer = [&](int voulue) {
     const int ecran = ZoneAuBesoin::Libre(*fenetre_.screen()).height();
-    fenetre_.setMinimumHeight(std::min(minimum, ecran));
-    fenetre_.resize(fenetre_.width(), std::min(actuelle, ecran));
+    if (libre) fenetre_.resize(fenetre_.width(), std::min(voulue, ecran));
   };
   FrmTaillepg dialogue(
-      boites, taille,
-      [&](qint32 choisie) {
-        montrer(qRound(hauteurMinDessin_ * Echelle(choisie)),
-                qRound(hauteurDessin_ * Echelle(choisie)));
-      },
+      boites, taille, [&](qint32 choisie) { montrer(qRound(hauteurDessin_ * Echelle(choisie))); },
       &fenetre_);
   const bool accepte = dialogue.exec() == QDialog::Accepted;
-  montrer(hauteurMin, hauteur);
+  montrer(hauteur);
   if (!accepte) return;
   taille = dialogue.Taille();
   EcrireRTColor();

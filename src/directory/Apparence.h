@@ -68,5 +68,5 @@ class Apparence : public QObject {
   QWidget &fenetre_;
   std::function<void()> relancer_;
   const qint32 tailleEnForce_;  ///< of this run; a new one counts from the next start on
-  const int hauteurDessin_, hauteurMinDessin_;
+  const int hauteurDessin_;
 };

@@ -65,6 +65,8 @@ void PartagerColonnes(QGridLayout &grille, bool large) {
 PanneauFiche::PanneauFiche(QWidget *parent)
     : QWidget(parent), ui_(std::make_unique<Ui::PanneauFiche>()) {
   ui_->setupUi(this);
+  constexpr int kLargeur = 276;
+  ui_->Colonne->addStrut(kLargeur);  // a bound of the widget would hold below what lies in it
   cmdTel_ = {ui_->CmdTel_0, ui_->CmdTel_1, ui_->CmdTel_2};
   for (QToolButton *bouton : cmdTel_) bouton->setIcon(Icone(u"call-start"));
   Grandir(ui_->LblName, 1.6, true);

@@ -1,5 +1,6 @@
 #include "ui/FondAuFocus.h"
 
+#include "ui/PaletteLisible.h"
 #include "ui/Theme.h"
 
 #include <QEvent>
@@ -37,5 +38,5 @@ void FondAuFocus::Peindre(bool focus) {
   else if (focus)
     palette.setColor(QPalette::Base, QColor(gris_, gris_, gris_));
   if (encre_.isValid()) palette.setColor(QPalette::Text, encre_);
-  Surface()->setPalette(palette);
+  Surface()->setPalette(PaletteLisible::De(palette));
 }

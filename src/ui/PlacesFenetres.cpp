@@ -68,6 +68,7 @@ bool EstRestee(const QRect &place, const QRect &donnee) {
 void FaireDefiler(QWidget &fenetre) {
   const QPointer<QWidget> focus = fenetre.focusWidget();
   auto *zone = new ZoneAuBesoin(&fenetre);
+  zone->TenirLaFenetre();
   QWidget *corps = nullptr;
   if (auto *principale = qobject_cast<QMainWindow *>(&fenetre)) {
     corps = principale->takeCentralWidget();
@@ -87,11 +88,30 @@ void FaireDefiler(QWidget &fenetre) {
 void TenirDansLEcran(QWidget &fenetre) {
   const QSize libre = ZoneAuBesoin::Libre(EcranDe(fenetre)).size();
   if (fenetre.layout() == nullptr) return;
-  const QSize besoin = fenetre.minimumSize().expandedTo(fenetre.layout()->totalMinimumSize());
-  if (besoin.boundedTo(libre) == besoin) return;
+  if (fenetre.inherits("QMainWindow")) return FaireDefiler(fenetre);  // what it shows changes
+  const QSize contenu = fenetre.layout()->totalMinimumSize();
+  const QSize besoin = fenetre.minimumSize().expandedTo(contenu);
+  if (besoin.boundedTo(libre) == besoin) {
+    // A bound of its own would hold below what it comes to contain.
+    if (fenetre.minimumWidth() < contenu.width()) fenetre.setMinimumWidth(0);
+    if (fenetre.minimumHeight() < contenu.height()) fenetre.setMinimumHeight(0);
+    fenetre.layout()->invalidate();
+    fenetre.layout()->activate();
+    return;
+  }
   FaireDefiler(fenetre);
   fenetre.setMaximumSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
   fenetre.setMinimumSize(fenetre.minimumSize().boundedTo(libre));
+}
+
+/// Broken lines make a narrow window higher, which the toolkit leaves out of its bounds.
+void BornerHauteur(QWidget &fenetre) {
+  const QLayout *contenu = fenetre.layout();
+  if (contenu == nullptr || !contenu->hasHeightForWidth() || !fenetre.isVisible()) return;
+  const int hauteur = std::min(contenu->totalMinimumHeightForWidth(fenetre.width()),
+                               ZoneAuBesoin::Libre(*fenetre.screen()).height());
+  if (fenetre.minimumHeight() != hauteur && fenetre.minimumHeight() != fenetre.maximumHeight())
+    fenetre.setMinimumHeight(hauteur);
 }
 
 }  // namespace
@@ -131,7 +151,7 @@ void PlacesFenetres::MontrerCommeDessinee(QWidget &fenetre) {
   if (fenetre.testAttribute(Qt::WA_Resized))
     fenetre.resize(fenetre.size().boundedTo(ZoneAuBesoin::Libre(EcranDe(fenetre)).size()));
   else
-    ZoneAuBesoin::TenirDansLEcran(fenetre);
+    ZoneAuBesoin::Dimensionner(fenetre);
   donnees_[&fenetre] = {};
   // Once it stands: some find their size while they are shown.
   QMetaObject::invokeMethod(
@@ -183,8 +203,9 @@ void PlacesFenetres::Ecrire() {
 
 bool PlacesFenetres::eventFilter(QObject *objet, QEvent *evenement) {
   const auto type = evenement->type();
-  const bool utile = type == QEvent::Polish || type == QEvent::Show || type == QEvent::Hide;
-  if (!utile || evenement->spontaneous() || !objet->isWidgetType() ||
+  const bool utile = type == QEvent::Polish || type == QEvent::Show || type == QEvent::Hide ||
+                     type == QEvent::Resize;
+  if (!utile || (evenement->spontaneous() && type != QEvent::Resize) || !objet->isWidgetType() ||
       !objet->objectName().startsWith(u"Frm"_s))
     return QObject::eventFilter(objet, evenement);
   auto &fenetre = *static_cast<QWidget *>(objet);
@@ -192,6 +213,8 @@ bool PlacesFenetres::eventFilter(QObject *objet, QEvent *evenement) {
     return QObject::eventFilter(objet, evenement);
   if (type == QEvent::Polish)
     TenirDansLEcran(fenetre);
+  else if (type == QEvent::Resize)
+    BornerHauteur(fenetre);
   else if (type == QEvent::Show)
     Montrer(fenetre);
   else

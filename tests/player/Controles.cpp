@@ -200,6 +200,14 @@ QList<Verbe> VerbesDesControles() {
       Lecture(u"couleur"_s, [](const C &c) { return TeintesDe(c).encre; }),
       Lecture(u"fond"_s, [](const C &c) { return TeintesDe(c).fond; }),
       Lecture(u"alignement"_s, AlignementDe),
+      Lecture(u"place"_s,
+              [](const C &c) {
+                const QRect place = c.Widget()->geometry();
+                return u"%1 %2 %3 %4"_s.arg(place.left())
+                    .arg(place.top())
+                    .arg(place.width())
+                    .arg(place.height());
+              }),
       Lecture(
           u"index"_s,
           [](const C &c) { return QString::number(c.Elements().indexOf(c.Selection().value(0))); }),

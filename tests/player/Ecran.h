@@ -89,7 +89,8 @@ bool PorteUneMarque(const QObject &objet);
 
 /// A dialog waits without an hourglass over its buttons. Every control of a window that the
 /// keyboard reaches has an accessible name, no mnemonic stands twice in the window or in one of its
-/// menus, and labels are told from their ground. Throws `Echec`.
+/// menus, texts are told from their ground (4.5 to 1) and stand whole in their controls, and the
+/// window fits its screen. Throws `Echec`.
 void VerifierAccessibilite(const QWidget &fenetre);
 
 /// Sizes of a window and of all that lies in it, to be held against those at another size of the

@@ -30,15 +30,6 @@ void PrendreActions(Mnemoniques &prises, const QList<QAction *> &actions) {
   }
 }
 
-void VerifierContraste(const QLabel &etiquette) {
-  if (etiquette.text().isEmpty()) return;
-  const QColor encre = etiquette.palette().color(etiquette.foregroundRole());
-  const QColor fond = etiquette.palette().color(etiquette.backgroundRole());
-  Exiger(Contraste(encre, fond) >= 4.5, u"%1, %2 on %3: a contrast of 4.5 expected, %4 found"_s
-                                            .arg(etiquette.objectName(), encre.name(), fond.name())
-                                            .arg(Contraste(encre, fond), 0, 'f', 1));
-}
-
 bool EstSurPapier(const QWidget *widget) {
   for (; widget != nullptr; widget = widget->parentWidget())
     if (widget->property("enMillimetres").toBool()) return true;
@@ -50,6 +41,78 @@ bool Compte(const QWidget &widget, const QWidget &fenetre) {
   return widget.window() == &fenetre && !widget.objectName().isEmpty() &&
          !widget.objectName().startsWith(u"qt_"_s) && !EstSurPapier(&widget) &&
          !widget.inherits("QMenuBar");
+}
+
+void ExigerLisible(const QString &quoi, QColor encre, const QColor &fond) {
+  const auto pose = [&](int lui, int dessous) {
+    return (lui * encre.alpha() + dessous * (255 - encre.alpha())) / 255;
+  };
+  encre = {pose(encre.red(), fond.red()), pose(encre.green(), fond.green()),
+           pose(encre.blue(), fond.blue())};
+  Exiger(Contraste(encre, fond) >= 4.5, u"%1, %2 on %3: a contrast of 4.5 expected, %4 found"_s
+                                            .arg(quoi, encre.name(), fond.name())
+                                            .arg(Contraste(encre, fond), 0, 'f', 1));
+}
+
+/// The colours were told: of the list's root and of the tips.
+bool EstDite(const QWidget &widget, const QModelIndex &element) {
+  return widget.objectName() == u"TV"_s && !element.parent().isValid() && element.row() == 0;
+}
+
+void VerifierContraste(const QWidget &widget) {
+  const QPalette palette = widget.palette();
+  const QString nom = widget.objectName();
+  const auto verifier = [&](QPalette::ColorRole encre, QPalette::ColorRole fond) {
+    ExigerLisible(nom, palette.color(encre), palette.color(fond));
+  };
+  const bool saisie = widget.inherits("QLineEdit") || widget.inherits("QPlainTextEdit") ||
+                      widget.inherits("QAbstractItemView") || widget.inherits("QComboBox");
+  if (!widget.property("text").toString().isEmpty() || widget.inherits("QGroupBox"))
+    verifier(widget.foregroundRole(), widget.backgroundRole());
+  if (widget.inherits("QLabel") && widget.property("text").toString().contains(u"<a "_s))
+    verifier(QPalette::Link, widget.backgroundRole());
+  if (!saisie) return;
+  verifier(QPalette::Text, QPalette::Base);
+  verifier(QPalette::PlaceholderText, QPalette::Base);
+  verifier(QPalette::HighlightedText, QPalette::Highlight);
+  const auto *vue = qobject_cast<const QAbstractItemView *>(&widget);
+  if (vue == nullptr || vue->model() == nullptr) return;
+  for (const QModelIndex &element :
+       vue->model()->match(vue->model()->index(0, 0), Qt::ForegroundRole, QVariant(), 100,
+                           Qt::MatchRecursive | Qt::MatchWildcard))
+    if (const QVariant encre = element.data(Qt::ForegroundRole);
+        encre.isValid() && !EstDite(widget, element))
+      ExigerLisible(nom + u'/' + element.data().toString(), encre.value<QBrush>().color(),
+                    palette.color(QPalette::Base));
+}
+
+/// What is written in a control is seen whole, and the control is within its place.
+void VerifierPlace(const QWidget &widget) {
+  const QWidget *parent = widget.parentWidget();
+  const auto *etiquette = qobject_cast<const QLabel *>(&widget);
+  const qsizetype longueur = widget.property("text").toString().size();
+  constexpr qsizetype kLegende = 200;  // characters; more is what a user has typed
+  QSize voulue;
+  if (widget.inherits("QLabel") && (longueur == 0 || longueur > kLegende))
+    voulue = {};
+  else if (etiquette != nullptr && etiquette->wordWrap())
+    voulue.setHeight(etiquette->heightForWidth(widget.width()));
+  else if ((etiquette != nullptr && !widget.inherits("EtiquetteElidee")) ||
+           widget.inherits("QAbstractButton"))
+    voulue = widget.sizeHint();
+  else if (widget.inherits("QGroupBox"))
+    voulue = widget.minimumSizeHint();
+  const QString nom = widget.window()->objectName() + u'/' + widget.objectName();
+  Exiger(voulue.width() <= widget.width() && voulue.height() <= widget.height(),
+         u"%1: room of %2 x %3 for its text expected, %4 x %5 found"_s.arg(nom)
+             .arg(voulue.width())
+             .arg(voulue.height())
+             .arg(widget.width())
+             .arg(widget.height()));
+  const auto *defile = qobject_cast<const QAbstractScrollArea *>(parent->parentWidget());
+  Exiger((defile != nullptr && defile->viewport() == parent) ||
+             parent->rect().contains(widget.geometry()),
+         u"%1 expected within %2, it juts out"_s.arg(nom, parent->objectName()));
 }
 
 void MesurerObjet(const QString &lui, const QObject &objet, Mesures &mesures) {
@@ -86,6 +149,11 @@ bool PorteUneMarque(const QObject &objet) {
 void VerifierAccessibilite(const QWidget &fenetre) {
   Exiger(!fenetre.isModal() || QGuiApplication::overrideCursor() == nullptr,
          u"no hourglass over %1 expected, one found"_s.arg(fenetre.objectName()));
+  const QSize ecran = fenetre.screen()->availableSize();
+  Exiger(fenetre.size().boundedTo(ecran) == fenetre.size(),
+         u"%1 of %2 x %3 expected to fit the screen"_s.arg(fenetre.objectName())
+             .arg(fenetre.width())
+             .arg(fenetre.height()));
   Mnemoniques mnemoniques;
   for (const auto *barre : fenetre.findChildren<QMenuBar *>())
     if (barre->window() == &fenetre) PrendreActions(mnemoniques, barre->actions());
@@ -94,11 +162,11 @@ void VerifierAccessibilite(const QWidget &fenetre) {
     if (PorteUneMarque(*widget))
       Prendre(mnemoniques,
               widget->property(widget->inherits("QGroupBox") ? "title" : "text").toString());
-    if (const auto *etiquette = qobject_cast<const QLabel *>(widget)) VerifierContraste(*etiquette);
+    if (widget->objectName().startsWith(u"qt_"_s) || EstSurPapier(widget)) continue;
+    VerifierContraste(*widget);
+    if (!widget->objectName().isEmpty()) VerifierPlace(*widget);
     // Parts of a control of the toolkit are none that the user meets.
-    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr ||
-        widget->objectName().startsWith(u"qt_"_s))
-      continue;
+    if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr) continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);
     Exiger(acces != nullptr && !acces->text(QAccessible::Name).trimmed().isEmpty(),
            u"an accessible name of %1 expected, none found"_s.arg(widget->objectName()));

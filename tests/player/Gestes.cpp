@@ -277,6 +277,11 @@ QList<Verbe> VerbesDesGestes() {
       Acte(u"quitter"_s, 1, Quitter),
       Acte(u"survoler"_s, 1, Survoler),
       {u"deposer"_s, 2, kSansLimite, Deposer},
+      Acte(u"poser"_s, 5,
+           [](const C &c, const M &m) {
+             c.Widget()->setGeometry(qRound(Nombre(m[1])), qRound(Nombre(m[2])),
+                                     qRound(Nombre(m[3])), qRound(Nombre(m[4])));
+           }),
       {u"fermer-fenetre"_s, 0, 0, [](S &s, const M &) { s.ecran.Active()->close(); }},
       {u"demarrer"_s, 0, 0, [](S &s, const M &) { s.Demarrer(); }},
       {u"fermer"_s, 0, 0, [](S &s, const M &) { s.Fermer(); }},

@@ -187,7 +187,12 @@ void Scene::ExecuterSuivante() {
     LaisserPasser();
     ecran.DonnerFocus();
     VerifierFautes();
-    if (const QWidget *fenetre = ecran.FenetreActive()) VerifierAccessibilite(*fenetre);
+    QWidget *fenetre = ecran.FenetreActive();
+    if (options.etroit && fenetre != nullptr) {
+      fenetre->resize(fenetre->minimumSize());
+      LaisserPasser();
+    }
+    if (fenetre != nullptr) VerifierAccessibilite(*fenetre);
   } catch (const Reessayer &) {
     suivante_ = celleCi;
   } catch (const Echec &echec) {

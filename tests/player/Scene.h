@@ -23,9 +23,10 @@ void LaisserPasser();
 class Scene {
  public:
   struct Options {
-    QString monde;      ///< folder in which the world is kept; a temporary one when empty
-    QString captures;   ///< folder of the pictures; none are made when empty
-    qint32 taille = 0;  ///< of the program at each start, in twips; 0 for what the world has
+    QString monde;        ///< folder in which the world is kept; a temporary one when empty
+    QString captures;     ///< folder of the pictures; none are made when empty
+    qint32 taille = 0;    ///< of the program at each start, in twips; 0 for what the world has
+    bool etroit = false;  ///< each window is made as small as it can be
   };
 
   /// Throws `Echec` for a scenario that cannot be read.

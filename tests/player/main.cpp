@@ -3,6 +3,7 @@
 #include "player/Scene.h"
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
+#include "ui/PaletteLisible.h"
 
 #include <QtWidgets>
 
@@ -21,7 +22,7 @@ QPalette PaletteSombre() {
 
 void PreparerApparence(bool sombre) {
   QApplication::setStyle(u"fusion"_s);
-  if (sombre) QApplication::setPalette(PaletteSombre());
+  QApplication::setPalette(PaletteLisible::De(sombre ? PaletteSombre() : QPalette()));
   QIcon::setThemeName(sombre ? u"breeze-dark"_s : u"breeze"_s);
   PreparerIcones();
 }
@@ -63,6 +64,7 @@ int main(int argc, char *argv[]) {
   arguments.addOptions({{u"world"_s, u"Keep the world of the one file in DIR."_s, u"DIR"_s},
                         {u"captures"_s, u"Write the pictures into DIR."_s, u"DIR"_s},
                         {u"sombre"_s, u"Use dark colours."_s},
+                        {u"etroit"_s, u"Use letters of 13 points and the smallest windows."_s},
                         {u"echelle"_s,
                          u"Play each file at the designed and at the largest size, and "
                          "hold the windows of its pictures against each other."_s}});
@@ -77,12 +79,19 @@ int main(int argc, char *argv[]) {
   if (traduction.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
     Application::installTranslator(&traduction);
 
+  const bool etroit = arguments.isSet(u"etroit"_s);
+  if (etroit) {
+    QFont police = QApplication::font();
+    police.setPointSize(13);
+    QApplication::setFont(police);
+  }
   int echecs = 0;
   const auto jouer = [&](const QString &fichier) {
     Mesures mesures;
     return arguments.isSet(u"echelle"_s)
                ? JouerAEchelle(application, fichier)
-               : Jouer(application, fichier, {monde, arguments.value(u"captures"_s)}, mesures);
+               : Jouer(application, fichier, {monde, arguments.value(u"captures"_s), 0, etroit},
+                       mesures);
   };
   for (const QString &fichier : fichiers) {
     const auto faute = jouer(fichier);
