@@ -7,6 +7,8 @@
 #include <QKeyEvent>
 #include <QToolButton>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -37,7 +39,7 @@ void FrmClavier::AjouterTouche(const QString &texte, const QString &nom, const Q
   touche->setObjectName(u"EtqC_"_s + QString::number(rang));
   touche->setText(texte);
   touche->setAccessibleName(nom);
-  touche->setFixedSize(cote_, cote_);
+  touche->setFixedSize(std::max(cote_, touche->sizeHint().width()), cote_);
   GarderTaille(touche);
   touche->setFocusPolicy(Qt::StrongFocus);
   connect(touche, &QToolButton::clicked, this, [this, lettre] { Choisir(lettre); });

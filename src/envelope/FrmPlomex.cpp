@@ -20,6 +20,7 @@
 #include "ui/Debrancher.h"
 #include "ui/EtiquetteZone.h"
 #include "ui/Garde.h"
+#include "ui/Icones.h"
 #include "ui/MesurePolices.h"
 #include "ui/Sablier.h"
 #include "ui_FrmPlomex.h"
