@@ -26,8 +26,10 @@ FrmLoupe::FrmLoupe(const Correspondant &fiche) : ui_(std::make_unique<Ui::FrmLou
   Grandir(ui_->LblNLoupe, 3, true);
   for (QWidget *valeur : {ui_->LblPLoupe, ui_->LblPTLoupe, ui_->LblPoLoupe, ui_->LblFLoupe})
     Grandir(valeur, 2.6);
-  for (QWidget *libelle : {ui_->LblTel, ui_->LblTelT, ui_->LblPort, ui_->LblFax, ui_->LblExit})
+  for (QWidget *libelle : {ui_->LblTel, ui_->LblTelT, ui_->LblPort, ui_->LblFax, ui_->LblExit}) {
     Grandir(libelle, 1.5);
+    libelle->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);  // as wide as its text
+  }
 }
 
 FrmLoupe::~FrmLoupe() = default;
