@@ -14,6 +14,7 @@
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
 #include "storage/DossierApplication.h"
+#include "ui/CasesVisibles.h"
 #include "ui/Icones.h"
 #include "ui/PaletteLisible.h"
 
@@ -64,6 +65,7 @@ int main(int argc, char *argv[]) {
   Application::setDesktopFileName(u"velmira"_s);
   Application::setQuitOnLastWindowClosed(false);
   const PaletteLisible palette;
+  CasesVisibles::Poser();
   PreparerIcones();
 
   QTranslator traduction;  // the toolkit's own texts: Oui, Non, Annuler

@@ -1,9 +1,6 @@
 #include "ui/CochesDeSelection.h"
 
-#include "ui/Theme.h"
-
 #include <QApplication>
-#include <QPainter>
 
 #include <algorithm>
 
@@ -22,19 +19,4 @@ void CochesDeSelection::initStyleOption(QStyleOptionViewItem *option,
   option->features |= QStyleOptionViewItem::HasCheckIndicator;
   option->checkState = choisi ? Qt::Checked : Qt::Unchecked;
   option->state.setFlag(QStyle::State_Selected, false);
-}
-
-void CochesDeSelection::paint(QPainter *peintre, const QStyleOptionViewItem &option,
-                              const QModelIndex &index) const {
-  QStyledItemDelegate::paint(peintre, option, index);
-  if (!EstSombre(option.palette.color(QPalette::Base))) return;
-  // The toolkit's own box cannot be told from a dark ground.
-  QStyleOptionViewItem ligne = option;
-  initStyleOption(&ligne, index);
-  const QRect boite = QApplication::style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator,
-                                                            &ligne, option.widget);
-  QColor trait = option.palette.color(QPalette::Text);
-  trait.setAlphaF(0.5F);
-  peintre->setPen(trait);
-  peintre->drawRect(boite.adjusted(0, 0, -1, -1));
 }

@@ -75,11 +75,14 @@ void FaireDefiler(QWidget &fenetre) {
     zone->setWidget(corps);
     principale->setCentralWidget(zone);
   } else {
+    QWidget *menus = fenetre.layout()->menuBar();
+    fenetre.layout()->setMenuBar(nullptr);
     corps = new QWidget(&fenetre);
     corps->setLayout(fenetre.layout());
     zone->setWidget(corps);
     auto *colonne = new QVBoxLayout(&fenetre);
     colonne->setContentsMargins({});
+    colonne->setMenuBar(menus);
     colonne->addWidget(zone);
   }
   if (focus != nullptr) focus->setFocus();

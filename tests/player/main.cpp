@@ -1,6 +1,7 @@
 // Plays scenarios: text files that drive the program by its controls.
 
 #include "player/Scene.h"
+#include "ui/CasesVisibles.h"
 #include "ui/Echelle.h"
 #include "ui/Icones.h"
 #include "ui/PaletteLisible.h"
@@ -22,6 +23,7 @@ QPalette PaletteSombre() {
 
 void PreparerApparence(bool sombre) {
   QApplication::setStyle(u"fusion"_s);
+  CasesVisibles::Poser();
   QApplication::setPalette(PaletteLisible::De(sombre ? PaletteSombre() : QPalette()));
   QIcon::setThemeName(sombre ? u"breeze-dark"_s : u"breeze"_s);
   PreparerIcones();
