@@ -12,7 +12,6 @@ class CochesDeSelection : public QStyledItemDelegate {
 
   QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-
  protected:
   void initStyleOption(QStyleOptionViewItem *option, const QModelIndex &index) const override;
 };

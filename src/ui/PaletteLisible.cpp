@@ -7,10 +7,12 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
-constexpr double kTexte = 4.5, kLien = 6;  // links stand on panels too, which are tinted
+// Links and what is disabled stand on panels too, which are tinted.
+constexpr double kTexte = 4.5, kInactif = 4, kLien = 6;
 constexpr int kPas = 40;
 
 QColor Melange(const QColor &de, const QColor &vers, double part) {
@@ -39,7 +41,15 @@ PaletteLisible::PaletteLisible() {
 }
 
 QPalette PaletteLisible::De(QPalette palette) {
-  for (const auto groupe : {QPalette::Active, QPalette::Inactive}) {
+  for (const auto &[encre, fond] : {std::pair(QPalette::WindowText, QPalette::Window),
+                                    {QPalette::Text, QPalette::Base},
+                                    {QPalette::ButtonText, QPalette::Button}}) {
+    const QColor inactive = palette.color(QPalette::Disabled, encre);
+    const QColor voulue = Distincte(inactive, palette.color(QPalette::Active, encre),
+                                    {palette.color(QPalette::Disabled, fond)}, kInactif);
+    if (inactive != voulue) palette.setColor(QPalette::Disabled, encre, voulue);
+  }
+  for (const auto groupe : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
     const auto couleur = [&](QPalette::ColorRole role) { return palette.color(groupe, role); };
     const auto accorder = [&](QPalette::ColorRole role, const QColor &voulue) {
       if (couleur(role) != voulue) palette.setColor(groupe, role, voulue);

@@ -4,7 +4,8 @@
 #include <QPalette>
 
 /// As long as it lives, what the desktop's colours leave hard to read is mended: links, prompts in
-/// empty fields, and the ground of what is selected keep a contrast of 4.5 to 1. All else is the
+/// empty fields, and the ground of what is selected keep a contrast of 4.5 to 1, what is disabled
+/// one of 3 to 1. All else is the
 /// desktop's, also when it changes its colours while the program runs.
 class PaletteLisible : public QObject {
   Q_OBJECT

@@ -43,15 +43,16 @@ bool Compte(const QWidget &widget, const QWidget &fenetre) {
          !widget.inherits("QMenuBar");
 }
 
-void ExigerLisible(const QString &quoi, QColor encre, const QColor &fond) {
+void ExigerLisible(const QString &quoi, QColor encre, const QColor &fond, double voulu) {
   const auto pose = [&](int lui, int dessous) {
     return (lui * encre.alpha() + dessous * (255 - encre.alpha())) / 255;
   };
   encre = {pose(encre.red(), fond.red()), pose(encre.green(), fond.green()),
            pose(encre.blue(), fond.blue())};
-  Exiger(Contraste(encre, fond) >= 4.5, u"%1, %2 on %3: a contrast of 4.5 expected, %4 found"_s
-                                            .arg(quoi, encre.name(), fond.name())
-                                            .arg(Contraste(encre, fond), 0, 'f', 1));
+  Exiger(Contraste(encre, fond) >= voulu,
+         u"%1, %2 on %3: a contrast of %4 expected, %5 found"_s.arg(quoi, encre.name(), fond.name())
+             .arg(voulu)
+             .arg(Contraste(encre, fond), 0, 'f', 1));
 }
 
 /// The colours were told: of the list's root and of the tips.
@@ -63,7 +64,7 @@ void VerifierContraste(const QWidget &widget) {
   const QPalette palette = widget.palette();
   const QString nom = widget.objectName();
   const auto verifier = [&](QPalette::ColorRole encre, QPalette::ColorRole fond) {
-    ExigerLisible(nom, palette.color(encre), palette.color(fond));
+    ExigerLisible(nom, palette.color(encre), palette.color(fond), widget.isEnabled() ? 4.5 : 3);
   };
   const bool saisie = widget.inherits("QLineEdit") || widget.inherits("QPlainTextEdit") ||
                       widget.inherits("QAbstractItemView") || widget.inherits("QComboBox");
@@ -83,7 +84,7 @@ void VerifierContraste(const QWidget &widget) {
     if (const QVariant encre = element.data(Qt::ForegroundRole);
         encre.isValid() && !EstDite(widget, element))
       ExigerLisible(nom + u'/' + element.data().toString(), encre.value<QBrush>().color(),
-                    palette.color(QPalette::Base));
+                    palette.color(QPalette::Base), 4.5);
 }
 
 /// What is written in a control is seen whole, and the control is within its place.
@@ -158,13 +159,14 @@ void VerifierAccessibilite(const QWidget &fenetre) {
   for (const auto *barre : fenetre.findChildren<QMenuBar *>())
     if (barre->window() == &fenetre) PrendreActions(mnemoniques, barre->actions());
   for (QWidget *widget : fenetre.findChildren<QWidget *>()) {
-    if (widget->window() != &fenetre || !widget->isVisible() || !widget->isEnabled()) continue;
-    if (PorteUneMarque(*widget))
+    if (widget->window() != &fenetre || !widget->isVisible()) continue;
+    if (widget->isEnabled() && PorteUneMarque(*widget))
       Prendre(mnemoniques,
               widget->property(widget->inherits("QGroupBox") ? "title" : "text").toString());
     if (widget->objectName().startsWith(u"qt_"_s) || EstSurPapier(widget)) continue;
     VerifierContraste(*widget);
     if (!widget->objectName().isEmpty()) VerifierPlace(*widget);
+    if (!widget->isEnabled()) continue;
     // Parts of a control of the toolkit are none that the user meets.
     if ((widget->focusPolicy() & Qt::TabFocus) == 0 || widget->focusProxy() != nullptr) continue;
     const auto *acces = QAccessible::queryAccessibleInterface(widget);
