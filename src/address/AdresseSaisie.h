@@ -13,6 +13,8 @@ struct AdresseSaisie {
   QString codePostal = {}, ville = {}, pays = {};
   OptionCP optionCP = OptionCP::CodeDevant;
 
+  bool operator==(const AdresseSaisie &) const = default;
+
   /// The address of a row.
   template <typename Ligne>
   static AdresseSaisie De(const Ligne &l) {

@@ -56,6 +56,7 @@ QString EnMajuscules(const QString &texte, bool accents) {
 QString SelonNorme(const QString &chaine, const ReglagesNorme &norme) {
   QStringList blocs = chaine.split(u'$');
   const bool postale = blocs.size() > 1 && !EstVide(blocs[1]);
+  const bool etranger = blocs.size() > 2 && !EstVide(blocs[2]);
   const auto capitales = [&](QString &ligne) { ligne = EnMajuscules(ligne, norme.Accents); };
   if (!EstVide(blocs[0]))
     EcrireBloc(blocs[0], [&](QString &ligne, qsizetype i, qsizetype lignes) {
@@ -66,11 +67,12 @@ QString SelonNorme(const QString &chaine, const ReglagesNorme &norme) {
         capitales(ligne);
     });
   if (postale)
-    EcrireBloc(blocs[1], [&](QString &element, qsizetype, qsizetype) {
-      element = SansSigne(element);
+    EcrireBloc(blocs[1], [&](QString &element, qsizetype i, qsizetype elements) {
+      const bool codeEtranger = etranger && i == 0 && elements > 1;  // "1000-205 LISBOA"
+      if (!codeEtranger) element = SansSigne(element);
       capitales(element);
     });
-  if (blocs.size() > 2 && !EstVide(blocs[2])) capitales(blocs[2]);
+  if (etranger) capitales(blocs[2]);
   return blocs.join(u'$');
 }
 

@@ -19,8 +19,8 @@
 
 /// An address string whose items are written by the norm. The last three lines, the country not
 /// counted and the first line, which is the name, never among them, lose their signs: each becomes
-/// a blank, and blanks in a row one. Capitals as the settings say; the name has them only where all
-/// lines do.
+/// a blank, and blanks in a row one; a code in front of a country keeps its own. Capitals as the
+/// settings say; the name has them only where all lines do.
 QString SelonNorme(const QString &chaine, const ReglagesNorme &norme);
 
 /// A text in capitals, its ligatures written out where it loses its accents.

@@ -6,6 +6,7 @@
 #include "alerts/SaisieEvenement.h"
 #include "platform/Enumeration.h"
 #include "storage/Tables.h"
+#include "ui/Abandon.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Veille.h"
@@ -44,6 +45,10 @@ FrmOptionsAnn::FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *
 
 FrmOptionsAnn::~FrmOptionsAnn() {
   DebrancherEnfants(*this);
+}
+
+void FrmOptionsAnn::reject() {
+  if (PeutAbandonner(session_.plateforme.boites, ui_->CadreSaisie->EstEntamee())) QDialog::reject();
 }
 
 void FrmOptionsAnn::Charger() {

@@ -21,6 +21,10 @@ class FrmOptionsAnn : public QDialog {
   FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *parent);
   ~FrmOptionsAnn() override;
 
+ public slots:
+  /// However it is closed: asks first where an event has been entered and not recorded.
+  void reject() override;
+
  protected:
   bool event(QEvent *evenement) override;
 

@@ -8,6 +8,8 @@
 #include "ui/Sablier.h"
 #include "ui_SaisieEvenement.h"
 
+#include <QCheckBox>
+#include <QComboBox>
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -124,6 +126,7 @@ void SaisieEvenement::Proposer(const PersonneAlerte &personne) {
   ui_->LblVelmira->setText(EnCapitales(personne.Nom) + blancs);
   ui_->cboAlerte->setCurrentIndex(-1);
   if (!personne.DDN.isEmpty()) ChoisirJour(personne.DDN);
+  depart_ = Champs();
 }
 
 void SaisieEvenement::Montrer(const EvenementJoint &joint) {
@@ -141,6 +144,19 @@ void SaisieEvenement::Montrer(const EvenementJoint &joint) {
   ui_->ChkGA->setChecked(evenement.Actif);
   SuivreAnnuelle();
   affiche_ = Saisi().value_or(evenement);
+  depart_ = Champs();
+}
+
+QStringList SaisieEvenement::Champs() const {
+  QStringList champs;
+  for (const QComboBox *liste : findChildren<QComboBox *>()) champs.append(liste->currentText());
+  for (const QCheckBox *coche : findChildren<QCheckBox *>())
+    champs.append(QString::number(coche->isChecked()));
+  return champs;
+}
+
+bool SaisieEvenement::EstEntamee() const {
+  return cible_ && Champs() != depart_;
 }
 
 QDate SaisieEvenement::DateChoisie() const {
@@ -177,7 +193,9 @@ void SaisieEvenement::Enregistrer() {
     return;
   }
   evenement->Alerte = *type;
-  if (Ecrire(*evenement)) emit EvenementsChanges();
+  if (!Ecrire(*evenement)) return;
+  depart_ = Champs();
+  emit EvenementsChanges();
 }
 
 bool SaisieEvenement::Ecrire(const Evenement &saisi) {

@@ -5,6 +5,7 @@
 #include "storage/TablesAlertes.h"
 
 #include <QGroupBox>
+#include <QStringList>
 
 #include <memory>
 #include <optional>
@@ -32,6 +33,9 @@ class SaisieEvenement : public QGroupBox {
   void Proposer(const PersonneAlerte &personne);
   void Montrer(const EvenementJoint &joint);
 
+  /// Whether something of the event has been entered, and not been recorded.
+  bool EstEntamee() const;
+
  signals:
   /// An event has been written, or a type has gone with its events.
   void EvenementsChanges();
@@ -45,6 +49,7 @@ class SaisieEvenement : public QGroupBox {
   QDate DateChoisie() const;
   /// What the fields say, but for the key of the type; nothing when something is missing.
   std::optional<Evenement> Saisi() const;
+  QStringList Champs() const;
   void Enregistrer();
   /// Adds the event, or writes what the user has changed of it; false when the user goes back to
   /// the entry.
@@ -57,4 +62,5 @@ class SaisieEvenement : public QGroupBox {
   const Horloge *horloge_ = nullptr;
   std::optional<Evenement> cible_;  ///< as it was read; without a key: it is to be added
   Evenement affiche_;               ///< what the fields made of it
+  QStringList depart_;              ///< `Champs` before anything was entered
 };

@@ -7,6 +7,7 @@
 #include "storage/Noms.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
+#include "ui/Abandon.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/DebutVisible.h"
@@ -224,10 +225,7 @@ bool FrmNewMod::EstTouchee() {
 }
 
 void FrmNewMod::reject() {
-  if (!EstTouchee() || session_.plateforme.boites.Question(
-                           Boites::Titre(), u"Abandonner ce que vous venez de saisir ?"_s,
-                           Boites::Reponse::Non) == Boites::Reponse::Oui)
-    Abandonner();
+  if (PeutAbandonner(session_.plateforme.boites, EstTouchee())) Abandonner();
 }
 
 void FrmNewMod::Abandonner() {

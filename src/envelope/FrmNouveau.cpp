@@ -147,7 +147,15 @@ void FrmNouveau::Ecrire() {
 }
 
 void FrmNouveau::reject() {
-  if (PeutAbandonner(session_.plateforme.boites, *this)) Annuler();
+  if (PeutPartir()) Annuler();
+}
+
+bool FrmNouveau::PeutPartir() {
+  const bool ouverte = mode_ == Mode::Adresse || enSaisie_;
+  const AdresseSaisie saisie = ui_->Champs->Adresse();
+  if (!PeutAbandonner(session_.plateforme.boites, ouverte && saisie != affichee_)) return false;
+  affichee_ = saisie;
+  return true;
 }
 
 void FrmNouveau::Annuler() {
@@ -161,7 +169,7 @@ void FrmNouveau::Annuler() {
 }
 
 void FrmNouveau::closeEvent(QCloseEvent *evenement) {
-  if (!PeutAbandonner(session_.plateforme.boites, *this)) {
+  if (!PeutPartir()) {
     evenement->ignore();
     return;
   }
@@ -181,9 +189,10 @@ void FrmNouveau::EnregistrerAdresse() {
     vide->setFocus();
     return;
   }
+  const AdresseSaisie saisie = ui_->Champs->Adresse();
   Correspondant depart;
-  ui_->Champs->Adresse().Reporter(depart);
-  if (repertoire_.Ajouter(this, {.depart = depart})) OublierSaisie(*this);
+  saisie.Reporter(depart);
+  if (repertoire_.Ajouter(this, {.depart = depart})) affichee_ = saisie;
 }
 
 void FrmNouveau::EnregistrerExpediteur() {
@@ -232,6 +241,7 @@ void FrmNouveau::ContinuerEnNouveau() {
       u"\nVotre saisie reste affichée : « Enregistrer » en fait un nouvel expéditeur, « Annuler » "
       "l'abandonne."_s);
   modifie_ = {};
+  affichee_ = {};  // the entry is all that is left of it
   setWindowTitle(kTitreNouveau);
   ui_->LstExp->Relire();
 }
@@ -254,9 +264,7 @@ void FrmNouveau::EnregistrerNouveau() {
     ajouter(0);
   }
   fichier.Garder();
-  // It is recorded: pressing once more must not add it again, whatever comes now.
-  ui_->Champs->Vider();
-  ui_->Champs->PrendreFocus();
+  ViderChamps();  // it is recorded: pressing once more must not add it again, whatever comes now
   zones_.EcrireExpediteur(composee, expediteur.Index);
   ui_->LstExp->Remplir(expediteur.Index);
 }
@@ -264,8 +272,13 @@ void FrmNouveau::EnregistrerNouveau() {
 void FrmNouveau::CommencerNouveau() {
   modifie_ = {};
   Saisir(kTitreNouveau);
+  ViderChamps();
+}
+
+void FrmNouveau::ViderChamps() {
   ui_->Champs->Vider();
   ui_->Champs->PrendreFocus();
+  affichee_ = ui_->Champs->Adresse();
 }
 
 void FrmNouveau::CommencerModification() {

@@ -42,6 +42,8 @@ class FrmNouveau : public QDialog {
   void Ecrire();
   /// Gives up the entry that is under way; without one the window closes.
   void Annuler();
+  /// Asks where the fields are not as they were shown. What was given up is asked about no more.
+  bool PeutPartir();
 
   void EnregistrerAdresse();
   void EnregistrerExpediteur();
@@ -51,6 +53,8 @@ class FrmNouveau : public QDialog {
   void ContinuerEnNouveau();
   void CommencerNouveau();
   void CommencerModification();
+  /// For a new entry.
+  void ViderChamps();
   void SupprimerExpediteur();
   void MontrerChoisi();
   /// Reads the list again and shows the chosen sender as it is now. Nothing, with a word to the
@@ -77,5 +81,5 @@ class FrmNouveau : public QDialog {
   bool ordreEssaye_ = false;  ///< the file has an order of the postal line that is only tried
   qint64 changements_ = 0;    ///< of other users, as of the last look
   Expediteur modifie_ = {};   ///< the one that is changed, as it was read; without a key a new one
-  AdresseSaisie affichee_ = {};  ///< what the fields made of it
+  AdresseSaisie affichee_ = {};  ///< what the fields held before anything was typed
 };

@@ -10,15 +10,12 @@ using namespace Qt::StringLiterals;
 
 bool PeutAbandonner(Boites &boites, QWidget &fenetre) {
   const auto champs = fenetre.findChildren<QLineEdit *>();
-  const bool saisi = std::any_of(champs.begin(), champs.end(),
-                                 [](const QLineEdit *champ) { return champ->isModified(); });
-  if (saisi && boites.Question(Boites::Titre(), u"Abandonner ce que vous avez saisi ?"_s,
-                               Boites::Reponse::Non) != Boites::Reponse::Oui)
-    return false;
-  OublierSaisie(fenetre);
+  if (!PeutAbandonner(boites, std::ranges::any_of(champs, &QLineEdit::isModified))) return false;
+  for (QLineEdit *champ : champs) champ->setModified(false);
   return true;
 }
 
-void OublierSaisie(QWidget &fenetre) {
-  for (QLineEdit *champ : fenetre.findChildren<QLineEdit *>()) champ->setModified(false);
+bool PeutAbandonner(Boites &boites, bool saisi) {
+  return !saisi || boites.Question(Boites::Titre(), u"Abandonner ce que vous avez saisi ?"_s,
+                                   Boites::Reponse::Non) == Boites::Reponse::Oui;
 }

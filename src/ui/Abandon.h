@@ -8,5 +8,5 @@ class QWidget;
 /// question. What was given up is asked about no more.
 bool PeutAbandonner(Boites &boites, QWidget &fenetre);
 
-/// What has been typed so far is kept elsewhere.
-void OublierSaisie(QWidget &fenetre);
+/// The same for a window that knows by itself whether anything would be lost.
+bool PeutAbandonner(Boites &boites, bool saisi);

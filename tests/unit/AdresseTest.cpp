@@ -13,7 +13,7 @@ TEST(Adresses, Norme) {
     Mlle Œuf*Appt. é*Bât. C*24/26, rue*ZI-Sud$1*V$Côte-d'Or | 3 | Mlle Œuf*Appt. é*Bât. C*24 26 RUE*ZI SUD$1*V$CÔTE-D'OR
     Mlle Œuf*Appt. é*Bât. C*24/26, rue*ZI-Sud$1*V$Côte-d'Or | Ta | MLLE OEUF*APPT. E*BAT. C*24 26 RUE*ZI SUD$1*V$COTE-D'OR
     M. X*a-b*c-d*e-f*g-h$·$· | D | M. X*a-b*c d*e f*G H$·$· || A.*Straße$·$· | 3a | A.*STRASSE$·$·
-    M.-A.$·$· | 3 | M.-A.$·$· || ·$·$· | T | ·$·$· || ·$-1*v-$été | Da | ·$1*V$ETE || a | T | A || | T |
+    M.-A.$·$· | 3 | M.-A.$·$· || ·$·$· | T | ·$·$· || ·$-1*v-$· | Da | ·$1*V$· || ·$9-5*L-a$été | Da | ·$9-5*L A$ETE || a | T | A || | T |
   )",
       [](Rangee c) {
         const QString &choix = c[1];
