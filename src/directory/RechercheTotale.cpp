@@ -388,9 +388,14 @@ std::vector<NoeudListe> RechercheTotale::Chercher(const QString &saisie,
   // The other way of writing a number is no refinement of its words.
   mots_ = demande.chiffres.isEmpty() ? demande.mots : QList<QByteArray>();
 
-  std::array<std::vector<std::size_t>, kDegresNom + kChamps.size()> degres;
-  for (const Trouvee &trouvee : trouvees_)
-    degres[Degre(trouvee, demande.mots)].push_back(trouvee.rang);
+  std::array<std::vector<std::size_t>, kDegresNom + 2 * kChamps.size()> degres;
+  for (const Trouvee &trouvee : trouvees_) {
+    std::size_t degre = Degre(trouvee, demande.mots);
+    const bool epars = !demande.chiffres.isEmpty() && degre >= kDegresNom &&
+                       PlaceDuNumero(Plie(trouvee.rang), demande.chiffres) < 0;
+    if (epars) degre += kChamps.size();  // pieces of the number, each somewhere
+    degres[degre].push_back(trouvee.rang);
+  }
 
   std::vector<NoeudListe> noeuds;
   for (const auto &degre : degres)

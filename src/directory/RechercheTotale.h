@@ -33,8 +33,9 @@ class RechercheTotale {
 
   /// Who is found of those whom the filter takes. In front stand the names that begin so, those
   /// with words that begin so, those that hold it; behind them, by the fields, those where a word
-  /// is found in the address, in the town and so on; each in the order of the list. What goes on
-  /// with the text before is looked for in what that one has found.
+  /// is found in the address, in the town and so on; at the end those that hold the pieces of a
+  /// number apart; each in the order of the list. What goes on with the text before is looked for
+  /// in what that one has found.
   std::vector<NoeudListe> Chercher(const QString &saisie, const FiltreListe &filtre);
 
   /// Whether a name of the list begins so, see `Commencant` of `directory/Liste.h`.

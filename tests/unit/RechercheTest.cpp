@@ -13,7 +13,7 @@ TEST_F(Recherche, ToutCeQueTiennentLesFiches) {
   Base base;
   base.Ouvrir(Chemin(u"a"_s));
   Cas(R"(
-    Anne Ledoux | 3 allée des Hêtres | Nantes | 44000 | 02 40 11 22 33 | a.ledoux@poste.fr | |
+    Anne Ledoux | 12 allée des Hêtres, bât. 06 | Nantes | 44000 | 02 40 11 22 33 | a.ledoux@poste.fr | |
     Hélène Nantes | | Lyon | 69000 | +33 6.12.34.56.78 | | Aime l'opéra·et·le·vélo,·ne·mange·pas·d'œufs |
     Jean-Noël d’Œuvre | rue Vélo | | | | | | *Amis*
     Lenoël Nantes | | Brest | 29 200 | 0033 (0)6 99 | | vélo Hélène |
@@ -43,6 +43,7 @@ TEST_F(Recherche, ToutCeQueTiennentLesFiches) {
     d oeuvre, jean | Jean-Noël d’Œuvre; | Jean-Noël d’Œuvre;
     velo | Jean-Noël d’Œuvre (Adresse : rue Vélo); Hélène Nantes (Notes : … vélo, ne mange pas d'œufs); Lenoël Nantes (Notes : vélo Hélène); | Jean-Noël d’Œuvre (Adresse : rue Vélo);
     0612 | Hélène Nantes (Tél. : +33 6.12.34.56.78); |
+    06 12 | Hélène Nantes (Tél. : +33 6.12.34.56.78); Anne Ledoux (Adresse : 12 allée des Hêtres, bât. 06); |
     06-12 34 | Hélène Nantes (Tél. : +33 6.12.34.56.78); |
     06 99 | Lenoël Nantes (Tél. : 0033 (0)6 99); |
     69 | Hélène Nantes (Code postal : 69000); Lenoël Nantes (Tél. : 0033 (0)6 99); |
