@@ -13,6 +13,7 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QScopeGuard>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -374,8 +375,11 @@ void ListeVelmiras::Inserer(const NoeudListe &noeud) {
 void ListeVelmiras::Remplacer(const NoeudListe &noeud) {
   ModeleListe &modele = ui_->TV->Modele();
   if (!modele.Enfant(noeud.index).isValid()) return;
+  const int haut = ui_->TV->verticalScrollBar()->value();
   QuitterNoeud(noeud.index);
   modele.Remplacer(noeud);
+  // The root, which is chosen meanwhile, has come in sight.
+  ui_->TV->verticalScrollBar()->setValue(haut);
   if (EstResultat()) Actualiser(noeud.index);  // it may be found by something else, or no more
 }
 
