@@ -242,8 +242,10 @@ void CommandesFiche::AjouterAuxFavoris() {
       Boites::Reponse::Oui)
     return;
   const Cle index = Index(noeud);
-  if (SousSablier([&] { return TableAdresse(session_.base).AjouterCategorie(index, Favoris()); }))
+  if (SousSablier([&] { return TableAdresse(session_.base).AjouterCategorie(index, Favoris()); })) {
+    Selectionner(index);  // the record tells its categories
     boites.Information(nom + u" a été ajouté à vos favoris."_s);
-  else
+  } else {
     boites.Attention(nom + u" est déjà enregistré comme favori !"_s);
+  }
 }
