@@ -8,6 +8,7 @@
 #include "ui/Sablier.h"
 #include "ui_GestionCategories.h"
 
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLineEdit>
 
@@ -44,6 +45,7 @@ void GestionCategories::Relier(Boites &boites, Horloge &horloge, Base &base,
   brancher(ui_->CmdEnrCat, &GestionCategories::Enregistrer);
   brancher(ui_->CmdModSup, &GestionCategories::ModifierOuSupprimer);
   ui_->CboCat->installEventFilter(this);
+  ui_->LstCat->installEventFilter(this);
   connect(ui_->CboCat, &ComboSaisie::Tapee, this, &GestionCategories::Completer);
   connect(ui_->CboCat, &ComboASuppression::SuppressionDemandee, ui_->CboCat,
           &QComboBox::clearEditText);
@@ -53,7 +55,19 @@ void GestionCategories::Relier(Boites &boites, Horloge &horloge, Base &base,
   Remplir();
 }
 
+bool GestionCategories::AllerA(const QString &lettre) {
+  if (lettre.trimmed().isEmpty() || !lettre.front().isPrint()) return false;
+  QItemSelectionModel *selection = ui_->LstCat->selectionModel();
+  const QItemSelection marquees = selection->selection();
+  ui_->LstCat->keyboardSearch(lettre);
+  selection->select(marquees, QItemSelectionModel::ClearAndSelect);  // it has changed that one's
+  return true;
+}
+
 bool GestionCategories::eventFilter(QObject *objet, QEvent *evenement) {
+  if (objet == ui_->LstCat && evenement->type() == QEvent::KeyPress &&
+      AllerA(static_cast<const QKeyEvent *>(evenement)->text()))
+    return true;
   const bool frappe = objet == ui_->CboCat && evenement->type() == QEvent::KeyPress;
   const int touche = frappe ? static_cast<const QKeyEvent *>(evenement)->key() : 0;
   const bool entree = touche == Qt::Key_Return || touche == Qt::Key_Enter;

@@ -38,10 +38,12 @@ class GestionCategories : public QWidget {
   QString Marquees() const;
 
  protected:
-  /// Enter in the combo records the new category: the editor is not closed over it.
+  /// Enter in the combo records the new category: the editor is not closed over it. A letter in the
+  /// list only goes to the category that begins so.
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
+  bool AllerA(const QString &lettre);
   void Remplir();
   void RemplirCombo(const QStringList &categories);
   void Completer(const QString &texte);
