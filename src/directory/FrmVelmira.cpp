@@ -120,8 +120,8 @@ void FrmVelmira::RemplirBarre() {
       2, {u"edit-delete", u"  Supprime le velmira"_s, [this] { Supprimer(); },
           u"Supprime\nle velmira"_s, kBulleRouge, u.mnuSupprimer->shortcut(), u"Supprimer"_s});
   barre.Ajouter(
-      3, {u"zoom-in", u"  Agrandit les données"_s, [this] { Agrandir(); },
-          u"Agrandit\nles données"_s, kBulleNoire, u.mnuAgrandir->shortcut(), u"Agrandir"_s});
+      3, {u"loupe", u"  Agrandit les données"_s, [this] { Agrandir(); }, u"Agrandit\nles données"_s,
+          kBulleNoire, u.mnuAgrandir->shortcut(), u"Agrandir"_s});
   barre.Separer();
   barre.Ajouter(
       7, {u"mail-message-new", u"  Imprimer une enveloppe"_s, [this] { AllerAuxEnveloppes(); },

@@ -17,7 +17,7 @@ class QMenu;
 
 /// One command of a bar.
 struct CommandeBarre {
-  const char16_t *icone;           ///< freedesktop name
+  const char16_t *icone;           ///< as for `Icone`
   QString texte;                   ///< what it does; without its blanks its accessible name
   std::function<void()> executer;  ///< its failure is told to the user
   QString bulle = {};              ///< its tip, none when empty

@@ -6,11 +6,14 @@
 #include <QLabel>
 #include <QStandardPaths>
 
+#include <string_view>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr char kIcone[] = "icone", kCote[] = "coteIcone";
+constexpr std::u16string_view kLoupe = u"loupe";
 
 }  // namespace
 
@@ -30,7 +33,8 @@ void PreparerIcones() {
 }
 
 QIcon Icone(const char16_t *nom) {
-  return QIcon::fromTheme(QString::fromUtf16(nom));
+  if (nom != kLoupe) return QIcon::fromTheme(QString::fromUtf16(nom));
+  return QIcon(EstSombre(QApplication::palette()) ? u":/loupe-sombre.svg"_s : u":/loupe.svg"_s);
 }
 
 QIcon IconeProgramme() {

@@ -8,7 +8,7 @@ class QLabel;
 /// are, for what that theme lacks.
 void PreparerIcones();
 
-/// An icon by its freedesktop name.
+/// An icon by its freedesktop name. "loupe" is ours: themes have a magnifier for searches only.
 QIcon Icone(const char16_t *nom);
 
 /// The program's own icon.
