@@ -71,6 +71,7 @@ PanneauFiche::PanneauFiche(QWidget *parent)
   for (QToolButton *bouton : cmdTel_) bouton->setIcon(Icone(u"call-start"));
   Grandir(ui_->LblName, 1.6, true);
   Grandir(ui_->LblInitiales, 3);
+  PreparerAccueil();
   for (QWidget *numero :
        {static_cast<QWidget *>(ui_->Lblphone), static_cast<QWidget *>(ui_->LblPhoneT),
         static_cast<QWidget *>(ui_->LblPort), static_cast<QWidget *>(ui_->LblFax)})
@@ -101,6 +102,19 @@ PanneauFiche::PanneauFiche(QWidget *parent)
   Brancher();
   ui_->TxtComments->installEventFilter(this);
   Vider();
+}
+
+void PanneauFiche::PreparerAccueil() {
+  constexpr int kIcone = 64;
+  PoserIcone(ui_->IcoAccueil, IconeProgramme(), kIcone);
+  Grandir(ui_->LblBienvenue, 1.6, true);
+  ui_->CmdPremier->setIcon(Icone(u"contact-new"));
+  ui_->CmdImporter->setIcon(Icone(u"document-import"));
+  const int air = fontMetrics().height();
+  for (QPushButton *bouton : {ui_->CmdPremier, ui_->CmdImporter}) {
+    bouton->setMinimumSize(bouton->sizeHint().width() + 2 * air, 5 * air / 2);
+    GarderTaille(bouton);
+  }
 }
 
 void PanneauFiche::Colorier() {
@@ -167,8 +181,9 @@ void PanneauFiche::MajAccueil() {
                            : invitation_ == Invitation::Choisir
                                ? u"Choisissez un correspondant dans la liste."_s
                                : u""_s);
-  ui_->CmdPremier->setVisible(vide);
-  ui_->CmdImporter->setVisible(vide);
+  ui_->IcoAccueil->setVisible(vide);
+  ui_->LblBienvenue->setVisible(vide);
+  ui_->Commencer->setVisible(vide);
 }
 
 void PanneauFiche::Vider() {

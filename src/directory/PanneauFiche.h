@@ -85,6 +85,7 @@ class PanneauFiche : public QWidget {
 
  private:
   void Brancher();
+  void PreparerAccueil();
   void Colorier();
   void ColorierNumeros();
   void MontrerCategories(const QString &categories);
