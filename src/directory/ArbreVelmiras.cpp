@@ -1,23 +1,40 @@
 #include "directory/ArbreVelmiras.h"
 
+#include "ui/Theme.h"
+
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyledItemDelegate>
+#include <QTextLayout>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A colour between the two, nearer to the first, which keeps its contrast.
-QColor Discrete(const QColor &texte, const QColor &fond) {
-  const auto entre = [](int un, int autre) { return (3 * un + autre) / 4; };
-  return {entre(texte.red(), fond.red()), entre(texte.green(), fond.green()),
-          entre(texte.blue(), fond.blue())};
+/// Lays a text out in one line, with what has been found in it in bold.
+QTextLine MettreEnLigne(QTextLayout &disposition, const QString &texte,
+                        const QList<PrecisionListe::Passage> &trouves, const QColor &encre) {
+  QTextCharFormat gras;
+  gras.setFontWeight(QFont::Bold);
+  gras.setForeground(encre);
+  QList<QTextLayout::FormatRange> formats;
+  for (const auto &[debut, longueur] : trouves)
+    if (debut < texte.size())
+      formats.append({static_cast<int>(debut),
+                      static_cast<int>(std::min(longueur, texte.size() - debut)), gras});
+  disposition.setText(texte);
+  disposition.setFormats(formats);
+  disposition.beginLayout();
+  const QTextLine ligne = disposition.createLine();
+  disposition.endLayout();
+  return ligne;
 }
 
-/// Paints what is said beside a name, and the tick of the root in the colours of the tree: in the
+/// Paints what is said below a name, and the tick of the root in the colours of the tree: in the
 /// colour of its text it would be white in a white box.
 class DessinNoeud : public QStyledItemDelegate {
  public:
@@ -25,45 +42,57 @@ class DessinNoeud : public QStyledItemDelegate {
 
   void paint(QPainter *dessin, const QStyleOptionViewItem &option,
              const QModelIndex &noeud) const override {
-    QStyledItemDelegate::paint(dessin, option, noeud);
-    DessinerPrecision(dessin, option, noeud);
-    if (!noeud.data(Qt::ForegroundRole).isValid()) return;
-    QStyleOptionViewItem coche = option;
-    initStyleOption(&coche, noeud);
-    if (!coche.features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) return;
+    QStyleOptionViewItem vue = option;
+    initStyleOption(&vue, noeud);
+    const auto precision = noeud.data(kPrecision).value<PrecisionListe>();
+    if (!precision.texte.isEmpty()) vue.text += u"\u2028 "_s;  // the second line is painted here
     const QStyle *style = option.widget->style();
-    coche.rect =
-        style->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &coche, option.widget);
-    coche.palette = option.palette;
-    coche.state.setFlag(QStyle::State_HasFocus, false);
-    coche.state |= coche.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
-    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &coche, dessin, option.widget);
+    style->drawControl(QStyle::CE_ItemViewItem, &vue, dessin, option.widget);
+    if (!precision.texte.isEmpty()) DessinerPrecision(dessin, vue, precision);
+    if (!noeud.data(Qt::ForegroundRole).isValid()) return;
+    if (!vue.features.testFlag(QStyleOptionViewItem::HasCheckIndicator)) return;
+    vue.rect = style->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &vue, option.widget);
+    vue.palette = option.palette;
+    vue.state.setFlag(QStyle::State_HasFocus, false);
+    vue.state |= vue.checkState == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+    style->drawPrimitive(QStyle::PE_IndicatorItemViewItemCheck, &vue, dessin, option.widget);
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &noeud) const override {
+    QSize taille = QStyledItemDelegate::sizeHint(option, noeud);
+    const int ligne = option.fontMetrics.height();
+    if (noeud.data(kPrecision).isValid()) taille.rheight() += ligne + ligne / 3;
+    return taille;
   }
 
  private:
-  void DessinerPrecision(QPainter *dessin, const QStyleOptionViewItem &option,
-                         const QModelIndex &noeud) const {
-    const QString precision = noeud.data(kPrecision).toString();
-    if (precision.isEmpty()) return;
-    QStyleOptionViewItem nom = option;
-    initStyleOption(&nom, noeud);
-    const QStyle *style = option.widget->style();
-    QRect place = style->subElementRect(QStyle::SE_ItemViewItemText, &nom, option.widget);
-    const int marge = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &nom, option.widget) + 1;
-    place.adjust(marge + nom.fontMetrics.horizontalAdvance(nom.text), 0, -marge, 0);
-    if (place.width() <= 0) return;
+  static void DessinerPrecision(QPainter *dessin, const QStyleOptionViewItem &vue,
+                                const PrecisionListe &precision) {
+    const QStyle *style = vue.widget->style();
+    QRect place = style->subElementRect(QStyle::SE_ItemViewItemText, &vue, vue.widget);
+    const int marge = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &vue, vue.widget) + 1;
+    place.adjust(marge, place.height() / 2, -marge, 0);
 
-    const bool choisi = nom.state.testFlag(QStyle::State_Selected);
+    const bool choisi = vue.state.testFlag(QStyle::State_Selected);
+    const bool colore = vue.backgroundBrush.style() != Qt::NoBrush;
     const auto groupe =
-        nom.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
-    const QColor texte =
-        nom.palette.color(groupe, choisi ? QPalette::HighlightedText : QPalette::Text);
+        vue.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+    const QColor encre =
+        vue.palette.color(groupe, choisi ? QPalette::HighlightedText : QPalette::Text);
+    const QColor discrete = EncreDiscrete(encre, vue.palette.color(groupe, QPalette::Base));
+
+    QTextLayout disposition({}, vue.font, vue.widget);
+    QTextLine ligne = MettreEnLigne(disposition, precision.texte, precision.trouves, encre);
+    const QString points = u"…"_s;
+    if (ligne.naturalTextWidth() > place.width()) {
+      const int fin = ligne.xToCursor(place.width() - vue.fontMetrics.horizontalAdvance(points),
+                                      QTextLine::CursorOnCharacter);
+      ligne =
+          MettreEnLigne(disposition, precision.texte.left(fin) + points, precision.trouves, encre);
+    }
     dessin->save();
-    dessin->setFont(nom.font);
-    dessin->setPen(choisi ? texte : Discrete(texte, nom.palette.color(groupe, QPalette::Base)));
-    dessin->drawText(
-        place, Qt::AlignVCenter | Qt::TextSingleLine,
-        nom.fontMetrics.elidedText(u" – "_s + precision, Qt::ElideRight, place.width()));
+    dessin->setPen(choisi || colore ? encre : discrete);
+    disposition.draw(dessin, place.topLeft());
     dessin->restore();
   }
 };

@@ -3,6 +3,7 @@
 
 #include "storage/Tables.h"
 
+#include <QList>
 #include <QString>
 
 #include <vector>
@@ -25,6 +26,16 @@ struct NoeudListe {
   Cle index = 0;
 
   friend bool operator==(const NoeudListe &, const NoeudListe &) = default;
+};
+
+/// What is said below a name of the list.
+struct PrecisionListe {
+  struct Passage {
+    qsizetype debut, longueur;
+  };
+
+  QString texte;           ///< in one line; empty for nothing
+  QList<Passage> trouves;  ///< where in it stands what has been looked for, in order
 };
 
 /// A name as the list shows it: 25 characters at most, without blanks at its ends.

@@ -50,10 +50,7 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   avant_ = std::move(avant);
   filtre_.utilisateur = session.plateforme.utilisateur;
   recherche_ = std::make_unique<RechercheAJour>(session, session.base);
-  ui_->TV->Modele().Preciser([this](Cle cle) {
-    const RechercheTotale *lue = recherche_->Derniere();
-    return EstResultat() && lue != nullptr ? lue->Precision(cle, cherche_) : QString();
-  });
+  ui_->TV->Modele().Preciser([this](Cle cle) { return Preciser(cle); });
   Brancher();
   RelierAnniversaires();
   constexpr int kLargeurBulle = 80;
@@ -171,6 +168,16 @@ QString ListeVelmiras::Titre() const {
   return (EstResultat() ? Recherche() : filtre_.categorie).toUpper();
 }
 
+PrecisionListe ListeVelmiras::Preciser(Cle cle) const {
+  if (!EstResultat()) return {};
+  if (cle == 0)
+    return {filtre_.categorie == ToutesCategories() ? u"dans toutes les catégories"_s
+                                                    : u"dans « %1 »"_s.arg(filtre_.categorie),
+            {}};
+  const RechercheTotale *lue = recherche_->Derniere();
+  return lue == nullptr ? PrecisionListe() : lue->Precision(cle, cherche_);
+}
+
 std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const FiltreListe &filtre,
                                                              const QString &cherche) const {
   if (!session_->base.Ouverte()) return std::nullopt;
@@ -248,7 +255,7 @@ bool ListeVelmiras::Actualiser(Cle retenue) {
   if (noeuds.empty() && !modele.Racine().isValid()) return true;
   const auto avant = modele.NombreEnfants();
   ui_->TV->Accorder(Titre(), std::move(noeuds));
-  if (EstResultat()) ui_->TV->viewport()->update();  // what is said beside the names
+  if (EstResultat()) ui_->TV->viewport()->update();  // what is said below the names
   if (modele.NombreEnfants() != avant) MettreAJourCompte();
   return !parti && (!EstResultat() || recherche_->EstAJour());
 }

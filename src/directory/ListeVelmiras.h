@@ -142,6 +142,8 @@ class ListeVelmiras : public QWidget {
   bool EstResultat() const { return !cherche_.isEmpty(); }
   /// The root's text.
   QString Titre() const;
+  /// What is said below the name of a record; of the root, 0, where the search looks.
+  PrecisionListe Preciser(Cle cle) const;
 
   std::unique_ptr<Ui::ListeVelmiras> ui_;
   Session *session_ = nullptr;

@@ -157,21 +157,17 @@ QVariant ModeleListe::data(const QModelIndex &index, int role) const {
       return noeud.index;
     case Qt::CheckStateRole:
       return EtatCoche(coches_.contains(noeud.index));
-    case kPrecision:
-      return Precision(noeud);
-    case Qt::AccessibleTextRole:
-    case Qt::ToolTipRole: {
-      const QString precision = Precision(noeud);
-      if (precision.isEmpty()) return {};
-      return QString(noeud.texte + u" – "_s + precision);
-    }
     default:
-      return {};
+      return DonneePrecision(noeud.texte, noeud.index, role);
   }
 }
 
-QString ModeleListe::Precision(const NoeudListe &noeud) const {
-  return precision_ ? precision_(noeud.index) : QString();
+QVariant ModeleListe::DonneePrecision(const QString &nom, Cle index, int role) const {
+  const bool dite = role == Qt::AccessibleTextRole || role == Qt::ToolTipRole;
+  if (!precision_ || (!dite && role != kPrecision)) return {};
+  const PrecisionListe precision = precision_(index);
+  if (precision.texte.isEmpty()) return {};
+  return dite ? QString(nom + u" – "_s + precision.texte) : QVariant::fromValue(precision);
 }
 
 QVariant ModeleListe::DonneeRacine(int role) const {
@@ -192,6 +188,6 @@ QVariant ModeleListe::DonneeRacine(int role) const {
       return gras;
     }
     default:
-      return {};
+      return DonneePrecision(*titre_, 0, role);
   }
 }

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-/// What is said beside the name of a node, see `ModeleListe::Preciser`.
+/// What is said below the name of a node, a `PrecisionListe`; see `ModeleListe::Preciser`.
 constexpr int kPrecision = Qt::UserRole + 1;
 
 /// The tree of the list: a root that bears the category, and one child a correspondent.
@@ -21,9 +21,10 @@ class ModeleListe : public QAbstractItemModel {
  public:
   explicit ModeleListe(QObject *parent = nullptr);
 
-  /// From now on `precision` tells of a record what is said beside its name: nothing, as a rule. It
-  /// is asked for what is looked at only.
-  void Preciser(std::function<QString(Cle)> precision) { precision_ = std::move(precision); }
+  /// From now on `precision` tells of a record what is said below its name, of 0 the same of the
+  /// root: nothing, as a rule. It is asked for what is looked at only. Rows are as high as the root
+  /// needs at the next filling: where it says something of a record it does so of the root.
+  void Preciser(std::function<PrecisionListe(Cle)> precision) { precision_ = std::move(precision); }
 
   void Vider();
   /// `titre` is the root's text.
@@ -75,9 +76,10 @@ class ModeleListe : public QAbstractItemModel {
   QVariant DonneeRacine(int role) const;
   QVariant EtatCoche(bool cochee) const;
   void RedessinerCoches();
-  QString Precision(const NoeudListe &noeud) const;
+  /// A role that tells what is said below the name of a record, or of the root by 0.
+  QVariant DonneePrecision(const QString &nom, Cle index, int role) const;
 
-  std::function<QString(Cle)> precision_;
+  std::function<PrecisionListe(Cle)> precision_;
   std::optional<QString> titre_;
   std::vector<NoeudListe> noeuds_;
   QIcon iconeRacine_, iconeNoeud_;

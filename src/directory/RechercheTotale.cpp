@@ -47,7 +47,8 @@ const std::array kChamps{
     ChampCherche{Ordinal(&C::AdresseImportee), u"Adresse importée"},
     ChampCherche{Ordinal(&C::DDN), u"Né(e) le"},
 };
-constexpr qsizetype kNom = 0, kCode = 7, kPremierNumero = 9, kDernierNumero = 12, kCategories = 16;
+constexpr qsizetype kNom = 0, kVille = 6, kCode = 7, kPremierNumero = 9, kDernierNumero = 12,
+                    kCategories = 16;
 
 constexpr char kFin = '\n';       // ends a field; no folded text holds it
 constexpr char kFinTexte = '\0';  // the same of a text as it was typed, which may have lines
@@ -209,6 +210,40 @@ qsizetype PremierMot(const QString &texte, const QList<QByteArray> &mots) {
   for (const QByteArray &mot : mots)
     if (const qsizetype place = Place(plie, mot); place >= 0) premier = std::min(premier, place);
   return premier < plie.size() ? places[static_cast<std::size_t>(premier)] : 0;
+}
+
+/// All digits as they are written, and from which character each comes.
+QByteArray ChiffresEcrits(const QString &numero, std::vector<qsizetype> &places) {
+  QByteArray chiffres;
+  for (qsizetype i = 0; i < numero.size(); ++i)
+    if (numero[i].isDigit()) {
+      chiffres += static_cast<char>('0' + numero[i].digitValue());
+      places.push_back(i);
+    }
+  return chiffres;
+}
+
+/// Where all these words stand in a text; in a number their digits, whatever stands between those.
+QList<PrecisionListe::Passage> Passages(const QString &texte, const QList<QByteArray> &mots,
+                                        bool numero) {
+  std::vector<qsizetype> places;
+  const QByteArray plie = numero ? ChiffresEcrits(texte, places) : Plier(texte, &places);
+  const auto origine = [&](qsizetype place) { return places[static_cast<std::size_t>(place)]; };
+  QList<PrecisionListe::Passage> passages;
+  for (QByteArray mot : mots) {
+    // "06" may be written "+33 6".
+    if (numero && mot.startsWith('0') && Place(plie, mot) < 0) mot.remove(0, 1);
+    if (mot.isEmpty()) continue;
+    for (qsizetype place = Place(plie, mot); place >= 0;
+         place = Place(plie, mot, place + mot.size())) {
+      const qsizetype debut = origine(place);
+      qsizetype fin = origine(place + mot.size() - 1) + 1;
+      while (fin < texte.size() && (texte[fin].isMark() || texte[fin].isLowSurrogate())) ++fin;
+      passages.append({debut, fin - debut});
+    }
+  }
+  std::ranges::sort(passages, {}, &PrecisionListe::Passage::debut);
+  return passages;
 }
 
 /// A text in one line, from the word at a place on where that lies far inside: in the list there is
@@ -415,20 +450,27 @@ bool RechercheTotale::Commence(const QString &debut, const FiltreListe &filtre) 
   return false;
 }
 
-QString RechercheTotale::Precision(Cle cle, const QString &saisie) const {
+PrecisionListe RechercheTotale::Precision(Cle cle, const QString &saisie) const {
   const auto place = std::ranges::lower_bound(parCle_, std::pair(cle, std::size_t{0}));
   if (place == parCle_.end() || place->first != cle) return {};
   const std::size_t rang = place->second;
   const Demande demande = Lire(saisie);
   Trouvee trouvee{rang, PlaceDuNumero(Plie(rang), demande.chiffres)};
-  if (trouvee.place < 0) trouvee.place = PlaceDans(Plie(rang), demande.mots);
+  const bool parChiffres = trouvee.place >= 0;
+  if (!parChiffres) trouvee.place = PlaceDans(Plie(rang), demande.mots);
   if (trouvee.place < 0) return {};
   const std::size_t degre = Degre(trouvee, demande.mots);
-  if (degre < kDegresNom) return {};
+  if (degre < kDegresNom) return {Champ(rang, kVille).simplified(), {}};
 
   const std::size_t champ = degre - (kDegresNom - 1);
   QString texte = Champ(rang, static_cast<qsizetype>(champ));
   if (champ == kCategories) texte = texte.split(u'*', Qt::SkipEmptyParts).join(u", "_s);
-  return kChamps[champ].libelle.toString() + u" : "_s +
-         Autour(texte, PremierMot(texte, demande.mots));
+  PrecisionListe precision{Autour(texte, PremierMot(texte, demande.mots)), {}};
+  precision.trouves =
+      Passages(precision.texte, parChiffres ? QList{demande.chiffres} : demande.mots,
+               parChiffres || kChamps[champ].numero);
+  const QString libelle = kChamps[champ].libelle.toString() + u" : "_s;
+  precision.texte.prepend(libelle);
+  for (auto &passage : precision.trouves) passage.debut += libelle.size();
+  return precision;
 }

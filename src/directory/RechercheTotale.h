@@ -41,9 +41,9 @@ class RechercheTotale {
   /// Whether a name of the list begins so, see `Commencant` of `directory/Liste.h`.
   bool Commence(const QString &debut, const FiltreListe &filtre) const;
 
-  /// What of a record has been found, with its field: "Notes : … le mot …". Nothing where that is
-  /// the name, or where the record is not found.
-  QString Precision(Cle cle, const QString &saisie) const;
+  /// What of a record has been found, with its field: "Notes : … le mot …"; the town where that is
+  /// the name. Nothing where the record is not found.
+  PrecisionListe Precision(Cle cle, const QString &saisie) const;
 
  private:
   struct Fiche {

@@ -51,11 +51,13 @@ inline void Colorer(QWidget *etiquette, const QColor &couleur) {
 }
 
 /// An ink for what is less than the rest, and still read well.
-inline QColor EncreDiscrete(const QPalette &palette) {
-  const QColor encre = palette.color(QPalette::WindowText), fond = palette.color(QPalette::Window);
+inline QColor EncreDiscrete(const QColor &encre, const QColor &fond) {
   const auto canal = [](float de, float vers) { return de + (vers - de) * 0.25F; };
   return QColor::fromRgbF(canal(encre.redF(), fond.redF()), canal(encre.greenF(), fond.greenF()),
                           canal(encre.blueF(), fond.blueF()));
+}
+inline QColor EncreDiscrete(const QPalette &palette) {
+  return EncreDiscrete(palette.color(QPalette::WindowText), palette.color(QPalette::Window));
 }
 
 /// The ink of a link, the palette's where it is read well on the palette's ground.

@@ -33,29 +33,34 @@ TEST_F(Recherche, ToutCeQueTiennentLesFiches) {
         AjouterLigne(base, fiche);
       });
   RechercheTotale recherche(base, u"Paul"_s);
-  // The names found, each with what is said beside it; then those of the category "Amis" alone.
+  // The names found, each with what is said below it, the words in brackets; then those of the
+  // category "Amis" alone.
   Cas(R"(
-    helene | Hélène Nantes; Lenoël Nantes (Notes : vélo Hélène); |
-    noel | Jean-Noël d’Œuvre; Lenoël Nantes; | Jean-Noël d’Œuvre;
-    nan | Hélène Nantes; Lenoël Nantes; Anne Ledoux (Ville : Nantes); |
-    NANTES hêtre | Anne Ledoux (Ville : Nantes); |
-    oeu | Jean-Noël d’Œuvre; Hélène Nantes (Notes : … d'œufs); | Jean-Noël d’Œuvre;
+    helene | Hélène Nantes (Lyon); Lenoël Nantes (Notes : vélo [Hélène]); |
+    noel | Jean-Noël d’Œuvre; Lenoël Nantes (Brest); | Jean-Noël d’Œuvre;
+    nan | Hélène Nantes (Lyon); Lenoël Nantes (Brest); Anne Ledoux (Ville : [Nan]tes); |
+    NANTES hêtre | Anne Ledoux (Ville : [Nantes]); |
+    oeu | Jean-Noël d’Œuvre; Hélène Nantes (Notes : … d'[œu]fs); | Jean-Noël d’Œuvre;
     d oeuvre, jean | Jean-Noël d’Œuvre; | Jean-Noël d’Œuvre;
-    velo | Jean-Noël d’Œuvre (Adresse : rue Vélo); Hélène Nantes (Notes : … vélo, ne mange pas d'œufs); Lenoël Nantes (Notes : vélo Hélène); | Jean-Noël d’Œuvre (Adresse : rue Vélo);
-    0612 | Hélène Nantes (Tél. : +33 6.12.34.56.78); |
-    06 12 | Hélène Nantes (Tél. : +33 6.12.34.56.78); Anne Ledoux (Adresse : 12 allée des Hêtres, bât. 06); |
-    06-12 34 | Hélène Nantes (Tél. : +33 6.12.34.56.78); |
-    06 99 | Lenoël Nantes (Tél. : 0033 (0)6 99); |
-    69 | Hélène Nantes (Code postal : 69000); Lenoël Nantes (Tél. : 0033 (0)6 99); |
-    ledoux@ | Anne Ledoux (E-mail : a.ledoux@poste.fr); |
-    amis | Jean-Noël d’Œuvre (Catégorie : Amis); | Jean-Noël d’Œuvre (Catégorie : Amis);
-    amiss | | || secret | | || - | | || nan | Hélène Nantes; Lenoël Nantes; Anne Ledoux (Ville : Nantes); |
+    velo | Jean-Noël d’Œuvre (Adresse : rue [Vélo]); Hélène Nantes (Notes : … [vélo], ne mange pas d'œufs); Lenoël Nantes (Notes : [vélo] Hélène); | Jean-Noël d’Œuvre (Adresse : rue [Vélo]);
+    0612 | Hélène Nantes (Tél. : +33 [6.12].34.56.78); |
+    06 12 | Hélène Nantes (Tél. : +33 [6.12].34.56.78); Anne Ledoux (Adresse : [12] allée des Hêtres, bât. [06]); |
+    06-12 34 | Hélène Nantes (Tél. : +33 [6.12.34].56.78); |
+    06 99 | Lenoël Nantes (Tél. : 0033 ([0)6 99]); |
+    69 | Hélène Nantes (Code postal : [69]000); Lenoël Nantes (Tél. : 0033 (0)[6 9]9); |
+    ledoux@ | Anne Ledoux (E-mail : a.[ledoux@]poste.fr); |
+    amis | Jean-Noël d’Œuvre (Catégorie : [Amis]); | Jean-Noël d’Œuvre (Catégorie : [Amis]);
+    amiss | | || secret | | || - | | || nan | Hélène Nantes (Lyon); Lenoël Nantes (Brest); Anne Ledoux (Ville : [Nan]tes); |
   )",
       [&](Rangee c) {
         const auto trouver = [&](const QString &categorie) {
           QString noms;
           for (const auto &[nom, cle] : recherche.Chercher(c[0], {categorie, {}, {}})) {
-            const QString precision = recherche.Precision(cle, c[0]);
+            auto [precision, trouves] = recherche.Precision(cle, c[0]);
+            while (!trouves.isEmpty()) {
+              const auto [debut, longueur] = trouves.takeLast();
+              precision.insert(debut + longueur, u']').insert(debut, u'[');
+            }
             noms += nom + (precision.isEmpty() ? precision : u" (%1)"_s.arg(precision)) + u';';
           }
           return noms.replace(u";"_s, u"; "_s).trimmed();
