@@ -15,6 +15,9 @@ class Portrait : public QLabel {
   /// shows nothing, and is no failure.
   bool Montrer(const QString &chemin);
 
+  /// Never, though its text may be broken: it would make a form that scrolls higher than it needs.
+  bool hasHeightForWidth() const override { return false; }
+
  signals:
   /// Files or addresses have been dropped on it; only where the label accepts drops. Emitted once
   /// the drop is over.
