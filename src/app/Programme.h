@@ -3,6 +3,7 @@
 
 #include "session/Session.h"
 #include "storage/Lignes.h"
+#include "ui/EntreePresse.h"
 
 #include <QObject>
 
@@ -64,6 +65,7 @@ class Programme : public QObject {
   void Finir(const std::function<void()> &suite);
 
   Session session_;
+  EntreePresse entree_;
   std::unique_ptr<PlacesFenetres> places_;
   std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmDepart> depart_;

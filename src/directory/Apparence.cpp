@@ -110,11 +110,12 @@ Aspect Apparence::LAspect() const {
   const ReglagesRTColor &rtcolor = session_.reglages.rtcolor;
   const auto canal = [](qint16 valeur) { return std::clamp<int>(valeur, 0, 255); };
   const int dessin = plomex.TaillePoliceTV1 ? 9 : plomex.TaillePoliceTV2 ? 10 : 8;
+  const double echelle = Echelle(tailleEnForce_);
   return {
       .titre = u"   Velmiras de "_s + rtcolor.NomPerso,
       .couleur = QColor(canal(rtcolor.CouleurR), canal(rtcolor.CouleurV), canal(rtcolor.CouleurB)),
       .fondUni = !rtcolor.FondUni.EstNul(),
-      .points = qRound(PointsAEchelle(dessin, Echelle(tailleEnForce_))),
+      .points = qRound(PointsAEchelle(dessin * Grossissement(fenetre_.font(), echelle), echelle)),
       .adresseEnGras = plomex.AdresseEnGras,
       .adresseImportee = plomex.Adresse};
 }

@@ -13,6 +13,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QGridLayout>
+#include <QStyle>
 #include <QToolButton>
 
 #include <algorithm>
@@ -21,6 +22,8 @@
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr int kPartGauche = 3, kPartDroite = 2;  // of a wide record
 
 /// Whole, but for what would hold up the window.
 QString AdresseMontrable(const QString &adresse) {
@@ -56,8 +59,8 @@ void Poser(QWidget &partie, QBoxLayout *colonne, int place, QGridLayout &grille,
 
 /// The portrait's column takes what the address under it needs, or the portrait alone.
 void PartagerColonnes(QGridLayout &grille, bool large) {
-  grille.setColumnStretch(0, large ? 3 : 1);
-  grille.setColumnStretch(1, large ? 2 : 0);
+  grille.setColumnStretch(0, large ? kPartGauche : 1);
+  grille.setColumnStretch(1, large ? kPartDroite : 0);
 }
 
 }  // namespace
@@ -281,6 +284,7 @@ void PanneauFiche::ChangerTaillePolice(int points) {
 void PanneauFiche::ActiverNumerotation(bool active) {
   numerotation_ = active;
   MajAffichage();
+  Disposer();
 }
 
 void PanneauFiche::MontrerNotes(const QString &notes) {
@@ -345,12 +349,29 @@ void PanneauFiche::resizeEvent(QResizeEvent *evenement) {
   Disposer();
 }
 
+int PanneauFiche::LargeurNumeros() const {
+  const QWidget &bouton = *cmdTel_[0], &marque = *ui_->LblRougeTel;
+  return ui_->LblDomicile->minimumWidth() + ui_->GrilleNumeros->horizontalSpacing() +
+         fontMetrics().horizontalAdvance(u"00 00 00 00 00"_s) + ui_->Rang0->spacing() +
+         marque.sizeHint().width() + (numerotation_ ? bouton.sizeHint().width() : 0);
+}
+
+int PanneauFiche::LargeurLiens() const {
+  constexpr int kLettres = 32;  // of a longer mail address
+  return ui_->LblCourriel->minimumWidth() + ui_->GrilleLiens->horizontalSpacing() +
+         kLettres * fontMetrics().averageCharWidth();
+}
+
 void PanneauFiche::Disposer() {
-  constexpr int kTroisColonnes = 64, kDeuxColonnes = 44;  // letters; the portrait's is one
-  const int lettres = width() / fontMetrics().averageCharWidth();
-  const Disposition voulue = lettres >= kTroisColonnes  ? Disposition::Large
-                             : lettres >= kDeuxColonnes ? Disposition::Etroite
-                                                        : Disposition::Serree;
+  const int libre = width() - style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this) -
+                    ui_->Colonne->contentsMargins().left() -
+                    ui_->Colonne->contentsMargins().right() - ui_->Fiche->horizontalSpacing();
+  const int portrait = ui_->CadrePortrait->minimumWidth();
+  const int gauche = libre * kPartGauche / (kPartGauche + kPartDroite);
+  const Disposition voulue = gauche >= std::max(LargeurNumeros(), LargeurLiens())
+                                 ? Disposition::Large
+                             : libre - portrait >= LargeurNumeros() ? Disposition::Etroite
+                                                                    : Disposition::Serree;
   if (voulue == disposition_) return;
   disposition_ = voulue;
   const bool large = voulue == Disposition::Large;

@@ -93,6 +93,9 @@ class PanneauFiche : public QWidget {
   /// Hides what is empty.
   void MajAffichage();
   void MajAccueil();
+  /// What the numbers, the links need to be read whole.
+  int LargeurNumeros() const;
+  int LargeurLiens() const;
   /// Gives the parts of the record their places: wide, the address stands beside the numbers;
   /// narrow, it stands under them; tight, the portrait has only the dates beside it.
   void Disposer();

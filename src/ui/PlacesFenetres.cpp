@@ -1,6 +1,7 @@
 #include "ui/PlacesFenetres.h"
 
 #include "platform/Erreurs.h"
+#include "ui/Echelle.h"
 #include "ui/ZoneAuBesoin.h"
 
 #include <QApplication>
@@ -152,7 +153,8 @@ bool PlacesFenetres::Connait(const QWidget &fenetre) const {
 
 void PlacesFenetres::MontrerCommeDessinee(QWidget &fenetre) {
   if (fenetre.testAttribute(Qt::WA_Resized))
-    fenetre.resize(fenetre.size().boundedTo(ZoneAuBesoin::Libre(EcranDe(fenetre)).size()));
+    fenetre.resize((fenetre.size() * Grossissement(fenetre.font(), Echelle(taille_)))
+                       .boundedTo(ZoneAuBesoin::Libre(EcranDe(fenetre)).size()));
   else
     ZoneAuBesoin::Dimensionner(fenetre);
   donnees_[&fenetre] = {};
