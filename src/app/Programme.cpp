@@ -24,7 +24,6 @@
 #include "ui/TravailDeFond.h"
 
 #include <QEventLoop>
-#include <QScreen>
 #include <QTimer>
 
 #include <algorithm>
@@ -35,18 +34,6 @@ using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
-
-/// Puts a window on the middle of another one, within the screen.
-void Centrer(QWidget &fenetre, const QWidget &sur) {
-  const QRect ecran = sur.screen()->availableGeometry();
-  QRect place = fenetre.frameGeometry();
-  place.moveCenter(sur.frameGeometry().center());
-  place.moveLeft(std::clamp(place.left(), ecran.left(),
-                            std::max(ecran.left(), ecran.right() - place.width())));
-  place.moveTop(
-      std::clamp(place.top(), ecran.top(), std::max(ecran.top(), ecran.bottom() - place.height())));
-  fenetre.move(place.topLeft());
-}
 
 void MettreDevant(QWidget &fenetre) {
   fenetre.show();
@@ -242,7 +229,6 @@ void Programme::VersEnveloppesDeCategorie(const QString &categorie) {
 }
 
 void Programme::PasserAuxEnveloppes() {
-  if (!places_->Connait(*plomex_)) Centrer(*plomex_, *velmira_);
   MettreDevant(*plomex_);
   PasserLentement();
   velmira_->hide();

@@ -1,5 +1,7 @@
 #include "ui/ChoixDate.h"
 
+#include "ui/FinsDeSemaine.h"
+
 #include <QApplication>
 #include <QCalendarWidget>
 #include <QKeyEvent>
@@ -12,6 +14,7 @@
 
 ChoixDate::ChoixDate(QWidget *parent) : QDateEdit(parent) {
   setCalendarPopup(true);
+  ColorerFinsDeSemaine(*calendarWidget());
   connect(calendarWidget(), &QCalendarWidget::clicked, this, &ChoixDate::Choisie);
   connect(calendarWidget(), &QCalendarWidget::activated, this, &ChoixDate::Choisie);
 }

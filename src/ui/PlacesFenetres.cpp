@@ -12,6 +12,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QSplitter>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -48,15 +49,25 @@ const QScreen &EcranDe(const QWidget &fenetre) {
   return porteuse == nullptr ? *fenetre.screen() : *porteuse->screen();
 }
 
-/// A place moved and cut to be seen whole on the screen where most of it would be.
-QRect Visible(QRect place, const QScreen &sinon) {
-  const QScreen *ecran = QGuiApplication::screenAt(place.center());
-  if (ecran != nullptr && ecran->availableGeometry().contains(place)) return place;
-  const QRect libre = ZoneAuBesoin::Libre(ecran == nullptr ? sinon : *ecran);
+/// A place cut and moved to lie in another one.
+QRect Dans(const QRect &libre, QRect place) {
   place.setSize(place.size().boundedTo(libre.size()));
   place.moveLeft(std::clamp(place.left(), libre.left(), libre.right() - place.width() + 1));
   place.moveTop(std::clamp(place.top(), libre.top(), libre.bottom() - place.height() + 1));
   return place;
+}
+
+/// A place moved and cut to be seen whole on the screen where most of it would be.
+QRect Visible(const QRect &place, const QScreen &sinon) {
+  const QScreen *ecran = QGuiApplication::screenAt(place.center());
+  if (ecran != nullptr && ecran->availableGeometry().contains(place)) return place;
+  return Dans(ZoneAuBesoin::Libre(ecran == nullptr ? sinon : *ecran), place);
+}
+
+/// Also where it stood already: a window manager places anew what nobody has placed.
+void Placer(QWidget &fenetre, const QRect &place) {
+  fenetre.setGeometry(place);
+  if (QWindow *systeme = fenetre.windowHandle()) systeme->setGeometry(place);
 }
 
 /// Whether a dialog is as it was given, or has gone before it stood.
@@ -147,20 +158,25 @@ PlacesFenetres::Nombres PlacesFenetres::Lire(const QString &cle, qsizetype nombr
   return nombres.size() == nombre ? nombres : Nombres();
 }
 
-bool PlacesFenetres::Connait(const QWidget &fenetre) const {
-  return !Lire(CleDe(fenetre), 5).isEmpty();
-}
-
 void PlacesFenetres::MontrerCommeDessinee(QWidget &fenetre) {
   if (fenetre.testAttribute(Qt::WA_Resized))
     fenetre.resize((fenetre.size() * Grossissement(fenetre.font(), Echelle(taille_)))
                        .boundedTo(ZoneAuBesoin::Libre(EcranDe(fenetre)).size()));
   else
     ZoneAuBesoin::Dimensionner(fenetre);
+  if (derniere_ != nullptr && Porteuse(fenetre) == nullptr) {
+    QRect place = fenetre.geometry();
+    place.moveCenter(derniere_->geometry().center());
+    Placer(fenetre, Dans(ZoneAuBesoin::Libre(*derniere_->screen()), place));
+  }
   donnees_[&fenetre] = {};
   // Once it stands: some find their size while they are shown.
   QMetaObject::invokeMethod(
-      &fenetre, [this, &fenetre] { donnees_[&fenetre] = fenetre.geometry(); },
+      &fenetre,
+      [this, &fenetre] {
+        ZoneAuBesoin::Completer(fenetre);
+        donnees_[&fenetre] = fenetre.geometry();
+      },
       Qt::QueuedConnection);
 }
 
@@ -177,7 +193,7 @@ void PlacesFenetres::Montrer(QWidget &fenetre) {
   QRect place(laissee[0], laissee[1], laissee[2], laissee[3]);
   if (const QWidget *porteuse = Porteuse(fenetre)) place.translate(porteuse->geometry().topLeft());
   place.setSize(place.size().expandedTo(fenetre.minimumSizeHint()));
-  fenetre.setGeometry(Visible(place, EcranDe(fenetre)));
+  Placer(fenetre, Visible(place, EcranDe(fenetre)));
   if (laissee[4] != 0) fenetre.setWindowState(fenetre.windowState() | Qt::WindowMaximized);
 }
 
@@ -224,5 +240,6 @@ bool PlacesFenetres::eventFilter(QObject *objet, QEvent *evenement) {
     Montrer(fenetre);
   else
     Retenir(fenetre);
+  if (type == QEvent::Show && Porteuse(fenetre) == nullptr) derniere_ = &fenetre;
   return QObject::eventFilter(objet, evenement);
 }

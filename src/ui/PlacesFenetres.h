@@ -5,14 +5,15 @@
 
 #include <QHash>
 #include <QObject>
+#include <QPointer>
 #include <QRect>
-
-class QWidget;
+#include <QWidget>
 
 /// As long as it lives it looks after each window that is named `Frm...`: it is shown where and as
-/// large as it was left, else as designed, and never larger than its screen: what does not fit
-/// scrolls. A dialog is placed from the window that it belongs to, and kept only where the user has
-/// changed it. Splitters with a name are kept with their window.
+/// large as it was left, else as designed, on the middle of the one before it, and never larger
+/// than its screen: what does not fit scrolls. A dialog is placed from the window that it belongs
+/// to, and kept only where the user has changed it. Splitters with a name are kept with their
+/// window.
 ///
 /// `Etat.ini` holds a section for each arrangement of screens and each size of the program, so that
 /// nothing is taken over from another one. A window that would not be seen is brought back.
@@ -23,9 +24,6 @@ class PlacesFenetres : public QObject {
   /// Reads `Etat.ini`; one that cannot be read holds nothing. Before an `EchelleProgramme`, which
   /// has to act first. `taille` is the program's, in twips.
   PlacesFenetres(const QString &appPath, qint32 taille);
-
-  /// Whether it will be shown where it was left.
-  bool Connait(const QWidget &fenetre) const;
 
   /// Writes how the windows were left in this run. Never fails: a place is not worth a message.
   void Ecrire();
@@ -44,6 +42,7 @@ class PlacesFenetres : public QObject {
 
   Preferences etat_;
   qint32 taille_;
+  QPointer<QWidget> derniere_;             ///< that was shown, no dialog
   QHash<QString, Nombres> laissees_;       ///< by key: what is to be written
   QHash<const QObject *, QRect> donnees_;  ///< what a dialog was given when it was shown
 };

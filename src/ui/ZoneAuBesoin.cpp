@@ -3,7 +3,10 @@
 #include <QApplication>
 #include <QEvent>
 #include <QScreen>
+#include <QScrollBar>
 #include <QStyle>
+
+#include <algorithm>
 
 namespace {
 
@@ -53,6 +56,20 @@ void ZoneAuBesoin::Dimensionner(QWidget &fenetre) {
   QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
   fenetre.resize(DansLaPlace(fenetre.sizeHint(), Libre(*fenetre.screen()).size(), fenetre));
   fenetre.setAttribute(Qt::WA_Resized, false);
+}
+
+void ZoneAuBesoin::Completer(QWidget &fenetre) {
+  QSize manque(0, 0);
+  for (const ZoneAuBesoin *zone : fenetre.findChildren<ZoneAuBesoin *>())
+    manque = manque.expandedTo(
+        {zone->horizontalScrollBar()->maximum(), zone->verticalScrollBar()->maximum()});
+  const QRect libre = Libre(*fenetre.screen());
+  const QSize voulue = (fenetre.size() + manque).boundedTo(libre.size());
+  if (manque.isNull() || voulue == fenetre.size()) return;
+  QRect place(fenetre.geometry().topLeft(), voulue);
+  place.moveRight(std::min(place.right(), libre.right()));
+  place.moveBottom(std::min(place.bottom(), libre.bottom()));
+  fenetre.setGeometry(place);
 }
 
 void ZoneAuBesoin::TenirDansLEcran(QWidget &dialogue, const QShowEvent &evenement,

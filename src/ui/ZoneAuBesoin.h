@@ -27,9 +27,14 @@ class ZoneAuBesoin : public QScrollArea {
   /// its screen allows.
   static void Dimensionner(QWidget &fenetre);
 
-  /// The same for a dialog; on one that is too narrow then, what stands in `rangees` side by side
-  /// is put below each other. For its event of being shown, before the toolkit has it, which finds
-  /// the place for that size; once it has been shown it keeps the size that its user gives it.
+  /// Gives a window that is seen what it still lacks, where the screen has it: the layouts leave
+  /// out what lines that are broken elsewhere need.
+  static void Completer(QWidget &fenetre);
+
+  /// As `Dimensionner` for a dialog; on one that is too narrow then, what stands in `rangees` side
+  /// by side is put below each other. For its event of being shown, before the toolkit has it,
+  /// which finds the place for that size; once it has been shown it keeps the size that its user
+  /// gives it.
   static void TenirDansLEcran(QWidget &dialogue, const QShowEvent &evenement,
                               const QList<QBoxLayout *> &rangees);
 
