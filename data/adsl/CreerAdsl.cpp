@@ -5,6 +5,7 @@
 
 #include <QBuffer>
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QPdfWriter>
 #include <QTextDocument>
 
@@ -35,6 +36,8 @@ QByteArray Pdf(const QString &texte) {
 
 int main(int argc, char *argv[]) {
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLoggingCategory::setFilterRules(
+      QStringLiteral("default.warning=false"));  // no session is needed
   const QGuiApplication application(argc, argv);
   const QStringList arguments = QGuiApplication::arguments();
   if (arguments.size() != 3) {

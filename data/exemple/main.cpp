@@ -4,12 +4,15 @@
 #include "platform/Erreurs.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
 int main(int argc, char *argv[]) {
   constexpr std::uint32_t kGraine = 20260615;
   if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLoggingCategory::setFilterRules(
+      QStringLiteral("default.warning=false"));  // no session is needed
   const QGuiApplication application(argc, argv);
 
   const QStringList arguments = QGuiApplication::arguments();
