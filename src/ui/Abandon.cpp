@@ -2,11 +2,29 @@
 
 #include "platform/Boites.h"
 
+#include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+/// When the question has closed the window manager gives the keyboard to the dialog, which goes at
+/// that moment: some leave it with nobody then.
+void RendreLeClavier() {
+  const QPointer<QWidget> dialogue = QApplication::activeModalWidget();
+  if (dialogue == nullptr || dialogue->parentWidget() == nullptr) return;
+  QWidget *porteuse = dialogue->parentWidget()->window();
+  const auto rendre = [dialogue, porteuse] {
+    if (dialogue == nullptr || !dialogue->isVisible()) porteuse->activateWindow();
+  };
+  QMetaObject::invokeMethod(porteuse, rendre, Qt::QueuedConnection);
+}
+
+}  // namespace
 
 bool PeutAbandonner(Boites &boites, QWidget &fenetre) {
   const auto champs = fenetre.findChildren<QLineEdit *>();
@@ -16,6 +34,10 @@ bool PeutAbandonner(Boites &boites, QWidget &fenetre) {
 }
 
 bool PeutAbandonner(Boites &boites, bool saisi) {
-  return !saisi || boites.Question(Boites::Titre(), u"Abandonner ce que vous avez saisi ?"_s,
-                                   Boites::Reponse::Non) == Boites::Reponse::Oui;
+  if (!saisi) return true;
+  if (boites.Question(Boites::Titre(), u"Abandonner ce que vous avez saisi ?"_s,
+                      Boites::Reponse::Non) != Boites::Reponse::Oui)
+    return false;
+  RendreLeClavier();
+  return true;
 }
