@@ -99,9 +99,15 @@ void FrmCarnet::CocherCategorie(const QString &categorie, const QList<NoeudListe
   QSet<Cle> cles;
   for (const NoeudListe &montre : montres_) cles.insert(montre.index);
   const QSignalBlocker silence(ui_->LstNomC);
-  for (int i = 0; i < ui_->LstNomC->count(); ++i)
-    if (!cles.contains(Index(ui_->LstNomC->item(i))))
-      ui_->LstNomC->item(i)->setCheckState(Qt::Unchecked);
+  QListWidgetItem *premier = nullptr;
+  for (int i = 0; i < ui_->LstNomC->count(); ++i) {
+    QListWidgetItem *nom = ui_->LstNomC->item(i);
+    if (!cles.contains(Index(nom)))
+      nom->setCheckState(Qt::Unchecked);
+    else if (premier == nullptr)
+      premier = nom;
+  }
+  ui_->LstNomC->scrollToItem(premier, QListWidget::PositionAtTop);
   Compter();
 }
 
