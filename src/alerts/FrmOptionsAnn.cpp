@@ -10,6 +10,7 @@
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
 #include "ui/Veille.h"
+#include "ui/ZoneAuBesoin.h"
 #include "ui_FrmOptionsAnn.h"
 
 #include <QApplication>
@@ -130,6 +131,11 @@ void FrmOptionsAnn::Actualiser() {
     const Attente attente(session_.base, {});
     ui_->Liste->Actualiser();
   });
+}
+
+void FrmOptionsAnn::showEvent(QShowEvent *evenement) {
+  ZoneAuBesoin::TenirDansLEcran(*this, *evenement, {ui_->Corps});
+  QDialog::showEvent(evenement);
 }
 
 bool FrmOptionsAnn::event(QEvent *evenement) {

@@ -27,6 +27,7 @@ class FrmOptionsAnn : public QDialog {
 
  protected:
   bool event(QEvent *evenement) override;
+  void showEvent(QShowEvent *evenement) override;
 
  private:
   void Charger();

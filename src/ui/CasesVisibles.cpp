@@ -48,8 +48,10 @@ void CasesVisibles::drawPrimitive(PrimitiveElement element, const QStyleOption *
       if (EstSombre(option->palette.color(QPalette::Base)))
         Border(*peintre, *option, element == PE_IndicatorRadioButton);
       break;
+    case PE_Frame:  // has no other one with the focus
+      if (ChampsConfondus(option->palette)) Border(*peintre, *option, false);
+      break;
     case PE_FrameLineEdit:
-    case PE_Frame:
     case PE_PanelButtonCommand:
       if (!option->state.testFlag(State_HasFocus) && ChampsConfondus(option->palette))
         Border(*peintre, *option, false);
