@@ -390,9 +390,12 @@ void FrmVelmira::InviterSelonDonnees() {
   using Invitation = PanneauFiche::Invitation;
   const bool vide = session_.base.Ouverte() && TableAdresse(session_.base).EstVide();
   const bool choix = ui_->Liste->Arbre().Modele().NombreEnfants() > 0;
-  ui_->Fiche->Inviter(vide    ? Invitation::Commencer
-                      : choix ? Invitation::Choisir
-                              : Invitation::Rien);
+  const bool autre = ui_->Fiche->Inviter(vide    ? Invitation::Commencer
+                                         : choix ? Invitation::Choisir
+                                                 : Invitation::Rien);
+  // A list without anybody has nothing for the keys.
+  const bool libre = focusWidget() == nullptr || focusWidget() == &ui_->Liste->Arbre();
+  if (autre && vide && libre) ui_->Fiche->ViserPremier();
 }
 
 void FrmVelmira::OuvrirFiche(Cle index) {

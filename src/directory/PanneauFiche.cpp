@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -171,9 +172,14 @@ void PanneauFiche::CopierAdresse() {
   Copier(*adresse, adresse->text());
 }
 
-void PanneauFiche::Inviter(Invitation invitation) {
-  invitation_ = invitation;
+bool PanneauFiche::Inviter(Invitation invitation) {
+  const bool autre = std::exchange(invitation_, invitation) != invitation;
   MajAccueil();
+  return autre;
+}
+
+void PanneauFiche::ViserPremier() {
+  ui_->CmdPremier->setFocus();
 }
 
 void PanneauFiche::MajAccueil() {

@@ -35,7 +35,10 @@ class PanneauFiche : public QWidget {
 
   /// What is said while no record is on display.
   enum class Invitation { Rien, Choisir, Commencer };
-  void Inviter(Invitation invitation);
+  /// Whether it is another one than before.
+  bool Inviter(Invitation invitation);
+  /// The focus goes to the first thing to do in an empty directory.
+  void ViserPremier();
 
   void Vider();
   /// All but the notes and the portrait.
