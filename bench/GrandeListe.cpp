@@ -130,7 +130,7 @@ void ChercherVelmira(benchmark::State &etat, const Donnees &donnees) {
   int tour = 0;
   for (auto _ : etat) {
     etat.PauseTiming();
-    const QString mot = kMotsCherches[static_cast<std::size_t>(tour++) % kMotsCherches.size()];
+    const QString &mot = kMotsCherches[static_cast<std::size_t>(tour++) % kMotsCherches.size()];
     champ.setText(mot.chopped(1));  // no search: it is not typed
     AttendreLaPeinture();
     etat.ResumeTiming();

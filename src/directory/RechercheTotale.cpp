@@ -272,6 +272,7 @@ RechercheTotale::RechercheTotale(Base &base, const QString &utilisateur,
     QByteArray plie, texte;
   };
   std::vector<std::size_t> ordinaux;
+  ordinaux.reserve(std::size(kChamps) + 2);
   for (const ChampCherche &champ : kChamps) ordinaux.push_back(champ.ordinal);
   const auto nombre = static_cast<int>(ordinaux.size());
   ordinaux.insert(ordinaux.end(), {Ordinal(&C::Index), Ordinal(&C::DataProt)});

@@ -107,7 +107,8 @@ const Bulle &BulleDe(const Controle &controle) {
 }
 
 /// A state of one or several controls.
-Verbe Etat(const QString &nom, std::function<bool(const Controle &)> lire, bool attendu = true) {
+Verbe Etat(const QString &nom, const std::function<bool(const Controle &)> &lire,
+           bool attendu = true) {
   return {nom, 1, kSansLimite, [nom, lire, attendu](S &s, const M &m) {
             for (const Mot &mot : m)
               Exiger(lire(s.ecran.Trouver(mot.texte)) == attendu,
@@ -116,7 +117,7 @@ Verbe Etat(const QString &nom, std::function<bool(const Controle &)> lire, bool 
 }
 
 /// What is read of controls as a text.
-Verbe Lecture(const QString &nom, std::function<QString(const Controle &)> lire) {
+Verbe Lecture(const QString &nom, const std::function<QString(const Controle &)> &lire) {
   return {nom, 2, kSansLimite, [lire](S &s, const M &m) {
             for (qsizetype i = 0; i + 1 < m.size(); i += 2)
               ExigerEgal(m[i].texte, m[i + 1].texte, lire(s.ecran.Trouver(m[i].texte)));

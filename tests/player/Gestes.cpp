@@ -237,7 +237,7 @@ void Survoler(const Controle &controle, const Mots &) {
 
 /// An act on the control that the first word names.
 Verbe Acte(const QString &nom, qsizetype nombre,
-           std::function<void(const Controle &, const Mots &)> faire) {
+           const std::function<void(const Controle &, const Mots &)> &faire) {
   return {nom, nombre, nombre,
           [faire](S &s, const M &m) { faire(s.ecran.Atteindre(m[0].texte), m); }};
 }

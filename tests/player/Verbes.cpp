@@ -48,7 +48,8 @@ QStringList Textes(const Mots &mots, qsizetype premier) {
   return textes;
 }
 
-Verbe Valeur(const QString &nom, qsizetype mots, std::function<QString(S &, const M &)> lire) {
+Verbe Valeur(const QString &nom, qsizetype mots,
+             const std::function<QString(S &, const M &)> &lire) {
   return {nom, mots, mots,
           [nom, lire](S &s, const M &m) { ExigerEgal(nom, m.constLast().texte, lire(s, m)); }};
 }

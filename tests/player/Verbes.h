@@ -21,7 +21,8 @@ using S = Scene;
 using M = Mots;
 
 /// The last of its words is the text that is read.
-Verbe Valeur(const QString &nom, qsizetype mots, std::function<QString(S &, const M &)> lire);
+Verbe Valeur(const QString &nom, qsizetype mots,
+             const std::function<QString(S &, const M &)> &lire);
 
 QList<Verbe> VerbesDuMonde();       ///< files and rows
 QList<Verbe> VerbesDesGestes();     ///< acts of the user

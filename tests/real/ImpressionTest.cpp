@@ -236,9 +236,11 @@ TEST_F(Cups, FeuillesEtRefus) {
 
   // More than goes to the server at once.
   const auto longue = imprimante_.Ouvrir(file, {.nom = u"Longue"_s});
-  for (int n = 0; n < 8'000; ++n)
-    longue->Ecrire(Millimetres(n % 40 * 5), Millimetres(n / 40), {u"Liberation Sans"_s, 2},
+  for (int n = 0; n < 8'000; ++n) {
+    const int rang = n / 40;
+    longue->Ecrire(Millimetres(n % 40 * 5), Millimetres(rang), {u"Liberation Sans"_s, 2},
                    QString::number(100'000 + n));
+  }
   EXPECT_NEAR(Recue(longue->Terminer())[u"107999"_s].top(), 5 + 199, kTolerance);
 
   // A queue that takes nothing but sheets that are printed on one side.
