@@ -49,8 +49,13 @@ constexpr QByteArrayView kSigne("SQLite format 3\0", 16);
 
 void CreerBaseVide(const QString &chemin) {
   if (QFile::exists(chemin)) throw ErreurBase(u"Le fichier « %1 » existe déjà."_s.arg(chemin));
+  CreerTables(chemin);
+}
+
+void CreerTables(const QString &chemin) {
   // `Base` opens only what is a database of ours already; this makes the file that it can open.
   const Connexion base(chemin, Connexion::Fichier::Nouveau, 0ms);
+  base.Executer(u"PRAGMA journal_mode=MEMORY"_s);
   base.Executer(u"PRAGMA application_id=%1"_s.arg(Base::kApplication));
   base.Executer(u"PRAGMA user_version=%1"_s.arg(Base::kVersion));
   PourChaqueTable([&base](auto table) { base.Executer(Creation(table)); });

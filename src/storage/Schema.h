@@ -47,6 +47,9 @@ QString OrdreDesCles(Table<L>) {
 /// `ErreurBase`; a file of that name must not exist.
 void CreerBaseVide(const QString &chemin);
 
+/// The same in a file that is there and empty, without a journal beside it at any time.
+void CreerTables(const QString &fichierVide);
+
 /// The schema version that a database file bears which nobody has open, from its header; -1 for no
 /// such file. Throws `ErreurFichier` when it is there and cannot be read.
 qint32 VersionDuFichier(const QString &chemin);

@@ -44,24 +44,6 @@ qint64 Version(Base &base, const QString &schema) {
   return requete.Suivante() ? requete.Entier(0) : 0;
 }
 
-/// Gives `base` the rows of another database of the same schema, and nothing else. False when the
-/// schemas differ.
-bool PrendreLignes(Base &base, const QString &source) {
-  Requete(base, u"ATTACH ? AS origine"_s).Lier(AdresseEnLecture(source)).Executer();
-  if (Version(base, u"origine"_s) != Version(base, u"main"_s)) return false;
-  Transaction transaction(base);
-  const auto remplacer = [&base](const QString &table, const QString &colonnes) {
-    Requete(base, u"DELETE FROM main."_s + table).Executer();
-    Requete(base, u"INSERT INTO main."_s + table + u" ("_s + colonnes + u") SELECT "_s + colonnes +
-                      u" FROM origine."_s + table)
-        .Executer();
-  };
-  PourChaqueTable([&](auto table) { remplacer(Nom(table), ListeColonnes(table)); });
-  remplacer(u"sqlite_sequence"_s, u"name, seq"_s);  // keys that were given once stay given
-  transaction.Valider();
-  return true;
-}
-
 /// Makes a new file of it, as of one that nobody is writing to.
 void RemplacerPar(Base &origine, const QString &destination) {
   RemplacerFichierPar(destination, [&](const QString &copie) {
@@ -85,4 +67,20 @@ void TransfererBase(const QString &source, const QString &destination) {
   if (Ouvrir(cible, destination) && PrendreLignes(cible, source)) return;
   cible.Fermer();
   RemplacerPar(origine, destination);
+}
+
+bool PrendreLignes(Base &base, const QString &source) {
+  Requete(base, u"ATTACH ? AS origine"_s).Lier(AdresseEnLecture(source)).Executer();
+  if (Version(base, u"origine"_s) != Version(base, u"main"_s)) return false;
+  Transaction transaction(base);
+  const auto remplacer = [&base](const QString &table, const QString &colonnes) {
+    Requete(base, u"DELETE FROM main."_s + table).Executer();
+    Requete(base, u"INSERT INTO main."_s + table + u" ("_s + colonnes + u") SELECT "_s + colonnes +
+                      u" FROM origine."_s + table)
+        .Executer();
+  };
+  PourChaqueTable([&](auto table) { remplacer(Nom(table), ListeColonnes(table)); });
+  remplacer(u"sqlite_sequence"_s, u"name, seq"_s);  // keys that were given once stay given
+  transaction.Valider();
+  return true;
 }

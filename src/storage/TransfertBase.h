@@ -2,6 +2,8 @@
 
 #include <QString>
 
+class Base;
+
 /// Puts the database of one file into the place of another, whole, whoever works on either at this
 /// time. A destination that others may have open takes the rows of the source in one transaction,
 /// and they see them; one that is missing or is no database of ours is replaced by a new file. The
@@ -11,3 +13,7 @@
 /// destination that is one of a newer version, and when another program keeps either for itself;
 /// the destination is then as it was.
 void TransfererBase(const QString &source, const QString &destination);
+
+/// Gives `base` the rows of another database of the same schema, and nothing else, in one
+/// transaction. False when the schemas differ; nothing has changed then. Throws `ErreurBase`.
+bool PrendreLignes(Base &base, const QString &source);
