@@ -1,6 +1,8 @@
 // The program: the system's services, the application folder, one run.
 
+#include "app/Allure.h"
 #include "app/Application.h"
+#include "app/DossierDuProgramme.h"
 #include "app/LigneDeCommande.h"
 #include "app/Programme.h"
 #include "platform/Erreurs.h"
@@ -13,17 +15,11 @@
 #include "platform/linux/PolicesSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
-#include "storage/DossierApplication.h"
-#include "ui/CasesVisibles.h"
-#include "ui/Icones.h"
-#include "ui/PaletteLisible.h"
 
-#include <QLibraryInfo>
 #include <QLoggingCategory>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTimer>
-#include <QTranslator>
 
 #include <cstdio>
 
@@ -64,13 +60,7 @@ int main(int argc, char *argv[]) {
   Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
   Application::setDesktopFileName(u"velmira"_s);
   Application::setQuitOnLastWindowClosed(false);
-  const PaletteLisible palette;
-  CasesVisibles::Poser();
-  PreparerIcones();
-
-  QTranslator traduction;  // the toolkit's own texts: Oui, Non, Annuler
-  if (traduction.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    Application::installTranslator(&traduction);
+  const Allure allure;
 
   HorlogeSysteme horloge;
   BoitesSysteme boites;
@@ -87,11 +77,7 @@ int main(int argc, char *argv[]) {
   application.SignalerPar(&boites);
 
   QString appPath;
-  const bool trouve = Signaler(boites, [&] {
-    appPath = TrouverAppPath(
-        Application::applicationDirPath(), QStringLiteral(VELMIRA_INSTALLED_DATA),
-        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Velmira"_s);
-  });
+  const bool trouve = Signaler(boites, [&] { appPath = DossierDuProgramme(); });
   if (!trouve) return EXIT_FAILURE;
 
   Programme programme(plateforme, appPath);

@@ -12,11 +12,11 @@ class Coquille {
   /// nothing can open it, as far as the desktop says so within a few seconds.
   void Ouvrir(const QString &document);
 
-  /// Starts a program by its path without the platform's suffix. False when it could not be
-  /// started.
+  /// Starts a program by its path without the platform's suffix; where it is not there, the one of
+  /// its name beside this program. False when it could not be started.
   virtual bool Lancer(const QString &programme) = 0;
 
-  /// Whether a program is there to be started, by its path without the platform's suffix.
+  /// Whether there is a program that `Lancer` would start.
   virtual bool PeutLancer(const QString &programme) const = 0;
 
   /// Starts this program once more, with the arguments that it was given itself. A failure is

@@ -70,6 +70,18 @@ bool AttendreReponse(const std::future<bool> &reponse) {
   return prete();
 }
 
+bool EstProgramme(const QString &chemin) {
+  const QFileInfo fichier(chemin);
+  return fichier.isFile() && fichier.isExecutable();
+}
+
+/// An installation puts the companions beside this program.
+QString Trouver(const QString &programme) {
+  const QString voisin =
+      QDir(QCoreApplication::applicationDirPath()).filePath(QFileInfo(programme).fileName());
+  return !EstProgramme(programme) && EstProgramme(voisin) ? voisin : programme;
+}
+
 bool PeutNommerFichier(const QString &nom) {
   return !nom.isEmpty() && nom != u"."_s && nom != u".."_s && !nom.contains(u'/') &&
          !nom.contains(QChar(0));
@@ -89,14 +101,13 @@ bool CoquilleSysteme::OuvrirSurLeBureau(const QString &document) {
 
 bool CoquilleSysteme::Lancer(const QString &programme) {
   QProcess processus;
-  processus.setProgram(programme);
-  processus.setWorkingDirectory(QFileInfo(programme).path());
+  processus.setProgram(Trouver(programme));
+  processus.setWorkingDirectory(QFileInfo(processus.program()).path());
   return processus.startDetached();
 }
 
 bool CoquilleSysteme::PeutLancer(const QString &programme) const {
-  const QFileInfo fichier(programme);
-  return fichier.isFile() && fichier.isExecutable();
+  return EstProgramme(Trouver(programme));
 }
 
 void CoquilleSysteme::RelancerProgramme() {
