@@ -1,10 +1,12 @@
 // The upgrade killed before each step that settles what is on the disk: the old database is always
-// whole under one of its names, and the next start ends with every row in place exactly once.
+// whole under one of its names, and the next start ends with every row in place exactly once. The
+// repair killed in the same way.
 
 #include "Reel.h"
 #include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
 #include "commun/BoitesMuettes.h"
+#include "storage/Reparation.h"
 
 #include <filesystem>
 #include <signal.h>
@@ -119,6 +121,43 @@ TEST_F(MiseAJour, TueeAChaqueEtape) {
       QFile::copy(u"modele/Velmira_base.mdb"_s, u"monde/app/Velmira_base.mdb"_s);
     EXPECT_GE(Demarrer(), 0);
     EXPECT_TRUE(Lignes() == juste);
+  }
+}
+
+// The repair of a damaged base: the one at work is the old one or the new one, whole.
+TEST_F(MiseAJour, ReparationTueeAChaqueEtape) {
+  const QString base = u"monde/Velmira.mdb"_s;
+  const auto reparer = [&](int avant) {
+    const pid_t enfant = ::fork();
+    if (enfant == 0) {
+      etape = 0, derniere = avant;
+      const auto continuer = [](qsizetype, qsizetype) { return true; };
+      ReparerBase(base, QDateTime(QDate(2026, 3, 1), QTime(12, 0)), std::chrono::seconds(1),
+                  continuer);
+      ::_exit(etape);
+    }
+    int etat = 0;
+    EXPECT_EQ(::waitpid(enfant, &etat, 0), enfant);
+    return WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
+  };
+  QByteArray abimee = *ancienne_;
+  abimee.replace(abimee.size() / 8192 * 4096, 4096, QByteArray(4096, '\0'));
+  const auto poser = [&] {
+    Poser();
+    RemplacerFichier(base, abimee);
+  };
+  poser();
+  const int etapes = reparer(0);
+  const auto reparee = LireFichier(base);
+  EXPECT_TRUE(etapes > 3 && reparee != abimee);
+  for (int i = 1; i <= etapes && !HasFailure(); ++i) {
+    SCOPED_TRACE(i);
+    poser();
+    EXPECT_EQ(reparer(i), -1);
+    const auto octets = LireFichier(base);
+    EXPECT_TRUE(octets == abimee || octets == reparee);
+    EXPECT_GT(reparer(0), 0);
+    EXPECT_EQ(LireFichier(base).value().size(), reparee.value().size());
   }
 }
 

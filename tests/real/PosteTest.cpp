@@ -84,6 +84,9 @@ TEST_F(Poste, EntreesEtProgrammes) {
   EXPECT_EQ(Dit(), u"0\n\n%1\n"_s.arg(ici_));
   QFile::setPermissions(programme_, QFile::ReadOwner);
   EXPECT_FALSE(coquille_.PeutLancer(programme_) || coquille_.Lancer(programme_));
+  // What is not in the application folder stands beside this program.
+  const QFileInfo celui(QCoreApplication::applicationFilePath());
+  EXPECT_TRUE(coquille_.PeutLancer(u"/absent/"_s + celui.fileName()));
 }
 
 TEST_F(Poste, DocumentsEtAdresses) {
