@@ -55,7 +55,7 @@ qint64 Longueur(qint64 type) {
 }
 
 qint64 Entier(QByteArrayView octets) {
-  quint64 valeur = octets.isEmpty() || octets.front() >= 0 ? 0 : ~quint64{0};
+  quint64 valeur = octets.isEmpty() || static_cast<qint8>(octets.front()) >= 0 ? 0 : ~quint64{0};
   for (const char octet : octets) valeur = valeur << 8 | static_cast<quint8>(octet);
   return static_cast<qint64>(valeur);
 }
@@ -125,6 +125,14 @@ qsizetype Rendement(QByteArrayView fichier, qsizetype taille) {
   for (PagesFeuilles::Numero page = 1; page <= pages.Nombre(); ++page)
     lignes += pages.LireFeuille(page).lignes.size();
   return lignes;
+}
+
+/// Whether the header tells this size, as many pages as the file has, and a first page that makes
+/// sense.
+bool EstSure(QByteArrayView fichier, qsizetype taille) {
+  if (qsizetype{Lire<quint32>(fichier, 28)} * taille != fichier.size()) return false;
+  const auto noms = PagesFeuilles(fichier, taille).LireFeuille(1);
+  return !noms.lignes.isEmpty() && noms.illisibles == 0;
 }
 
 }  // namespace
@@ -203,7 +211,7 @@ PagesFeuilles::Feuille PagesFeuilles::LireFeuille(Numero page) const {
   for (qsizetype i = 0; i < nombre; ++i) {
     const qsizetype place = Lire<quint16>(octets, places + 2 * i);
     const auto ligne =
-        place > places ? LireCellule(octets, place) : std::optional<EnregistrementLu>();
+        place >= places ? LireCellule(octets, place) : std::optional<EnregistrementLu>();
     if (ligne)
       feuille.lignes.append(*ligne);
     else if (plausible)
@@ -256,6 +264,7 @@ qsizetype TaillePages(QByteArrayView fichier) {
     const qsizetype dite = Lire<quint16>(fichier, 16);
     const qsizetype taille = dite == 1 ? 65536 : dite;
     if (tailles.removeOne(taille)) tailles.prepend(taille);
+    if (tailles.constFirst() == taille && EstSure(fichier, taille)) return taille;
   }
   qsizetype meilleure = tailles.constFirst(), plus = -1;
   for (const qsizetype taille : tailles) {

@@ -131,7 +131,7 @@ std::unique_ptr<VerrouExclusif> Reserver(const QString &chemin, std::chrono::mil
 QString MettreDeCote(const QString &chemin, const QByteArray &contenu,
                      const QDateTime &maintenant) {
   const QFileInfo fichier(chemin);
-  const QString debut = fichier.path() + u'/' + fichier.completeBaseName() + u"_"_s +
+  const QString debut = fichier.absolutePath() + u'/' + fichier.completeBaseName() + u'_' +
                         maintenant.toString(u"yyyy-MM-dd_HHmmss"_s);
   const QString fin = fichier.suffix().isEmpty() ? QString() : u'.' + fichier.suffix();
   QString copie = debut + fin;
@@ -324,14 +324,18 @@ QString Nombre(qint64 nombre) {
 }
 
 QString LigneBilan(const BilanTable &table) {
-  QString ligne = u"%1 : "_s.arg(table.nom);
-  if (table.perdues > 0)
-    ligne += u"%1 lignes gardées sur %2 au plus"_s.arg(Nombre(table.gardees),
-                                                       Nombre(table.gardees + table.perdues));
-  else
-    ligne += u"%1 lignes gardées sur %1"_s.arg(Nombre(table.gardees));
-  if (table.sansBorne) ligne += u", ou davantage"_s;
-  if (table.incompletes > 0) ligne += u", dont %1 incomplètes"_s.arg(Nombre(table.incompletes));
+  const qsizetype toutes = table.gardees + table.perdues;
+  if (toutes == 0 && !table.sansBorne) return u"%1 : aucune ligne\n"_s.arg(table.nom);
+  QString ligne = u"%1 : %2 %3 sur %4"_s.arg(
+      table.nom, Nombre(table.gardees), table.gardees < 2 ? u"ligne gardée"_s : u"lignes gardées"_s,
+      Nombre(toutes));
+  if (table.sansBorne)
+    ligne += u" ou davantage"_s;
+  else if (table.perdues > 0)
+    ligne += u" au plus"_s;
+  if (table.incompletes > 0)
+    ligne += u", dont %1 %2"_s.arg(Nombre(table.incompletes),
+                                   table.incompletes < 2 ? u"incomplète"_s : u"incomplètes"_s);
   return ligne + u'\n';
 }
 

@@ -50,6 +50,7 @@ bool Convient(const QVariantList &champs, const Forme &forme) {
 /// Of keys that should rise, those of the longest rising row.
 std::vector<bool> Montantes(const std::vector<qint64> &cles) {
   const std::size_t n = cles.size();
+  if (std::ranges::is_sorted(cles, std::ranges::less_equal())) return std::vector<bool>(n, true);
   std::vector<std::size_t> rang(n, 1), avant(n, n);
   std::size_t fin = n;
   for (std::size_t i = 0; i < n; ++i) {
@@ -70,8 +71,8 @@ struct Plage {
 
 class Sauvetage {
  public:
-  Sauvetage(const QByteArray &fichier, const Avance &avance)
-      : pages_(fichier, TaillePages(fichier)), avance_(avance) {
+  Sauvetage(const QByteArray &fichier, qsizetype taillePage, const Avance &avance)
+      : pages_(fichier, taillePage), avance_(avance) {
     PourChaqueTable([this]<typename L>(Table<L> table) {
       formes_.push_back(FormeDe(table));
       tables_.emplace_back().nom = QString::fromUtf16(Table<L>::nom);
@@ -261,7 +262,7 @@ std::optional<std::vector<TableSauvee>> SauverTables(QByteArray fichier, const A
   // The page that a cut goes through may still hold rows.
   const qsizetype taille = TaillePages(fichier), reste = fichier.size() % taille;
   if (reste > 0) fichier.append(taille - reste, '\0');
-  Sauvetage sauvetage(fichier, avance);
+  Sauvetage sauvetage(fichier, taille, avance);
   if (!sauvetage.Executer()) return std::nullopt;
   return std::move(sauvetage).Tables();
 }

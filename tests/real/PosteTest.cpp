@@ -85,7 +85,7 @@ TEST_F(Poste, EntreesEtProgrammes) {
   QFile::setPermissions(programme_, QFile::ReadOwner);
   EXPECT_FALSE(coquille_.PeutLancer(programme_) || coquille_.Lancer(programme_));
   // What is not in the application folder stands beside this program.
-  const QFileInfo celui(QCoreApplication::applicationFilePath());
+  const QFileInfo celui(QApplication::applicationFilePath());
   EXPECT_TRUE(coquille_.PeutLancer(u"/absent/"_s + celui.fileName()));
 }
 

@@ -1,7 +1,9 @@
 // The repair: what a damaged file gives back, and what is left alone.
 
 #include "Outils.h"
+#include "app/Brikel.h"
 #include "storage/Base.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/Reparation.h"
 
 #include <QDateTime>
@@ -197,6 +199,40 @@ TEST_F(Reparation, CeQuiManque) {
   EXPECT_EQ(bilan->tables[0].perdues, 0);
   EXPECT_TRUE(Sql(kBase, u"SELECT Commentaires FROM Adresse WHERE [Index]=299"_s)
                   .startsWith(u"#A00299##A00299#"_s));
+}
+
+// What the command line asks for, and how the program ends.
+TEST_F(Reparation, SansFenetre) {
+  Cas(R"(
+    --version           | 0 | Brikel
+    --sans-fenetre x -h | 0 | Usage
+    --sans-fenetre      | 2 | suivi du nom
+    --sans-fenetre a b  | 2 | suivi du nom
+    --autre             | 2 | inconnue
+  )",
+      [](Rangee c) {
+        const auto demande = LireDemandeBrikel(c[0].split(u' '));
+        ASSERT_TRUE(demande.reponse && demande.base.isEmpty());
+        EXPECT_EQ(QString::number(demande.reponse->statut), c[1]);
+        EXPECT_TRUE(demande.reponse->texte.contains(c[2]));
+      });
+  EXPECT_EQ(LireDemandeBrikel({u"--sans-fenetre"_s, u"a b"_s}).base, u"a b"_s);
+  EXPECT_TRUE(!LireDemandeBrikel({}).reponse && LireDemandeBrikel({}).base.isEmpty());
+  const auto reparer = [this] {
+    QFile::remove(Chemin(kCopie));
+    return ReparerSansFenetre(Chemin(kBase), kMaintenant, 0ms).statut;
+  };
+  Remplir(300);
+  const QByteArray saine = Octets(kBase);
+  EXPECT_EQ(reparer(), 0);
+  Poser(kBase, saine.first(saine.size() - 3 * kPage));
+  EXPECT_EQ(reparer(), 1);
+  Poser(kBase, {});
+  EXPECT_EQ(reparer(), 2);
+  // The base is the one of Velmira.
+  EXPECT_TRUE(Echec([this] { BaseDeVelmira(Chemin()); }).contains(u"pas encore"_s));
+  EcrireCheminData(Chemin(), Chemin(u"DataVelmira"_s));
+  EXPECT_EQ(BaseDeVelmira(Chemin()), Chemin(u"DataVelmira/Velmira.mdb"_s));
 }
 
 // What is not ours to repair, or cannot be, is as it was, and no copy of it is left.

@@ -26,8 +26,8 @@ struct flock Octets() {
 
 ErreurFichier NonReserve(const QString &chemin, int code) {
   return EchecSysteme(
-      u"La base de données « %1 » n'a pas pu être réservée"_s.arg(QDir::toNativeSeparators(chemin)),
-      u"Elle n'a pas été modifiée."_s, code);
+      u"Le fichier « %1 » n'a pas pu être réservé"_s.arg(QDir::toNativeSeparators(chemin)),
+      u"Il n'a pas été modifié."_s, code);
 }
 
 QString NomProgramme(pid_t numero) {
