@@ -199,6 +199,12 @@ TEST_F(Reparation, CeQuiManque) {
   EXPECT_EQ(bilan->tables[0].perdues, 0);
   EXPECT_TRUE(Sql(kBase, u"SELECT Commentaires FROM Adresse WHERE [Index]=299"_s)
                   .startsWith(u"#A00299##A00299#"_s));
+
+  // Without the page that names the tables their rows are told by what they look like.
+  Remplir(300);
+  const auto avant = Lignes(kBase);
+  Poser(kBase, QByteArray(kPage, '\0') + Octets(kBase).mid(kPage));
+  EXPECT_TRUE(Reparer() && Lignes(kBase) == avant);
 }
 
 // What the command line asks for, and how the program ends.
