@@ -181,7 +181,7 @@ QByteArray PagesFeuilles::Debordement(Numero page, qsizetype reste) const {
 }
 
 std::optional<EnregistrementLu> PagesFeuilles::LireCellule(QByteArrayView page,
-                                                           qsizetype place) const {
+                                                           qsizetype &place) const {
   Lecteur lecteur(page, place);
   const qint64 total = lecteur.Varint();
   EnregistrementLu ligne;
@@ -197,6 +197,7 @@ std::optional<EnregistrementLu> PagesFeuilles::LireCellule(QByteArrayView page,
   auto champs = Champs(octets, total, ligne.entier);
   if (!champs) return std::nullopt;
   ligne.champs = *std::move(champs);
+  place = lecteur.Place() + locale + apres;
   return ligne;
 }
 
@@ -209,7 +210,7 @@ PagesFeuilles::Feuille PagesFeuilles::LireFeuille(Numero page) const {
   const bool plausible = annoncees <= (taille_ - places) / 6;  // what the smallest row takes
   const qsizetype nombre = std::min(annoncees, (taille_ - places) / 2);
   for (qsizetype i = 0; i < nombre; ++i) {
-    const qsizetype place = Lire<quint16>(octets, places + 2 * i);
+    qsizetype place = Lire<quint16>(octets, places + 2 * i);
     const auto ligne =
         place >= places ? LireCellule(octets, place) : std::optional<EnregistrementLu>();
     if (ligne)
@@ -220,6 +221,19 @@ PagesFeuilles::Feuille PagesFeuilles::LireFeuille(Numero page) const {
       break;  // behind the last row there is anything
   }
   return feuille;
+}
+
+QList<EnregistrementLu> PagesFeuilles::Fouiller(Numero page, const Admission &admettre) const {
+  QList<EnregistrementLu> lignes;
+  const QByteArrayView octets = Page(page);
+  for (qsizetype place = 0; place < octets.size();) {
+    qsizetype fin = place;
+    const auto ligne = LireCellule(octets, fin);
+    const bool admise = ligne && admettre(*ligne);
+    if (admise) lignes.append(*ligne);
+    place = admise ? fin : place + 1;
+  }
+  return lignes;
 }
 
 QList<PagesFeuilles::Branche> PagesFeuilles::LireNoeud(Numero page) const {

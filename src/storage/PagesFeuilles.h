@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QVariant>
 
+#include <functional>
 #include <optional>
 
 /// A row as it lies in a leaf page of a table.
@@ -45,6 +46,11 @@ class PagesFeuilles {
   /// Empty for another kind of page.
   Feuille LireFeuille(Numero page) const;
 
+  /// The rows that lie anywhere on a page, whatever its own directory says, among them those that
+  /// were deleted and not written over. Only what `admettre` takes for a row counts as one.
+  using Admission = std::function<bool(const EnregistrementLu &)>;
+  QList<EnregistrementLu> Fouiller(Numero page, const Admission &admettre) const;
+
   struct Branche {
     Numero page;
     std::optional<qint64> jusqua;  ///< the last key that may stand there; none for the last branch
@@ -58,7 +64,8 @@ class PagesFeuilles {
  private:
   QByteArrayView Page(Numero page) const;
   QByteArrayView ArbreDe(Numero page, qsizetype &debut) const;
-  std::optional<EnregistrementLu> LireCellule(QByteArrayView page, qsizetype place) const;
+  /// `place` is moved behind what was read.
+  std::optional<EnregistrementLu> LireCellule(QByteArrayView page, qsizetype &place) const;
   QByteArray Debordement(Numero page, qsizetype reste) const;
 
   QByteArrayView fichier_;

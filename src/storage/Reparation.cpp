@@ -152,10 +152,20 @@ bool EstSain(const QString &chemin) {
   }
 }
 
+/// The first versions left no mark in their files.
+ErreurBase TropAncienne(const QString &chemin) {
+  return ErreurBase(PhraseEchec(Phrase(chemin),
+                                {u"elle vient d'une version plus ancienne de Velmira"_s,
+                                 u"Lancez Velmira, qui la mettra à jour."_s},
+                                u"Le fichier n'a pas été modifié."_s, {}));
+}
+
 /// A file that is whole as far as it tells what it is, and is not ours to repair.
 void ExigerLaNotre(const QString &chemin, const QByteArray &contenu) {
   const Identite identite = IdentiteDe(contenu);
   if (identite.lisible && !identite.tables) throw Refus(chemin, GenreErreur::Etrangere);
+  if (identite.lisible && identite.application == 0 && identite.version == 0)
+    throw TropAncienne(chemin);
   if (identite.application == quint32{Base::kApplication} &&
       identite.version > quint32{Base::kVersion} && identite.version <= kVersionVraisemblable)
     throw Refus(chemin, GenreErreur::PlusRecente);

@@ -15,6 +15,7 @@ namespace {
 using Numero = PagesFeuilles::Numero;
 
 constexpr qint64 kPlusGrandeCle = qint64{1} << 40;  // what is above was never given
+constexpr qint64 kCleDevinee = 1'000'000;           // where nothing tells the last one
 constexpr int kProfondeur = 20;                     // no tree of the format is deeper
 constexpr qsizetype kPas = 64;                      // pages between two words of progress
 
@@ -124,6 +125,7 @@ class Sauvetage {
     } else if (genre != PagesFeuilles::Genre::Feuille || suivies_.contains(page) ||
                !Prendre(i, page, plage)) {
       plages_[i].append(plage);
+      if (genre == PagesFeuilles::Genre::Autre) Fouiller(i, page, plage);
     }
   }
 
@@ -146,8 +148,25 @@ class Sauvetage {
     if (!admise || (feuille.lignes.isEmpty() && feuille.illisibles > 0)) return false;
     suivies_.insert(page);
     Ajouter(i, feuille, plage, true);
-    tables_[i].perdues += feuille.illisibles;
+    if (feuille.illisibles > 0)
+      tables_[i].perdues += std::max<qsizetype>(feuille.illisibles - Fouiller(i, page, plage), 0);
     return true;
+  }
+
+  /// Looks on a page whose own directory is damaged for rows with keys that nothing else has given.
+  /// Gives how many there were.
+  qsizetype Fouiller(std::size_t i, Numero page, const Plage &plage) {
+    TableSauvee &table = tables_[i];
+    const qint64 derniere = plage.jusqua.value_or(std::max(table.derniereCle, kCleDevinee));
+    const auto lignes = pages_.Fouiller(page, [&](const EnregistrementLu &ligne) {
+      return ligne.cle > plage.apres && ligne.cle <= derniere &&
+             Convient(ligne.champs, formes_[i]) && !table.lignes.contains(ligne.cle);
+    });
+    for (const EnregistrementLu &ligne : lignes) {
+      const bool nouvelle = table.lignes.emplace(ligne.cle, ligne.champs).second;
+      if (nouvelle && !ligne.entier) ++table.incompletes;
+    }
+    return lignes.size();
   }
 
   /// Of any table of ours, also an older one: the key stands outside the fields.

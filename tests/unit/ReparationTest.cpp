@@ -200,6 +200,13 @@ TEST_F(Reparation, CeQuiManque) {
   EXPECT_TRUE(Sql(kBase, u"SELECT Commentaires FROM Adresse WHERE [Index]=299"_s)
                   .startsWith(u"#A00299##A00299#"_s));
 
+  // Where only its directory is damaged the rows of a page are found.
+  Remplir(300);
+  octets = Octets(kBase);
+  octets.replace(page * kPage, 40, QByteArray(40, '\xFF'));
+  Poser(kBase, octets);
+  EXPECT_EQ(Reparer()->tables[4].gardees, 300);
+
   // Without the page that names the tables their rows are told by what they look like.
   Remplir(300);
   const auto avant = Lignes(kBase);
@@ -246,6 +253,7 @@ TEST_F(Reparation, Refusee) {
   Cas(R"(
     étrangère | pas une base de données de Velmira
     récente   | version plus récente
+    ancienne  | Lancez Velmira, qui la mettra à jour
     prise     | le programme velmira
     vide      | rien ne peut plus y être lu
     bruit     | rien ne peut plus y être lu
@@ -256,6 +264,7 @@ TEST_F(Reparation, Refusee) {
         if (c[0] == u"étrangère"_s)
           QFile::remove(Chemin(kBase)), Sql(kBase, u"CREATE TABLE Signets (a, b, c)"_s);
         if (c[0] == u"récente"_s) Sql(kBase, u"PRAGMA user_version=2"_s);
+        if (c[0] == u"ancienne"_s) CreerBaseAncienne(Chemin(kBase), {{u"ListeAlerte"_s, 6}});
         if (c[0] == u"vide"_s) Poser(kBase, {});
         if (c[0] == u"bruit"_s) {
           QByteArray bruit(20 * kPage, '\xFF');
