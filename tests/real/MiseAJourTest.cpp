@@ -6,6 +6,7 @@
 #include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
 #include "commun/BoitesMuettes.h"
+#include "storage/Base.h"
 #include "storage/Reparation.h"
 
 #include <filesystem>
@@ -140,7 +141,9 @@ TEST_F(MiseAJour, ReparationTueeAChaqueEtape) {
     EXPECT_EQ(::waitpid(enfant, &etat, 0), enfant);
     return WIFEXITED(etat) ? WEXITSTATUS(etat) : -1;
   };
-  QByteArray abimee = *ancienne_;
+  FichierNu(u"modele/Velmira.mdb"_s)
+      .Executer(u"PRAGMA application_id=%1"_s.arg(Base::kApplication));
+  QByteArray abimee = LireFichier(u"modele/Velmira.mdb"_s).value();
   abimee.replace(abimee.size() / 8192 * 4096, 4096, QByteArray(4096, '\0'));
   const auto poser = [&] {
     Poser();
@@ -149,7 +152,8 @@ TEST_F(MiseAJour, ReparationTueeAChaqueEtape) {
   poser();
   const int etapes = reparer(0);
   const auto reparee = LireFichier(base);
-  EXPECT_TRUE(etapes > 3 && reparee != abimee);
+  ASSERT_GT(etapes, 3);
+  EXPECT_TRUE(reparee != abimee);
   for (int i = 1; i <= etapes && !HasFailure(); ++i) {
     SCOPED_TRACE(i);
     poser();
