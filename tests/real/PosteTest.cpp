@@ -2,12 +2,16 @@
 // pseudo-terminal where the modem would be.
 
 #include "Reel.h"
+#include "commun/BoitesMuettes.h"
+#include "maintenance/ConversationReparation.h"
+#include "platform/Verrou.h"
 #include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
+#include "storage/Schema.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -17,9 +21,12 @@
 #include <QTimer>
 
 #include <numeric>
+#include <optional>
 #include <pty.h>
 #include <termios.h>
 #include <unistd.h>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -113,6 +120,34 @@ TEST_F(Poste, DocumentsEtAdresses) {
   EXPECT_NO_THROW(coquille_.Ouvrir(programme_));
   RemplacerFichier(u"fin"_s, "");
   EXPECT_EQ(Dit(), u"fini\n"_s);
+}
+
+// The base is another program's, and is waited for until the user stops; then it is free.
+TEST_F(Poste, ReparationEnFenetre) {
+  struct : BoitesMuettes {
+    void Message(Genre, const QString &, const QString &texte) override { vues.append(texte); }
+  } boites;
+  const QString base = maison_ + u"/Velmira.mdb"_s;
+  CreerBaseVide(base);
+  const auto reparer = [&](std::chrono::milliseconds attente) {
+    boites.vues.clear();
+    return ReparerEnFenetre(boites, base, QDateTime(QDate(2026, 3, 1), QTime(12, 0)), attente);
+  };
+  std::optional<VerrouExclusif> autre(base);
+  ASSERT_TRUE(autre->Prendre());
+  EXPECT_EQ(reparer(0ms), IssueReparation::RienFait);
+  EXPECT_TRUE(boites.vues.value(0).contains(u"s'en sert"_s));
+  QTimer impatience;
+  QObject::connect(&impatience, &QTimer::timeout, [] {
+    if (QWidget *fenetre = QApplication::activeModalWidget()) fenetre->close();
+  });
+  impatience.start(50ms);
+  EXPECT_EQ(reparer(1h), IssueReparation::RienFait);
+  EXPECT_TRUE(boites.vues.value(0).contains(u"arrêtée"_s));
+  impatience.stop();
+  autre.reset();
+  EXPECT_EQ(reparer(0ms), IssueReparation::ToutGarde);
+  EXPECT_TRUE(boites.vues.value(0).contains(u"Velmira_2026-03-01_120000.mdb"_s));
 }
 
 TEST(Systeme, CompteEtAttentes) {
