@@ -11,9 +11,9 @@ int Jours(QDate depuis, QDate jusqua) {
   return static_cast<int>(depuis.daysTo(jusqua));
 }
 
-QDate DateDeCetteAnnee(QString date, QDate aujourdhui) {
+QDate DateDeLAnnee(QString date, int annee) {
   date.chop(4);
-  return DansLAnnee(DateSaisie(date + u"2000"_s), aujourdhui.year());  // a year with all days
+  return DansLAnnee(DateSaisie(date + u"2000"_s), annee);  // a year with all days
 }
 
 }  // namespace
@@ -35,11 +35,20 @@ Echeance EcheanceAnnuelle(QDate evenement, int delai, QDate aujourdhui) {
 }
 
 std::optional<Echeance> EcheanceDe(const Evenement &evenement, QDate aujourdhui) {
-  const QDate date =
-      evenement.Annuel ? DateDeCetteAnnee(evenement.Date, aujourdhui) : DateSaisie(evenement.Date);
+  const QDate date = evenement.Annuel ? DateDeLAnnee(evenement.Date, aujourdhui.year())
+                                      : DateSaisie(evenement.Date);
   if (!date.isValid()) return {};
   return evenement.Annuel ? EcheanceAnnuelle(date, evenement.Delai, aujourdhui)
                           : EcheancePonctuelle(date, evenement.Delai, aujourdhui);
+}
+
+QDate DernierJour(const Evenement &evenement, QDate aujourdhui) {
+  if (!evenement.Annuel) {
+    const QDate jour = DateSaisie(evenement.Date);
+    return jour < aujourdhui ? jour : QDate();
+  }
+  const QDate jour = DateDeLAnnee(evenement.Date, aujourdhui.year());
+  return jour < aujourdhui ? jour : DateDeLAnnee(evenement.Date, aujourdhui.year() - 1);
 }
 
 BilanAlertes ChercherAlertes(const QList<PersonneEvenements> &personnes, QDate aujourdhui) {

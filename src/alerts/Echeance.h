@@ -27,6 +27,10 @@ Echeance EcheanceAnnuelle(QDate evenement, int delai, QDate aujourdhui);
 /// a year without that day; nothing when its date is none.
 std::optional<Echeance> EcheanceDe(const Evenement &evenement, QDate aujourdhui);
 
+/// The last day of a stored event before today, of an annual one as above; none where its date is
+/// none, and of a one-off event that is still to come.
+QDate DernierJour(const Evenement &evenement, QDate aujourdhui);
+
 struct BilanAlertes {
   bool due = false;                  ///< at least one
   QList<EvenementJoint> sansDate{};  ///< active ones with a text that is no date

@@ -2,6 +2,7 @@
 // What the desktop opens and starts for us.
 
 #include <QString>
+#include <QStringList>
 
 class Coquille {
  public:
@@ -12,9 +13,10 @@ class Coquille {
   /// nothing can open it, as far as the desktop says so within a few seconds.
   void Ouvrir(const QString &document);
 
-  /// Starts a program by its path without the platform's suffix; where it is not there, the one of
-  /// its name beside this program. False when it could not be started.
-  virtual bool Lancer(const QString &programme) = 0;
+  /// Starts a program by its path without the platform's suffix; one that is not there, under its
+  /// name beside this program. False when it could not be started.
+  virtual bool Lancer(const QString &programme, const QStringList &arguments) = 0;
+  bool Lancer(const QString &programme) { return Lancer(programme, {}); }
 
   /// Whether there is a program that `Lancer` would start.
   virtual bool PeutLancer(const QString &programme) const = 0;

@@ -229,9 +229,10 @@ class CoquilleScenario : public Coquille {
  public:
   CoquilleScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
 
-  bool Lancer(const QString &programme) override {
+  using Coquille::Lancer;
+  bool Lancer(const QString &programme, const QStringList &arguments) override {
     if (!PeutLancer(programme)) return false;
-    journal_.lances.push_back(programme);
+    journal_.lances.push_back((QStringList{programme} + arguments).join(u' '));
     return true;
   }
   bool PeutLancer(const QString &programme) const override {

@@ -3,6 +3,7 @@
 #include "platform/Fichiers.h"
 #include "platform/Pannes.h"
 #include "platform/linux/EntreeBureau.h"
+#include "platform/linux/Programmes.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -70,18 +71,6 @@ bool AttendreReponse(const std::future<bool> &reponse) {
   return prete();
 }
 
-bool EstProgramme(const QString &chemin) {
-  const QFileInfo fichier(chemin);
-  return fichier.isFile() && fichier.isExecutable();
-}
-
-/// An installation puts the companions beside this program.
-QString Trouver(const QString &programme) {
-  const QString voisin =
-      QDir(QCoreApplication::applicationDirPath()).filePath(QFileInfo(programme).fileName());
-  return !EstProgramme(programme) && EstProgramme(voisin) ? voisin : programme;
-}
-
 bool PeutNommerFichier(const QString &nom) {
   return !nom.isEmpty() && nom != u"."_s && nom != u".."_s && !nom.contains(u'/') &&
          !nom.contains(QChar(0));
@@ -99,15 +88,17 @@ bool CoquilleSysteme::OuvrirSurLeBureau(const QString &document) {
   return !AttendreReponse(reussite) || reussite.get();
 }
 
-bool CoquilleSysteme::Lancer(const QString &programme) {
+bool CoquilleSysteme::Lancer(const QString &programme, const QStringList &arguments) {
+  const QString trouve = TrouverProgramme(programme);
   QProcess processus;
-  processus.setProgram(Trouver(programme));
-  processus.setWorkingDirectory(QFileInfo(processus.program()).path());
+  processus.setProgram(trouve);
+  processus.setArguments(arguments);
+  processus.setWorkingDirectory(QFileInfo(trouve).path());
   return processus.startDetached();
 }
 
 bool CoquilleSysteme::PeutLancer(const QString &programme) const {
-  return EstProgramme(Trouver(programme));
+  return EstProgramme(TrouverProgramme(programme));
 }
 
 void CoquilleSysteme::RelancerProgramme() {
@@ -129,7 +120,7 @@ void CoquilleSysteme::CreerLien(const QString &nom, const QString &programme) {
   if (!PeutNommerFichier(nom))
     throw ErreurFichier(u"« %1 » ne peut pas être le nom d'un fichier."_s.arg(nom));
   CreerDossier(DossierBureau());
-  RemplacerFichier(CheminLien(nom), EntreeBureau(nom, programme));
+  RemplacerFichier(CheminLien(nom), EntreeBureau(nom, TrouverProgramme(programme)));
   // Desktops start only entries that are marked as programs.
   QFile fichier(CheminLien(nom));
   errno = 0;

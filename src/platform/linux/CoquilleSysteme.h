@@ -6,7 +6,8 @@
 /// link is an entry of the desktop. A program is started in its own folder and outlives this one.
 class CoquilleSysteme : public Coquille {
  public:
-  bool Lancer(const QString &programme) override;
+  using Coquille::Lancer;
+  bool Lancer(const QString &programme, const QStringList &arguments) override;
   bool PeutLancer(const QString &programme) const override;
   void RelancerProgramme() override;
   void ReglerSon() override;

@@ -3,6 +3,7 @@
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/linux/EntreeBureau.h"
+#include "platform/linux/Programmes.h"
 
 #include <QStandardPaths>
 
@@ -24,7 +25,7 @@ void ListeDemarrageSysteme::Ajouter(const QString &nom, const QString &programme
                                     const QString &argument) {
   Ignorer([&] {
     CreerDossier(DossierDemarrage());
-    RemplacerFichier(CheminEntree(nom), EntreeBureau(nom, programme, argument));
+    RemplacerFichier(CheminEntree(nom), EntreeBureau(nom, TrouverProgramme(programme), argument));
   });
 }
 
