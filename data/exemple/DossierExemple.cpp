@@ -3,18 +3,22 @@
 #include "Correspondants.h"
 #include "Portrait.h"
 #include "Villes.h"
+#include "alerts/MemoireAlertes.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "platform/Enregistrement.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
+#include "platform/Saisie.h"
 #include "storage/Base.h"
 #include "storage/Reglages.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
+#include "storage/TablesAlertes.h"
 
 #include <QBuffer>
 #include <QDir>
 
+#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -83,7 +87,7 @@ QString EcrirePortrait(const QDir &photos, const Invente &invente, Hasard &hasar
   return chemin;
 }
 
-void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine) {
+void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine, QDate aujourdhui) {
   Hasard hasard(graine);
   // The pictures have a chance of their own: a stroke more must not change who is in the directory.
   Hasard hasardPortraits(graine + 1);
@@ -100,6 +104,44 @@ void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine)
   for (const VilleExemple &ville : kVilles) AjouterVille(base, ville);
   transaction.Valider();
   TableVille(base).Relier();
+  AjouterEvenements(base, aujourdhui);
+}
+
+/// Events of people of the directory: some today, some soon, one that was missed.
+void AjouterEvenements(Base &base, QDate aujourdhui) {
+  TablesAlertes tables(base);
+  tables.AjouterTypesUsuels();
+  tables.Importer();
+  const QList<TypeAlerte> types = tables.Types();
+  const QList<PersonneEvenements> personnes = tables.Personnes();
+  const auto ajouter = [&](qsizetype personne, const QString &type, QDate date,
+                           Evenement evenement) {
+    evenement.Nom = personnes[personne].personne.ID;
+    evenement.Alerte = std::ranges::find(types, type, &TypeAlerte::Type_alerte)->ID;
+    evenement.Date = date.toString(u"dd/MM/yyyy"_s);
+    evenement.Actif = true;
+    tables.AjouterEvenement(evenement);
+  };
+  const auto unique = [](int delai) { return Evenement{.Date = {}, .Delai = delai}; };
+  const auto annuel = [](int delai, bool age = false) {
+    return Evenement{.Date = {}, .Annuel = true, .Age = age, .Delai = delai};
+  };
+  ajouter(3, u"Rendez-vous"_s, aujourdhui, unique(2));
+  ajouter(8, u"Mariage"_s, aujourdhui.addYears(-10), annuel(5));
+  ajouter(14, u"Réunion"_s, aujourdhui.addDays(3), unique(7));
+  ajouter(20, u"Échéance"_s, aujourdhui.addDays(12), unique(15));
+  ajouter(26, u"Fête"_s, aujourdhui.addDays(-4), annuel(2));
+  constexpr qsizetype kAnniversaires = 40;
+  for (qsizetype i = 0; i < std::min(kAnniversaires, personnes.size()); ++i)
+    if (const QDate naissance = DateSaisie(personnes[i].personne.DDN); naissance.isValid())
+      ajouter(i, u"Anniversaire"_s, naissance, annuel(7, true));
+}
+
+/// It was looked at a week ago.
+void EcrireMemoire(const QString &appPath, const Poste &poste, const QString &base) {
+  MemoireAlertes memoire(appPath, base, poste.utilisateur);
+  memoire.NoterRegard(poste.aujourdhui.addDays(-7));
+  memoire.Ecrire();
 }
 
 void EcrireDefaut(const QString &appPath) {
@@ -131,7 +173,7 @@ void EcrireReglagesExemple(const QString &appPath) {
 
 }  // namespace
 
-void EcrireDossierExemple(const QString &dossier, std::uint32_t graine) {
+void EcrireDossierExemple(const QString &dossier, std::uint32_t graine, const Poste &poste) {
   const QString appPath = QDir(dossier).absolutePath();
   const QString donnees = appPath + u"/Utilisateurs/Exemple/DataTrevona/DataVelmira"_s;
   const QString photos = appPath + u"/Photos"_s;
@@ -141,7 +183,8 @@ void EcrireDossierExemple(const QString &dossier, std::uint32_t graine) {
             appPath));
   CreerDossier(donnees);
   CreerDossier(photos);
-  EcrireBase(donnees + u"/Velmira.mdb"_s, QDir(photos), graine);
+  EcrireBase(donnees + u"/Velmira.mdb"_s, QDir(photos), graine, poste.aujourdhui);
+  EcrireMemoire(appPath, poste, donnees + u"/Velmira.mdb"_s);
   EcrireDefaut(appPath);
   EcrireReglagesExemple(appPath);
   EcrireTextes(appPath + u"/Cheminbase.cfg"_s, {donnees});

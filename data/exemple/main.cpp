@@ -7,6 +7,18 @@
 #include <QLoggingCategory>
 
 #include <cstdio>
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+/// Who will see it: the memory of what was told is a user's own.
+QString Utilisateur() {
+  const passwd *connu = ::getpwuid(::getuid());
+  return connu == nullptr ? QString::number(::getuid()) : QString::fromLocal8Bit(connu->pw_name);
+}
+
+}  // namespace
 
 int main(int argc, char *argv[]) {
   constexpr std::uint32_t kGraine = 20260615;
@@ -23,7 +35,7 @@ int main(int argc, char *argv[]) {
     return 2;
   }
   try {
-    EcrireDossierExemple(arguments[1], graine);
+    EcrireDossierExemple(arguments[1], graine, {QDate::currentDate(), Utilisateur()});
   } catch (const Erreur &erreur) {
     std::fprintf(stderr, "%s\n", erreur.what());
     return 1;

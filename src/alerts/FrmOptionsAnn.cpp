@@ -4,6 +4,7 @@
 #include "alerts/Echeance.h"
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
+#include "alerts/Vigilance.h"
 #include "platform/Enumeration.h"
 #include "storage/Tables.h"
 #include "ui/Abandon.h"
@@ -73,6 +74,7 @@ void FrmOptionsAnn::Brancher() {
   brancher(ui_->Liste, &ListeAlertes::NoeudChoisi, &FrmOptionsAnn::Choisir);
   brancher(ui_->Liste, &ListeAlertes::ChoixPerdu, [this] { ui_->CadreSaisie->Vider(); });
   brancher(ui_->Liste, &ListeAlertes::VelmiraDemande, &FrmOptionsAnn::AjouterVelmira);
+  brancher(ui_->Liste, &ListeAlertes::Relue, &FrmOptionsAnn::MontrerProchaines);
   brancher(ui_->CadreSaisie, &SaisieEvenement::EvenementsChanges,
            [this] { ui_->Liste->Remplir(); });
   brancher(ui_->CmdEnregistre, &FrmOptionsAnn::EnregistrerOptions);
@@ -153,6 +155,24 @@ bool FrmOptionsAnn::event(QEvent *evenement) {
       break;
   }
   return traite;
+}
+
+void FrmOptionsAnn::MontrerProchaines() {
+  constexpr int kJours = 30;
+  const Plateforme &plateforme = session_.plateforme;
+  const QList<Alerte> prochaines =
+      ProchainesAlertes(PersonnesVisibles(session_.base, plateforme.utilisateur),
+                        plateforme.horloge.Maintenant().date(), kJours);
+  ui_->LstProchaines->clear();
+  for (const Alerte &alerte : prochaines) {
+    auto *ligne = new QListWidgetItem(LigneAlerte(alerte, plateforme.langue), ui_->LstProchaines);
+    ligne->setToolTip(ligne->text());
+    QFont police = ui_->LstProchaines->font();
+    police.setBold(alerte.due);
+    ligne->setFont(police);
+  }
+  ui_->LstProchaines->setVisible(!prochaines.isEmpty());
+  ui_->LblProchaines->setVisible(prochaines.isEmpty());
 }
 
 void FrmOptionsAnn::Rechercher() {

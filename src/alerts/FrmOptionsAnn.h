@@ -41,6 +41,7 @@ class FrmOptionsAnn : public QDialog {
 
   void VenirDevant();
   void Actualiser();
+  void MontrerProchaines();
   void Rechercher();
   void SignalerSansDate(const QList<EvenementJoint> &evenements);
   void EnregistrerOptions();

@@ -71,6 +71,7 @@ bool ListeAlertes::Relire() {
   const auto personnes = tables.Personnes();
   ui_->TVA->Montrer(personnes, ui_->ChkAlSeul->isChecked());
   changements_ = changements;
+  emit Relue();
   if (personnes.isEmpty()) return false;
   qsizetype alertes = 0;
   for (const PersonneEvenements &personne : personnes) alertes += personne.evenements.size();

@@ -39,6 +39,8 @@ class ListeAlertes : public QWidget {
   void NoeudChoisi(const ArbreAlertes::Noeud &noeud);
   /// What was chosen is so no more.
   void ChoixPerdu();
+  /// People and events have been read anew.
+  void Relue();
   /// Of a person who is to stand in the directory too.
   void VelmiraDemande();
 

@@ -1,6 +1,7 @@
 #include "alerts/Vigilance.h"
 
 #include "calendar/Anniversaires.h"
+#include "directory/Liste.h"
 #include "directory/Protection.h"
 #include "platform/Saisie.h"
 #include "storage/EmplacementDonnees.h"
@@ -59,6 +60,16 @@ QString LigneDeListe(const QString &genre, const Alerte &alerte) {
       .join(u'\t');
 }
 
+/// Opens the database that a run of the program works with, where there is one; gives what is to be
+/// said of the choice.
+QString OuvrirBaseDuPoste(const QString &appPath, Base &base) {
+  const auto cheminData = LireCheminData(appPath);
+  if (!cheminData) return {};
+  const EmplacementBase emplacement = TrouverBase(appPath, *cheminData);
+  base.Ouvrir(FichierBase(emplacement.dossier));
+  return emplacement.raison;
+}
+
 }  // namespace
 
 QSet<QString> NomsCaches(const TableAdresse &table, const QString &utilisateur) {
@@ -80,13 +91,18 @@ QList<PersonneEvenements> PersonnesVisibles(Base &base, const QString &utilisate
 }
 
 EvenementsLus LireEvenements(const QString &appPath, const QString &utilisateur) {
-  const auto cheminData = LireCheminData(appPath);
-  if (!cheminData) return {};
-  const EmplacementBase emplacement = TrouverBase(appPath, *cheminData);
   Base base;
-  base.Ouvrir(FichierBase(emplacement.dossier));
+  const QString reserve = OuvrirBaseDuPoste(appPath, base);
   if (!base.Ouverte()) return {};
-  return {base.Chemin(), PersonnesVisibles(base, utilisateur), emplacement.raison};
+  return {base.Chemin(), PersonnesVisibles(base, utilisateur), reserve};
+}
+
+QString CibleDe(const QString &appPath, const QString &utilisateur, const QString &nom) {
+  Base base;
+  OuvrirBaseDuPoste(appPath, base);
+  if (!base.Ouverte()) return nom;
+  const QList<Cle> fiches = FichesNommees(TableAdresse(base), nom, utilisateur);
+  return fiches.size() == 1 ? QString::number(fiches.constFirst()) : nom;
 }
 
 Vigilance Surveiller(const QList<PersonneEvenements> &personnes, const MemoireAlertes &memoire,

@@ -38,6 +38,10 @@ QList<PersonneEvenements> PersonnesVisibles(Base &base, const QString &utilisate
 /// or `ErreurFichier`.
 EvenementsLus LireEvenements(const QString &appPath, const QString &utilisateur);
 
+/// What to ask Velmira for, to show somebody: the key of the one record of that name, or the name
+/// where there is none or several. Throws as `LireEvenements` does.
+QString CibleDe(const QString &appPath, const QString &utilisateur, const QString &nom);
+
 struct Vigilance {
   QList<Alerte> dues{};      ///< the nearest first
   QList<Alerte> manquees{};  ///< the latest first

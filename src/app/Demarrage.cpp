@@ -7,6 +7,7 @@
 #include "storage/EmplacementDonnees.h"
 #include "storage/MiseAJour.h"
 #include "storage/Reglages.h"
+#include "storage/TablesAlertes.h"
 
 #include <QDir>
 
@@ -160,7 +161,14 @@ void Demarrage::PrendreBaseLivree() {
     return;
   }
   const bool livree = Signaler(boites_, [&] { RemplacerBaseLivree(dossiers_); });
-  if (livree && ContientBaseLivree(dossier)) Signaler(boites_, [&] { PoserBaseLivree(dossier); });
+  if (livree && ContientBaseLivree(dossier)) Signaler(boites_, [&] { PoserPremiereBase(); });
+}
+
+void Demarrage::PoserPremiereBase() {
+  PoserBaseLivree(dossiers_.CheminBase);
+  Base base;
+  base.Ouvrir(dossiers_.Base());
+  if (base.Ouverte()) TablesAlertes(base).AjouterTypesUsuels();
 }
 
 void Demarrage::MAJ_BDD() {

@@ -44,6 +44,8 @@ class Demarrage {
   bool FinirEchange(const QString &dossier);
   void PreparerBase();
   void PrendreBaseLivree();
+  /// The delivered base becomes the user's first one, with the usual types of events.
+  void PoserPremiereBase();
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();

@@ -23,6 +23,7 @@
 #include "ui/Sablier.h"
 #include "ui/TravailDeFond.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -36,6 +37,7 @@ using namespace std::chrono_literals;
 namespace {
 
 void MettreDevant(QWidget &fenetre) {
+  fenetre.setWindowState(fenetre.windowState() & ~Qt::WindowMinimized);
   fenetre.show();
   fenetre.raise();
   fenetre.activateWindow();
@@ -193,16 +195,38 @@ void Programme::RendreMarques() {
 }
 
 void Programme::MontrerPremiereFenetre() {
-  if (session_.reglages.plomex.Enveloppe)
+  pret_ = true;
+  if (session_.reglages.plomex.Enveloppe && !voulue_)
     MettreDevant(*plomex_);
   else
     MettreDevant(*velmira_);
   depart_->hide();
+  OuvrirFicheVoulue();
   if (session_.reglages.alarme.AlerteAvecProgramme)  // once the window has been painted
     session_.plateforme.horloge.Apres(500ms, this, [this] {
       session_.plateforme.coquille.Lancer(
           CheminCompagnon(session_.dossiers.AppPath, Compagnon::Alertes));
     });
+}
+
+void Programme::OuvrirFiche(const FicheVoulue &fiche) {
+  const bool attendue = std::exchange(voulue_, fiche).has_value();
+  if (pret_ && !attendue) OuvrirFicheVoulue();
+}
+
+void Programme::OuvrirFicheVoulue() {
+  if (!voulue_ || fermeture_) return;
+  if (QWidget *dialogue = QApplication::activeModalWidget()) {
+    MettreDevant(*dialogue);
+    session_.plateforme.horloge.Apres(500ms, this, [this] { OuvrirFicheVoulue(); });
+    return;
+  }
+  const FicheVoulue fiche = *std::exchange(voulue_, {});
+  if (!velmira_->isVisible()) VersRepertoire();
+  MettreDevant(*velmira_);
+  Signaler(session_.plateforme.boites, [&] {
+    if (velmira_->MontrerFiche(fiche.cible) && fiche.enveloppe) velmira_->AllerAuxEnveloppes();
+  });
 }
 
 void Programme::PasserLentement() {

@@ -1,6 +1,7 @@
 #pragma once
 // One run of the program: it makes the session and the windows, and the wires between them.
 
+#include "app/LigneDeCommande.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 #include "ui/EntreePresse.h"
@@ -9,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 class EchelleProgramme;
 class FrmDepart;
@@ -29,6 +31,10 @@ class Programme : public QObject {
   /// them. Gives false when the user has stopped the launch: the program then ends.
   bool Demarrer();
 
+  /// Shows a record, in the directory at the front, and prepares its envelope where that is asked
+  /// for: once the windows are there and no dialog waits for the user.
+  void OuvrirFiche(const FicheVoulue &fiche);
+
  signals:
   /// The program has been closed: settings are written, the database is closed.
   void Termine();
@@ -42,6 +48,7 @@ class Programme : public QObject {
   void PoserMenusMemora();
   void MontrerPremiereFenetre();
   void OuvrirBase();
+  void OuvrirFicheVoulue();
   /// Makes visible again what a run that died while hiding has left hidden.
   void RendreMarques();
   void VersEnveloppes(Cle fiche, const AdresseComposee &adresse);
@@ -72,5 +79,7 @@ class Programme : public QObject {
   std::unique_ptr<FrmVelmira> velmira_;
   std::unique_ptr<FrmPlomex> plomex_;
   std::unique_ptr<SelectionClasseur> classeur_;
-  bool fermeture_ = false;  ///< it has begun, and nothing stops it any more
+  std::optional<FicheVoulue> voulue_;  ///< that is to be opened as soon as it can
+  bool pret_ = false;                  ///< the windows have been shown
+  bool fermeture_ = false;             ///< it has begun, and nothing stops it any more
 };

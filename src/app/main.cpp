@@ -1,9 +1,6 @@
 // The program: the system's services, the application folder, one run.
 
-#include "app/Allure.h"
-#include "app/Application.h"
-#include "app/DossierDuProgramme.h"
-#include "app/LigneDeCommande.h"
+#include "app/Lancement.h"
 #include "app/Programme.h"
 #include "platform/Erreurs.h"
 #include "platform/linux/BoitesSysteme.h"
@@ -15,52 +12,24 @@
 #include "platform/linux/PolicesSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
+#include "platform/linux/VoisinageSysteme.h"
+#include "ui/PaletteLisible.h"
 
-#include <QLoggingCategory>
-#include <QProcess>
 #include <QStandardPaths>
 #include <QTimer>
 
-#include <cstdio>
-
 using namespace Qt::StringLiterals;
 
-namespace {
-
-/// The language of the system; French where it has none set.
-QLocale LangueDuSysteme() {
-  const QLocale systeme = QLocale::system();
-  return systeme.language() == QLocale::C ? QLocale(QLocale::French, QLocale::France) : systeme;
-}
-
-QStringList Mots(int argc, char *argv[]) {
-  QStringList mots;
-  for (int i = 1; i < argc; ++i) mots.append(QString::fromLocal8Bit(argv[i]));
-  return mots;
-}
-
-int Terminer(const Reponse &reponse) {
-  std::fputs(reponse.texte.toUtf8().constData(), reponse.statut == 0 ? stdout : stderr);
-  return reponse.statut;
-}
-
-}  // namespace
-
 int main(int argc, char *argv[]) {
-  if (const auto reponse = RepondreAuxOptions(Mots(argc, argv))) return Terminer(*reponse);
-  const bool ecran = NommeUnEcran(QProcess::systemEnvironment());
-  if (!ecran) {  // the toolkit would break off in English
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QLoggingCategory::setFilterRules(u"default.warning=false"_s);
-  }
+  if (const auto reponse = RepondreAuxOptions(MotsDeLaCommande(argc, argv)))
+    return Repondre(*reponse);
+  const bool ecran = PreparerEcran();
   Application application(argc, argv);
-  if (const auto refus = RefuserDeDemarrer(Application::arguments().sliced(1), ecran))
-    return Terminer(*refus);
-  Application::setApplicationName(u"Velmira"_s);
-  Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
-  Application::setDesktopFileName(u"velmira"_s);
-  Application::setQuitOnLastWindowClosed(false);
-  const Allure allure;
+  const QStringList mots = Application::arguments().sliced(1);
+  if (const auto refus = RefuserDeDemarrer(mots, ecran)) return Repondre(*refus);
+  const PaletteLisible palette;
+  QTranslator traduction;
+  PreparerApplication(traduction, u"Velmira"_s, u"velmira"_s);
 
   HorlogeSysteme horloge;
   BoitesSysteme boites;
@@ -77,10 +46,21 @@ int main(int argc, char *argv[]) {
   application.SignalerPar(&boites);
 
   QString appPath;
-  const bool trouve = Signaler(boites, [&] { appPath = DossierDuProgramme(); });
+  const bool trouve =
+      Signaler(boites, [&] { appPath = AppPathDuPoste(QStringLiteral(VELMIRA_INSTALLED_DATA)); });
   if (!trouve) return EXIT_FAILURE;
 
+  VoisinageSysteme voisinage;
+  const QString nom = NomDeVoisin(u"fiche"_s, appPath);
+  const auto fiche = LireFicheVoulue(mots);
+  if (fiche && voisinage.Demander(nom, Mots(*fiche))) return EXIT_SUCCESS;
+
   Programme programme(plateforme, appPath);
+  // Another run that has the name goes on taking what is asked for.
+  voisinage.Prendre(nom, &programme, [&](const QStringList &demande) {
+    if (const auto voulue = LireFicheVoulue(demande)) programme.OuvrirFiche(*voulue);
+  });
+  if (fiche) programme.OuvrirFiche(*fiche);
   QObject::connect(&programme, &Programme::Termine, &application,
                    [] { Application::exit(EXIT_SUCCESS); });
   QTimer::singleShot(0, &programme, [&] {

@@ -5,6 +5,7 @@
 #include "directory/CommandesAppel.h"
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
+#include "directory/Liste.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
@@ -401,6 +402,19 @@ void FrmVelmira::InviterSelonDonnees() {
 void FrmVelmira::OuvrirFiche(Cle index) {
   if (!ui_->Liste->Arbre().Modele().Enfant(index).isValid()) commandes_.AfficherTous();
   TrouverFiche(index);
+}
+
+bool FrmVelmira::MontrerFiche(const QString &cible) {
+  if (!session_.base.Ouverte()) return false;
+  premierPassage_ = false;  // it would show the first one
+  const QList<Cle> fiches =
+      FichesDemandees(TableAdresse(session_.base), cible, session_.plateforme.utilisateur);
+  if (fiches.size() == 1) {
+    OuvrirFiche(fiches.constFirst());
+    return fiche_.Index() == fiches.constFirst();
+  }
+  ui_->Liste->ChercherPartout(cible);
+  return false;
 }
 
 void FrmVelmira::OuvrirCategorie(const QString &categorie) {

@@ -54,6 +54,13 @@ class FrmVelmira : public QMainWindow {
   /// Ends the call that is under way, if there is one.
   void Raccrocher();
 
+  /// Shows the record that another program asks for, by its key or its name. Where several or none
+  /// bear that name the list shows what a search for it finds, and false is given back. Throws
+  /// `ErreurBase`.
+  bool MontrerFiche(const QString &cible);
+  /// Asks for the envelope window with the record on display.
+  void AllerAuxEnveloppes();
+
   /// Saves what has been typed into the notes, and shows the user's protected records to the others
   /// again; when that fails it is told. False when notes that cannot be written are to stay on the
   /// screen.
@@ -116,7 +123,6 @@ class FrmVelmira : public QMainWindow {
   void Supprimer();
   void ImprimerListe();
   void MontrerCalendrier();
-  void AllerAuxEnveloppes();
   void AllerAuxEnveloppesDeCategorie();
   void AllerAuxAlertes();
   void MasquerProteges(bool masquer);

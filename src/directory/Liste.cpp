@@ -93,3 +93,25 @@ QString TexteCompte(qsizetype enregistrements) {
   return QString::number(enregistrements) +
          (enregistrements == 1 ? u"  enregistrement"_s : u"  enregistrements "_s);
 }
+
+QList<Cle> FichesNommees(const TableAdresse &table, const QString &nom,
+                         const QString &utilisateur) {
+  QList<Cle> fiches;
+  const QString cherche = EnCapitales(SansBlancs(nom));
+  table.PourChaque([&](EntreeListe &&entree) {
+    if (EstVisible(entree.DataProt, utilisateur) &&
+        EnCapitales(SansBlancs(entree.NomVelmira)) == cherche)
+      fiches.append(entree.Index);
+  });
+  return fiches;
+}
+
+QList<Cle> FichesDemandees(const TableAdresse &table, const QString &cible,
+                           const QString &utilisateur) {
+  bool nombre = false;
+  const Cle cle = cible.toLongLong(&nombre);
+  if (nombre)
+    if (const auto fiche = table.Lire(cle); fiche && EstVisible(fiche->DataProt, utilisateur))
+      return {cle};
+  return FichesNommees(table, cible, utilisateur);
+}

@@ -48,6 +48,14 @@ std::vector<NoeudListe> ListerVelmiras(const TableAdresse &table, const FiltreLi
 /// The same of those whose address has a first line, in the same order, with their whole names.
 std::vector<NoeudListe> ListerAdresses(const TableAdresse &table, const FiltreListe &filtre);
 
+/// The records of a name that the list shows this user. Throws `ErreurBase`.
+QList<Cle> FichesNommees(const TableAdresse &table, const QString &nom, const QString &utilisateur);
+
+/// The same for what another program asks for: the key of a record that the list shows, else a
+/// name. Throws `ErreurBase`.
+QList<Cle> FichesDemandees(const TableAdresse &table, const QString &cible,
+                           const QString &utilisateur);
+
 /// Where a name stands in a list that is sorted as above: behind the names that are equal to it.
 std::vector<NoeudListe>::const_iterator PlaceDansListe(const std::vector<NoeudListe> &noeuds,
                                                        const QString &nom);

@@ -329,6 +329,13 @@ void ListeVelmiras::Frapper(const QString &texte) {
   Chercher(texte);
 }
 
+void ListeVelmiras::ChercherPartout(const QString &texte) {
+  Abandonner();
+  if (Categorie() != ToutesCategories()) AfficherCategorie(ToutesCategories());
+  ui_->TxtRR->setText(texte);
+  Chercher(texte);
+}
+
 void ListeVelmiras::PasserALaListe(QKeyEvent *touche) {
   ui_->TV->setFocus();
   const bool valider = touche->key() == Qt::Key_Return || touche->key() == Qt::Key_Enter;

@@ -57,6 +57,9 @@ class ListeVelmiras : public QWidget {
   /// Goes to the field of the search, whose text is selected.
   void AllerALaRecherche();
 
+  /// Looks for a text in all categories, as if it had been typed. Throws `ErreurBase`.
+  void ChercherPartout(const QString &texte);
+
   /// Ends a search that shows its result: its category is shown whole. Throws `ErreurBase`.
   void QuitterResultat();
 

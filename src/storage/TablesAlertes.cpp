@@ -41,6 +41,15 @@ Cle TablesAlertes::AjouterType(const QString &texte) {
   return cle;
 }
 
+void TablesAlertes::AjouterTypesUsuels() {
+  Transaction transaction(base_);
+  if (!LireLignes<TypeAlerte>(base_, {}).isEmpty()) return;
+  for (const QString &texte :
+       {u"Anniversaire"_s, u"Fête"_s, u"Mariage"_s, u"Réunion"_s, u"Rendez-vous"_s, u"Échéance"_s})
+    AjouterLigne(base_, TypeAlerte{.ID = 0, .Type_alerte = texte, .Disponible = true});
+  transaction.Valider();
+}
+
 void TablesAlertes::SupprimerType(Cle type) {
   Transaction transaction(base_);
   Executer(base_, u"DELETE FROM ListeAlerte WHERE Alerte=?"_s, type);

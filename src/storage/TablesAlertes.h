@@ -34,6 +34,8 @@ class TablesAlertes {
   /// The types in force.
   QList<TypeAlerte> Types() const;
   Cle AjouterType(const QString &texte);
+  /// Adds the types that everybody needs; nothing where there is a type, even a deleted one.
+  void AjouterTypesUsuels();
   /// Deletes the type and all its events.
   void SupprimerType(Cle type);
 

@@ -13,7 +13,7 @@ QDate Date(const QString &texte) {
 QList<PersonneEvenements> Un(Evenement evenement, const QString &ddn = {}) {
   evenement.ID = 7;
   evenement.Actif = true;
-  return {{{.ID = 1, .Nom = u"X"_s}, {{evenement, u"X"_s, ddn, u"Fête"_s}}}};
+  return {{{1, u"X"_s, {}, true}, {{evenement, u"X"_s, ddn, u"Fête"_s}}}};
 }
 
 QString Dit(const QList<Alerte> &alertes) {

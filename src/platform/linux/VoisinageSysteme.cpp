@@ -72,7 +72,8 @@ bool VoisinageSysteme::Demander(const QString &nom, const QStringList &mots) {
   }
   if (prise.state() != QLocalSocket::ConnectedState) return false;
   QByteArray octets;
-  QDataStream(&octets, QIODevice::WriteOnly) << mots;
+  QDataStream flux(&octets, QIODevice::WriteOnly);
+  flux << mots;
   prise.write(octets);
   prise.flush();
   return prise.waitForReadyRead(kReponse) && prise.read(1) == "1";

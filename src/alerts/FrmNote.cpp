@@ -1,0 +1,129 @@
+#include "alerts/FrmNote.h"
+
+#include "ui/Icones.h"
+#include "ui/Theme.h"
+
+#include <QCloseEvent>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QMenu>
+#include <QScreen>
+
+#include <chrono>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr QSize kTaille{220, 180};
+
+/// Whether enough of a place lies on a screen to be taken hold of.
+bool EstVisible(const QRect &place) {
+  constexpr int kPrise = 40;
+  for (const QScreen *ecran : QGuiApplication::screens()) {
+    const QRect commun = ecran->availableGeometry() & place;
+    if (commun.width() >= kPrise && commun.height() >= kPrise) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+FrmNote::FrmNote(const NoteMemora &note) : note_(note) {
+  setObjectName(u"FrmMemora%1"_s.arg(note.numero));
+  setWindowFlags(Qt::Tool | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                 Qt::CustomizeWindowHint);
+  setWindowTitle(u"Memora %1"_s.arg(note.numero));
+  setWindowIcon(IconeProgramme());
+  setAccessibleName(windowTitle());
+  setFrameShape(NoFrame);
+  setTabChangesFocus(true);
+  setPlainText(note.texte);
+  Habiller();
+  Placer();
+  mouvement_.setSingleShot(true);
+  mouvement_.setInterval(100ms);
+  connect(&mouvement_, &QTimer::timeout, this, &FrmNote::NoterPlace);
+  connect(this, &QPlainTextEdit::textChanged, this, [this] {
+    note_.texte = toPlainText();
+    emit Changee(note_);
+  });
+}
+
+void FrmNote::Placer() {
+  resize(note_.place.isEmpty() ? kTaille : note_.place.size());
+  if (!note_.place.isEmpty() && EstVisible(note_.place)) {
+    move(note_.place.topLeft());
+    return;
+  }
+  constexpr int kEcart = 24;
+  const QRect ecran = QGuiApplication::primaryScreen()->availableGeometry();
+  move(ecran.right() - width() - kEcart * (2 * note_.numero - 1),
+       ecran.top() + kEcart * (2 * note_.numero - 1));
+}
+
+void FrmNote::Habiller() {
+  const QColor fond(note_.couleur), encre = EncreSur(fond);
+  QPalette couleurs = palette();
+  couleurs.setColor(QPalette::Base, fond);
+  couleurs.setColor(QPalette::Window, fond);
+  couleurs.setColor(QPalette::Text, encre);
+  couleurs.setColor(QPalette::WindowText, encre);
+  setPalette(couleurs);
+  QFont police = font();
+  police.setPointSize(note_.points);
+  setFont(police);
+}
+
+void FrmNote::ChangerCouleur(const QString &couleur) {
+  note_.couleur = couleur;
+  Habiller();
+  emit Changee(note_);
+}
+
+void FrmNote::ChangerPoints(int points) {
+  note_.points = points;
+  Habiller();
+  emit Changee(note_);
+}
+
+void FrmNote::Montrer(bool montree) {
+  note_.montree = montree;
+  setVisible(montree);
+  if (montree) {
+    raise();
+    activateWindow();
+  }
+  emit Changee(note_);
+}
+
+void FrmNote::NoterPlace() {
+  if (!isVisible()) return;
+  note_.place = {pos(), size()};
+  emit Changee(note_);
+}
+
+void FrmNote::moveEvent(QMoveEvent *evenement) {
+  QPlainTextEdit::moveEvent(evenement);
+  if (isVisible()) mouvement_.start();
+}
+
+void FrmNote::resizeEvent(QResizeEvent *evenement) {
+  QPlainTextEdit::resizeEvent(evenement);
+  if (isVisible()) mouvement_.start();
+}
+
+void FrmNote::closeEvent(QCloseEvent *evenement) {
+  evenement->ignore();
+  emit MasquageDemande(note_.numero);
+}
+
+void FrmNote::contextMenuEvent(QContextMenuEvent *evenement) {
+  emit MenuDemande(note_.numero, evenement->globalPos(), createStandardContextMenu());
+}
+
+bool FrmNote::event(QEvent *evenement) {
+  if (evenement->type() == QEvent::WindowActivate) emit Activee(note_.numero);
+  return QPlainTextEdit::event(evenement);
+}

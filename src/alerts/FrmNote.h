@@ -1,0 +1,49 @@
+#pragma once
+
+#include "alerts/NotesMemora.h"
+
+#include <QPlainTextEdit>
+#include <QTimer>
+
+class QMenu;
+
+/// A sticky note on the screen, with a title bar of the desktop's. Its close box hides it.
+class FrmNote : public QPlainTextEdit {
+  Q_OBJECT
+
+ public:
+  explicit FrmNote(const NoteMemora &note);
+
+  int Numero() const { return note_.numero; }
+  /// As it is now, with its text and its place.
+  const NoteMemora &Note() const { return note_; }
+
+  void ChangerCouleur(const QString &couleur);
+  void ChangerPoints(int points);
+  void Montrer(bool montree);
+
+ signals:
+  /// Something of it has changed. The text at once, the place when a movement pauses.
+  void Changee(const NoteMemora &note);
+  /// Its close box.
+  void MasquageDemande(int numero);
+  /// It has come to the front.
+  void Activee(int numero);
+  /// Behind a right click; `texte` is the menu of the text, which goes after that.
+  void MenuDemande(int numero, QPoint place, QMenu *texte);
+
+ protected:
+  void contextMenuEvent(QContextMenuEvent *evenement) override;
+  void moveEvent(QMoveEvent *evenement) override;
+  void resizeEvent(QResizeEvent *evenement) override;
+  void closeEvent(QCloseEvent *evenement) override;
+  bool event(QEvent *evenement) override;
+
+ private:
+  void Habiller();
+  void Placer();
+  void NoterPlace();
+
+  NoteMemora note_;
+  QTimer mouvement_;
+};

@@ -1,0 +1,61 @@
+#include "app/Lancement.h"
+
+#include "storage/DossierApplication.h"
+#include "ui/CasesVisibles.h"
+#include "ui/Icones.h"
+
+#include <QCryptographicHash>
+#include <QLibraryInfo>
+#include <QLoggingCategory>
+#include <QProcess>
+#include <QStandardPaths>
+
+#include <cstdio>
+
+using namespace Qt::StringLiterals;
+
+QStringList MotsDeLaCommande(int argc, char *argv[]) {
+  QStringList mots;
+  for (int i = 1; i < argc; ++i) mots.append(QString::fromLocal8Bit(argv[i]));
+  return mots;
+}
+
+int Repondre(const Reponse &reponse) {
+  std::fputs(reponse.texte.toUtf8().constData(), reponse.statut == 0 ? stdout : stderr);
+  return reponse.statut;
+}
+
+bool PreparerEcran() {
+  if (NommeUnEcran(QProcess::systemEnvironment())) return true;
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  QLoggingCategory::setFilterRules(u"default.warning=false"_s);
+  return false;
+}
+
+void PreparerApplication(QTranslator &traduction, const QString &nom, const QString &bureau) {
+  Application::setApplicationName(nom);
+  Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
+  Application::setDesktopFileName(bureau);
+  Application::setQuitOnLastWindowClosed(false);
+  CasesVisibles::Poser();
+  PreparerIcones();
+  if (traduction.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    Application::installTranslator(&traduction);
+}
+
+QLocale LangueDuSysteme() {
+  const QLocale systeme = QLocale::system();
+  return systeme.language() == QLocale::C ? QLocale(QLocale::French, QLocale::France) : systeme;
+}
+
+QString AppPathDuPoste(const QString &installe) {
+  return TrouverAppPath(
+      Application::applicationDirPath(), installe,
+      QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Velmira"_s);
+}
+
+QString NomDeVoisin(const QString &programme, const QString &appPath) {
+  const QByteArray empreinte =
+      QCryptographicHash::hash(appPath.toUtf8(), QCryptographicHash::Sha256);
+  return programme + u'-' + QString::fromLatin1(empreinte.toHex().left(12));
+}

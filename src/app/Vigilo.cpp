@@ -1,0 +1,161 @@
+#include "app/Vigilo.h"
+
+#include "alerts/Compagnons.h"
+#include "alerts/FrmVigilo.h"
+#include "platform/Erreurs.h"
+#include "storage/Reglages.h"
+#include "ui/Garde.h"
+
+#include <QStringList>
+
+using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr int kEssais = 12;
+
+QString TitreNotification(const Vigilance &vigilance) {
+  const qsizetype nombre = vigilance.dues.size() + vigilance.manquees.size();
+  return nombre == 1 ? u"Une alerte"_s : u"%1 alertes"_s.arg(nombre);
+}
+
+QString TexteNotification(const Vigilance &vigilance, const QLocale &langue) {
+  constexpr qsizetype kLignes = 5;
+  QStringList lignes;
+  for (const Alerte &alerte : vigilance.dues + vigilance.manquees)
+    lignes.append(LigneAlerte(alerte, langue));
+  if (lignes.size() > kLignes) lignes = lignes.first(kLignes) + QStringList{u"…"_s};
+  return lignes.join(u'\n');
+}
+
+}  // namespace
+
+Vigilo::Vigilo(const Moyens &moyens, const QString &appPath, Depart depart)
+    : moyens_(moyens), appPath_(appPath), depart_(depart) {}
+
+Vigilo::~Vigilo() = default;
+
+void Vigilo::Commencer() {
+  try {
+    Lire();
+  } catch (const Erreur &erreur) {
+    Echouer(erreur.Texte());
+    return;
+  }
+  if (vigilance_.EstVide() && depart_ != Depart::Voulu)
+    Finir();
+  else
+    Ouvrir();
+}
+
+void Vigilo::Echouer(const QString &texte) {
+  if (depart_ != Depart::Session) {
+    moyens_.boites.Erreur(texte);
+    emit Termine(EXIT_FAILURE);
+  } else if (++essais_ < kEssais) {
+    moyens_.horloge.Apres(10s, this, [this] { Commencer(); });
+  } else {
+    emit Termine(EXIT_FAILURE);
+  }
+}
+
+void Vigilo::Lire() {
+  jour_ = Aujourdhui();
+  lus_ = LireEvenements(appPath_, moyens_.utilisateur);
+  if (lus_.base.isEmpty()) {
+    vigilance_ = {};
+    return;
+  }
+  if (!memoireLue_)
+    Ignorer([this] {
+      memoire_ = MemoireAlertes(appPath_, lus_.base, moyens_.utilisateur);
+      memoireLue_ = true;
+    });
+  vigilance_ = Surveiller(lus_.personnes, memoire_, jour_);
+}
+
+void Vigilo::Ouvrir() {
+  fenetre_ = std::make_unique<FrmVigilo>(moyens_.boites, moyens_.langue);
+  connect(fenetre_.get(), &FrmVigilo::Vues, this,
+          Garde(moyens_.boites, [this](const QList<Alerte> &alertes) { NoterVues(alertes); }));
+  connect(fenetre_.get(), &FrmVigilo::FicheDemandee, this,
+          Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, false); }));
+  connect(fenetre_.get(), &FrmVigilo::EnveloppeDemandee, this,
+          Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, true); }));
+  connect(fenetre_.get(), &FrmVigilo::finished, this, &Vigilo::Finir);
+  Montrer();
+  fenetre_->show();
+  if (!vigilance_.EstVide()) Annoncer();
+  SuivreLeJour();
+}
+
+void Vigilo::Montrer() {
+  fenetre_->Montrer(
+      vigilance_, jour_,
+      lus_.base.isEmpty() ? u"Aucune base de données n'a été trouvée."_s : lus_.reserve);
+}
+
+void Vigilo::Annoncer() {
+  if (depart_ == Depart::Session)
+    moyens_.notifications.Montrer(TitreNotification(vigilance_),
+                                  TexteNotification(vigilance_, moyens_.langue), this,
+                                  [this] { Reprendre(Depart::Voulu); });
+  Reglages reglages;
+  LireReglages(appPath_, reglages);
+  if (reglages.memora.AssocierAlertes)
+    moyens_.coquille.Lancer(CheminCompagnon(appPath_, Compagnon::Memora), {u"auto"_s});
+}
+
+void Vigilo::Reprendre(Depart depart) {
+  if (!fenetre_) {  // between two tries at log-on, say
+    depart_ = depart;
+    Commencer();
+    return;
+  }
+  Ignorer([this] { Lire(); });
+  Montrer();
+  fenetre_->show();
+  fenetre_->raise();
+  fenetre_->activateWindow();
+}
+
+void Vigilo::SuivreLeJour() {
+  moyens_.horloge.Apres(60s, this, [this] {
+    SuivreLeJour();
+    if (jour_ == Aujourdhui()) return;
+    Ignorer([this] {
+      Lire();
+      Montrer();
+    });
+  });
+}
+
+void Vigilo::NoterVues(const QList<Alerte> &alertes) {
+  for (const Alerte &alerte : alertes)
+    if (alerte.due)
+      memoire_.NoterVue(alerte.evenement, alerte.jour, jour_);
+    else
+      memoire_.NoterDite(alerte.evenement, alerte.jour);
+  vigilance_ = Surveiller(lus_.personnes, memoire_, jour_);
+  Montrer();
+  if (memoireLue_) memoire_.Ecrire();
+}
+
+void Vigilo::Demander(const QString &nom, bool enveloppe) {
+  QStringList arguments{u"--fiche"_s, CibleDe(appPath_, moyens_.utilisateur, nom)};
+  if (enveloppe) arguments.append(u"--enveloppe"_s);
+  // A portable copy bears the name of the program, an installed one that of its command.
+  for (const QString &programme : {u"/Velmira"_s, u"/velmira"_s})
+    if (moyens_.coquille.Lancer(appPath_ + programme, arguments)) return;
+  throw ErreurFichier(u"Velmira n'a pas pu être lancé : le programme est introuvable."_s);
+}
+
+void Vigilo::Finir() {
+  if (memoireLue_) {
+    for (const Alerte &alerte : vigilance_.dues) memoire_.NoterDite(alerte.evenement, alerte.jour);
+    memoire_.NoterRegard(jour_);
+    Ignorer([this] { memoire_.Ecrire(); });
+  }
+  emit Termine(EXIT_SUCCESS);
+}

@@ -1,0 +1,74 @@
+#pragma once
+// One run of the companion of the alerts.
+
+#include "alerts/Vigilance.h"
+#include "platform/Boites.h"
+#include "platform/Coquille.h"
+#include "platform/Horloge.h"
+#include "platform/Notifications.h"
+
+#include <QLocale>
+#include <QObject>
+
+#include <memory>
+
+class FrmVigilo;
+
+class Vigilo : public QObject {
+  Q_OBJECT
+
+ public:
+  /// Who has started it.
+  enum class Depart {
+    Session,    ///< the desktop at log-on: what fails is tried again, and told to nobody
+    Programme,  ///< Velmira: a window where something is to be told
+    Voulu,      ///< its user: a window in any case
+  };
+
+  struct Moyens {
+    Boites &boites;
+    Horloge &horloge;
+    Coquille &coquille;
+    Notifications &notifications;
+    QString utilisateur;  ///< log-on name
+    QLocale langue;
+  };
+
+  Vigilo(const Moyens &moyens, const QString &appPath, Depart depart);
+  ~Vigilo() override;
+
+  /// Reads the events, tells what is to be told or ends; a database that cannot be read now is
+  /// tried again for two minutes at log-on. Nothing of it is open while the window is there.
+  void Commencer();
+
+  /// Another start: shows the window, or tries at once where there is none yet.
+  void Reprendre(Depart depart);
+
+ signals:
+  /// The end, with the status of the program.
+  void Termine(int statut);
+
+ private:
+  void Lire();
+  void Echouer(const QString &texte);
+  void Montrer();
+  void Ouvrir();
+  void Annoncer();
+  void SuivreLeJour();
+  void NoterVues(const QList<Alerte> &alertes);
+  void Demander(const QString &nom, bool enveloppe);
+  /// The window has been closed, or none was needed: what it showed has been told.
+  void Finir();
+  QDate Aujourdhui() const { return moyens_.horloge.Maintenant().date(); }
+
+  Moyens moyens_;
+  QString appPath_;
+  Depart depart_;
+  int essais_ = 0;
+  QDate jour_;  ///< for which it was read
+  EvenementsLus lus_;
+  MemoireAlertes memoire_;
+  bool memoireLue_ = false;  ///< without it nothing is written
+  Vigilance vigilance_;
+  std::unique_ptr<FrmVigilo> fenetre_;
+};
