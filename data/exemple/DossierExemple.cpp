@@ -87,26 +87,6 @@ QString EcrirePortrait(const QDir &photos, const Invente &invente, Hasard &hasar
   return chemin;
 }
 
-void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine, QDate aujourdhui) {
-  Hasard hasard(graine);
-  // The pictures have a chance of their own: a stroke more must not change who is in the directory.
-  Hasard hasardPortraits(graine + 1);
-  CreerBaseVide(chemin);
-  Base base;
-  base.Ouvrir(chemin);
-  Transaction transaction(base);
-  for (Invente &invente : InventerCorrespondants(hasard)) {
-    if (!invente.initiales.isEmpty())
-      invente.ligne.Photo = EcrirePortrait(photos, invente, hasardPortraits);
-    AjouterSansNul(base, invente.ligne);
-  }
-  for (const Expediteur &expediteur : Expediteurs()) AjouterSansNul(base, expediteur);
-  for (const VilleExemple &ville : kVilles) AjouterVille(base, ville);
-  transaction.Valider();
-  TableVille(base).Relier();
-  AjouterEvenements(base, aujourdhui);
-}
-
 /// Events of people of the directory: some today, some soon, one that was missed.
 void AjouterEvenements(Base &base, QDate aujourdhui) {
   TablesAlertes tables(base);
@@ -142,6 +122,26 @@ void EcrireMemoire(const QString &appPath, const Poste &poste, const QString &ba
   MemoireAlertes memoire(appPath, base, poste.utilisateur);
   memoire.NoterRegard(poste.aujourdhui.addDays(-7));
   memoire.Ecrire();
+}
+
+void EcrireBase(const QString &chemin, const QDir &photos, std::uint32_t graine, QDate aujourdhui) {
+  Hasard hasard(graine);
+  // The pictures have a chance of their own: a stroke more must not change who is in the directory.
+  Hasard hasardPortraits(graine + 1);
+  CreerBaseVide(chemin);
+  Base base;
+  base.Ouvrir(chemin);
+  Transaction transaction(base);
+  for (Invente &invente : InventerCorrespondants(hasard)) {
+    if (!invente.initiales.isEmpty())
+      invente.ligne.Photo = EcrirePortrait(photos, invente, hasardPortraits);
+    AjouterSansNul(base, invente.ligne);
+  }
+  for (const Expediteur &expediteur : Expediteurs()) AjouterSansNul(base, expediteur);
+  for (const VilleExemple &ville : kVilles) AjouterVille(base, ville);
+  transaction.Valider();
+  TableVille(base).Relier();
+  AjouterEvenements(base, aujourdhui);
 }
 
 void EcrireDefaut(const QString &appPath) {
