@@ -4,7 +4,8 @@ include(GNUInstallDirs)
 option(VELMIRA_PAQUET "Prepare the Debian package" OFF)
 
 set(ressources ${PROJECT_SOURCE_DIR}/resources)
-install(FILES ${ressources}/velmira.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+install(FILES ${ressources}/velmira.desktop ${ressources}/vigilo.desktop ${ressources}/memora.desktop
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${ressources}/velmira.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo RENAME example.velmira.Velmira.metainfo.xml)
 install(FILES ${ressources}/velmira.svg
@@ -19,7 +20,7 @@ if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   message(FATAL_ERROR "The package is built with -DCMAKE_INSTALL_PREFIX=/usr")
 endif()
 
-foreach(programme Velmira Brikel)
+foreach(programme Velmira Vigilo Memora Brikel)
   target_link_options(${programme} PRIVATE LINKER:-z,relro,-z,now)
 endforeach()
 

@@ -40,6 +40,7 @@ FrmNote::FrmNote(const NoteMemora &note) : note_(note) {
   setFrameShape(NoFrame);
   setTabChangesFocus(true);
   setPlainText(note.texte);
+  moveCursor(QTextCursor::End);
   Habiller();
   Placer();
   mouvement_.setSingleShot(true);

@@ -40,21 +40,21 @@ struct Portrait {
   QStringList options;
 };
 
-Portrait PortraitDe(Commande commande) {
-  switch (commande) {
-    case Commande::Vigilo:
+Portrait PortraitDe(Executable programme) {
+  switch (programme) {
+    case Executable::Vigilo:
       return {u"Vigilo"_s, u"Vigilo"_s, kAideVigilo, {u"auto"_s, u"--montrer"_s, u"--liste"_s}};
-    case Commande::Memora:
+    case Executable::Memora:
       return {u"Memora"_s, u"Memora"_s, kAideMemora, {u"auto"_s}};
-    case Commande::Velmira:
+    case Executable::Velmira:
       break;
   }
   return {u"Velmira"_s, u"velmira"_s, kAide, {}};
 }
 
 /// The first word that is none of the program's; empty when all are.
-QString Inconnu(QStringList mots, Commande commande) {
-  if (commande == Commande::Velmira) {
+QString Inconnu(QStringList mots, Executable programme) {
+  if (programme == Executable::Velmira) {
     const qsizetype fiche = mots.indexOf(kFiche);
     if (fiche >= 0 && fiche + 1 < mots.size()) {
       mots.remove(fiche, 2);
@@ -62,15 +62,15 @@ QString Inconnu(QStringList mots, Commande commande) {
     }
     return mots.value(0);
   }
-  const QStringList options = PortraitDe(commande).options;
+  const QStringList options = PortraitDe(programme).options;
   if (!mots.isEmpty() && options.contains(mots.constFirst())) mots.removeFirst();
   return mots.value(0);
 }
 
 }  // namespace
 
-std::optional<Reponse> RepondreAuxOptions(const QStringList &mots, Commande commande) {
-  const Portrait portrait = PortraitDe(commande);
+std::optional<Reponse> RepondreAuxOptions(const QStringList &mots, Executable programme) {
+  const Portrait portrait = PortraitDe(programme);
   for (const QString &mot : mots) {
     if (mot == u"-h"_s || mot == u"--help"_s) return Reponse{portrait.aide};
     if (mot == u"-v"_s || mot == u"--version"_s)
@@ -80,9 +80,10 @@ std::optional<Reponse> RepondreAuxOptions(const QStringList &mots, Commande comm
   return std::nullopt;
 }
 
-std::optional<Reponse> RefuserDeDemarrer(const QStringList &mots, bool ecran, Commande commande) {
-  const Portrait portrait = PortraitDe(commande);
-  if (const QString inconnu = Inconnu(mots, commande); !inconnu.isEmpty())
+std::optional<Reponse> RefuserDeDemarrer(const QStringList &mots, bool ecran,
+                                         Executable programme) {
+  const Portrait portrait = PortraitDe(programme);
+  if (const QString inconnu = Inconnu(mots, programme); !inconnu.isEmpty())
     return Reponse{u"%1 : l'option « %2 » est inconnue. Voyez « %1 --help ».\n"_s.arg(
                        portrait.commande, inconnu),
                    2};
@@ -107,7 +108,7 @@ std::optional<FicheVoulue> LireFicheVoulue(const QStringList &mots) {
   return FicheVoulue{mots[fiche + 1], enveloppe};
 }
 
-QStringList Mots(const FicheVoulue &fiche) {
+QStringList MotsDe(const FicheVoulue &fiche) {
   QStringList mots{kFiche, fiche.cible};
   if (fiche.enveloppe) mots.append(kEnveloppe);
   return mots;

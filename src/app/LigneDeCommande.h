@@ -11,16 +11,16 @@ struct Reponse {
 };
 
 /// A program that is started by a command of its own.
-enum class Commande { Velmira, Vigilo, Memora };
+enum class Executable { Velmira, Vigilo, Memora };
 
 /// What "--help" and "--version" ask for; nothing where `mots` has none of them. Needs no screen.
 std::optional<Reponse> RepondreAuxOptions(const QStringList &mots,
-                                          Commande commande = Commande::Velmira);
+                                          Executable programme = Executable::Velmira);
 
 /// Why the program cannot run: the first of `mots`, without its own name and what the toolkit took
 /// of it, which it does not know; or a screen that is missing.
 std::optional<Reponse> RefuserDeDemarrer(const QStringList &mots, bool ecran,
-                                         Commande commande = Commande::Velmira);
+                                         Executable programme = Executable::Velmira);
 
 /// Whether `environnement` ("NAME=value") names a screen, or a platform that needs none.
 bool NommeUnEcran(const QStringList &environnement);
@@ -34,4 +34,4 @@ struct FicheVoulue {
 /// What "--fiche" and "--enveloppe" of Velmira ask for.
 std::optional<FicheVoulue> LireFicheVoulue(const QStringList &mots);
 /// The same as words for another run, and back.
-QStringList Mots(const FicheVoulue &fiche);
+QStringList MotsDe(const FicheVoulue &fiche);

@@ -53,7 +53,7 @@ int main(int argc, char *argv[]) {
   VoisinageSysteme voisinage;
   const QString nom = NomDeVoisin(u"fiche"_s, appPath);
   const auto fiche = LireFicheVoulue(mots);
-  if (fiche && voisinage.Demander(nom, Mots(*fiche))) return EXIT_SUCCESS;
+  if (fiche && voisinage.Demander(nom, MotsDe(*fiche))) return EXIT_SUCCESS;
 
   Programme programme(plateforme, appPath);
   // Another run that has the name goes on taking what is asked for.

@@ -14,11 +14,12 @@ using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[]) {
   const QStringList tous = MotsDeLaCommande(argc, argv);
-  if (const auto reponse = RepondreAuxOptions(tous, Commande::Memora)) return Repondre(*reponse);
+  if (const auto reponse = RepondreAuxOptions(tous, Executable::Memora)) return Repondre(*reponse);
   const bool ecran = PreparerEcran();
   Application application(argc, argv);
   const QStringList mots = Application::arguments().sliced(1);
-  if (const auto refus = RefuserDeDemarrer(mots, ecran, Commande::Memora)) return Repondre(*refus);
+  if (const auto refus = RefuserDeDemarrer(mots, ecran, Executable::Memora))
+    return Repondre(*refus);
   QTranslator traduction;
   PreparerApplication(traduction, u"Memora"_s, u"memora"_s);
   BoitesSysteme boites;

@@ -48,13 +48,14 @@ Vigilo::Depart Depart(const QStringList &mots) {
 
 int main(int argc, char *argv[]) {
   const QStringList tous = MotsDeLaCommande(argc, argv);
-  if (const auto reponse = RepondreAuxOptions(tous, Commande::Vigilo)) return Repondre(*reponse);
+  if (const auto reponse = RepondreAuxOptions(tous, Executable::Vigilo)) return Repondre(*reponse);
   const bool liste = tous == QStringList{u"--liste"_s};
   const bool ecran = PreparerEcran() || liste;
   if (liste) qputenv("QT_QPA_PLATFORM", "offscreen");
   Application application(argc, argv);
   const QStringList mots = Application::arguments().sliced(1);
-  if (const auto refus = RefuserDeDemarrer(mots, ecran, Commande::Vigilo)) return Repondre(*refus);
+  if (const auto refus = RefuserDeDemarrer(mots, ecran, Executable::Vigilo))
+    return Repondre(*refus);
   if (liste) return Lister();
   const PaletteLisible palette;
   QTranslator traduction;
