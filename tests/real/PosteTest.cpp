@@ -11,6 +11,7 @@
 #include "platform/linux/ListeDemarrageSysteme.h"
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
+#include "platform/linux/VoisinageSysteme.h"
 #include "storage/Schema.h"
 
 #include <QApplication>
@@ -20,6 +21,7 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include <future>
 #include <numeric>
 #include <optional>
 #include <pty.h>
@@ -148,6 +150,35 @@ TEST_F(Poste, ReparationEnFenetre) {
   autre.reset();
   EXPECT_EQ(reparer(0ms), IssueReparation::ToutGarde);
   EXPECT_TRUE(boites.vues.value(0).contains(u"Velmira_2026-03-01_120000.mdb"_s));
+}
+
+// One run has a name, another asks it; what a killed one has left is nobody's.
+TEST(Systeme, Voisins) {
+  const QTemporaryDir dossier;
+  qputenv("XDG_RUNTIME_DIR", QFile::encodeName(dossier.path()));
+  QFile::setPermissions(dossier.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  QStringList recu;
+  const auto recevoir = [&](const QStringList &mots) { recu = mots; };
+  const auto demander = [](const QString &nom) {
+    auto reponse = std::async(std::launch::async, [nom] {
+      return VoisinageSysteme().Demander(nom, {u"--fiche"_s, u"Zoé"_s});
+    });
+    Attendre(
+        [&] { return reponse.wait_for(std::chrono::seconds(0)) == std::future_status::ready; });
+    return reponse.get();
+  };
+  EXPECT_FALSE(demander(u"a"_s));
+  RemplacerFichier(dossier.filePath(u"velmira-a.lock"_s),
+                   u"999999999\nvelmira\n%1\n"_s.arg(QSysInfo::machineHostName()).toLocal8Bit());
+  {
+    VoisinageSysteme un, autre;
+    EXPECT_TRUE(un.Prendre(u"a"_s, qApp, recevoir));
+    EXPECT_FALSE(autre.Prendre(u"a"_s, qApp, recevoir));
+    EXPECT_TRUE(demander(u"a"_s));
+    EXPECT_EQ(recu, (QStringList{u"--fiche"_s, u"Zoé"_s}));
+    EXPECT_FALSE(demander(u"b"_s));
+  }
+  EXPECT_FALSE(demander(u"a"_s));
 }
 
 TEST(Systeme, CompteEtAttentes) {

@@ -142,6 +142,25 @@ TEST(Textes, LignesDeReglages) {
 }
 
 // The words of the command line, the environment; the status, and how the text begins.
+// Words of Velmira; what they ask to be opened, over the words for another run.
+TEST(Textes, FicheVoulue) {
+  Cas(R"(
+    --fiche 12 | libre 12 non || --fiche Zoé·X --enveloppe | libre Zoé·X oui || --enveloppe --fiche 12 | libre 12 oui
+    --fiche | 2 rien || --fiche 12 x | 2 12 non || --fiche -v | libre -v non || --enveloppe | 2 rien
+  )",
+      [](Rangee c) {
+        QStringList mots = c[0].split(u' ', Qt::SkipEmptyParts);
+        if (const qsizetype nom = mots.indexOf(u"Zoé"_s); nom >= 0)
+          mots[nom] += u' ' + mots.takeAt(nom + 1);
+        EXPECT_FALSE(RepondreAuxOptions(mots));
+        const auto refus = RefuserDeDemarrer(mots, true);
+        auto fiche = LireFicheVoulue(mots);
+        if (fiche) fiche = LireFicheVoulue(MotsDe(*fiche));
+        return (refus ? QString::number(refus->statut) : u"libre"_s) + u' ' +
+               (fiche ? fiche->cible + u' ' + OuiNon(fiche->enveloppe) : u"rien"_s);
+      });
+}
+
 TEST(Textes, LigneDeCommande) {
   Cas(R"(
     -x --version | | 0 Velmira 0 || -h | | 0 Velmira, || --aide | DISPLAY=:0 | 2 velmira :

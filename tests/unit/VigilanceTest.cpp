@@ -3,6 +3,8 @@
 #include "Outils.h"
 #include "alerts/NotesMemora.h"
 #include "alerts/Vigilance.h"
+#include "directory/Liste.h"
+#include "storage/EmplacementDonnees.h"
 
 namespace {
 
@@ -99,6 +101,30 @@ TEST_F(Vigilances, LesCachesSontTus) {
   QStringList noms;
   for (const auto &p : PersonnesVisibles(base, u"paul"_s)) noms.append(p.personne.Nom);
   EXPECT_EQ(noms.join(u' '), u"Luc Paul Hors liste"_s);
+  Cas("1 | || 3 | 3 || luc | 3 || Zoé | || ·PAUL· | 4 || 4 | 4 || 99 | || | ", [&](Rangee c) {
+    QStringList cles;
+    for (const Cle cle : FichesDemandees(TableAdresse(base), c[0], u"paul"_s))
+      cles.append(QString::number(cle));
+    return cles.join(u' ');
+  });
+}
+
+// Nothing is told of a base that is not there, and the failure of one that is not ours or is
+// locked.
+TEST_F(Vigilances, BaseDuPoste) {
+  EXPECT_EQ(LireEvenements(Chemin(), u"paul"_s).base, u""_s);
+  const QString donnees = Chemin(u"DataTrevona/DataVelmira"_s);
+  EcrireCheminData(Chemin(), donnees);
+  EXPECT_EQ(LireEvenements(Chemin(), u"paul"_s).base, u""_s);
+  CreerBase(u"DataTrevona/DataVelmira/Velmira.mdb"_s, {u"Zoé"_s});
+  EXPECT_EQ(LireEvenements(Chemin(), u"paul"_s).base, FichierBase(donnees));
+  {
+    FichierNu autre(FichierBase(donnees));
+    autre.Executer(u"BEGIN EXCLUSIVE"_s);
+    EXPECT_FALSE(Echec([&] { LireEvenements(Chemin(), u"paul"_s); }).isEmpty());
+  }
+  Poser(u"DataTrevona/DataVelmira/Velmira.mdb"_s, "autre chose");
+  EXPECT_FALSE(Echec([&] { LireEvenements(Chemin(), u"paul"_s); }).isEmpty());
 }
 
 // Event, lead time, today; the line of the next thirty days, with a star where it is due.
