@@ -3,7 +3,7 @@
 #include "alerts/Compagnons.h"
 #include "alerts/FrmVigilo.h"
 #include "platform/Erreurs.h"
-#include "storage/Reglages.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 
 #include <QStringList>
@@ -76,6 +76,8 @@ void Vigilo::Lire() {
 }
 
 void Vigilo::Ouvrir() {
+  LireReglages(appPath_, reglages_);
+  echelle_ = std::make_unique<EchelleProgramme>(reglages_.rtcolor.TailleFenetre);
   fenetre_ = std::make_unique<FrmVigilo>(moyens_.boites, moyens_.langue);
   connect(fenetre_.get(), &FrmVigilo::Vues, this,
           Garde(moyens_.boites, [this](const QList<Alerte> &alertes) { NoterVues(alertes); }));
@@ -84,6 +86,7 @@ void Vigilo::Ouvrir() {
   connect(fenetre_.get(), &FrmVigilo::EnveloppeDemandee, this,
           Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, true); }));
   connect(fenetre_.get(), &FrmVigilo::finished, this, &Vigilo::Finir);
+  echelle_->Appliquer(fenetre_.get());
   Montrer();
   fenetre_->show();
   if (!vigilance_.EstVide()) Annoncer();
@@ -101,9 +104,7 @@ void Vigilo::Annoncer() {
     moyens_.notifications.Montrer(TitreNotification(vigilance_),
                                   TexteNotification(vigilance_, moyens_.langue), this,
                                   [this] { Reprendre(Depart::Voulu); });
-  Reglages reglages;
-  LireReglages(appPath_, reglages);
-  if (reglages.memora.AssocierAlertes)
+  if (reglages_.memora.AssocierAlertes)
     moyens_.coquille.Lancer(CheminCompagnon(appPath_, Compagnon::Memora), {u"auto"_s});
 }
 

@@ -6,12 +6,14 @@
 #include "platform/Coquille.h"
 #include "platform/Horloge.h"
 #include "platform/Notifications.h"
+#include "storage/Reglages.h"
 
 #include <QLocale>
 #include <QObject>
 
 #include <memory>
 
+class EchelleProgramme;
 class FrmVigilo;
 
 class Vigilo : public QObject {
@@ -66,9 +68,11 @@ class Vigilo : public QObject {
   Depart depart_;
   int essais_ = 0;
   QDate jour_;  ///< for which it was read
+  Reglages reglages_;
   EvenementsLus lus_;
   MemoireAlertes memoire_;
   bool memoireLue_ = false;  ///< without it nothing is written
   Vigilance vigilance_;
+  std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmVigilo> fenetre_;
 };

@@ -18,6 +18,8 @@
 #include <QStandardPaths>
 #include <QTimer>
 
+#include <chrono>
+
 using namespace Qt::StringLiterals;
 
 int main(int argc, char *argv[]) {
@@ -56,10 +58,17 @@ int main(int argc, char *argv[]) {
   if (fiche && voisinage.Demander(nom, MotsDe(*fiche))) return EXIT_SUCCESS;
 
   Programme programme(plateforme, appPath);
-  // Another run that has the name goes on taking what is asked for.
-  voisinage.Prendre(nom, &programme, [&](const QStringList &demande) {
-    if (const auto voulue = LireFicheVoulue(demande)) programme.OuvrirFiche(*voulue);
-  });
+  // Another run that has the name goes on taking what is asked for, until it ends.
+  QTimer succession;
+  const auto prendre = [&] {
+    const bool pris = voisinage.Prendre(nom, &programme, [&](const QStringList &demande) {
+      if (const auto voulue = LireFicheVoulue(demande)) programme.OuvrirFiche(*voulue);
+    });
+    if (pris) succession.stop();
+  };
+  QObject::connect(&succession, &QTimer::timeout, &programme, prendre);
+  succession.start(std::chrono::seconds(5));
+  prendre();
   if (fiche) programme.OuvrirFiche(*fiche);
   QObject::connect(&programme, &Programme::Termine, &application,
                    [] { Application::exit(EXIT_SUCCESS); });
