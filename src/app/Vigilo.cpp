@@ -2,10 +2,12 @@
 
 #include "alerts/Compagnons.h"
 #include "alerts/FrmVigilo.h"
+#include "help/Aide.h"
 #include "platform/Erreurs.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 
+#include <QShortcut>
 #include <QStringList>
 
 using namespace Qt::StringLiterals;
@@ -85,6 +87,10 @@ void Vigilo::Ouvrir() {
           Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, false); }));
   connect(fenetre_.get(), &FrmVigilo::EnveloppeDemandee, this,
           Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, true); }));
+  const auto *aide = new QShortcut(QKeySequence::HelpContents, fenetre_.get());
+  connect(aide, &QShortcut::activated, this, Garde(moyens_.boites, [this] {
+            OuvrirAide(moyens_.coquille, appPath_, PageAide(fenetre_->objectName()));
+          }));
   connect(fenetre_.get(), &FrmVigilo::finished, this, &Vigilo::Finir);
   echelle_->Appliquer(fenetre_.get());
   Montrer();

@@ -118,11 +118,6 @@ TEST_F(Vigilances, BaseDuPoste) {
   EXPECT_EQ(LireEvenements(Chemin(), u"paul"_s).base, u""_s);
   CreerBase(u"DataTrevona/DataVelmira/Velmira.mdb"_s, {u"Zoé"_s});
   EXPECT_EQ(LireEvenements(Chemin(), u"paul"_s).base, FichierBase(donnees));
-  {
-    FichierNu autre(FichierBase(donnees));
-    autre.Executer(u"BEGIN EXCLUSIVE"_s);
-    EXPECT_FALSE(Echec([&] { LireEvenements(Chemin(), u"paul"_s); }).isEmpty());
-  }
   Poser(u"DataTrevona/DataVelmira/Velmira.mdb"_s, "autre chose");
   EXPECT_FALSE(Echec([&] { LireEvenements(Chemin(), u"paul"_s); }).isEmpty());
 }
