@@ -165,10 +165,14 @@ void Demarrage::PrendreBaseLivree() {
 }
 
 void Demarrage::PoserPremiereBase() {
+  // Before it has its name: a start after a kill comes through here again. What is no base of ours
+  // is told by its opening.
+  Ignorer([this] {
+    Base base;
+    base.Ouvrir(FichierBaseLivree(dossiers_.CheminBase));
+    TablesAlertes(base).AjouterTypesUsuels();
+  });
   PoserBaseLivree(dossiers_.CheminBase);
-  Base base;
-  base.Ouvrir(dossiers_.Base());
-  if (base.Ouverte()) TablesAlertes(base).AjouterTypesUsuels();
 }
 
 void Demarrage::MAJ_BDD() {
