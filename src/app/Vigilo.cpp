@@ -6,9 +6,9 @@
 #include "platform/Erreurs.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
+#include "ui/PlacesFenetres.h"
 
 #include <QShortcut>
-#include <QStringList>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -32,6 +32,11 @@ QString TexteNotification(const Vigilance &vigilance, const QLocale &langue) {
 }
 
 }  // namespace
+
+Vigilo::Depart Vigilo::DepartDe(const QStringList &mots) {
+  if (mots.contains(u"auto"_s)) return Depart::Session;
+  return mots.contains(u"--montrer"_s) ? Depart::Voulu : Depart::Programme;
+}
 
 Vigilo::Vigilo(const Moyens &moyens, const QString &appPath, Depart depart)
     : moyens_(moyens), appPath_(appPath), depart_(depart) {}
@@ -79,6 +84,7 @@ void Vigilo::Lire() {
 
 void Vigilo::Ouvrir() {
   LireReglages(appPath_, reglages_);
+  places_ = std::make_unique<PlacesFenetres>(appPath_, reglages_.rtcolor.TailleFenetre);
   echelle_ = std::make_unique<EchelleProgramme>(reglages_.rtcolor.TailleFenetre);
   fenetre_ = std::make_unique<FrmVigilo>(moyens_.boites, moyens_.langue);
   connect(fenetre_.get(), &FrmVigilo::Vues, this,
@@ -159,6 +165,7 @@ void Vigilo::Demander(const QString &nom, bool enveloppe) {
 }
 
 void Vigilo::Finir() {
+  if (places_) places_->Ecrire();
   if (memoireLue_) {
     for (const Alerte &alerte : vigilance_.dues) memoire_.NoterDite(alerte.evenement, alerte.jour);
     memoire_.NoterRegard(jour_);

@@ -10,11 +10,13 @@
 
 #include <QLocale>
 #include <QObject>
+#include <QStringList>
 
 #include <memory>
 
 class EchelleProgramme;
 class FrmVigilo;
+class PlacesFenetres;
 
 class Vigilo : public QObject {
   Q_OBJECT
@@ -26,6 +28,8 @@ class Vigilo : public QObject {
     Programme,  ///< Velmira: a window where something is to be told
     Voulu,      ///< its user: a window in any case
   };
+  /// What the words of its command line tell.
+  static Depart DepartDe(const QStringList &mots);
 
   struct Moyens {
     Boites &boites;
@@ -73,6 +77,7 @@ class Vigilo : public QObject {
   MemoireAlertes memoire_;
   bool memoireLue_ = false;  ///< without it nothing is written
   Vigilance vigilance_;
+  std::unique_ptr<PlacesFenetres> places_;
   std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmVigilo> fenetre_;
 };

@@ -38,12 +38,6 @@ int Lister() {
   }
 }
 
-Vigilo::Depart Depart(const QStringList &mots) {
-  return mots.contains(u"auto"_s)        ? Vigilo::Depart::Session
-         : mots.contains(u"--montrer"_s) ? Vigilo::Depart::Voulu
-                                         : Vigilo::Depart::Programme;
-}
-
 }  // namespace
 
 int main(int argc, char *argv[]) {
@@ -71,13 +65,13 @@ int main(int argc, char *argv[]) {
   QString appPath;
   if (!Signaler(boites, [&] { appPath = AppPathDuPoste(kInstalle); })) return EXIT_FAILURE;
   Vigilo vigilo({boites, horloge, coquille, notifications, NomUtilisateur(), LangueDuSysteme()},
-                appPath, Depart(mots));
+                appPath, Vigilo::DepartDe(mots));
   const QString nom = NomDeVoisin(u"vigilo"_s, appPath);
   const bool seul = voisinage.Prendre(
-      nom, &vigilo, [&](const QStringList &demande) { vigilo.Reprendre(Depart(demande)); });
+      nom, &vigilo, [&](const QStringList &demande) { vigilo.Reprendre(Vigilo::DepartDe(demande)); });
   if (!seul) {
     // The other one tells what is to be told; at log-on nobody has asked for its window.
-    if (Depart(mots) != Vigilo::Depart::Session) voisinage.Demander(nom, mots);
+    if (Vigilo::DepartDe(mots) != Vigilo::Depart::Session) voisinage.Demander(nom, mots);
     return EXIT_SUCCESS;
   }
   QObject::connect(&vigilo, &Vigilo::Termine, &application,
