@@ -140,7 +140,7 @@ void Memora::MontrerMenu(int numero, QPoint place, QMenu *texte) {
   texte->setTitle(u"&Texte"_s);
   texte->setAttribute(Qt::WA_DeleteOnClose, false);
   const std::unique_ptr<QMenu> garde(texte);
-  QMenu ensemble;
+  QMenu ensemble(fenetres_.at(numero).get());
   ensemble.addActions(menu_.actions());
   ensemble.addSeparator();
   ensemble.addMenu(texte);

@@ -141,7 +141,6 @@ TEST(Textes, LignesDeReglages) {
       });
 }
 
-// The words of the command line, the environment; the status, and how the text begins.
 // Words of Velmira; what they ask to be opened, over the words for another run.
 TEST(Textes, FicheVoulue) {
   Cas(R"(
@@ -161,6 +160,7 @@ TEST(Textes, FicheVoulue) {
       });
 }
 
+// The words of the command line, the environment; the status, and how the text begins.
 TEST(Textes, LigneDeCommande) {
   Cas(R"(
     -x --version | | 0 Velmira 0 || -h | | 0 Velmira, || --aide | DISPLAY=:0 | 2 velmira :
