@@ -21,7 +21,8 @@ QStringList MotsDeLaCommande(int argc, char *argv[]) {
 }
 
 int Repondre(const Reponse &reponse) {
-  std::fputs(reponse.texte.toUtf8().constData(), reponse.statut == 0 ? stdout : stderr);
+  const bool voulue = reponse.statut == 0 || reponse.compteRendu;
+  std::fputs(reponse.texte.toUtf8().constData(), voulue ? stdout : stderr);
   return reponse.statut;
 }
 
@@ -32,15 +33,16 @@ bool PreparerEcran() {
   return false;
 }
 
-void PreparerApplication(QTranslator &traduction, const QString &nom, const QString &bureau) {
+Allure::Allure(const QString &nom, const QString &bureau) {
   Application::setApplicationName(nom);
   Application::setApplicationVersion(QStringLiteral(VELMIRA_VERSION));
   Application::setDesktopFileName(bureau);
   Application::setQuitOnLastWindowClosed(false);
   CasesVisibles::Poser();
   PreparerIcones();
-  if (traduction.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
-    Application::installTranslator(&traduction);
+  // Oui, Non, Annuler
+  if (traduction_.load(u"qtbase_fr"_s, QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    Application::installTranslator(&traduction_);
 }
 
 QLocale LangueDuSysteme() {
@@ -48,9 +50,9 @@ QLocale LangueDuSysteme() {
   return systeme.language() == QLocale::C ? QLocale(QLocale::French, QLocale::France) : systeme;
 }
 
-QString AppPathDuPoste(const QString &installe) {
+QString AppPathDuPoste() {
   return TrouverAppPath(
-      Application::applicationDirPath(), installe,
+      QCoreApplication::applicationDirPath(), QStringLiteral(VELMIRA_INSTALLED_DATA),
       QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + u"/Velmira"_s);
 }
 
@@ -58,4 +60,12 @@ QString NomDeVoisin(const QString &programme, const QString &appPath) {
   const QByteArray empreinte =
       QCryptographicHash::hash(appPath.toUtf8(), QCryptographicHash::Sha256);
   return programme + u'-' + QString::fromLatin1(empreinte.toHex().left(12));
+}
+
+bool LancerVelmira(Coquille &coquille, const QString &dossier, const QStringList &arguments) {
+  // A portable copy bears the name of the program, an installed one that of its command.
+  for (const QString &nom : {u"/Velmira"_s, u"/velmira"_s})
+    if (coquille.PeutLancer(dossier + nom) && coquille.Lancer(dossier + nom, arguments))
+      return true;
+  return false;
 }

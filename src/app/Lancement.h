@@ -4,6 +4,8 @@
 #include "app/Application.h"
 #include "app/LigneDeCommande.h"
 #include "platform/Boites.h"
+#include "platform/Coquille.h"
+#include "ui/PaletteLisible.h"
 
 #include <QLocale>
 #include <QString>
@@ -20,15 +22,27 @@ int Repondre(const Reponse &reponse);
 /// breaking off in English. Before the application is made.
 bool PreparerEcran();
 
-/// Name, version, icons and the toolkit's own texts in French. `traduction` lives as long as the
-/// application does; `bureau` is the name of the program's desktop entry.
-void PreparerApplication(QTranslator &traduction, const QString &nom, const QString &bureau);
+/// What each program sets up before its first window: its name and version, the look of its
+/// controls, its icons, and the toolkit's own texts in French. Lives as long as the windows.
+class Allure {
+ public:
+  /// `bureau` is the name of the program's desktop entry.
+  Allure(const QString &nom, const QString &bureau);
+
+ private:
+  PaletteLisible palette_;
+  QTranslator traduction_;
+};
 
 /// The language of the system; French where it has none set.
 QLocale LangueDuSysteme();
 
-/// The application folder, filled from `installe` where that is due. Throws `ErreurFichier`.
-QString AppPathDuPoste(const QString &installe);
+/// The application folder of the user, the same for all programs that stand in one folder, filled
+/// where that is due. Throws `ErreurFichier`.
+QString AppPathDuPoste();
 
 /// The name by which the programs of one application folder know each other in a session.
 QString NomDeVoisin(const QString &programme, const QString &appPath);
+
+/// Starts Velmira, from a folder or from beside this program. False when it is at neither.
+bool LancerVelmira(Coquille &coquille, const QString &dossier, const QStringList &arguments);

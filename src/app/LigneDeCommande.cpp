@@ -35,6 +35,16 @@ const QString kAideMemora =
     "  -v, --version  affiche la version\n\n"
     "Sans option, toutes les notes s'affichent.\n"_s;
 
+const QString kAideBrikel =
+    u"Brikel répare et compacte la base de données de Velmira\n\n"
+    "Usage : Brikel [option]\n\n"
+    "      --sans-fenetre BASE  répare le fichier BASE et affiche le compte rendu\n"
+    "  -h, --help               affiche cette aide\n"
+    "  -v, --version            affiche la version\n\n"
+    "Sans option, la base de Velmira est réparée, puis Velmira s'ouvre.\n"
+    "Le programme finit par 0 quand toutes les lignes ont été gardées, par 1 quand\n"
+    "il en manque, par 2 quand rien n'a pu être fait.\n"_s;
+
 struct Portrait {
   QString nom, commande, aide;
   QStringList options;
@@ -46,6 +56,8 @@ Portrait PortraitDe(Executable programme) {
       return {u"Vigilo"_s, u"Vigilo"_s, kAideVigilo, {u"auto"_s, u"--montrer"_s, u"--liste"_s}};
     case Executable::Memora:
       return {u"Memora"_s, u"Memora"_s, kAideMemora, {u"auto"_s}};
+    case Executable::Brikel:
+      return {u"Brikel"_s, u"Brikel"_s, kAideBrikel, {}};
     case Executable::Velmira:
       break;
   }

@@ -6,12 +6,13 @@
 #include <optional>
 
 struct Reponse {
-  QString texte;   ///< for the terminal, lines with their ends
-  int statut = 0;  ///< of the program's end; a text with another one than 0 is an error's
+  QString texte;             ///< for the terminal, lines with their ends
+  int statut = 0;            ///< of the program's end; a text with another one than 0 is an error's
+  bool compteRendu = false;  ///< but this one is what was asked for
 };
 
 /// A program that is started by a command of its own.
-enum class Executable { Velmira, Vigilo, Memora };
+enum class Executable { Velmira, Vigilo, Memora, Brikel };
 
 /// What "--help" and "--version" ask for; nothing where `mots` has none of them. Needs no screen.
 std::optional<Reponse> RepondreAuxOptions(const QStringList &mots,

@@ -2,6 +2,7 @@
 
 #include "alerts/Compagnons.h"
 #include "alerts/FrmVigilo.h"
+#include "app/Lancement.h"
 #include "help/Aide.h"
 #include "platform/Erreurs.h"
 #include "ui/EchelleProgramme.h"
@@ -158,10 +159,8 @@ void Vigilo::NoterVues(const QList<Alerte> &alertes) {
 void Vigilo::Demander(const QString &nom, bool enveloppe) {
   QStringList arguments{u"--fiche"_s, CibleDe(appPath_, moyens_.utilisateur, nom)};
   if (enveloppe) arguments.append(u"--enveloppe"_s);
-  // A portable copy bears the name of the program, an installed one that of its command.
-  for (const QString &programme : {u"/Velmira"_s, u"/velmira"_s})
-    if (moyens_.coquille.Lancer(appPath_ + programme, arguments)) return;
-  throw ErreurFichier(u"Velmira n'a pas pu être lancé : le programme est introuvable."_s);
+  if (!LancerVelmira(moyens_.coquille, appPath_, arguments))
+    throw ErreurFichier(u"Velmira n'a pas pu être lancé : le programme est introuvable."_s);
 }
 
 void Vigilo::Finir() {

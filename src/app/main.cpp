@@ -13,7 +13,6 @@
 #include "platform/linux/PortSerieSysteme.h"
 #include "platform/linux/Utilisateur.h"
 #include "platform/linux/VoisinageSysteme.h"
-#include "ui/PaletteLisible.h"
 
 #include <QStandardPaths>
 #include <QTimer>
@@ -29,9 +28,7 @@ int main(int argc, char *argv[]) {
   Application application(argc, argv);
   const QStringList mots = Application::arguments().sliced(1);
   if (const auto refus = RefuserDeDemarrer(mots, ecran)) return Repondre(*refus);
-  const PaletteLisible palette;
-  QTranslator traduction;
-  PreparerApplication(traduction, u"Velmira"_s, u"velmira"_s);
+  const Allure allure(u"Velmira"_s, u"velmira"_s);
 
   HorlogeSysteme horloge;
   BoitesSysteme boites;
@@ -48,9 +45,7 @@ int main(int argc, char *argv[]) {
   application.SignalerPar(&boites);
 
   QString appPath;
-  const bool trouve =
-      Signaler(boites, [&] { appPath = AppPathDuPoste(QStringLiteral(VELMIRA_INSTALLED_DATA)); });
-  if (!trouve) return EXIT_FAILURE;
+  if (!Signaler(boites, [&] { appPath = AppPathDuPoste(); })) return EXIT_FAILURE;
 
   VoisinageSysteme voisinage;
   const QString nom = NomDeVoisin(u"fiche"_s, appPath);

@@ -16,12 +16,15 @@ int main(int argc, char *argv[]) {
   const QStringList tous = MotsDeLaCommande(argc, argv);
   if (const auto reponse = RepondreAuxOptions(tous, Executable::Memora)) return Repondre(*reponse);
   const bool ecran = PreparerEcran();
+  // Wayland lets no program place its windows, nor know where they are.
+  if (qEnvironmentVariableIsSet("WAYLAND_DISPLAY") && qEnvironmentVariableIsSet("DISPLAY") &&
+      !qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+    qputenv("QT_QPA_PLATFORM", "xcb;wayland");
   Application application(argc, argv);
   const QStringList mots = Application::arguments().sliced(1);
   if (const auto refus = RefuserDeDemarrer(mots, ecran, Executable::Memora))
     return Repondre(*refus);
-  QTranslator traduction;
-  PreparerApplication(traduction, u"Memora"_s, u"memora"_s);
+  const Allure allure(u"Memora"_s, u"memora"_s);
   BoitesSysteme boites;
   VoisinageSysteme voisinage;
   application.SignalerPar(&boites);
@@ -30,7 +33,7 @@ int main(int argc, char *argv[]) {
   std::optional<Memora> memora;
   const bool automatique = mots.contains(u"auto"_s);
   const bool pret = Signaler(boites, [&] {
-    appPath = AppPathDuPoste(QStringLiteral(VELMIRA_INSTALLED_DATA));
+    appPath = AppPathDuPoste();
     const QString nom = NomDeVoisin(u"memora"_s, appPath);
     const bool seul = voisinage.Prendre(nom, &application, [&](const QStringList &demande) {
       if (memora) memora->Commencer(!demande.contains(u"auto"_s));

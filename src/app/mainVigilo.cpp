@@ -9,22 +9,17 @@
 #include "platform/linux/NotificationsBus.h"
 #include "platform/linux/Utilisateur.h"
 #include "platform/linux/VoisinageSysteme.h"
-#include "ui/PaletteLisible.h"
 
 #include <QTimer>
-
-#include <cstdio>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString kInstalle = QStringLiteral(VELMIRA_INSTALLED_DATA);
-
 /// Without a window, and nothing is noted as told.
 int Lister() {
   try {
-    const QString appPath = AppPathDuPoste(kInstalle), utilisateur = NomUtilisateur();
+    const QString appPath = AppPathDuPoste(), utilisateur = NomUtilisateur();
     const EvenementsLus lus = LireEvenements(appPath, utilisateur);
     if (lus.base.isEmpty()) return Repondre({u"Vigilo : aucune base de données.\n"_s, 1});
     const Vigilance vigilance =
@@ -51,9 +46,7 @@ int main(int argc, char *argv[]) {
   if (const auto refus = RefuserDeDemarrer(mots, ecran, Executable::Vigilo))
     return Repondre(*refus);
   if (liste) return Lister();
-  const PaletteLisible palette;
-  QTranslator traduction;
-  PreparerApplication(traduction, u"Vigilo"_s, u"vigilo"_s);
+  const Allure allure(u"Vigilo"_s, u"vigilo"_s);
 
   HorlogeSysteme horloge;
   BoitesSysteme boites;
@@ -63,12 +56,13 @@ int main(int argc, char *argv[]) {
   application.SignalerPar(&boites);
 
   QString appPath;
-  if (!Signaler(boites, [&] { appPath = AppPathDuPoste(kInstalle); })) return EXIT_FAILURE;
+  if (!Signaler(boites, [&] { appPath = AppPathDuPoste(); })) return EXIT_FAILURE;
   Vigilo vigilo({boites, horloge, coquille, notifications, NomUtilisateur(), LangueDuSysteme()},
                 appPath, Vigilo::DepartDe(mots));
   const QString nom = NomDeVoisin(u"vigilo"_s, appPath);
-  const bool seul = voisinage.Prendre(
-      nom, &vigilo, [&](const QStringList &demande) { vigilo.Reprendre(Vigilo::DepartDe(demande)); });
+  const bool seul = voisinage.Prendre(nom, &vigilo, [&](const QStringList &demande) {
+    vigilo.Reprendre(Vigilo::DepartDe(demande));
+  });
   if (!seul) {
     // The other one tells what is to be told; at log-on nobody has asked for its window.
     if (Vigilo::DepartDe(mots) != Vigilo::Depart::Session) voisinage.Demander(nom, mots);
