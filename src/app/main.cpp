@@ -18,6 +18,8 @@
 #include <QTimer>
 
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -70,5 +72,10 @@ int main(int argc, char *argv[]) {
   QTimer::singleShot(0, &programme, [&] {
     if (!programme.Demarrer()) Application::exit(EXIT_FAILURE);
   });
-  return Application::exec();
+  const int statut = Application::exec();
+  if (plateforme.abandons.EnCours() == 0) return statut;
+  // A printing that was given up still hangs in the system: nothing is taken away under it. What
+  // the run had to write is written.
+  std::fflush(nullptr);
+  std::_Exit(statut);
 }

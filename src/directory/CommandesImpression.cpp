@@ -10,6 +10,9 @@
 
 #include <QDir>
 
+#include <memory>
+#include <optional>
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -26,6 +29,22 @@ QString TexteListeChangee() {
   return u"Un correspondant de la liste n'existe plus : un autre utilisateur l'a supprimé "
          "entre-temps.\nRien n'a été imprimé. La liste est mise à jour d'elle-même : recommencez "
          "dans un instant."_s;
+}
+
+/// Reads with a connection of its own.
+LectureListe Lecture(const QString &chemin, const QList<Cle> &cles, const Avance &avance) {
+  const auto base = std::make_shared<Base>();
+  base->Ouvrir(chemin);
+  return [base, cles, avance](qsizetype rang) -> std::optional<Correspondant> {
+    if (!avance(rang, cles.size())) return std::nullopt;
+    auto fiche = TableAdresse(*base).Lire(cles[rang]);
+    if (!fiche) throw ErreurBase(TexteListeChangee());
+    return fiche;
+  };
+}
+
+QString TexteAbandon() {
+  return u"L'imprimante n'a pas répondu ; ce qu'elle avait déjà reçu peut encore sortir."_s;
 }
 
 }  // namespace
@@ -52,16 +71,16 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
     const CadreListe cadre{.NomPerso = session_.reglages.rtcolor.NomPerso,
                            .nombre = cles.size(),
                            .instant = session_.plateforme.horloge.Maintenant()};
-    liste = Travail(fenetre_, u"Impression de la liste"_s)
-                .Executer(session_.base, [&](Base &base, const Avance &avance) {
-                  return ImprimerListe(session_.plateforme.imprimante, cadre, choix,
-                                       [&](qsizetype rang) -> std::optional<Correspondant> {
-                                         if (!avance(rang, cles.size())) return std::nullopt;
-                                         auto fiche = TableAdresse(base).Lire(cles[rang]);
-                                         if (!fiche) throw ErreurBase(TexteListeChangee());
-                                         return fiche;
-                                       });
+    const auto faite =
+        Travail(fenetre_, u"Impression de la liste"_s)
+            .ExecuterOuLaisser(
+                session_.plateforme.abandons,
+                [&imprimante = session_.plateforme.imprimante, chemin = session_.base.Chemin(),
+                 cadre, choix, cles](const Avance &avance, const std::stop_token &arret) {
+                  return ImprimerListe(imprimante, cadre, choix, Lecture(chemin, cles, avance),
+                                       arret);
                 });
+    liste = faite.value_or(ListeImprimee{{.raison = TexteAbandon()}});
   } catch (const Erreur &erreur) {
     liste.fin.raison = erreur.Texte();  // told like every other end of the printing
   }

@@ -192,10 +192,11 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre) {
 }
 
 ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                            const ChoixListe &choix, const LectureListe &lire) {
+                            const ChoixListe &choix, const LectureListe &lire,
+                            const std::stop_token &arret) {
   const QString appareil = imprimante.ParDefaut();
-  const auto document =
-      imprimante.Ouvrir(appareil, {.nom = u"Liste"_s, .margeFichier = kMargeFichier});
+  const auto document = imprimante.Ouvrir(
+      appareil, {.nom = u"Liste"_s, .margeFichier = kMargeFichier, .arret = arret});
   Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
   for (qsizetype rang = 0; rang < Imprimes(cadre); ++rang) {

@@ -11,6 +11,7 @@
 
 #include <functional>
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 /// Which lines of a record are printed beside its name.
@@ -53,6 +54,7 @@ struct ListeImprimee {
 /// Prints the list on the system's default printer; each correspondent is read when its turn has
 /// come. `Echouee` also where it was given up: then, and when `lire` throws, nothing of it is
 /// printed. Throws `Erreur` where no printer answers. Needs no window and no event loop, so that
-/// any thread may run it.
+/// any thread may run it; `arret` ends its waiting for the system.
 ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                            const ChoixListe &choix, const LectureListe &lire);
+                            const ChoixListe &choix, const LectureListe &lire,
+                            const std::stop_token &arret = {});

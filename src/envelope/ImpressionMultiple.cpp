@@ -41,7 +41,7 @@ std::optional<FinImpression> ImpressionMultiple::ImprimerDUnTrait(
       plis.back().contenu.commentaire = false;
   }
   imprimees_ = lignes.size();
-  return tirage_.Envoyer(appareil, plis);
+  return Envoyer(appareil, plis);
 }
 
 std::optional<FinImpression> ImpressionMultiple::ImprimerUneAUne(
@@ -53,7 +53,7 @@ std::optional<FinImpression> ImpressionMultiple::ImprimerUneAUne(
     enCours.Montrer(static_cast<int>(imprimees_) + 1);
     zones_.EcrireLignesAdresse(adresse);
     fenetre_->repaint();
-    fin = tirage_.Envoyer(appareil, {tirage_.Contenu()});
+    fin = Envoyer(appareil, {tirage_.Contenu()});
     if (!fin) {
       enCours.hide();
       if (imprimees_ > 0) DireArret(imprimees_, lignes.size());
@@ -68,6 +68,14 @@ std::optional<FinImpression> ImpressionMultiple::ImprimerUneAUne(
     }
   }
   return fin;
+}
+
+std::optional<FinImpression> ImpressionMultiple::Envoyer(const QString &appareil,
+                                                         const std::vector<Pli> &plis) {
+  const FinEnvoi fin = tirage_.Envoyer(appareil, {}, plis, tirage_.Devant());
+  if (fin.EstFaite()) return fin.impression;
+  tirage_.MontrerEchec(fin, appareil, plis.size() == 1);
+  return std::nullopt;
 }
 
 void ImpressionMultiple::DireArret(qsizetype imprimees, qsizetype nombre) {

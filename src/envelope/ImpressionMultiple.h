@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <vector>
 
 /// A run of envelopes, one for each address.
 struct SerieEnveloppes {
@@ -36,6 +37,7 @@ class ImpressionMultiple {
                                                 const QList<LignesAdresse> &lignes);
   std::optional<FinImpression> ImprimerUneAUne(const QString &appareil,
                                                const QList<LignesAdresse> &lignes);
+  std::optional<FinImpression> Envoyer(const QString &appareil, const std::vector<Pli> &plis);
   void DireArret(qsizetype imprimees, qsizetype nombre);
 
   Session &session_;

@@ -160,20 +160,36 @@ bool ImpressionConfiguree(const ReglagesPlomex &p) {
          p.PositionEnveloppe != PositionEnveloppe::NonConfiguree;
 }
 
+namespace {
+
+QString PremiereLigne(const QString &texte) {
+  for (const QString &ligne : texte.split(u'\n'))
+    if (!ligne.trimmed().isEmpty()) return ligne.trimmed();
+  return {};
+}
+
+QString NomDocument(const std::vector<Pli> &plis, const QString &titre) {
+  if (plis.size() != 1) return (u"Enveloppes "_s + titre).trimmed();
+  return (u"Enveloppe "_s + PremiereLigne(plis.front().contenu.adresse)).trimmed();
+}
+
+}  // namespace
+
 std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString &appareil,
                                           const ReglagesPlomex &p, const std::vector<Pli> &plis,
-                                          const Avance &avance) {
+                                          const Conduite &conduite) {
   const auto sens =
       p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait : Orientation::Paysage;
-  const QString nom = plis.size() == 1 ? u"Enveloppe"_s : u"Enveloppes"_s;
-  const auto document =
-      imprimante.Ouvrir(appareil, {.nom = nom, .orientation = sens, .recto = true});
+  const auto document = imprimante.Ouvrir(appareil, {.nom = NomDocument(plis, conduite.titre),
+                                                     .orientation = sens,
+                                                     .recto = true,
+                                                     .arret = conduite.arret});
   const auto nombre = static_cast<qsizetype>(plis.size());
   for (qsizetype rang = 0; rang < nombre; ++rang) {
     const auto &[etat, contenu] = plis[static_cast<std::size_t>(rang)];
     if (rang > 0) document->NouvellePage();
     EcrireLignes(MettreEnPage(p, etat, contenu, *document), *document);
-    if (!avance(rang + 1, nombre)) return std::nullopt;
+    if (!conduite.avance(rang + 1, nombre)) return std::nullopt;
   }
   return document->Terminer();
 }

@@ -10,6 +10,7 @@
 #include <QStringList>
 
 #include <optional>
+#include <stop_token>
 #include <vector>
 
 struct Point {
@@ -78,9 +79,18 @@ struct Pli {
   ContenuEnveloppe contenu;
 };
 
+/// How a printing goes.
+struct Conduite {
+  QString titre{};  ///< of the run, where there are several envelopes
+  Avance avance = [](qsizetype, qsizetype) { return true; };
+  std::stop_token arret{};  ///< ends the waiting for the system
+};
+
 /// Prints a document of one page for each envelope on the device of this name, or nothing where
-/// `avance` asks to stop. Throws `Erreur` where the device cannot be had. Needs no window, so that
-/// any thread may run it.
-std::optional<FinImpression> ImprimerPlis(
-    Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
-    const std::vector<Pli> &plis, const Avance &avance = [](qsizetype, qsizetype) { return true; });
+/// `avance` asks to stop; it is asked for the last time before the document is handed over. The
+/// document bears the addressee, or the title of the run. Throws `Erreur` where the device cannot
+/// be had. Needs no window, so that any thread may run it.
+std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString &appareil,
+                                          const ReglagesPlomex &plomex,
+                                          const std::vector<Pli> &plis,
+                                          const Conduite &conduite = {});

@@ -3,10 +3,12 @@
 #include "envelope/CommandesCommentaire.h"
 #include "platform/Erreurs.h"
 #include "ui/CompteRendu.h"
-#include "ui/Travail.h"
 
 #include <QDir>
 #include <QFileInfo>
+
+#include <atomic>
+#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -43,6 +45,11 @@ QString TexteArret() {
   return u"Impression arrêtée : rien n'a été imprimé."_s;
 }
 
+QString TexteAbandon(const QString &appareil) {
+  return u"Impression abandonnée : ce que « %1 » avait déjà reçu peut encore sortir."_s.arg(
+      appareil);
+}
+
 /// Asks the system, unless the built-in printer is wanted. `derniere` was printed on last.
 QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &derniere) {
   if (voulue == Imprimante::NomPdf()) return voulue;
@@ -60,9 +67,19 @@ QString CombienDEnveloppes(qsizetype nombre) {
 bool Tirage::Imprimer() {
   const auto appareil = Appareil();
   if (!appareil) return false;
-  const auto fin = Envoyer(*appareil, {Contenu()});
-  if (fin) Dire(*fin, 1, {});
-  return fin.has_value();
+  const FinEnvoi fin = Envoyer(*appareil, {}, {Contenu()}, Devant());
+  if (fin.EstFaite())
+    Dire(fin.impression, 1, {});
+  else
+    MontrerEchec(fin, *appareil, true);
+  return fin.EstFaite();
+}
+
+void Tirage::MontrerEchec(const FinEnvoi &fin, const QString &appareil, bool une) {
+  if (fin.issue == FinEnvoi::Issue::Arretee) return fait_.Dire(TexteArret());
+  if (fin.issue == FinEnvoi::Issue::Abandonnee) return fait_.Dire(TexteAbandon(appareil));
+  fait_.Dire(TexteEchec(appareil == Imprimante::NomPdf(), une));
+  if (!fin.impression.raison.isEmpty()) session_.plateforme.boites.Attention(fin.impression.raison);
 }
 
 std::optional<QString> Tirage::Appareil() {
@@ -76,50 +93,53 @@ std::optional<QString> Tirage::Appareil() {
   try {
     const auto choisie =
         Travail(fait_.window(), u"Recherche de l'imprimante"_s)
-            .Executer([&, derniere = courante_](const Avance &avance) {
-              std::optional<QString> nom;
-              try {
-                nom = Choisir(session_.plateforme.imprimante, plomex.Imprimante, derniere);
-              } catch (const Erreur &) {
-                if (avance(1, 1)) throw;  // who has stopped it needs no reason
-              }
-              return avance(1, 1) ? nom : std::nullopt;
-            });
-    if (!choisie) MontrerEchec(TexteArret(), {});
-    return choisie;
+            .ExecuterOuLaisser(
+                session_.plateforme.abandons,
+                [&imprimante = session_.plateforme.imprimante, voulue = plomex.Imprimante,
+                 derniere = courante_](const Avance &, const std::stop_token &arret) {
+                  std::optional<QString> nom;
+                  try {
+                    nom = Choisir(imprimante, voulue, derniere);
+                  } catch (const Erreur &) {
+                    if (!arret.stop_requested()) throw;  // who has stopped it needs no reason
+                  }
+                  return arret.stop_requested() ? std::nullopt : nom;
+                });
+    if (choisie && *choisie) return *choisie;
+    fait_.Dire(TexteArret());
   } catch (const Erreur &erreur) {
-    MontrerEchec(TexteEchec(false, true), erreur.Texte());
-    return std::nullopt;
+    fait_.Dire(TexteEchec(false, true));
+    session_.plateforme.boites.Attention(erreur.Texte());
   }
+  return std::nullopt;
 }
 
-std::optional<FinImpression> Tirage::Envoyer(const QString &appareil,
-                                             const std::vector<Pli> &plis) {
-  FinImpression fin;
-  try {
-    const auto faite =
-        Travail(fait_.window(), u"Impression"_s)
-            .Executer([&, plomex = session_.reglages.plomex](const Avance &avance) {
-              return ImprimerPlis(session_.plateforme.imprimante, appareil, plomex, plis, avance);
-            });
-    if (!faite) {
-      MontrerEchec(TexteArret(), {});
-      return std::nullopt;
-    }
-    fin = *faite;
-  } catch (const Erreur &erreur) {
-    fin = {.raison = erreur.Texte()};
-  }
-  if (fin.issue == FinImpression::Issue::Echouee) {
-    MontrerEchec(TexteEchec(appareil == Imprimante::NomPdf(), plis.size() == 1), fin.raison);
-    return std::nullopt;
-  }
+Travail Tirage::Devant() const {
+  return Travail(fait_.window(), u"Impression"_s);
+}
+
+FinEnvoi Tirage::Envoyer(const QString &appareil, const QString &titre,
+                         const std::vector<Pli> &plis, const Travail &travail) {
+  const auto remise = std::make_shared<std::atomic<bool>>(false);  // the printer has the document
+  const auto fin = travail.ExecuterOuLaisser(
+      session_.plateforme.abandons,
+      [&imprimante = session_.plateforme.imprimante, plomex = session_.reglages.plomex, appareil,
+       titre, plis, remise](const Avance &avance, const std::stop_token &arret) {
+        const auto suivre = [&](qsizetype fait, qsizetype total) {
+          const bool continuer = avance(fait, total);
+          *remise = continuer && fait == total;
+          return continuer;
+        };
+        return Remettre(imprimante, appareil, plomex, plis, {titre, suivre, arret});
+      });
+  if (!fin) return {*remise ? FinEnvoi::Issue::Abandonnee : FinEnvoi::Issue::Arretee};
+  if (!fin->EstFaite()) return *fin;
   courante_ = appareil;
   if (session_.reglages.rtcolor.AnnulerCommentaire) {
     zones_.OublierCommentaire();
     commentaire_.MajEtiquette();
   }
-  return fin;
+  return *fin;
 }
 
 void Tirage::Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse) {
@@ -133,9 +153,4 @@ void Tirage::Dire(const FinImpression &fin, qsizetype nombre, const QStringList 
 
 void Tirage::Oublier() {
   fait_.Effacer();
-}
-
-void Tirage::MontrerEchec(const QString &constat, const QString &raison) {
-  fait_.Dire(constat);
-  if (!raison.isEmpty()) session_.plateforme.boites.Attention(raison);
 }

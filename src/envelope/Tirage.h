@@ -1,7 +1,9 @@
 #pragma once
 
+#include "envelope/Envoi.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
+#include "ui/Travail.h"
 
 #include <QString>
 #include <QStringList>
@@ -34,19 +36,23 @@ class Tirage {
   /// What the zones hold, as an envelope to be printed.
   Pli Contenu() const { return {zones_.Etat(), zones_.Contenu()}; }
 
-  /// Prints them on this printer, as one document. Nothing where it failed, which is told. A
-  /// comment that is meant for one printing alone goes with it.
-  std::optional<FinImpression> Envoyer(const QString &appareil, const std::vector<Pli> &plis);
+  /// Prints them on this printer, as one document, which bears the title of their run where they
+  /// are several. A comment that is meant for one printing alone goes with it.
+  FinEnvoi Envoyer(const QString &appareil, const QString &titre, const std::vector<Pli> &plis,
+                   const Travail &travail);
+  /// A work before which the progress stands.
+  Travail Devant() const;
 
   /// Tells how many envelopes went where, none perhaps, and who was meant and has no address.
   void Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse);
+
+  /// Tells that nothing was printed, of one envelope or of several, and why.
+  void MontrerEchec(const FinEnvoi &fin, const QString &appareil, bool une);
 
   /// What was told of the last printing is told no longer.
   void Oublier();
 
  private:
-  void MontrerEchec(const QString &constat, const QString &raison);
-
   Session &session_;
   ZonesEnveloppe &zones_;
   CommandesCommentaire &commentaire_;

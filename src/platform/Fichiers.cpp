@@ -8,6 +8,7 @@
 #include <QFileInfo>
 #include <QRandomGenerator>
 #include <QScopeGuard>
+#include <QTextBoundaryFinder>
 
 #include <cerrno>
 #include <filesystem>
@@ -127,6 +128,25 @@ std::optional<QByteArray> LireSiPossible(const QString &chemin) {
   } catch (const ErreurFichier &) {
     return std::nullopt;
   }
+}
+
+QString DebutNomFichier(const QString &texte) {
+  constexpr QLatin1StringView kRefuses(R"(/\:*?"<>|)");
+  constexpr qsizetype kOctets = 180;  // of the 255 that a name can have
+  QString nom = texte;
+  for (QChar &signe : nom)
+    if (kRefuses.contains(signe) || signe.category() == QChar::Other_Control ||
+        signe.category() == QChar::Other_Format)
+      signe = u' ';
+  nom = nom.simplified();
+  while (nom.startsWith(u'.') || nom.startsWith(u' ')) nom.remove(0, 1);  // it would be hidden
+  QTextBoundaryFinder signes(QTextBoundaryFinder::Grapheme, nom);
+  qsizetype fin = 0;
+  for (qsizetype place = 0; place >= 0 && QStringView(nom).left(place).toUtf8().size() <= kOctets;
+       place = signes.toNextBoundary())
+    fin = place;
+  nom.truncate(fin);
+  return nom.trimmed();
 }
 
 QString PrefixeProvisoire() {

@@ -38,6 +38,11 @@ bool CreerFichier(const QString &chemin, const QByteArray &contenu);
 /// How the names begin that files bear until they are whole: what a kill leaves of them.
 QString PrefixeProvisoire();
 
+/// What of a text can begin the name of a file, on the disks of other systems too: one line without
+/// the signs that they refuse, cut to what leaves room for a date and an ending. Empty where
+/// nothing is left.
+QString DebutNomFichier(const QString &texte);
+
 /// Deletes, moves, also to another disk. They throw `ErreurFichier`; a move never replaces a file.
 void EffacerFichier(const QString &chemin);
 void RenommerFichier(const QString &ancien, const QString &nouveau);

@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <stop_token>
 
 /// A font as the user chooses it; the size in points.
 struct Police {
@@ -69,11 +70,12 @@ class Document : public Feuille {
 
 /// What a document is like.
 struct DescriptionDocument {
-  QString nom{};  ///< begins the name of its file
+  QString nom{};  ///< its title; begins the name of its file, with what such a name can hold
   Orientation orientation = Orientation::Portrait;
   /// Left around its pages in a file, whose sheets have no margins of their own.
   Millimetres margeFichier{};
   bool recto = false;  ///< each page on a sheet of its own, whatever the printer does by itself
+  std::stop_token arret{};  ///< the document is given up: no waiting for the system goes on
 };
 
 class Imprimante {

@@ -1,6 +1,7 @@
 #pragma once
 // What the system gives to one run of the program.
 
+#include "platform/Abandons.h"
 #include "platform/Boites.h"
 #include "platform/Classeur.h"
 #include "platform/Coquille.h"
@@ -25,4 +26,5 @@ struct Plateforme {
   QString utilisateur;  ///< log-on name; records bear it, so it is never empty
   QLocale langue;       ///< names of days
   QString cache;        ///< folder of this user for what can be made again
+  Abandons abandons{};  ///< where one goes on, nothing of all this may go
 };

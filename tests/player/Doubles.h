@@ -19,8 +19,12 @@
 #include <QtWidgets>
 
 #include <algorithm>
+#include <atomic>
+#include <condition_variable>
 #include <deque>
 #include <memory>
+#include <mutex>
+#include <stop_token>
 
 struct BoiteVue {
   QString genre, titre, texte, defaut;
@@ -332,12 +336,38 @@ class PolicesScenario : public Polices {
   }
 };
 
+/// Where the system keeps whoever asks it waiting, in his thread, until it is let go.
+class Gel {
+ public:
+  void Poser(bool pose) {
+    std::unique_lock tenu(verrou_);
+    pose_ = pose;
+    change_.notify_all();
+    change_.wait(tenu, [this] { return pose_ || attendent_ == 0; });
+  }
+  void Passer() {
+    std::unique_lock tenu(verrou_);
+    ++attendent_;
+    change_.wait(tenu, [this] { return !pose_; });
+    --attendent_;
+    change_.notify_all();
+  }
+  bool EstPose() const { return pose_; }
+
+ private:
+  std::mutex verrou_;
+  std::condition_variable change_;
+  std::atomic<bool> pose_ = false;
+  int attendent_ = 0;
+};
+
 /// Writes down the pages of the documents that are ended; text is measured as on the screen.
 class ImprimanteScenario : public Imprimante {
  public:
   ImprimanteScenario(Journal &journal, const Monde &monde) : journal_(journal), monde_(monde) {}
 
   QStringList Noms() override {
+    if (serveurFige) gel.Passer();
     if (!repond) throw Erreur(u"Le serveur d'impression ne répond pas."_s);
     return connus_ = systeme + QStringList{NomPdf()};
   }
@@ -362,6 +392,8 @@ class ImprimanteScenario : public Imprimante {
   QStringList systeme{u"HP Test"_s};  ///< the first is the default one
   QStringList muettes;                ///< those that are there and print nothing
   bool repond = true;                 ///< whether the print server answers
+  bool serveurFige = false;  ///< under `gel`, whatever it is asked; else it takes its documents
+  Gel gel;                   ///< of those that never answer
 
  private:
   class DocumentScenario : public Document {
@@ -370,6 +402,7 @@ class ImprimanteScenario : public Imprimante {
                      const DescriptionDocument &description)
         : imprimante_(imprimante),
           nom_(description.nom),
+          arret_(description.arret),
           pages_{PageImprimee{appareil, description.orientation, {}}} {}
 
     Millimetres LargeurPage() const override { return Millimetres(EstDebout() ? 210 : 297); }
@@ -382,12 +415,14 @@ class ImprimanteScenario : public Imprimante {
     }
     FinImpression Terminer() override {
       const QString appareil = pages_.first().imprimante;
+      if (appareil != NomPdf()) imprimante_.gel.Passer();
+      if (arret_.stop_requested()) return {};
       if (imprimante_.muettes.contains(appareil))
         return {.raison = appareil == NomPdf() ? u"Le disque est plein."_s : QString()};
       imprimante_.journal_.pages.append(pages_);
       if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
       return {FinImpression::Issue::Enregistree,
-              imprimante_.monde_.Home() + u"/Documents/"_s + nom_ + u".pdf"_s};
+              imprimante_.monde_.Home() + u"/Documents/"_s + DebutNomFichier(nom_) + u".pdf"_s};
     }
     Millimetres Largeur(const QString &texte, const Police &police) const override {
       return mesure_.Largeur(texte, police);
@@ -401,6 +436,7 @@ class ImprimanteScenario : public Imprimante {
 
     ImprimanteScenario &imprimante_;
     QString nom_;
+    std::stop_token arret_;
     QList<PageImprimee> pages_;
     MesurePolices mesure_;
   };

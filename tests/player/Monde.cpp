@@ -228,6 +228,11 @@ Verbe Tenir(const QString &nom, const QString &comment) {
           }};
 }
 
+void Figer(Scene &scene, bool serveur) {
+  scene.imprimante.serveurFige = serveur;
+  scene.imprimante.gel.Poser(true);
+}
+
 }  // namespace
 
 Monde::Monde(const QString &dossier) {
@@ -304,6 +309,9 @@ QList<Verbe> VerbesDuMonde() {
        [](S &s, const M &m) { s.imprimante.muettes = Textes(m, 0); }},
       {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = false; }},
       {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = true; }},
+      {u"monde serveur-fige"_s, 0, 0, [](S &s, const M &) { Figer(s, true); }},
+      {u"monde imprimante-figee"_s, 0, 0, [](S &s, const M &) { Figer(s, false); }},
+      {u"monde imprimante-degelee"_s, 0, 0, [](S &s, const M &) { s.imprimante.gel.Poser(false); }},
       {u"monde sans-programme"_s, 0, 1,
        [](S &s, const M &m) {
          if (const Monde &monde = AuRepos(s); m.isEmpty())

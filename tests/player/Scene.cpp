@@ -8,6 +8,7 @@
 #include <QtWidgets>
 
 #include <cstdio>
+#include <thread>
 
 using namespace std::chrono_literals;
 
@@ -41,6 +42,8 @@ Scene::Scene(Application &application, QString f, Options o)
 
 Scene::~Scene() {
   programme_.reset();
+  imprimante.gel.Poser(false);
+  while (abandons_.EnCours() > 0) std::this_thread::sleep_for(1ms);
   application_.SignalerPar(nullptr);
 }
 
@@ -62,7 +65,7 @@ void Scene::Demarrer() {
   }
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
-                                 monde.Home() + u"/Cache"_s});
+                                 monde.Home() + u"/Cache"_s, abandons_});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   programmeTermine_ = false;
   QObject::connect(programme_.get(), &Programme::Termine, &ecran,
@@ -153,17 +156,22 @@ Scene::Prenantes Scene::PrenantesOuvertes() {
   return ouvertes;
 }
 
+bool Scene::Passe(const QWidget &fenetre) const {
+  const bool tirage = fenetre.objectName() == u"FrmEnCours"_s;
+  if (!tirage && fenetre.objectName() != u"FrmAvancement"_s) return false;
+  if (!imprimante.gel.EstPose()) return tirage || !autreEcrivain;
+  const auto *abandon =
+      fenetre.findChild<QAbstractButton *>(tirage ? u"CmdAbandonner"_s : u"CmdArreter"_s);
+  return abandon != nullptr && !abandon->isEnabled();
+}
+
 bool Scene::PeutAvancer() const {
   // A command that has not returned waits in a dialog or a menu that it opened itself, or for
   // something to happen; or it only lets events through: then nothing may come between.
   if (pile_.empty() || horloge.Attentes() > pile_.back().attentes) return true;
-  // A run's window ends by itself, and that of a long work, which shows on a slow computer only.
-  QStringList quiPassent{u"FrmEnCours"_s};
-  if (!autreEcrivain) quiPassent.append(u"FrmAvancement"_s);
   for (const QWidget *prenante :
        {QApplication::activeModalWidget(), QApplication::activePopupWidget()})
-    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) &&
-        !quiPassent.contains(prenante->objectName()))
+    if (prenante != nullptr && !pile_.back().ouvertes.contains(prenante) && !Passe(*prenante))
       return true;
   return false;
 }

@@ -85,6 +85,9 @@ class Scene {
 
   void Planifier();
   void Pas();
+  /// The window of a run, or of a long work, which shows on a slow computer only: it ends by
+  /// itself, unless the story keeps it waiting and has not given it up yet.
+  bool Passe(const QWidget &fenetre) const;
   bool PeutAvancer() const;
   void ExecuterSuivante();
   /// Throws `Echec` when the program has asked for what the scenario does not answer.
@@ -97,6 +100,7 @@ class Scene {
   void Liberer();
 
   Application &application_;
+  Abandons abandons_;
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;
   bool programmeTermine_ = false;

@@ -3,7 +3,7 @@
 
 #include "Reel.h"
 #include "commun/HorlogeFixe.h"
-#include "envelope/MiseEnPage.h"
+#include "envelope/Envoi.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
 #include <QRectF>
@@ -11,6 +11,7 @@
 #include <QTcpServer>
 
 #include <future>
+#include <stop_token>
 
 namespace {
 
@@ -124,7 +125,7 @@ TEST_F(Impression, Fichiers) {
   }
   EXPECT_EQ(QDir(Chemin(u"courrier"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
 
-  const QString nom = Chemin(u"courrier/Enveloppe 2026-06-05 09h08m07 n%1.pdf"_s);
+  const QString nom = Chemin(u"courrier/Enveloppe Établissements 2026-06-05 09h08m07 n%1.pdf"_s);
   const QString pris = nom.arg(2);
   RemplacerFichier(pris, "un autre");
   EXPECT_EQ(Pdf(), nom.arg(1));
@@ -272,7 +273,14 @@ TEST_F(ServeurMuet, EstDitSansRetenir) {
     quittee.Demander(qApp, [](bool) { ADD_FAILURE() << "nobody waits any more"; });
     EXPECT_TRUE(serveur.waitForNewConnection(-1));
   }
-  // Had either been waited for, the first answer would come with the first events.
+  std::stop_source abandon;
+  auto abandonne = std::async(std::launch::async, [&] {
+    return Remettre(imprimante_, u"HP"_s, plomex_, {{}}, {.arret = abandon.get_token()});
+  });
+  EXPECT_TRUE(serveur.waitForNewConnection(-1));
+  abandon.request_stop();
+  EXPECT_EQ(abandonne.get().issue, FinEnvoi::Issue::Arretee);
+  // Had one of them been waited for, the first answer would come with the first events.
   for (int i = 0; i < 50; ++i) QCoreApplication::processEvents();
   EXPECT_EQ(reponse, std::nullopt);
   EXPECT_EQ(imprimante_.NomsConnus(), QStringList(pdf_));

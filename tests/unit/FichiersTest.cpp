@@ -33,6 +33,16 @@ TEST_F(Fichiers, ToutOuRien) {
     }
 }
 
+// What begins the name of a file: no sign that a disk refuses, not hidden, whole signs in 180
+// bytes.
+TEST_F(Fichiers, DebutsDeNoms) {
+  Cas(R"(M. Denis Albert | M. Denis Albert || ·A/B\C:D*E?F"G<H>I↵J· | A B C D E F G H I J
+         ..secret·. | secret . || ↵/↵ | )",
+      [](Rangee c) { return DebutNomFichier(c[0]); });
+  EXPECT_EQ(DebutNomFichier(u"é"_s.repeated(400)), u"é"_s.repeated(90));
+  EXPECT_EQ(DebutNomFichier(u'x' + u"e\u0301"_s.repeated(90)), u'x' + u"e\u0301"_s.repeated(59));
+}
+
 TEST_F(Fichiers, Reglages) {
   Poser(u"Plomex.ini"_s,
         "[Defaut]\r\nOrientation=2\r\nTailleA=11\r\nGrasA=4\r\nMargeMAX=-16\r\nMargeMEX= -5 \r\n"

@@ -128,7 +128,8 @@ class DocumentPdf : public DocumentPeint {
   FinImpression Terminer() override {
     const auto contenu = Dessiner();
     if (!contenu) return {Issue::Echouee};
-    const QString debut = nom_ + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
+    const QString debut =
+        DebutNomFichier(nom_) + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
     return EcrirePdf(dossier_, debut, *contenu);
   }
 
@@ -153,6 +154,7 @@ class DocumentSysteme : public DocumentPeint {
         nom_(description.nom),
         orientation_(description.orientation),
         recto_(description.recto),
+        arret_(description.arret),
         marges_(marges) {}
 
   Millimetres LargeurPage() const override {
@@ -166,7 +168,7 @@ class DocumentSysteme : public DocumentPeint {
     const auto contenu = Dessiner();
     if (!contenu) return {Issue::Echouee};
     try {
-      ServeurImpression().Envoyer(appareil_, nom_, *contenu, recto_);
+      ServeurImpression(arret_).Envoyer(appareil_, nom_, *contenu, recto_);
     } catch (const Erreur &erreur) {
       return {.raison = erreur.Texte()};
     }
@@ -200,6 +202,7 @@ class DocumentSysteme : public DocumentPeint {
   QString nom_;
   Orientation orientation_;
   bool recto_;
+  std::stop_token arret_;
   QMarginsF marges_;
 };
 
@@ -236,7 +239,7 @@ std::unique_ptr<Document> ImprimanteSysteme::Ouvrir(const QString &appareil,
                                                     const DescriptionDocument &description) {
   if (appareil == NomPdf())
     return std::make_unique<DocumentPdf>(description, horloge_, dossierPdf_);
-  const auto marges = ServeurImpression().MargesA4(appareil);
+  const auto marges = ServeurImpression(description.arret).MargesA4(appareil);
   if (!marges)
     throw Erreur(PhraseEchec(u"L'imprimante « %1 » n'a rien imprimé"_s.arg(appareil),
                              {u"le système ne l'a plus"_s, u"Choisissez-en une autre."_s}, {}, {}));

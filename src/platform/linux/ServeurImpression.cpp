@@ -204,9 +204,20 @@ void ServeurImpression::Envoyer(const QString &file, const QString &titre, const
     Ecrire(destination, travail, pdf);
     Suivre(destination, travail);
   } catch (...) {
-    if (!SansReponse()) cupsCancelDestJob(liaison_.get(), destination.File(), travail);
+    // This talk takes part in nothing any more where it has been given up.
+    if (arret_.stop_requested())
+      Ignorer([&] { ServeurImpression().Retirer(file, travail); });
+    else if (!SansReponse())
+      cupsCancelDestJob(liaison_.get(), destination.File(), travail);
     throw;
   }
+}
+
+void ServeurImpression::Retirer(const QString &file, int travail) {
+  if (liaison_ == nullptr) return;
+  Patienter();
+  const Destination destination(liaison_.get(), file);
+  if (destination.EstLa()) cupsCancelDestJob(liaison_.get(), destination.File(), travail);
 }
 
 void ServeurImpression::Ecrire(const Destination &destination, int travail, const QByteArray &pdf) {

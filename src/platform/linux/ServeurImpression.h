@@ -39,8 +39,8 @@ class ServeurImpression {
 
   /// Hands a document over. Throws `Erreur` also where the queue is gone, out of service or refuses
   /// it, or where the job has failed within its first moments; nothing of it stays in the queue
-  /// then. What becomes of it later is not known. `recto` prints one side of each sheet, whatever
-  /// the user has chosen for this printer.
+  /// then, nor where `arret` ends it. What becomes of it later is not known. `recto` prints one
+  /// side of each sheet, whatever the user has chosen for this printer.
   void Envoyer(const QString &file, const QString &titre, const QByteArray &pdf, bool recto);
 
  private:
@@ -51,6 +51,7 @@ class ServeurImpression {
   void ExigerReponse() const;
   void Ecrire(const Destination &destination, int travail, const QByteArray &pdf);
   void Suivre(const Destination &destination, int travail);
+  void Retirer(const QString &file, int travail);
 
   std::stop_token arret_;
   std::chrono::steady_clock::time_point fin_;

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "envelope/MiseEnPage.h"
+
+/// What has become of envelopes that were to be printed.
+struct FinEnvoi {
+  enum class Issue {
+    Faite,       ///< printed, or written to a file
+    Refusee,     ///< nothing of them was printed
+    Arretee,     ///< given up before the printer had anything
+    Abandonnee,  ///< given up while the printer kept silent: what it has may still be printed
+  };
+
+  Issue issue = Issue::Arretee;
+  FinImpression impression = {};  ///< what the printer tells where it is `Faite` or `Refusee`
+
+  bool EstFaite() const { return issue == Issue::Faite; }
+};
+
+/// Hands a document of these envelopes to a printer. Never throws an `Erreur`; any thread may run
+/// it.
+FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
+                  const std::vector<Pli> &plis, const Conduite &conduite);
