@@ -6,6 +6,7 @@
 #include "directory/FrmCalendrier.h"
 #include "directory/FrmLoupe.h"
 #include "directory/Liste.h"
+#include "directory/MenuFiche.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
@@ -19,14 +20,10 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QScopeGuard>
 #include <QShortcut>
 #include <QThread>
-
-#include <algorithm>
-#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -229,56 +226,14 @@ void FrmVelmira::BrancherFiche() {
   brancher(ui_->mnuExcel, &FrmVelmira::ClasseurDemande);
   brancher(ui_->mnuQuitter, &FrmVelmira::close);
 
-  ArbreVelmiras &arbre = ui_->Liste->Arbre();
-  arbre.addAction(ui_->mnuSupprimer);  // its key is the list's
-  arbre.installEventFilter(this);
-  for (QWidget *champ : findChildren<QWidget *>())
-    if (champ->inherits("QLineEdit") || champ->inherits("QPlainTextEdit"))
-      champ->installEventFilter(this);
-
-  connect(arbre.selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &FrmVelmira::MajMenuFiche);
-  const QAbstractItemModel *modele = arbre.model();
-  for (const auto change : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
-    connect(modele, change, this, &FrmVelmira::MajMenuFiche);
-  connect(modele, &QAbstractItemModel::modelReset, this, &FrmVelmira::MajMenuFiche);
   ui_->mnuFiche->insertAction(ui_->mnuFavori, ui_->Fiche->ActionCopierAdresse());
-  MajMenuFiche();
-}
-
-void FrmVelmira::MajMenuFiche() {
-  ArbreVelmiras &arbre = ui_->Liste->Arbre();
-  const bool fiche = Index(arbre.Selection()) != 0;
-  for (QAction *action : {ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuFavori})
-    action->setEnabled(fiche);
-  const bool liste = arbre.Modele().NombreEnfants() > 0;
-  for (QAction *action : {ui_->mnuEnvCat, ui_->mnuImpListe, ui_->mnuExcel})
-    action->setEnabled(liste);
-}
-
-bool FrmVelmira::EstDuMenu(const QKeyEvent &touche) const {
-  return std::ranges::any_of(ui_->mnuFiche->actions(), [&](const QAction *action) {
-    return action->shortcutContext() == Qt::WindowShortcut &&
-           action->shortcut() == QKeySequence(touche.keyCombination());
-  });
-}
-
-bool FrmVelmira::eventFilter(QObject *objet, QEvent *evenement) {
-  const bool annonce = evenement->type() == QEvent::ShortcutOverride;
-  if (!annonce && evenement->type() != QEvent::KeyPress)
-    return QMainWindow::eventFilter(objet, evenement);
-  const auto &touche = *static_cast<const QKeyEvent *>(evenement);
-  if (objet == &ui_->Liste->Arbre()) {
-    // An Enter that has closed the open list of a combo comes here too, but is not announced here.
-    const bool entree = touche.key() == Qt::Key_Return || touche.key() == Qt::Key_Enter;
-    const bool annoncee = std::exchange(entreeAnnoncee_, annonce && entree);
-    if (!annonce && entree && annoncee && !touche.isAutoRepeat())
-      Signaler(session_.plateforme.boites, [this] { Modifier(); });
-  } else if (annonce && EstDuMenu(touche)) {
-    evenement->ignore();  // some are those of a text field as well
-    return true;
-  }
-  return QMainWindow::eventFilter(objet, evenement);
+  const auto *menu = new MenuFiche(
+      {.menu = *ui_->mnuFiche,
+       .mnuSupprimer = ui_->mnuSupprimer,
+       .deFiche = {ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuFavori},
+       .deListe = {ui_->mnuEnvCat, ui_->mnuImpListe, ui_->mnuExcel}},
+      ui_->Liste->Arbre(), *this);
+  brancher(menu, &MenuFiche::ModificationDemandee, &FrmVelmira::Modifier);
 }
 
 void FrmVelmira::Habiller(const Aspect &aspect) {
@@ -378,8 +333,7 @@ void FrmVelmira::SuivreDonnees() {
   Ignorer([this] {
     Base &base = session_.base;
     const Attente attente(base, 0ms);
-    const std::tuple suivi(session_.plateforme.horloge.Maintenant().date(), base.Changements(),
-                           base.Ecritures());
+    const std::pair suivi(session_.plateforme.horloge.Maintenant().date(), base.LEtat());
     InviterSelonDonnees();
     if (suivi_ == suivi) return;
     suivi_ = suivi;

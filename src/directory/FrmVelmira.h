@@ -10,7 +10,7 @@
 #include <QMainWindow>
 
 #include <memory>
-#include <tuple>
+#include <utility>
 
 class Apparence;
 class CommandesAppel;
@@ -81,7 +81,6 @@ class FrmVelmira : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent *evenement) override;
   bool event(QEvent *evenement) override;
-  bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
   void FaireCommandes();
@@ -89,10 +88,6 @@ class FrmVelmira : public QMainWindow {
   void Brancher();
   void BrancherRecherche();
   void BrancherFiche();
-  /// The items that need a record, or a list, are there where there is one.
-  void MajMenuFiche();
-  /// Whether it is the key of an item of the menu of records, wherever the focus is.
-  bool EstDuMenu(const QKeyEvent &touche) const;
   void Habiller(const Aspect &aspect);
   void ChargerJour();
   void VenirDevant();
@@ -142,9 +137,8 @@ class FrmVelmira : public QMainWindow {
   bool RetourDeModule = false;  ///< another window has taken over: the record is to be shown anew
   QString depart_;              ///< why the record on display has gone, until another one is chosen
   bool premierPassage_ = true;
-  bool entreeAnnoncee_ = false;  ///< Enter is pressed in the list, and comes next
-  const int niveau_;             ///< of the event loop that no command runs in
-  qint64 changements_ = 0;       ///< of the database when it was shown last
-  /// The day and what had been written when the directory was last looked through.
-  std::tuple<QDate, qint64, qint64> suivi_;
+  const int niveau_;        ///< of the event loop that no command runs in
+  qint64 changements_ = 0;  ///< of the database when it was shown last
+  /// When the directory was last looked through, and as it was then.
+  std::pair<QDate, Base::Etat> suivi_;
 };

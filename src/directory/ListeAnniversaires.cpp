@@ -1,8 +1,6 @@
 #include "directory/ListeAnniversaires.h"
 
 #include "directory/Age.h"
-#include "directory/Liste.h"
-#include "directory/Protection.h"
 #include "platform/Erreurs.h"
 #include "storage/Tables.h"
 
@@ -13,14 +11,6 @@
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
-
-namespace {
-
-constexpr int kJours = 30;
-constexpr int kALaFois = 500;         // records; a few milliseconds
-constexpr std::size_t kLignes = 200;  // more are not looked through
-
-}  // namespace
 
 ListeAnniversaires::ListeAnniversaires(QWidget *parent) : QListWidget(parent) {
   setFrameShape(NoFrame);
@@ -36,53 +26,65 @@ ListeAnniversaires::ListeAnniversaires(QWidget *parent) : QListWidget(parent) {
   hide();
 }
 
+void ListeAnniversaires::Relier(Session &session) {
+  session_ = &session;
+  suivi_.emplace(session.base);
+}
+
 void ListeAnniversaires::Lire() {
-  lus_.clear();
-  dernier_ = 0;
-  LireLaSuite(++tour_);
+  encore_ = lecture_.EnCours();
+  if (!encore_) Essayer([this] { Actualiser(); });
 }
 
-void ListeAnniversaires::LireLaSuite(int tour) {
-  if (tour != tour_) return;
-  Horloge &horloge = session_->plateforme.horloge;
-  const auto suivre = [this, tour] { LireLaSuite(tour); };
-  try {
-    const QList<Naissance> naissances = Suivantes();
-    Retenir(naissances);
-    if (naissances.size() < kALaFois) return Montrer();
-    dernier_ = naissances.constLast().Index;
-    horloge.Apres(0ms, this, suivre);  // behind what the user does meanwhile
-  } catch (const Erreur &) {
-    horloge.Apres(3s, this, suivre);
-  }
-}
-
-QList<Naissance> ListeAnniversaires::Suivantes() const {
-  if (!session_->base.Ouverte()) return {};
-  const Attente attente(session_->base, 0ms);
-  return TableAdresse(session_->base).Naissances(dernier_, kALaFois);
-}
-
-void ListeAnniversaires::Retenir(const QList<Naissance> &naissances) {
+void ListeAnniversaires::Actualiser() {
+  Base &base = session_->base;
+  if (!base.Ouverte()) return Montrer({});
+  const Attente attente(base, 0ms);
   const QDate jour = session_->plateforme.horloge.Maintenant().date();
-  for (const Naissance &naissance : naissances) {
-    const auto anniversaire = ProchainAnniversaire(naissance.DDN, jour);
-    if (anniversaire && anniversaire->dans <= kJours &&
-        EstVisible(naissance.DataProt, session_->plateforme.utilisateur))
-      lus_.push_back({naissance.Index, NomListe(naissance.NomVelmira), *anniversaire});
+  const bool suivies = lues_ == jour && proches_.size() < kLimiteProches;
+  const auto changees = suivies ? suivi_->Touchees() : std::nullopt;
+  if (!changees) return LireTout(jour);
+  Montrer(AnniversairesProches(base, jour, session_->plateforme.utilisateur, proches_, *changees));
+}
+
+void ListeAnniversaires::LireTout(QDate jour) {
+  Base &base = session_->base;
+  const auto lire = [jour, utilisateur = session_->plateforme.utilisateur](
+                        Base &ou, const std::stop_token &) {
+    return AnniversairesProches(ou, jour, utilisateur);
+  };
+  suivi_->Commencer();
+  lues_ = jour;
+  if (TableAdresse(base).EstGrande())
+    lecture_.Lancer(this, base, lire, [this] { Recevoir(); });
+  else
+    Montrer(lire(base, {}));
+}
+
+void ListeAnniversaires::Recevoir() {
+  Essayer([this] {
+    Montrer(lecture_.Prendre());
+    if (encore_) Lire();
+  });
+}
+
+void ListeAnniversaires::Essayer(const std::function<void()> &etape) {
+  try {
+    etape();
+  } catch (const Erreur &) {
+    lues_ = {};
+    session_->plateforme.horloge.Apres(3s, this, [this] { Lire(); });
   }
 }
 
-void ListeAnniversaires::Montrer() {
-  std::ranges::stable_sort(lus_, {}, [](const Prochain &p) { return p.anniversaire.dans; });
-  if (lus_.size() > kLignes) lus_.resize(kLignes);
+void ListeAnniversaires::Montrer(const Proches &proches) {
+  proches_ = proches;
   const bool age = NaissanceMontree(session_->reglages.rtcolor.AffichageNaissance);
   clear();
-  for (const Prochain &prochain : lus_) {
+  for (const AnniversaireProche &proche : proches_) {
     auto *ligne = new QListWidgetItem(
-        LigneAnniversaire(prochain.anniversaire, prochain.nom, age, session_->plateforme.langue),
-        this);
-    ligne->setData(Qt::UserRole, prochain.index);
+        LigneAnniversaire(proche.anniversaire, proche.nom, age, session_->plateforme.langue), this);
+    ligne->setData(Qt::UserRole, proche.index);
     ligne->setToolTip(ligne->text());
   }
   setVisible(count() > 0);

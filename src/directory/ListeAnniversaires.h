@@ -1,16 +1,18 @@
 #pragma once
 
-#include "calendar/Anniversaires.h"
+#include "directory/AnniversairesProches.h"
 #include "session/Session.h"
-#include "storage/Tables.h"
+#include "storage/SuiviNaissances.h"
+#include "ui/LectureACote.h"
 
 #include <QListWidget>
 
-#include <vector>
+#include <functional>
+#include <optional>
 
 /// The birthdays of the next thirty days, the soonest first, of those whom the list may show;
-/// hidden while there are none. A click or Enter on one opens its record. However many records
-/// there are, the windows wait for a small part of the reading only.
+/// hidden while there are none. A click or Enter on one opens its record. Many records are looked
+/// through beside the windows.
 class ListeAnniversaires : public QListWidget {
   Q_OBJECT
 
@@ -18,10 +20,10 @@ class ListeAnniversaires : public QListWidget {
   explicit ListeAnniversaires(QWidget *parent = nullptr);
 
   /// Before anything else.
-  void Relier(Session &session) { session_ = &session; }
+  void Relier(Session &session);
 
-  /// Reads the birth dates anew; what is on display stays until all are read. What cannot be read
-  /// is tried again some seconds later.
+  /// Shows what has become of them; what is on display stays until that is read. What cannot be
+  /// read is tried again some seconds later.
   void Lire();
 
   QSize sizeHint() const override;
@@ -36,20 +38,19 @@ class ListeAnniversaires : public QListWidget {
   void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
-  struct Prochain {
-    Cle index;
-    QString nom;
-    Anniversaire anniversaire;
-  };
-
-  void LireLaSuite(int tour);
-  QList<Naissance> Suivantes() const;
-  void Retenir(const QList<Naissance> &naissances);
-  void Montrer();
+  /// Reads what has changed, or everything where that is not known.
+  void Actualiser();
+  void LireTout(QDate jour);
+  void Recevoir();
+  void Montrer(const Proches &proches);
+  /// Runs a step of the reading.
+  void Essayer(const std::function<void()> &etape);
   QSize Taille(int lignes) const;
 
   Session *session_ = nullptr;
-  std::vector<Prochain> lus_;
-  Cle dernier_ = 0;  ///< up to which it has been read
-  int tour_ = 0;     ///< of the reading; another one gives up the one before
+  std::optional<SuiviNaissances> suivi_;
+  Proches proches_;
+  QDate lues_;           ///< the day for which they have been read, or are being read
+  bool encore_ = false;  ///< more has changed meanwhile
+  LectureACote<Proches> lecture_;
 };

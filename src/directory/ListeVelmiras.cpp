@@ -182,7 +182,7 @@ std::optional<std::vector<NoeudListe>> ListeVelmiras::Lister(const FiltreListe &
                                                              const QString &cherche) const {
   if (!session_->base.Ouverte()) return std::nullopt;
   if (!cherche.isEmpty()) return ListerTrouves(filtre, cherche);
-  if (entiere_ && entiere_->filtre == filtre && entiere_->ecritures == session_->base.Ecritures())
+  if (entiere_ && entiere_->filtre == filtre && entiere_->etat == session_->base.LEtat())
     return entiere_->noeuds;
   const TableAdresse table(session_->base);
   auto noeuds = ListerVelmiras(table, filtre);
@@ -204,7 +204,7 @@ bool ListeVelmiras::Charger(const FiltreListe &filtre, const QString &cherche) {
   if (cherche.isEmpty())
     entiere_.reset();
   else if (!EstResultat() && filtre == filtre_)
-    entiere_ = {filtre, modele.Noeuds(), session_->base.Ecritures()};
+    entiere_ = {filtre, modele.Noeuds(), session_->base.LEtat()};
   filtre_ = filtre;
   cherche_ = cherche;
   attendue_ = EstResultat() && recherche_->Derniere() == nullptr;

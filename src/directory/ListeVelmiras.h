@@ -164,11 +164,11 @@ class ListeVelmiras : public QWidget {
   };
   Depart depart_;
 
-  /// The whole list behind a result, while nothing has been written.
+  /// The whole list behind a result, while the database is as it was.
   struct Entiere {
     FiltreListe filtre;
     std::vector<NoeudListe> noeuds;
-    qint64 ecritures = 0;
+    Base::Etat etat;
   };
   std::optional<Entiere> entiere_;
 };

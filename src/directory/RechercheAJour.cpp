@@ -2,19 +2,10 @@
 
 #include "platform/Erreurs.h"
 
-#include <QScopeGuard>
-
-namespace {
-
-// Read within a frame.
-constexpr qsizetype kPeu = 1000;
-
-}  // namespace
-
 RechercheTotale *RechercheAJour::Courante() {
-  const Etat etat{base_.Changements(), base_.Ecritures()};
-  if (fond_ == nullptr && (lue_ == nullptr || etat != etat_)) {
-    if (TableAdresse(base_).Nombre() > kPeu)
+  const Base::Etat etat = base_.LEtat();
+  if (!suite_.EnCours() && (lue_ == nullptr || etat != etat_)) {
+    if (TableAdresse(base_).EstGrande())
       LireACote();
     else
       lue_ = std::make_unique<RechercheTotale>(base_, session_.plateforme.utilisateur);
@@ -24,24 +15,17 @@ RechercheTotale *RechercheAJour::Courante() {
 }
 
 void RechercheAJour::LireACote() {
-  fond_ = std::make_unique<TravailDeFond>(
-      [this, chemin = base_.Chemin(),
-       utilisateur = session_.plateforme.utilisateur](const std::stop_token &arret) {
-        const auto dire = qScopeGuard([this] {
-          QMetaObject::invokeMethod(this, &RechercheAJour::Recevoir, Qt::QueuedConnection);
-        });
-        Base base;
-        base.Ouvrir(chemin);
-        suite_ = std::make_unique<RechercheTotale>(base, utilisateur, arret);
-      });
+  suite_.Lancer(
+      this, base_,
+      [utilisateur = session_.plateforme.utilisateur](Base &base, const std::stop_token &arret) {
+        return std::make_unique<RechercheTotale>(base, utilisateur, arret);
+      },
+      [this] { Recevoir(); });
 }
 
 void RechercheAJour::Recevoir() {
-  const auto fond = std::exchange(fond_, nullptr);
-  if (!Signaler(session_.plateforme.boites, [&] { fond->Finir(); })) {
+  if (Signaler(session_.plateforme.boites, [this] { lue_ = suite_.Prendre(); }))
+    emit Prete();
+  else
     etat_ = {};
-    return;
-  }
-  lue_ = std::move(suite_);
-  emit Prete();
 }

@@ -2,12 +2,11 @@
 
 #include "directory/RechercheTotale.h"
 #include "session/Session.h"
-#include "ui/TravailDeFond.h"
+#include "ui/LectureACote.h"
 
 #include <QObject>
 
 #include <memory>
-#include <utility>
 
 /// The search over the table as it is, read when it is first asked for and again once the table has
 /// changed: at once where there are few records, beside the windows where there are many.
@@ -25,22 +24,19 @@ class RechercheAJour : public QObject {
   const RechercheTotale *Derniere() const { return lue_.get(); }
 
   /// Whether `Courante` gives the table as it is.
-  bool EstAJour() const { return fond_ == nullptr; }
+  bool EstAJour() const { return !suite_.EnCours(); }
 
  signals:
   /// What was read beside the windows is there.
   void Prete();
 
  private:
-  using Etat = std::pair<qint64, qint64>;  ///< of the database, by the writings of others and ours
-
   void LireACote();
   void Recevoir();
 
   const Session &session_;
   Base &base_;
   std::unique_ptr<RechercheTotale> lue_;
-  Etat etat_;                               ///< of what was read, or is being read
-  std::unique_ptr<RechercheTotale> suite_;  ///< the thread's until it has ended
-  std::unique_ptr<TravailDeFond> fond_;     ///< last: it uses the others
+  Base::Etat etat_;  ///< of what was read, or is being read
+  LectureACote<std::unique_ptr<RechercheTotale>> suite_;
 };

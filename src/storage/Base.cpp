@@ -89,10 +89,11 @@ qint64 Base::Changements() {
   return requete.Suivante() ? requete.Entier(0) : 0;
 }
 
-qint64 Base::Ecritures() {
-  if (!Ouverte()) return 0;
+Base::Etat Base::LEtat() {
+  if (!Ouverte()) return {};
+  const qint64 changements = Changements();
   Requete requete(*this, u"SELECT total_changes()"_s);
-  return requete.Suivante() ? requete.Entier(0) : 0;
+  return {changements, requete.Suivante() ? requete.Entier(0) : 0};
 }
 
 void Base::Attendre(std::chrono::milliseconds duree) {
@@ -155,7 +156,6 @@ Transaction::~Transaction() {
 
 void Transaction::Valider() {
   Requete(base_, u"COMMIT"_s).Executer();
-  ++base_.ecritures_;
   base_.transaction_ = false;
   ouverte_ = false;
 }

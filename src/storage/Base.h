@@ -70,11 +70,16 @@ class Base {
   /// A number that is another one once another connection has changed the file; 0 while none is
   /// open. Throws `ErreurBase`.
   qint64 Changements();
-  /// How many rows this connection itself has written. Throws `ErreurBase`.
-  qint64 Ecritures();
 
-  /// How many transactions of this connection have been written since it was made.
-  qint64 Ecritures() const { return ecritures_; }
+  /// What another value of tells that the file is not what it was.
+  struct Etat {
+    qint64 changements = 0;  ///< by others, see `Changements`
+    qint64 ecritures = 0;    ///< rows that this connection has written
+
+    friend bool operator==(const Etat &, const Etat &) = default;
+  };
+  /// Throws `ErreurBase`.
+  Etat LEtat();
 
  private:
   friend class Requete;
@@ -94,7 +99,6 @@ class Base {
   std::unordered_map<QString, std::unique_ptr<QSqlQuery>> prepares_;
   std::chrono::milliseconds attente_{};  ///< for a lock of another connection
   bool transaction_ = false;
-  qint64 ecritures_ = 0;
   std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
 };
 

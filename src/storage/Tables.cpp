@@ -120,11 +120,13 @@ void TableAdresse::Parcourir(const QString &condition,
   Visiter(requete, visiteur);
 }
 
-QList<Naissance> TableAdresse::Naissances(Cle apres, int nombre) const {
+QList<Naissance> TableAdresse::Naissances(const QStringList &jours) const {
   Requete requete(base_,
-                  u"SELECT [Index], NomVelmira, DDN, DataProt FROM Adresse WHERE [Index]>? "
-                  "ORDER BY [Index] LIMIT ?"_s);
-  requete.Lier(apres).Lier(nombre);
+                  u"SELECT [Index], NomVelmira, DDN, DataProt FROM Adresse WHERE DDN<>'' AND "
+                  "(substr(DDN, 1, 5) IN (%1) OR DDN NOT GLOB '[0-9][0-9]/[0-9][0-9]/*')"_s.arg(
+                      QStringList(jours.size(), u"?"_s).join(u',')) +
+                      OrdreDesCles(kAdresse));
+  for (const QString &jour : jours) requete.Lier(jour);
   QList<Naissance> naissances;
   while (requete.Suivante())
     naissances.append({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
@@ -137,8 +139,14 @@ qsizetype TableAdresse::Nombre() const {
   return requete.Entier(0);
 }
 
-bool TableAdresse::EstVide() const {
-  return !Requete(base_, u"SELECT 1 FROM Adresse LIMIT 1"_s).Suivante();
+bool TableAdresse::EstGrande() const {
+  constexpr int kDansUneImage = 1000;
+  return APlusDe(kDansUneImage);
+}
+
+bool TableAdresse::APlusDe(int nombre) const {
+  Requete requete(base_, u"SELECT 1 FROM Adresse LIMIT 1 OFFSET ?"_s);
+  return requete.Lier(nombre).Suivante();
 }
 
 QStringList TableAdresse::Categories() const {

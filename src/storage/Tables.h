@@ -17,7 +17,7 @@ struct EntreeListe {
   QString NomVelmira, Categories, DataProt;
 };
 
-/// When somebody was born.
+/// When somebody was born; the members are called as in `Correspondant`.
 struct Naissance {
   Cle Index = 0;
   QString NomVelmira, DDN, DataProt;
@@ -59,12 +59,14 @@ class TableAdresse {
   /// The same as `PourChaque`, only those with a first address line.
   void PourChaqueAdresse(const std::function<void(EntreeListe &&)> &visiteur) const;
 
-  /// The births of the next `nombre` records behind a key, in the order of the keys; those without
-  /// a date too.
-  QList<Naissance> Naissances(Cle apres, int nombre) const;
+  /// Those born on one of some days ("jj/mm"), and those whose birth date is written otherwise than
+  /// "jj/mm/...", in the order of the keys.
+  QList<Naissance> Naissances(const QStringList &jours) const;
 
   qsizetype Nombre() const;
-  bool EstVide() const;
+  bool EstVide() const { return !APlusDe(0); }
+  /// Whether there are more records than can be read within a frame of the screen.
+  bool EstGrande() const;
 
   /// The distinct category strings, in the order in which a walk of the table first meets them;
   /// empty ones left out.
@@ -105,6 +107,7 @@ class TableAdresse {
   bool AjouterCategorie(Cle index, const QString &nom);
 
  private:
+  bool APlusDe(int nombre) const;
   void Parcourir(const QString &condition,
                  const std::function<void(EntreeListe &&)> &visiteur) const;
 
