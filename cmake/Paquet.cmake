@@ -20,7 +20,7 @@ if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   message(FATAL_ERROR "The package is built with -DCMAKE_INSTALL_PREFIX=/usr")
 endif()
 
-foreach(programme Velmira Vigilo Memora Brikel)
+foreach(programme Velmira Vigilo Memora Brikel velmira_jet)
   target_link_options(${programme} PRIVATE LINKER:-z,relro,-z,now)
 endforeach()
 

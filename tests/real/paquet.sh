@@ -56,6 +56,9 @@ cp "$package" "$system/tmp/velmira.deb"
 inside apt-get update -q
 inside apt-get install -q -y --no-install-recommends /tmp/velmira.deb
 [[ -e $system/usr/share/icons/breeze/index.theme ]] || fail 'parts are missing'
+status=0
+inside /usr/libexec/velmira/velmira-jet /etc/passwd Adresse || status=$?
+((status == 1)) || fail "the reader of older databases ends with $status" # 1: no database
 
 echo '--- first start: it fills its own folder, and asks for the data folder'
 start QT_QPA_PLATFORM=offscreen
