@@ -157,7 +157,7 @@ void Demarrage::PrendreBaseLivree() {
     // opening.
     if (BaseLivreeDepassee(dossiers_)) return;
     Signaler(boites_, [&] { DeplacerBaseLivree(dossiers_); });
-    if (ContientBaseLivree(dossier)) MAJ_BDD();
+    if (ContientBaseLivree(dossier) || EstJet(dossiers_.Base())) MAJ_BDD();
     return;
   }
   const bool livree = Signaler(boites_, [&] { RemplacerBaseLivree(dossiers_); });
@@ -176,18 +176,9 @@ void Demarrage::PoserPremiereBase() {
 }
 
 void Demarrage::MAJ_BDD() {
-  const bool faite = Signaler(boites_, [&] {
+  Signaler(boites_, [&] {
     try {
-      const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
-      VerifierMiseAJour(dossiers_);
-      boites_.Information(
-          u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
-      boites_.Information(
-          u"NB :\n\n________________________\n\nLe caractère de liaison formatant les numéros "
-          "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
-          "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
-          "utilisateurs."_s.arg(separateurTel));
-      CopierEtEchanger(separateurTel);
+      MettreAJour();
     } catch (const Erreur &erreur) {
       throw ErreurBase(
           u"La mise à jour de la base de données « %1 » n'a pas pu être faite :\n%2\n\n"
@@ -195,20 +186,62 @@ void Demarrage::MAJ_BDD() {
           "démarrage."_s.arg(QDir::toNativeSeparators(dossiers_.Base()), erreur.Texte()));
     }
   });
-  if (faite) boites_.Information(u"Mise à jour de la base terminée."_s);
 }
 
-void Demarrage::CopierEtEchanger(const QString &separateurTel) {
+void Demarrage::MettreAJour() {
+  const QString separateurTel = LireSeparateurTel(dossiers_.AppPath);
+  const auto jet = LireJet();
+  if (jet && !Accepte(*jet)) return;
+  if (!jet) VerifierMiseAJour(dossiers_);
+  boites_.Information(
+      u"La nouvelle version du programme va faire la mise à jour de votre base de données"_s);
+  boites_.Information(
+      u"NB :\n\n________________________\n\nLe caractère de liaison formatant les numéros "
+      "téléphoniques est actuellement : \"%1\"\nIl pourra être changé à partir du menu "
+      "'Options'\n\nEn cas de fonctionnement réseau, ce changement affectera tous les "
+      "utilisateurs."_s.arg(separateurTel));
+  CopierEtEchanger(separateurTel, jet.get());
+  boites_.Information(u"Mise à jour de la base terminée."_s);
+}
+
+std::unique_ptr<SourceJet> Demarrage::LireJet() {
+  std::unique_ptr<SourceJet> jet;
+  const QString base = dossiers_.Base();
+  if (EstJet(base))
+    Executer(u"Lecture de l'ancienne base..."_s, [&] { jet = std::make_unique<SourceJet>(base); });
+  return jet;
+}
+
+bool Demarrage::Accepte(const SourceJet &source) {
+  return source.Entiere() ||
+         boites_.Question(
+             Boites::Titre(),
+             u"L'ancienne base de données « %1 » est endommagée. Voici ce qui a pu en être lu :"
+             "\n\n%2\n\nVoulez-vous continuer avec cela ? Le fichier endommagé sera gardé à côté, "
+             "sous le nom « Ancien_Velmira.mdb »."_s.arg(QDir::toNativeSeparators(dossiers_.Base()),
+                                                         source.Constat()),
+             Boites::Reponse::Non) == Boites::Reponse::Oui;
+}
+
+void Demarrage::CopierEtEchanger(const QString &separateurTel, SourceJet *jet) {
+  const auto avancement = [this](qsizetype lignes) {
+    moyens_.annoncer(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
+  };
+  Executer(u"Mise à jour de la base..."_s, [&] {
+    if (jet != nullptr)
+      MettreAJourBaseJet(dossiers_, *jet, separateurTel, avancement);
+    else
+      MettreAJourBase(dossiers_, separateurTel, avancement);
+  });
+}
+
+void Demarrage::Executer(const QString &annonce, const std::function<void()> &tache) {
   const struct Annonce {
-    explicit Annonce(const std::function<void(const QString &)> &a) : annoncer(a) {
-      annoncer(u"Mise à jour de la base..."_s);
+    Annonce(const std::function<void(const QString &)> &a, const QString &texte) : annoncer(a) {
+      annoncer(texte);
     }
     ~Annonce() { annoncer({}); }
     const std::function<void(const QString &)> &annoncer;
-  } annonce(moyens_.annoncer);
-  moyens_.executer([&] {
-    MettreAJourBase(dossiers_, separateurTel, [this](qsizetype lignes) {
-      moyens_.annoncer(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
-    });
-  });
+  } pendant(moyens_.annoncer, annonce);
+  moyens_.executer(tache);
 }

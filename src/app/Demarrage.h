@@ -4,10 +4,12 @@
 
 #include "platform/Boites.h"
 #include "storage/Dossiers.h"
+#include "storage/SourceJet.h"
 
 #include <QString>
 
 #include <functional>
+#include <memory>
 
 class Demarrage {
  public:
@@ -49,7 +51,14 @@ class Demarrage {
   /// Upgrades the user's database. A failure is told; the files are then as they were, and the next
   /// start tries again.
   void MAJ_BDD();
-  void CopierEtEchanger(const QString &separateurTel);
+  void MettreAJour();
+  /// The user's database where it is one in the Jet format, read; otherwise nothing.
+  std::unique_ptr<SourceJet> LireJet();
+  /// Whether it may be taken over: what is damaged is the user's to decide.
+  bool Accepte(const SourceJet &source);
+  void CopierEtEchanger(const QString &separateurTel, SourceJet *jet);
+  /// Runs a long work with a line on it.
+  void Executer(const QString &annonce, const std::function<void()> &tache);
 
   Boites &boites_;
   Dossiers &dossiers_;

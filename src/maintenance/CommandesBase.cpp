@@ -13,6 +13,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QScopeGuard>
 
 #include <optional>
 
@@ -201,24 +202,47 @@ QString CommandesBase::DossierATransferer(const QString &invite) {
   return {};
 }
 
+std::unique_ptr<SourceJet> CommandesBase::LireJet(const QString &base) {
+  auto jet = Travail(fenetre_, u"Lecture de l'ancienne base"_s).Executer([&base](const Avance &) {
+    return std::make_unique<SourceJet>(base);
+  });
+  if (!jet->Entiere() &&
+      !Accepte(u"L'ancienne base de données « %1 » est endommagée. Voici ce qui a pu en être lu :"
+               "\n\n%2\n\nVoulez-vous transférer cela ?"_s.arg(QDir::toNativeSeparators(base),
+                                                               jet->Constat()),
+               Boites::Reponse::Non))
+    jet.reset();
+  return jet;
+}
+
 bool CommandesBase::Copier(const QString &source, const QString &destination) {
   Boites &boites = session_.plateforme.boites;
-  std::optional<QString> echec;
-  {
-    const Sablier sablier;
-    session_.base.Fermer();
-    try {
-      TransfererBase(FichierBase(source), FichierBase(destination));
-    } catch (const Erreur &erreur) {
-      echec = erreur.Texte();
+  try {
+    const QString base = FichierBase(source);
+    const auto jet = EstJet(base) ? LireJet(base) : nullptr;
+    if (jet || !EstJet(base)) {
+      Remplacer(base, jet.get(), FichierBase(destination));
+      return true;
     }
-  }
-  Signaler(boites, [&] { session_.base.Ouvrir(session_.dossiers.Base()); });
-  if (echec)
+    boites.Critique(u"Procédure annulée !"_s);
+  } catch (const Erreur &erreur) {
     boites.Critique(
         u"Les données n'ont pas été transférées.\nLe répertoire « %1 » est resté tel qu'il "
-        "était.\n\n%2"_s.arg(QDir::toNativeSeparators(destination), *echec));
-  return !echec;
+        "était.\n\n%2"_s.arg(QDir::toNativeSeparators(destination), erreur.Texte()));
+  }
+  return false;
+}
+
+void CommandesBase::Remplacer(const QString &base, SourceJet *jet, const QString &destination) {
+  const Sablier sablier;
+  session_.base.Fermer();
+  const auto rouvrir = qScopeGuard([this] {
+    Signaler(session_.plateforme.boites,
+             [this] { session_.base.Ouvrir(session_.dossiers.Base()); });
+  });
+  if (jet == nullptr) return TransfererBase(base, destination);
+  TransfererBaseJet(*jet, destination,
+                    LireReglesCopie(session_.dossiers.AppPath, session_.reglages.SeparateurTel));
 }
 
 void CommandesBase::Transferer() {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "session/Session.h"
+#include "storage/SourceJet.h"
 
 #include <QObject>
 
 #include <functional>
+#include <memory>
 
 class QAction;
 class QWidget;
@@ -58,6 +60,11 @@ class CommandesBase : public QObject {
   /// Copies the database of one folder over that of another. False when that fails, which has been
   /// told.
   bool Copier(const QString &source, const QString &destination);
+  /// Reads an older database in the Jet format. Nothing when the user does without what is damaged.
+  std::unique_ptr<SourceJet> LireJet(const QString &base);
+  /// Puts a database into the place of another, with this program's own one closed meanwhile; `jet`
+  /// where it was read as an older one. Throws what `TransfererBase` throws.
+  void Remplacer(const QString &base, SourceJet *jet, const QString &destination);
   bool Accepte(const QString &question, Boites::Reponse defaut = Boites::Reponse::Oui);
 
   Session &session_;

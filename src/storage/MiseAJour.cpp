@@ -1,6 +1,7 @@
 #include "storage/MiseAJour.h"
 
 #include "platform/Fichiers.h"
+#include "platform/Pannes.h"
 #include "storage/EmplacementDonnees.h"
 #include "storage/Lignes.h"
 #include "storage/Noms.h"
@@ -10,11 +11,16 @@
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 
+#include <QDir>
+#include <QLockFile>
 #include <QSet>
 
+#include <cerrno>
+#include <chrono>
 #include <limits>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -166,7 +172,40 @@ class Copie {
   qsizetype copiees_ = 0;
 };
 
+/// Keeps a second upgrade of the same folder waiting: a file of another format has no lock of the
+/// engine. What a killed program leaves of it counts no more, and is swept.
+class Tour {
+ public:
+  explicit Tour(const QString &dossier)
+      : fichier_(dossier + u'/' + PrefixeProvisoire() + u"miseajour0jet"_s) {
+    fichier_.setStaleLockTime(10min);
+    if (fichier_.tryLock(120s)) return;
+    const bool occupe = fichier_.error() == QLockFile::LockFailedError;
+    throw EchecSysteme(
+        u"Le répertoire « %1 » n'a pas pu être réservé"_s.arg(QDir::toNativeSeparators(dossier)),
+        u"Rien n'a été modifié."_s, occupe ? EBUSY : EACCES);
+  }
+
+ private:
+  QLockFile fichier_;
+};
+
+void RemplirEtEchanger(const Dossiers &dossiers, SourceAncienne &source,
+                       const QString &separateurTel,
+                       const std::function<void(qsizetype)> &avancement) {
+  Base cible;
+  cible.Ouvrir(FichierBaseLivree(dossiers.CheminBase));
+  CopierBase(source, cible, LireReglesCopie(dossiers.AppPath, separateurTel), avancement);
+  cible.Fermer();
+  EchangerBases(dossiers);
+}
+
 }  // namespace
+
+ReglesCopie LireReglesCopie(const QString &appPath, const QString &separateurTel) {
+  const auto alarme = LireAncienneAlarme(appPath);
+  return {separateurTel, alarme ? alarme->JoursAvance : quint8{0}};
+}
 
 void ConvertirAlarme(const QString &appPath) {
   if (const auto ancienne = LireAncienneAlarme(appPath)) EcrireAlarme(appPath, ancienne->alarme);
@@ -179,6 +218,16 @@ void CopierBase(SourceAncienne &source, Base &cible, const ReglesCopie &regles,
   copie.Vider();
   copie.Copier();
   transaction.Valider();
+}
+
+void ConvertirBase(SourceAncienne &source, const QString &chemin, const ReglesCopie &regles,
+                   const std::function<void(qsizetype)> &avancement) {
+  RemplacerFichierPar(chemin, [&](const QString &nouveau) {
+    CreerTables(nouveau);
+    Base cible;
+    cible.Ouvrir(nouveau);
+    CopierBase(source, cible, regles, avancement);
+  });
 }
 
 void EchangerBases(const Dossiers &dossiers) {
@@ -216,15 +265,24 @@ void MettreAJourBase(const Dossiers &dossiers, const QString &separateurTel,
   source.Reserver();
   if (!source.EstEnPlace()) return;
   RemplacerBaseLivree(dossiers);
-  const QString livree = FichierBaseLivree(dossiers.CheminBase);
-  if (!EstFichier(livree)) return;
+  if (EstFichier(FichierBaseLivree(dossiers.CheminBase)))
+    RemplirEtEchanger(dossiers, source, separateurTel, avancement);
+}
 
-  const auto alarme = LireAncienneAlarme(dossiers.AppPath);
-  Base cible;
-  cible.Ouvrir(livree);
-  CopierBase(source, cible, {separateurTel, alarme ? alarme->JoursAvance : quint8{0}}, avancement);
-  cible.Fermer();
-  EchangerBases(dossiers);
+void MettreAJourBaseJet(const Dossiers &dossiers, SourceJet &source, const QString &separateurTel,
+                        const std::function<void(qsizetype)> &avancement) {
+  const Tour tour(dossiers.CheminBase);
+  if (!source.EstEnPlace()) return;
+  RemplacerBaseLivree(dossiers);
+  const QString livree = FichierBaseLivree(dossiers.CheminBase);
+  const bool aPoser = !EstFichier(livree);
+  try {
+    if (aPoser) RemplacerFichierPar(livree, CreerTables);
+    RemplirEtEchanger(dossiers, source, separateurTel, avancement);
+  } catch (const Erreur &) {
+    if (aPoser) Ignorer([&] { EffacerFichier(livree); });
+    throw;
+  }
 }
 
 bool BaseLivreeDepassee(const Dossiers &dossiers) {
@@ -242,7 +300,14 @@ void PoserBaseLivree(const QString &cheminBase) {
 
 bool AttendreEchange(const QString &cheminBase) {
   if (!EchangeInterrompu(cheminBase)) return false;
-  Ignorer([&] { SourceSqlite(CheminAncien(cheminBase)).Reserver(); });
+  const QString ancien = CheminAncien(cheminBase);
+  Ignorer([&] {
+    if (EstJet(ancien)) {
+      const Tour tour(cheminBase);
+    } else {
+      SourceSqlite(ancien).Reserver();
+    }
+  });
   return EchangeInterrompu(cheminBase);
 }
 

@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QTemporaryDir>
 
 #include <cerrno>
 #include <filesystem>
@@ -83,4 +84,15 @@ bool PrendreLignes(Base &base, const QString &source) {
   remplacer(u"sqlite_sequence"_s, u"name, seq"_s);  // keys that were given once stay given
   transaction.Valider();
   return true;
+}
+
+void TransfererBaseJet(SourceJet &source, const QString &destination, const ReglesCopie &regles) {
+  if (MemeFichier(source.Chemin(), destination)) return;
+  const QTemporaryDir dossier;
+  if (!dossier.isValid())
+    throw EchecSysteme(u"L'ancienne base de données n'a pas pu être convertie"_s,
+                       u"Celle de la destination est intacte."_s, ENOSPC, dossier.errorString());
+  const QString convertie = dossier.filePath(u"convertie.mdb"_s);
+  ConvertirBase(source, convertie, regles, [](qsizetype) {});
+  TransfererBase(convertie, destination);
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "storage/MiseAJour.h"
+#include "storage/SourceJet.h"
+
 #include <QString>
 
 class Base;
@@ -13,6 +16,10 @@ class Base;
 /// destination that is one of a newer version, and when another program keeps either for itself;
 /// the destination is then as it was.
 void TransfererBase(const QString &source, const QString &destination);
+
+/// The same of an older database in the Jet format, read before: its rows become what an upgrade
+/// makes of them.
+void TransfererBaseJet(SourceJet &source, const QString &destination, const ReglesCopie &regles);
 
 /// Gives `base` the rows of another database of the same schema, and nothing else, in one
 /// transaction. False when the schemas differ; nothing has changed then. Throws `ErreurBase`.
