@@ -14,6 +14,9 @@ bool SynchroniserDossier(const QString &dossier);
 /// are as they were.
 bool RenommerEnRemplacant(const QString &ancien, const QString &nouveau);
 
+/// Gives a file the owner and the group of another, each as far as this user may.
+void RendreAuProprietaire(const QString &fichier, const QString &modele);
+
 enum class Renommage { Fait, NomPris, AutreDisque, Echoue };
 
 /// Renames within a file system, in one step, and replaces nothing. Unless it is done, the file

@@ -163,7 +163,10 @@ void RemplacerFichierPar(const QString &chemin, const Remplissage &remplir) {
   const QString cible = ancien.isSymLink() ? ancien.symLinkTarget() : chemin;
   if (ancien.exists() && !ancien.isWritable()) throw NonEcrit(chemin, EACCES);
   Ecrire(cible, remplir, [&](const QString &provisoire) {
-    if (ancien.exists()) QFile::setPermissions(provisoire, ancien.permissions());
+    if (ancien.exists()) {
+      RendreAuProprietaire(provisoire, cible);
+      QFile::setPermissions(provisoire, ancien.permissions());
+    }
     if (!RenommerEnRemplacant(provisoire, cible)) throw NonEcrit(chemin, errno);
   });
   SynchroniserDossierDe(cible);

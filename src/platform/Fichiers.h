@@ -25,7 +25,8 @@ std::optional<QByteArray> LireSiPossible(const QString &chemin);
 // What is written and renamed stands on the disk afterwards. Where only the flush of the folder has
 // failed, that is thrown too, with the new file in its place.
 
-/// Replaces the file: after a crash there stands either the old content or the new one. Throws
+/// Replaces the file: after a crash there stands either the old content or the new one, with the
+/// old one's rights and, as far as this user may give them, its owner and group. Throws
 /// `ErreurFichier`; the old file is then untouched.
 void RemplacerFichier(const QString &chemin, const QByteArray &contenu);
 /// The same with a content that `remplir` puts into the empty file whose path it gets; what it

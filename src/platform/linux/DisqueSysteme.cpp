@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -37,6 +38,16 @@ bool SynchroniserDossier(const QString &dossier) {
 bool RenommerEnRemplacant(const QString &ancien, const QString &nouveau) {
   return ::rename(QFile::encodeName(ancien).constData(), QFile::encodeName(nouveau).constData()) ==
          0;
+}
+
+void RendreAuProprietaire(const QString &fichier, const QString &modele) {
+  constexpr auto kInchange = static_cast<uid_t>(-1);
+  const QByteArray nom = QFile::encodeName(fichier);
+  struct stat ancien {};
+  if (::stat(QFile::encodeName(modele).constData(), &ancien) != 0) return;
+  // One of one's own groups; the owner is the superuser's to give.
+  [[maybe_unused]] const int groupe = ::chown(nom.constData(), kInchange, ancien.st_gid);
+  [[maybe_unused]] const int proprietaire = ::chown(nom.constData(), ancien.st_uid, kInchange);
 }
 
 Renommage RenommerSansRemplacer(const QString &ancien, const QString &nouveau) {
