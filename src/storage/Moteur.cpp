@@ -42,6 +42,8 @@ GenreErreur Genre(int code) {
   }
 }
 
+constexpr int kRemplacee = 8 | 4 << 8;  // the file no longer bears its name
+
 Panne PanneBase(GenreErreur genre) {
   switch (genre) {
     case GenreErreur::Occupee:
@@ -57,9 +59,10 @@ Panne PanneBase(GenreErreur genre) {
               u"Vérifiez vos droits sur l'un et l'autre, et que le disque ou le serveur répond, "
               "puis recommencez."_s};
     case GenreErreur::Endommagee:
-      return {u"le fichier est endommagé"_s,
-              u"Lancez « Réparer et compacter la base de données », ou remettez à sa place une "
-              "copie de sauvegarde."_s};
+      return {
+          u"le fichier est endommagé"_s,
+          u"Lancez « Réparer et compacter la base de données » du menu « Options », ou remettez à "
+          "sa place une copie de sauvegarde."_s};
     case GenreErreur::Etrangere:
       return {u"ce n'est pas une base de données de Velmira"_s,
               u"Remettez à sa place votre base ou une copie de sauvegarde."_s};
@@ -105,10 +108,23 @@ ErreurBase ErreurMoteur(const QSqlError &erreur, const QString &chemin) {
       erreur.databaseText().isEmpty() ? erreur.driverText() : erreur.databaseText();
   const QString detail = code.isEmpty() ? mots : u"%1 (%2)"_s.arg(mots, code);
   const GenreErreur genre = Genre(code.toInt());
+  const Panne panne =
+      code.toInt() == kRemplacee
+          ? Panne{u"une autre a été mise à sa place, par une réparation peut-être"_s,
+                  u"Relancez Velmira, qui ouvrira celle-ci."_s}
+          : PanneBase(genre);
+  const QString intact =
+      genre == GenreErreur::Endommagee ? QString() : u"Ce qui était enregistré est intact."_s;
   return ErreurBase(PhraseEchec(u"La base de données « %1 » n'a pas pu être lue ou écrite"_s.arg(
                                     QDir::toNativeSeparators(chemin)),
-                                PanneBase(genre), u"Ce qui était enregistré est intact."_s, detail),
+                                panne, intact, detail),
                     genre, detail);
+}
+
+ErreurBase AutrementDit(const QString &echec, const ErreurBase &erreur) {
+  return ErreurBase(PhraseEchec(echec, PanneBase(erreur.Genre()),
+                                u"Le fichier n'a pas été modifié."_s, erreur.Detail()),
+                    erreur.Genre(), erreur.Detail());
 }
 
 ErreurBase ErreurOuverture(const QString &chemin, const ErreurBase &erreur) {

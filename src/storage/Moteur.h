@@ -24,6 +24,9 @@ QString AdresseEnLecture(const QString &chemin);
 /// engine's own words.
 ErreurBase ErreurMoteur(const QSqlError &erreur, const QString &chemin);
 
+/// The same failure as the one of what `echec` tells (see `PhraseEchec`), the file unharmed.
+ErreurBase AutrementDit(const QString &echec, const ErreurBase &erreur);
+
 /// The same failure as the one of an opening, which has a sentence of its own for each kind.
 ErreurBase ErreurOuverture(const QString &chemin, const ErreurBase &erreur);
 

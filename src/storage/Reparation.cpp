@@ -1,5 +1,6 @@
 #include "storage/Reparation.h"
 
+#include "platform/Disque.h"
 #include "platform/Fichiers.h"
 #include "platform/Pannes.h"
 #include "platform/Verrou.h"
@@ -70,7 +71,7 @@ QString Phrase(const QString &chemin) {
 }
 
 ErreurBase Refus(const QString &chemin, GenreErreur genre) {
-  return ErreurOuverture(chemin, ErreurBase({}, genre));
+  return AutrementDit(Phrase(chemin), ErreurBase({}, genre));
 }
 
 ErreurBase RienALire(const QString &chemin) {
@@ -95,6 +96,12 @@ ErreurBase Occupee(const QString &chemin, const QString &detenteur) {
       GenreErreur::Occupee);
 }
 
+/// Beside the file itself, and not beside a link to it, lie its journal and its copies.
+QString SansLien(const QString &chemin) {
+  const QFileInfo fichier(chemin);
+  return fichier.isSymLink() && fichier.exists() ? fichier.canonicalFilePath() : chemin;
+}
+
 bool JournalPresent(const QString &chemin) {
   return QFileInfo(chemin + u"-journal"_s).size() > 0;
 }
@@ -117,17 +124,19 @@ std::unique_ptr<VerrouExclusif> Reserver(const QString &chemin, std::chrono::mil
   for (bool repris = false;;) {
     ReprendreEcriture(chemin);
     auto verrou = std::make_unique<VerrouExclusif>(chemin);
-    if (verrou->Prendre() && verrou->EstEnPlace() &&
-        (!JournalPresent(chemin) || std::exchange(repris, true)))
-      return verrou;
+    if (verrou->Prendre() && verrou->EstEnPlace()) {
+      if (!JournalPresent(chemin) || repris) return verrou;
+      repris = true;
+      continue;
+    }
     if (std::chrono::steady_clock::now() >= limite) throw Occupee(chemin, verrou->Detenteur());
     Dire(avance, 0);
     std::this_thread::sleep_for(std::min(attente, kPauseVerrou));
   }
 }
 
-/// Copies a content beside the file, under its name with the date, and gives the copy's path. Its
-/// rights are the file's.
+/// Copies a content beside the file, under its name with the date, and gives the copy's path. It is
+/// its owner's, with the file's rights.
 QString MettreDeCote(const QString &chemin, const QByteArray &contenu,
                      const QDateTime &maintenant) {
   const QFileInfo fichier(chemin);
@@ -136,6 +145,7 @@ QString MettreDeCote(const QString &chemin, const QByteArray &contenu,
   const QString fin = fichier.suffix().isEmpty() ? QString() : u'.' + fichier.suffix();
   QString copie = debut + fin;
   for (int n = 2; !CreerFichier(copie, contenu); ++n) copie = debut + u"_%1"_s.arg(n) + fin;
+  RendreAuProprietaire(copie, chemin);
   QFile::setPermissions(copie, fichier.permissions());
   return copie;
 }
@@ -180,10 +190,10 @@ void OuvrirNouvelle(Base &base, const QString &chemin) {
   Requete(base, u"PRAGMA synchronous=OFF"_s).Executer();
 }
 
-void Exiger(Base &base, const QString &chemin) {
+void Exiger(Base &base) {
   Requete verification(base, u"PRAGMA integrity_check(1)"_s);
   if (!verification.Suivante() || verification.Texte(0) != u"ok"_s)
-    throw Refus(chemin, GenreErreur::Materiel);
+    throw ErreurBase({}, GenreErreur::Materiel);
 }
 
 QList<BilanTable> Compter(Base &base) {
@@ -277,16 +287,23 @@ class Travaux {
       throw RienALire(chemin_);
   }
 
+  void Transcrire(const QString &nouvelle) {
+    Base base;
+    OuvrirNouvelle(base, nouvelle);
+    if (bilan_.endommagee)
+      Ecriture(base, sauvees_, Etape(avance_, kLue, kEcrite)).Executer();
+    else if (!PrendreLignes(base, bilan_.ancienne))
+      throw ErreurBase({}, GenreErreur::PlusRecente);
+    Exiger(base);
+    bilan_.tables = Compter(base);
+  }
+
+  /// What the engine refuses, it refuses to a file that the user does not know.
   void Remplir(const QString &nouvelle) {
-    {
-      Base base;
-      OuvrirNouvelle(base, nouvelle);
-      if (bilan_.endommagee)
-        Ecriture(base, sauvees_, Etape(avance_, kLue, kEcrite)).Executer();
-      else if (!PrendreLignes(base, bilan_.ancienne))
-        throw Refus(chemin_, GenreErreur::PlusRecente);
-      Exiger(base, chemin_);
-      bilan_.tables = Compter(base);
+    try {
+      Transcrire(nouvelle);
+    } catch (const ErreurBase &erreur) {
+      throw AutrementDit(Phrase(chemin_), erreur);
     }
     for (std::size_t i = 0; i < sauvees_.size(); ++i) {
       BilanTable &table = bilan_.tables[static_cast<qsizetype>(i)];
@@ -374,7 +391,7 @@ std::optional<BilanReparation> ReparerBase(const QString &chemin, const QDateTim
                                            std::chrono::milliseconds attente,
                                            const Avance &avance) {
   try {
-    return Reparer(chemin, maintenant, attente, avance);
+    return Reparer(SansLien(chemin), maintenant, attente, avance);
   } catch (const Arret &) {
     return std::nullopt;
   }

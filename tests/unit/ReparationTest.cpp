@@ -5,8 +5,10 @@
 #include "storage/Base.h"
 #include "storage/EmplacementDonnees.h"
 #include "storage/Reparation.h"
+#include "storage/Requete.h"
 
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QRandomGenerator>
 #include <QSet>
@@ -128,6 +130,34 @@ class Reparation : public DansUnDossier {
     RecordProperty("saved", std::to_string(sauvees_) + " of " + std::to_string(intactes_));
   }
 
+  /// Kills the repair of a damaged base at random moments: the base at work is the old one or the
+  /// new one, and the next repair gives the same rows.
+  void Tuer(int lignes, int fois) {
+    Remplir(lignes);
+    QByteArray abimee = Octets(kBase);
+    abimee.replace(abimee.size() / kPage / 2 * kPage, kPage, QByteArray(kPage, '\0'));
+    Poser(kBase, abimee);
+    QElapsedTimer duree;
+    duree.start();
+    ASSERT_TRUE(Reparer());
+    const auto micros = static_cast<quint32>(duree.nsecsElapsed() / 1000);
+    const auto justes = Lignes(kBase);
+    for (int n = 0, tuees = 0; n < fois || tuees == 0; ++n) {
+      for (const QString &nom : QDir(Chemin()).entryList(QDir::Files | QDir::Hidden))
+        QFile::remove(Chemin(nom));
+      Poser(kBase, abimee);
+      const pid_t enfant = ::fork();
+      if (enfant == 0) ::_exit(Reparer() ? 0 : 1);
+      ::usleep(QRandomGenerator::global()->bounded(micros));
+      ::kill(enfant, SIGKILL);
+      int etat = 0;
+      ASSERT_EQ(::waitpid(enfant, &etat, 0), enfant);
+      tuees += WIFSIGNALED(etat);
+      EXPECT_TRUE(Octets(kBase) == abimee || Sql(kBase, u"PRAGMA integrity_check"_s) == u"ok"_s);
+      EXPECT_TRUE(Reparer() && Lignes(kBase) == justes);
+    }
+  }
+
  private:
   static QByteArray Abimee(QByteArray octets, QRandomGenerator &hasard, quint32 maniere) {
     const auto au = [&](qsizetype borne) { return qsizetype{hasard.bounded(int(borne))}; };
@@ -153,18 +183,21 @@ TEST_F(Reparation, Saine) {
   Sql(kBase, u"DELETE FROM Ville WHERE [Index]>100"_s);
   const QByteArray octets = Octets(kBase);
   QFile::setPermissions(Chemin(kBase), QFile::ReadOwner | QFile::WriteOwner);
-  std::optional<BilanReparation> bilan;
-  {
-    FichierNu autre(Chemin(kBase));
-    autre.Executer(u"SELECT * FROM Ville LIMIT 1"_s);  // then it is at rest, and holds no lock
-    bilan = Reparer();
-    EXPECT_THROW(autre.Executer(u"DELETE FROM Ville"_s), std::runtime_error) << "the old file";
-  }
+  [[maybe_unused]] const int cedee = ::chown(qPrintable(Chemin(kBase)), 65533, 65534);  // by root
+  const uint proprietaire = QFileInfo(Chemin(kBase)).ownerId();
+  Base autre;  // at rest it holds no lock
+  autre.Ouvrir(Chemin(kBase));
+  const auto bilan = Reparer();
+  EXPECT_TRUE(Echec([&] {
+                Requete(autre, u"DELETE FROM Ville"_s).Executer();
+              }).contains(u"une autre a été mise à sa place"));
   ASSERT_TRUE(bilan && bilan->Entier() && !bilan->endommagee);
   EXPECT_EQ(bilan->tables[2].gardees, 100);
   EXPECT_LT(bilan->apres, bilan->avant);
   EXPECT_TRUE(bilan->ancienne == Chemin(kCopie) && Octets(kCopie) == octets);
   EXPECT_EQ(QFile::permissions(Chemin(kCopie)), QFile::permissions(Chemin(kBase)));
+  for (const QString &nom : {kBase, kCopie})
+    EXPECT_EQ(QFileInfo(Chemin(nom)).ownerId(), proprietaire);
   EXPECT_EQ(Sql(kBase, u"SELECT seq FROM sqlite_sequence WHERE name='Ville'"_s), u"300"_s);
   EXPECT_EQ(Lignes(kBase).value("#A00299#"), avant.value("#A00299#"));
   EXPECT_TRUE(TexteBilan(*bilan).contains(u"Villes et codes postaux : 100 lignes gardées sur 100"));
@@ -177,6 +210,14 @@ TEST_F(Reparation, Abimee) {
 
 TEST_F(Reparation, DISABLED_TroisCentsCopies) {
   Abimer(10000, 300);
+}
+
+TEST_F(Reparation, Tuee) {
+  Tuer(300, 12);
+}
+
+TEST_F(Reparation, DISABLED_TueeTroisCentsFois) {
+  Tuer(10000, 300);
 }
 
 // A zeroed page is told with how many rows it may have held; a broken chain leaves its beginning.
@@ -280,6 +321,66 @@ TEST_F(Reparation, Refusee) {
         EXPECT_TRUE(Octets(kBase) == avant);
         EXPECT_FALSE(Existe(kCopie));
       });
+}
+
+// Behind a link it is the file itself that is repaired; beside it lie its copy, and what its
+// journal held that the engine had no use for.
+TEST_F(Reparation, DerriereUnLien) {
+  Remplir(300);
+  TuerUnEcrivain(kBase);
+  const QString lien = Chemin(u"ailleurs/Base"_s);
+  QDir().mkpath(Chemin(u"ailleurs"_s));
+  ASSERT_TRUE(QFile::link(Chemin(kBase), lien));
+  const auto reparer = [&] { return ReparerBase(lien, kMaintenant, 0ms, Continuer); };
+  auto bilan = reparer();
+  EXPECT_TRUE(bilan && bilan->Entier() && bilan->ancienne == Chemin(kCopie));
+  EXPECT_EQ(Sql(kBase, u"SELECT count(*) FROM Adresse WHERE NomVelmira='perdu'"_s), u"0"_s);
+  QFile::remove(Chemin(kCopie));
+  Poser(kBase + u"-journal"_s, QByteArray(600, '\0'));
+  EXPECT_TRUE(reparer() && QFileInfo(lien).isSymLink());
+  EXPECT_EQ(QDir(Chemin()).entryList(QDir::Files),
+            QStringList({kBase, kCopie, kCopie + u".journal"_s}));
+  EXPECT_EQ(Octets(kCopie + u".journal"_s), QByteArray(600, '\0'));
+}
+
+// Where there is no room, or no right to the folder, it says so; the base is alone and as it was.
+TEST_F(Reparation, SansPlaceNiDroit) {
+  Remplir(300);
+  const QByteArray abimee = Octets(kBase).replace(3 * kPage, kPage, QByteArray(kPage, '\0'));
+  Poser(kBase, abimee);
+  const auto intacte = [&] {
+    EXPECT_EQ(QDir(Chemin()).entryList(QDir::Files | QDir::Hidden), QStringList(kBase));
+    EXPECT_TRUE(Octets(kBase) == abimee);
+  };
+  for (const qsizetype depuis : {0, 20, 70}) {
+    SCOPED_TRACE(depuis);
+    std::optional<DisquePlein> plein;
+    const QString mots = Echec([&] {
+      Reparer([&](qsizetype fait, qsizetype) {
+        if (fait >= depuis && !plein) plein.emplace(2 * kPage);
+        return true;
+      });
+    });
+    plein.reset();
+    EXPECT_TRUE(mots.contains(depuis == 0 ? kCopie + u" » n'a pas pu être écrit"_s
+                                          : kBase + u" » n'a pas pu être réparée"_s))
+        << mots.toStdString();
+    intacte();
+  }
+  QFile::setPermissions(Chemin(kBase), QFile::Permissions(0x6666));
+  QFile::setPermissions(Chemin(), QFile::Permissions(0x5555));
+  const pid_t enfant = ::fork();
+  if (enfant == 0) {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0) ::_exit(3);
+    const auto reponse = ReparerSansFenetre(Chemin(kBase), kMaintenant, 0ms);
+    ::_exit(reponse.texte.contains(kCopie) && reponse.texte.contains(u"droit"_s) ? reponse.statut
+                                                                                 : 4);
+  }
+  int etat = 0;
+  ::waitpid(enfant, &etat, 0);
+  QFile::setPermissions(Chemin(), QFile::Permissions(0x7700));
+  EXPECT_EQ(WEXITSTATUS(etat), kRienFait);
+  intacte();
 }
 
 // Stopped at each word of progress in turn, it leaves the old base; a killed writing is taken back.
