@@ -16,13 +16,16 @@ Reponse Refus(const QString &texte) {
 }  // namespace
 
 DemandeBrikel LireDemandeBrikel(const QStringList &mots) {
-  if (const auto reponse = RepondreAuxOptions(mots, Executable::Brikel)) return {reponse, {}};
+  if (const auto reponse = RepondreAuxOptions(mots, Executable::Brikel))
+    return {.reponse = reponse};
   if (mots.isEmpty()) return {};
+  if (mots == QStringList{u"--demander"_s}) return {.demander = true};
   if (mots.constFirst() != u"--sans-fenetre"_s)
-    return {Refus(u"l'option « %1 » est inconnue."_s.arg(mots.constFirst())), {}};
+    return {.reponse = Refus(u"l'option « %1 » est inconnue."_s.arg(mots.constFirst()))};
   if (mots.size() != 2 || mots[1].isEmpty())
-    return {Refus(u"« --sans-fenetre » est suivi du nom d'un fichier, et de rien d'autre."_s), {}};
-  return {std::nullopt, mots[1]};
+    return {.reponse =
+                Refus(u"« --sans-fenetre » est suivi du nom d'un fichier, et de rien d'autre."_s)};
+  return {.base = mots[1]};
 }
 
 Reponse ReparerSansFenetre(const QString &base, const QDateTime &maintenant,

@@ -17,8 +17,9 @@ inline constexpr std::chrono::seconds kAttenteBrikel{30};
 inline constexpr int kToutGarde = 0, kLignesPerdues = 1, kRienFait = 2;
 
 struct DemandeBrikel {
-  std::optional<Reponse> reponse;  ///< to give and to end with: help, version, a refusal
-  QString base;                    ///< to be repaired without a window; empty for one with it
+  std::optional<Reponse> reponse = {};  ///< to give and to end with: help, version, a refusal
+  QString base = {};                    ///< to be repaired without a window; empty for one with it
+  bool demander = false;                ///< first asks whether it shall begin
 };
 /// `mots`: the command line without the program's own name.
 DemandeBrikel LireDemandeBrikel(const QStringList &mots);

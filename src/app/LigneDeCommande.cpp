@@ -38,6 +38,7 @@ const QString kAideMemora =
 const QString kAideBrikel =
     u"Brikel répare et compacte la base de données de Velmira\n\n"
     "Usage : Brikel [option]\n\n"
+    "      --demander           demande avant de réparer la base de Velmira\n"
     "      --sans-fenetre BASE  répare le fichier BASE et affiche le compte rendu\n"
     "  -h, --help               affiche cette aide\n"
     "  -v, --version            affiche la version\n\n"

@@ -7,6 +7,8 @@
 #include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
+#include "storage/Reglages.h"
+#include "ui/EchelleProgramme.h"
 
 #include <QProcess>
 #include <QTimer>
@@ -20,13 +22,30 @@ int Statut(IssueReparation issue) {
   return issue == IssueReparation::ToutGarde ? kToutGarde : kLignesPerdues;
 }
 
-int Reparer() {
+/// Of a start that was not Velmira's, which has asked already and has closed.
+bool Accepte(Boites &boites) {
+  return boites.Question(Boites::Titre(),
+                         u"Réparer et compacter la base de données ?\n\nFermez d'abord Velmira, "
+                         "sur tous les postes qui travaillent sur cette base."_s,
+                         Boites::Reponse::Non) == Boites::Reponse::Oui;
+}
+
+int Reparer(bool demander) {
   BoitesSysteme boites;
+  if (demander && !Accepte(boites)) return kRienFait;
   QString base;
-  if (!Signaler(boites, [&] { base = BaseDeVelmira(AppPathDuPoste()); })) return kRienFait;
-  const auto issue = ReparerEnFenetre(boites, base, HorlogeSysteme().Maintenant(), kAttenteBrikel);
-  // Whether the base was repaired or not: the user came from there.
+  Reglages reglages;
+  if (!Signaler(boites, [&] {
+        const QString appPath = AppPathDuPoste();
+        base = BaseDeVelmira(appPath);
+        LireReglages(appPath, reglages);
+      }))
+    return kRienFait;
   CoquilleSysteme coquille;
+  const EchelleProgramme echelle(reglages.rtcolor.TailleFenetre);
+  const auto issue =
+      ReparerEnFenetre(boites, coquille, base, HorlogeSysteme().Maintenant(), kAttenteBrikel);
+  // Whether the base was repaired or not: the user came from there.
   LancerVelmira(coquille, Application::applicationDirPath(), {});
   return Statut(issue);
 }
@@ -47,9 +66,9 @@ int main(int argc, char *argv[]) {
          "--sans-fenetre ».\n"_s,
          kRienFait});
   Application application(argc, argv);
-  const Allure allure(u"Brikel"_s, u"velmira"_s);
+  const Allure allure(u"Brikel"_s, u"brikel"_s);
   BoitesSysteme boites;
   application.SignalerPar(&boites);
-  QTimer::singleShot(0, &application, [] { Application::exit(Reparer()); });
+  QTimer::singleShot(0, &application, [&demande] { Application::exit(Reparer(demande.demander)); });
   return Application::exec();
 }

@@ -1,5 +1,6 @@
 #include "maintenance/ConversationReparation.h"
 
+#include "maintenance/FrmBilan.h"
 #include "platform/Erreurs.h"
 #include "storage/Reparation.h"
 #include "ui/Travail.h"
@@ -8,28 +9,25 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-IssueReparation Conclure(Boites &boites, const std::optional<BilanReparation> &bilan) {
+IssueReparation Conclure(Boites &boites, Coquille &coquille,
+                         const std::optional<BilanReparation> &bilan) {
   if (!bilan) {
     boites.Information(
         u"Réparation arrêtée : la base de données est restée telle qu'elle était."_s);
     return IssueReparation::RienFait;
   }
-  if (bilan->Entier()) {
-    boites.Information(TexteBilan(*bilan));
-    return IssueReparation::ToutGarde;
-  }
-  boites.Attention(TexteBilan(*bilan));
-  return IssueReparation::LignesPerdues;
+  FrmBilan(boites, coquille, *bilan).exec();
+  return bilan->Entier() ? IssueReparation::ToutGarde : IssueReparation::LignesPerdues;
 }
 
 }  // namespace
 
-IssueReparation ReparerEnFenetre(Boites &boites, const QString &base, const QDateTime &maintenant,
-                                 std::chrono::milliseconds attente) {
+IssueReparation ReparerEnFenetre(Boites &boites, Coquille &coquille, const QString &base,
+                                 const QDateTime &maintenant, std::chrono::milliseconds attente) {
   auto issue = IssueReparation::RienFait;
   Signaler(boites, [&] {
     const Travail travail(nullptr, u"Réparation et compactage de la base de données"_s);
-    issue = Conclure(boites, travail.Executer([&](const Avance &avance) {
+    issue = Conclure(boites, coquille, travail.Executer([&](const Avance &avance) {
       return ReparerBase(base, maintenant, attente, avance);
     }));
   });

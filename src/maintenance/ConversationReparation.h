@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Boites.h"
+#include "platform/Coquille.h"
 
 #include <QDateTime>
 #include <QString>
@@ -9,7 +10,7 @@
 
 enum class IssueReparation { ToutGarde, LignesPerdues, RienFait };
 
-/// Repairs a database under the eyes of the user: how far it is, with a stop, and the report, or
-/// why nothing could be done, in a box.
-IssueReparation ReparerEnFenetre(Boites &boites, const QString &base, const QDateTime &maintenant,
-                                 std::chrono::milliseconds attente);
+/// Repairs a database under the eyes of the user: how far it is, with a stop, then the report, or
+/// why nothing could be done.
+IssueReparation ReparerEnFenetre(Boites &boites, Coquille &coquille, const QString &base,
+                                 const QDateTime &maintenant, std::chrono::milliseconds attente);

@@ -350,16 +350,18 @@ QString Nombre(qint64 nombre) {
   return QLocale(QLocale::French, QLocale::France).toString(nombre);
 }
 
+/// What the number of the lost is followed by.
+QString Borne(const BilanTable &table) {
+  if (table.sansBorne) return u" ou davantage"_s;
+  return table.perdues > 0 ? u" au plus"_s : QString();
+}
+
 QString LigneBilan(const BilanTable &table) {
   const qsizetype toutes = table.gardees + table.perdues;
   if (toutes == 0 && !table.sansBorne) return u"%1 : aucune ligne\n"_s.arg(table.nom);
-  QString ligne = u"%1 : %2 %3 sur %4"_s.arg(
+  QString ligne = u"%1 : %2 %3 sur %4%5"_s.arg(
       table.nom, Nombre(table.gardees), table.gardees < 2 ? u"ligne gardée"_s : u"lignes gardées"_s,
-      Nombre(toutes));
-  if (table.sansBorne)
-    ligne += u" ou davantage"_s;
-  else if (table.perdues > 0)
-    ligne += u" au plus"_s;
+      Nombre(toutes), Borne(table));
   if (table.incompletes > 0)
     ligne += u", dont %1 %2"_s.arg(Nombre(table.incompletes),
                                    table.incompletes < 2 ? u"incomplète"_s : u"incomplètes"_s);
@@ -372,19 +374,28 @@ bool BilanReparation::Entier() const {
   return std::ranges::all_of(tables, &BilanTable::Entiere);
 }
 
+QString PhraseBilan(const BilanReparation &bilan) {
+  if (!bilan.endommagee) return u"La base de données était saine ; elle a été compactée."_s;
+  if (bilan.Entier())
+    return u"La base de données était endommagée ; toutes ses lignes ont été gardées."_s;
+  return u"La base de données était endommagée ; ce qui pouvait en être lu a été gardé."_s;
+}
+
+QString TailleBilan(const BilanReparation &bilan) {
+  return u"Taille : %1 octets, auparavant %2."_s.arg(Nombre(bilan.apres), Nombre(bilan.avant));
+}
+
+QStringList CellulesBilan(const BilanTable &table) {
+  return {table.nom, Nombre(table.gardees), Nombre(table.incompletes),
+          Nombre(table.perdues) + Borne(table)};
+}
+
 QString TexteBilan(const BilanReparation &bilan) {
-  QString texte = !bilan.endommagee ? u"La base de données était saine ; elle a été compactée.\n"_s
-                  : bilan.Entier()
-                      ? u"La base de données était endommagée ; toutes ses lignes ont "
-                        "été gardées.\n"_s
-                      : u"La base de données était endommagée ; ce qui pouvait en être "
-                        "lu a été gardé.\n"_s;
-  texte += u'\n';
+  QString texte = PhraseBilan(bilan) + u"\n\n"_s;
   for (const BilanTable &table : bilan.tables) texte += LigneBilan(table);
-  return texte +
-         u"\nTaille : %1 octets, auparavant %2.\nLa base telle qu'elle était se trouve "
-         "ici :\n%3\n"_s.arg(Nombre(bilan.apres), Nombre(bilan.avant),
-                             QDir::toNativeSeparators(bilan.ancienne));
+  return texte + u'\n' + TailleBilan(bilan) +
+         u"\nLa base telle qu'elle était se trouve ici :\n%1\n"_s.arg(
+             QDir::toNativeSeparators(bilan.ancienne));
 }
 
 std::optional<BilanReparation> ReparerBase(const QString &chemin, const QDateTime &maintenant,

@@ -6,6 +6,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <chrono>
 #include <optional>
@@ -32,6 +33,11 @@ struct BilanReparation {
 
 /// The report for the user, lines with their ends.
 QString TexteBilan(const BilanReparation &bilan);
+/// Its parts: what has become of the whole and how large it is now, each a sentence, and of a table
+/// the name and how many rows were kept, lack a part and are lost.
+QString PhraseBilan(const BilanReparation &bilan);
+QString TailleBilan(const BilanReparation &bilan);
+QStringList CellulesBilan(const BilanTable &table);
 
 /// Repairs and compacts a database. What a killed program left half written is taken back first, as
 /// every opening does; from then on the file is this program's alone, waited for as long as

@@ -1,6 +1,9 @@
 // The verbs of what a person does with the mouse and the keyboard.
 
+#include "maintenance/ConversationReparation.h"
 #include "player/Verbes.h"
+#include "ui/Echelle.h"
+#include "ui/EchelleProgramme.h"
 #include "ui/FeuilleEcran.h"
 
 #include <QtTest>
@@ -285,6 +288,12 @@ QList<Verbe> VerbesDesGestes() {
       {u"fermer-fenetre"_s, 0, 0, [](S &s, const M &) { s.ecran.Active()->close(); }},
       {u"demarrer"_s, 0, 0, [](S &s, const M &) { s.Demarrer(); }},
       {u"fermer"_s, 0, 0, [](S &s, const M &) { s.Fermer(); }},
+      {u"reparer"_s, 0, 0,
+       [](S &s, const M &) {
+         Exiger(!s.EnMarche(), u"a program that is closed expected, it is running"_s);
+         const EchelleProgramme echelle(s.options.taille != 0 ? s.options.taille : kTailleDessin);
+         ReparerEnFenetre(s.boites, s.coquille, s.monde.Base(), s.horloge.Maintenant(), {});
+       }},
       {u"relancer"_s, 0, 0,
        [](S &s, const M &) {
          s.Fermer();

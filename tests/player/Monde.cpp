@@ -335,6 +335,15 @@ QList<Verbe> VerbesDuMonde() {
       Tenir(u"base-occupee"_s, u"BEGIN IMMEDIATE"_s),
       Tenir(u"base-bloquee"_s, u"BEGIN EXCLUSIVE"_s),
       {u"base-libre"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.reset(); }},
+      {u"base-abimee"_s, 1, 1,
+       [](S &s, const M &m) {
+         constexpr qsizetype kPage = 4096;
+         auto octets = LireFichierPresent(AuRepos(s).Base());
+         const qsizetype place = octets.indexOf(m[0].texte.toUtf8());
+         Exiger(place >= 0, u"\"%1\" expected in the database"_s.arg(m[0].texte));
+         EcrireOctets(s.monde.Base(),
+                      octets.replace(place / kPage * kPage, kPage, QByteArray(kPage, '\0')));
+       }},
       {u"base-illisible"_s, 0, 0,
        [](S &s, const M &) {
          QFile fichier(s.monde.Base());

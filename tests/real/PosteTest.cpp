@@ -133,23 +133,29 @@ TEST_F(Poste, ReparationEnFenetre) {
   CreerBaseVide(base);
   const auto reparer = [&](std::chrono::milliseconds attente) {
     boites.vues.clear();
-    return ReparerEnFenetre(boites, base, QDateTime(QDate(2026, 3, 1), QTime(12, 0)), attente);
+    return ReparerEnFenetre(boites, coquille_, base, QDateTime(QDate(2026, 3, 1), QTime(12, 0)),
+                            attente);
   };
   std::optional<VerrouExclusif> autre(base);
   ASSERT_TRUE(autre->Prendre());
   EXPECT_EQ(reparer(0ms), IssueReparation::RienFait);
   EXPECT_TRUE(boites.vues.value(0).contains(u"s'en sert"_s));
+  bool arreter = true;
+  QString copie;
   QTimer impatience;
-  QObject::connect(&impatience, &QTimer::timeout, [] {
-    if (QWidget *fenetre = QApplication::activeModalWidget()) fenetre->close();
+  QObject::connect(&impatience, &QTimer::timeout, [&] {
+    QWidget *fenetre = QApplication::activeModalWidget();
+    const auto *bilan = fenetre != nullptr ? fenetre->findChild<QLineEdit *>() : nullptr;
+    if (bilan != nullptr) copie = bilan->text();
+    if (fenetre != nullptr && (bilan != nullptr || arreter)) fenetre->close();
   });
   impatience.start(50ms);
   EXPECT_EQ(reparer(1h), IssueReparation::RienFait);
   EXPECT_TRUE(boites.vues.value(0).contains(u"arrêtée"_s));
-  impatience.stop();
   autre.reset();
+  arreter = false;
   EXPECT_EQ(reparer(0ms), IssueReparation::ToutGarde);
-  EXPECT_TRUE(boites.vues.value(0).contains(u"Velmira_2026-03-01_120000.mdb"_s));
+  EXPECT_EQ(copie, u"Velmira_2026-03-01_120000.mdb"_s);
 }
 
 // One run has a name, another asks it; what a killed one has left is nobody's.

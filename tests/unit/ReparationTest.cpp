@@ -272,6 +272,7 @@ TEST_F(Reparation, SansFenetre) {
       });
   EXPECT_EQ(LireDemandeBrikel({u"--sans-fenetre"_s, u"a b"_s}).base, u"a b"_s);
   EXPECT_TRUE(!LireDemandeBrikel({}).reponse && LireDemandeBrikel({}).base.isEmpty());
+  EXPECT_TRUE(LireDemandeBrikel({u"--demander"_s}).demander && !LireDemandeBrikel({}).demander);
   const auto reparer = [this] {
     QFile::remove(Chemin(kCopie));
     return ReparerSansFenetre(Chemin(kBase), kMaintenant, 0ms).statut;
