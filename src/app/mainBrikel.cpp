@@ -7,6 +7,7 @@
 #include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
+#include "platform/linux/VoisinageSysteme.h"
 #include "storage/Reglages.h"
 #include "ui/EchelleProgramme.h"
 
@@ -23,24 +24,31 @@ int Statut(IssueReparation issue) {
 }
 
 /// Of a start that was not Velmira's, which has asked already and has closed.
-bool Accepte(Boites &boites) {
-  return boites.Question(Boites::Titre(),
-                         u"Réparer et compacter la base de données ?\n\nFermez d'abord Velmira, "
-                         "sur tous les postes qui travaillent sur cette base."_s,
-                         Boites::Reponse::Non) == Boites::Reponse::Oui;
+bool Accepte(Boites &boites, const QString &appPath) {
+  if (VoisinageSysteme().Demander(NomDeVoisin(u"fiche"_s, appPath), {})) {
+    boites.Information(
+        u"Velmira est ouvert. Choisissez-y « Réparer et compacter la base de données » du menu "
+        "« Options », ou fermez-le, puis relancez Brikel."_s);
+    return false;
+  }
+  return boites.Question(
+             Boites::Titre(),
+             u"Réparer et compacter la base de données ?\n\nVelmira doit être fermé sur "
+             "tous les postes qui travaillent sur cette base."_s,
+             Boites::Reponse::Non) == Boites::Reponse::Oui;
 }
 
 int Reparer(bool demander) {
   BoitesSysteme boites;
-  if (demander && !Accepte(boites)) return kRienFait;
-  QString base;
+  QString appPath, base;
   Reglages reglages;
   if (!Signaler(boites, [&] {
-        const QString appPath = AppPathDuPoste();
+        appPath = AppPathDuPoste();
         base = BaseDeVelmira(appPath);
         LireReglages(appPath, reglages);
       }))
     return kRienFait;
+  if (demander && !Accepte(boites, appPath)) return kRienFait;
   CoquilleSysteme coquille;
   const EchelleProgramme echelle(reglages.rtcolor.TailleFenetre);
   const auto issue =

@@ -9,6 +9,7 @@
 #include "storage/Requete.h"
 #include "storage/Sauvetage.h"
 #include "storage/Schema.h"
+#include "storage/SourceJet.h"
 #include "storage/TransfertBase.h"
 
 #include <QDir>
@@ -162,7 +163,7 @@ bool EstSain(const QString &chemin) {
   }
 }
 
-/// The first versions left no mark in their files.
+/// The first versions left no mark in their files, or had another engine.
 ErreurBase TropAncienne(const QString &chemin) {
   return ErreurBase(PhraseEchec(Phrase(chemin),
                                 {u"elle vient d'une version plus ancienne de Velmira"_s,
@@ -174,7 +175,7 @@ ErreurBase TropAncienne(const QString &chemin) {
 void ExigerLaNotre(const QString &chemin, const QByteArray &contenu) {
   const Identite identite = IdentiteDe(contenu);
   if (identite.lisible && !identite.tables) throw Refus(chemin, GenreErreur::Etrangere);
-  if (identite.lisible && identite.application == 0 && identite.version == 0)
+  if (EstJet(chemin) || (identite.lisible && identite.application == 0 && identite.version == 0))
     throw TropAncienne(chemin);
   if (identite.application == quint32{Base::kApplication} &&
       identite.version > quint32{Base::kVersion} && identite.version <= kVersionVraisemblable)

@@ -296,6 +296,7 @@ TEST_F(Reparation, Refusee) {
     étrangère | pas une base de données de Velmira
     récente   | version plus récente
     ancienne  | Lancez Velmira, qui la mettra à jour
+    jet       | Lancez Velmira, qui la mettra à jour
     prise     | le programme velmira
     vide      | rien ne peut plus y être lu
     bruit     | rien ne peut plus y être lu
@@ -307,6 +308,7 @@ TEST_F(Reparation, Refusee) {
           QFile::remove(Chemin(kBase)), Sql(kBase, u"CREATE TABLE Signets (a, b, c)"_s);
         if (c[0] == u"récente"_s) Sql(kBase, u"PRAGMA user_version=2"_s);
         if (c[0] == u"ancienne"_s) CreerBaseAncienne(Chemin(kBase), {{u"ListeAlerte"_s, 6}});
+        if (c[0] == u"jet"_s) Poser(kBase, "....Standard Jet DB....");
         if (c[0] == u"vide"_s) Poser(kBase, {});
         if (c[0] == u"bruit"_s) {
           QByteArray bruit(20 * kPage, '\xFF');
