@@ -27,11 +27,21 @@ QTreeWidgetItem *Ligne(const Alerte &alerte) {
   return ligne;
 }
 
+/// Each column is as wide as its longest text, with room around it.
+void Ecrire(QTreeWidgetItem &ligne, const QFont &police) {
+  const QFontMetrics lettres(police);
+  const QSize marge(2 * lettres.averageCharWidth(), lettres.height() / 2);
+  for (int colonne = 0; colonne < ligne.columnCount(); ++colonne) {
+    ligne.setFont(colonne, police);
+    ligne.setSizeHint(colonne, lettres.size(Qt::TextSingleLine, ligne.text(colonne)) + marge);
+  }
+}
+
 /// The day itself stands out, in a light and in a dark window.
 void Souligner(QTreeWidgetItem &ligne, QFont police) {
   police.setBold(true);
+  Ecrire(ligne, police);
   for (int colonne = 0; colonne < ligne.columnCount(); ++colonne) {
-    ligne.setFont(colonne, police);
     ligne.setBackground(colonne, QColor(255, 226, 138));
     ligne.setForeground(colonne, Qt::black);
   }
@@ -60,7 +70,6 @@ FrmVigilo::FrmVigilo(Boites &boites, const QLocale &langue)
   ui_->setupUi(this);
   setWindowIcon(IconeProgramme());
   Grandir(ui_->LblJour, kTitre, true);
-  ui_->CmdQuitte->setDefault(true);
   const Brancheur brancher(boites, this);
   brancher(ui_->CmdVu, [this] { emit Vues(Choisies()); });
   brancher(ui_->CmdFiche, [this] { emit FicheDemandee(NomChoisi()); });
@@ -77,7 +86,8 @@ void FrmVigilo::Brancher() {
   for (QTreeWidget *liste : {ui_->TVDues, ui_->TVManquees}) {
     QTreeWidget *autre = liste == ui_->TVDues ? ui_->TVManquees : ui_->TVDues;
     liste->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    liste->header()->setStretchLastSection(true);
+    liste->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+    liste->header()->setStretchLastSection(false);
     connect(liste, &QTreeWidget::itemSelectionChanged, this, [this, liste, autre] {
       if (!liste->selectedItems().isEmpty()) autre->clearSelection();
       MajBoutons();
@@ -114,7 +124,10 @@ void FrmVigilo::Remplir(QTreeWidget &liste, const QList<Alerte> &alertes,
   liste.clear();
   for (const Alerte &alerte : alertes) {
     QTreeWidgetItem *ligne = Ligne(alerte);
-    if (alerte.dans == 0) Souligner(*ligne, liste.font());
+    if (alerte.dans == 0)
+      Souligner(*ligne, liste.font());
+    else
+      Ecrire(*ligne, liste.font());
     liste.addTopLevelItem(ligne);
     ligne->setSelected(choisies.contains(alerte.evenement));
   }

@@ -166,7 +166,8 @@ void Programme::PoserCommandes() {
   PoserMenusMemora();
   new CommandesAide(session_, a.mnuAide, velmira);
   new CommandesAide(session_, plomex_->mnuAide(), plomex_.get());
-  new ToucheAide(session_, this);
+  new ToucheAide(session_.plateforme.boites, session_.plateforme.coquille,
+                 session_.dossiers.AppPath, this);
 }
 
 void Programme::PoserMenusMemora() {
@@ -225,7 +226,11 @@ void Programme::OuvrirFicheVoulue() {
   if (!velmira_->isVisible()) VersRepertoire();
   MettreDevant(*velmira_);
   Signaler(session_.plateforme.boites, [&] {
-    if (velmira_->MontrerFiche(fiche.cible) && fiche.enveloppe) velmira_->AllerAuxEnveloppes();
+    if (!velmira_->MontrerFiche(fiche.cible) || !fiche.enveloppe) return;
+    // Once the desktop has placed the directory, on whose middle the other window comes.
+    session_.plateforme.horloge.Apres(200ms, velmira_.get(), [this] {
+      if (!fermeture_) velmira_->AllerAuxEnveloppes();
+    });
   });
 }
 

@@ -3,13 +3,11 @@
 #include "alerts/Compagnons.h"
 #include "alerts/FrmVigilo.h"
 #include "app/Lancement.h"
-#include "help/Aide.h"
+#include "help/ToucheAide.h"
 #include "platform/Erreurs.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
 #include "ui/PlacesFenetres.h"
-
-#include <QShortcut>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -94,10 +92,7 @@ void Vigilo::Ouvrir() {
           Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, false); }));
   connect(fenetre_.get(), &FrmVigilo::EnveloppeDemandee, this,
           Garde(moyens_.boites, [this](const QString &nom) { Demander(nom, true); }));
-  const auto *aide = new QShortcut(QKeySequence::HelpContents, fenetre_.get());
-  connect(aide, &QShortcut::activated, this, Garde(moyens_.boites, [this] {
-            OuvrirAide(moyens_.coquille, appPath_, PageAide(fenetre_->objectName()));
-          }));
+  new ToucheAide(moyens_.boites, moyens_.coquille, appPath_, fenetre_.get());
   connect(fenetre_.get(), &FrmVigilo::finished, this, &Vigilo::Finir);
   echelle_->Appliquer(fenetre_.get());
   Montrer();

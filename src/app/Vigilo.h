@@ -7,6 +7,7 @@
 #include "platform/Horloge.h"
 #include "platform/Notifications.h"
 #include "storage/Reglages.h"
+#include "ui/EntreePresse.h"
 
 #include <QLocale>
 #include <QObject>
@@ -77,6 +78,7 @@ class Vigilo : public QObject {
   MemoireAlertes memoire_;
   bool memoireLue_ = false;  ///< without it nothing is written
   Vigilance vigilance_;
+  EntreePresse entree_;
   std::unique_ptr<PlacesFenetres> places_;
   std::unique_ptr<EchelleProgramme> echelle_;
   std::unique_ptr<FrmVigilo> fenetre_;

@@ -29,7 +29,7 @@ QString PageAide(const QString &fenetre) {
       {u"FrmLiaison"_s, u"telephone.html#separateur"_s},
       {u"FrmBilan"_s, u"maintenance.html#reparation"_s},
       {u"FrmOptionsAnn"_s, u"alertes.html"_s},
-      {u"FrmVigilo"_s, u"alertes.html"_s},
+      {u"FrmVigilo"_s, u"alertes.html#vigilo"_s},
       {u"FrmPlomex"_s, u"enveloppes.html"_s},
       {u"FrmTaille"_s, u"enveloppes.html#format"_s},
       {u"FrmConfigure"_s, u"imprimante.html"_s},

@@ -20,7 +20,8 @@ QString PageDe(const QWidget *widget) {
 
 }  // namespace
 
-ToucheAide::ToucheAide(Session &session, QObject *parent) : QObject(parent), session_(session) {
+ToucheAide::ToucheAide(Boites &boites, Coquille &coquille, const QString &appPath, QObject *parent)
+    : QObject(parent), boites_(boites), coquille_(coquille), appPath_(appPath) {
   qApp->installEventFilter(this);
 }
 
@@ -29,9 +30,7 @@ bool ToucheAide::eventFilter(QObject *objet, QEvent *evenement) {
   const auto *touche = static_cast<QKeyEvent *>(evenement);
   if (touche->key() != Qt::Key_F1 || touche->modifiers() != Qt::NoModifier) return false;
   if (touche->isAutoRepeat()) return true;
-  Signaler(session_.plateforme.boites, [&] {
-    OuvrirAide(session_.plateforme.coquille, session_.dossiers.AppPath,
-               PageDe(static_cast<QWidget *>(objet)));
-  });
+  Signaler(boites_,
+           [&] { OuvrirAide(coquille_, appPath_, PageDe(static_cast<QWidget *>(objet))); });
   return true;
 }

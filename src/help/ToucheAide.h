@@ -1,8 +1,10 @@
 #pragma once
 
-#include "session/Session.h"
+#include "platform/Boites.h"
+#include "platform/Coquille.h"
 
 #include <QObject>
+#include <QString>
 
 /// F1 opens the guide at the page of the window that has the focus, for as long as this object
 /// lives. A window without a page of its own, as a message box, has that of the window that it
@@ -11,11 +13,13 @@ class ToucheAide : public QObject {
   Q_OBJECT
 
  public:
-  ToucheAide(Session &session, QObject *parent);
+  ToucheAide(Boites &boites, Coquille &coquille, const QString &appPath, QObject *parent);
 
  protected:
   bool eventFilter(QObject *objet, QEvent *evenement) override;
 
  private:
-  Session &session_;
+  Boites &boites_;
+  Coquille &coquille_;
+  QString appPath_;
 };

@@ -12,8 +12,9 @@ namespace {
 QAbstractButton *Bouton(QObject *objet) {
   if (auto *outil = qobject_cast<QToolButton *>(objet)) return outil;
   auto *bouton = qobject_cast<QPushButton *>(objet);
-  const bool dialogue = bouton != nullptr && qobject_cast<QDialog *>(bouton->window()) != nullptr;
-  return dialogue ? nullptr : bouton;
+  const bool seul = bouton != nullptr && (bouton->autoDefault() || bouton->isDefault()) &&
+                    qobject_cast<QDialog *>(bouton->window()) != nullptr;
+  return seul ? nullptr : bouton;
 }
 
 }  // namespace
