@@ -8,15 +8,19 @@
 #include <QGuiApplication>
 #include <QMenu>
 #include <QScreen>
+#include <QTextDocument>
 
+#include <algorithm>
 #include <chrono>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
 namespace {
 
-constexpr QSize kTaille{220, 180};
+constexpr QSize kTaille{240, 180};
+constexpr int kMarge = 12;
 
 /// Whether enough of a place lies on a screen to be taken hold of.
 bool EstVisible(const QRect &place) {
@@ -39,6 +43,7 @@ FrmNote::FrmNote(const NoteMemora &note) : note_(note) {
   setAccessibleName(windowTitle());
   setFrameShape(NoFrame);
   setTabChangesFocus(true);
+  document()->setDocumentMargin(kMarge);
   setPlainText(note.texte);
   moveCursor(QTextCursor::End);
   Habiller();
@@ -58,10 +63,12 @@ void FrmNote::Placer() {
     move(note_.place.topLeft());
     return;
   }
-  constexpr int kEcart = 24;
+  empruntee_ = !note_.place.isEmpty();
+  constexpr int kEcart = 24;  // and as much for the title bar
   const QRect ecran = QGuiApplication::primaryScreen()->availableGeometry();
-  move(ecran.right() - width() - kEcart * (2 * note_.numero - 1),
-       ecran.top() + kEcart * (2 * note_.numero - 1));
+  const int sous = ecran.top() + kEcart + (note_.numero - 1) * (height() + 2 * kEcart);
+  move(ecran.right() - width() - kEcart,
+       std::min(sous, ecran.bottom() - height() - note_.numero * kEcart));
 }
 
 void FrmNote::Habiller() {
@@ -90,6 +97,7 @@ void FrmNote::ChangerPoints(int points) {
 }
 
 void FrmNote::Montrer(bool montree) {
+  Poser();
   note_.montree = montree;
   setVisible(montree);
   if (montree) {
@@ -99,9 +107,18 @@ void FrmNote::Montrer(bool montree) {
   emit Changee(note_);
 }
 
+void FrmNote::Poser() {
+  if (!mouvement_.isActive()) return;
+  mouvement_.stop();
+  NoterPlace();
+}
+
 void FrmNote::NoterPlace() {
   if (!isVisible()) return;
-  note_.place = {pos(), size()};
+  const QRect place(pos(), size());
+  if (std::exchange(empruntee_, false)) emprunt_ = place;
+  if (place == emprunt_) return;
+  note_.place = place;
   emit Changee(note_);
 }
 
@@ -126,5 +143,6 @@ void FrmNote::contextMenuEvent(QContextMenuEvent *evenement) {
 
 bool FrmNote::event(QEvent *evenement) {
   if (evenement->type() == QEvent::WindowActivate) emit Activee(note_.numero);
+  if (evenement->type() == QEvent::Show) mouvement_.start();
   return QPlainTextEdit::event(evenement);
 }

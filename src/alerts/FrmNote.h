@@ -3,6 +3,7 @@
 #include "alerts/NotesMemora.h"
 
 #include <QPlainTextEdit>
+#include <QRect>
 #include <QTimer>
 
 class QMenu;
@@ -21,6 +22,8 @@ class FrmNote : public QPlainTextEdit {
   void ChangerCouleur(const QString &couleur);
   void ChangerPoints(int points);
   void Montrer(bool montree);
+  /// A movement that has not paused yet is over.
+  void Poser();
 
  signals:
   /// Something of it has changed. The text at once, the place when a movement pauses.
@@ -46,4 +49,7 @@ class FrmNote : public QPlainTextEdit {
 
   NoteMemora note_;
   QTimer mouvement_;
+  /// Where it stands instead of a place of its own that no screen shows now: that is kept.
+  bool empruntee_ = false;
+  QRect emprunt_;
 };

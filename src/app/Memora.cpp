@@ -5,8 +5,13 @@
 #include "ui/Brancheur.h"
 #include "ui/Garde.h"
 #include "ui/Icones.h"
+#include "ui/Theme.h"
 
+#include <QApplication>
 #include <QColor>
+#include <QEvent>
+#include <QPainter>
+#include <QPixmap>
 #include <QTimer>
 
 #include <algorithm>
@@ -21,16 +26,25 @@ namespace {
 struct Teinte {
   const char16_t *nom, *couleur;
 };
-constexpr Teinte kTeintes[] = {{u"Jaune", u"#fff3a3"},  {u"Vert", u"#cdeec0"},
-                               {u"Bleu", u"#c6e2ff"},   {u"Rose", u"#ffd0dc"},
-                               {u"Orange", u"#ffd9a8"}, {u"Blanc", u"#ffffff"}};
+constexpr Teinte kTeintes[] = {{u"&Jaune", u"#fff3a3"},  {u"&Vert", u"#cdeec0"},
+                               {u"&Bleu", u"#c6e2ff"},   {u"&Rose", u"#ffd0dc"},
+                               {u"&Orange", u"#ffd9a8"}, {u"B&lanc", u"#ffffff"}};
 constexpr int kTailles[] = {9, 11, 13, 16, 20, 26};
+
+QIcon Pastille(const QColor &couleur) {
+  constexpr int kCote = 32;
+  QPixmap image(kCote, kCote);
+  image.fill(EncreSur(couleur));
+  QPainter(&image).fillRect(image.rect().adjusted(2, 2, -2, -2), couleur);
+  return image;
+}
 
 }  // namespace
 
 Memora::Memora(Boites &boites, const QString &appPath)
     : boites_(boites), notes_(appPath), icone_(IconeProgramme()) {
   FaireMenu();
+  qApp->installEventFilter(this);
   icone_.setToolTip(u"Memora"_s);
   icone_.setContextMenu(&menu_);
   connect(&icone_, &QSystemTrayIcon::activated, this,
@@ -74,7 +88,7 @@ void Memora::FaireMenu() {
   mnuSupprimer_ = Ajouter(u"mnuSupprimer"_s, u"&Supprimer"_s, &Memora::Supprimer);
   mnuRendre_ = Ajouter(u"mnuRendre"_s, u"&Annuler la suppression"_s, &Memora::Rendre);
   menu_.addSeparator();
-  Ajouter(u"mnuQuitter"_s, u"&Quitter"_s, &Memora::Termine);
+  Ajouter(u"mnuQuitter"_s, u"&Quitter"_s, &Memora::Quitter);
   connect(&menu_, &QMenu::aboutToShow, this, &Memora::MajMenu);
 }
 
@@ -82,15 +96,18 @@ void Memora::FaireMenuCouleurs() {
   couleurs_ = menu_.addMenu(u"&Couleur"_s);
   const Brancheur brancher(boites_, this);
   for (const Teinte &teinte : kTeintes)
-    brancher(couleurs_->addAction(QString::fromUtf16(teinte.nom)), [this, teinte] {
-      if (FrmNote *note = Active()) note->ChangerCouleur(QString::fromUtf16(teinte.couleur));
-    });
+    brancher(couleurs_->addAction(Pastille(QString::fromUtf16(teinte.couleur)),
+                                  QString::fromUtf16(teinte.nom)),
+             [this, teinte] {
+               if (FrmNote *note = Active())
+                 note->ChangerCouleur(QString::fromUtf16(teinte.couleur));
+             });
   couleurs_->addSeparator();
   brancher(couleurs_->addAction(u"A&utre..."_s), &Memora::AutreCouleur);
 }
 
 void Memora::FaireMenuTailles() {
-  tailles_ = menu_.addMenu(u"&Taille des caractères"_s);
+  tailles_ = menu_.addMenu(u"Taille des ca&ractères"_s);
   for (const int points : kTailles) {
     QAction *action = tailles_->addAction(QString::number(points));
     action->setCheckable(true);
@@ -137,7 +154,7 @@ void Memora::Ouvrir(const NoteMemora &note) {
 void Memora::MontrerMenu(int numero, QPoint place, QMenu *texte) {
   active_ = numero;
   MajMenu();
-  texte->setTitle(u"&Texte"_s);
+  texte->setTitle(u"Te&xte"_s);
   texte->setAttribute(Qt::WA_DeleteOnClose, false);
   const std::unique_ptr<QMenu> garde(texte);
   QMenu ensemble(fenetres_.at(numero).get());
@@ -199,6 +216,17 @@ void Memora::Rendre() {
   const NoteMemora note = notes_.Rendre();
   Ouvrir(note);
   active_ = note.numero;
+}
+
+void Memora::Quitter() {
+  for (const auto &[numero, fenetre] : fenetres_) fenetre->Poser();
+  emit Termine();
+}
+
+bool Memora::eventFilter(QObject *, QEvent *evenement) {
+  if (evenement->type() != QEvent::Quit) return false;
+  Quitter();
+  return true;
 }
 
 void Memora::FinirSiInvisible() {

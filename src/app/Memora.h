@@ -28,6 +28,10 @@ class Memora : public QObject {
  signals:
   void Termine();
 
+ protected:
+  /// The end of the session would close the notes one by one, and so hide them.
+  bool eventFilter(QObject *objet, QEvent *evenement) override;
+
  private:
   void FaireMenu();
   void FaireMenuCouleurs();
@@ -45,6 +49,7 @@ class Memora : public QObject {
   void AutreCouleur();
   void Supprimer();
   void Rendre();
+  void Quitter();
 
   /// Puts a note into the file. A failure is told once, until one succeeds.
   void Garder(const NoteMemora &note);
