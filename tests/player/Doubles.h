@@ -9,6 +9,7 @@
 #include "platform/Horloge.h"
 #include "platform/Imprimante.h"
 #include "platform/ListeDemarrage.h"
+#include "platform/Notifications.h"
 #include "platform/PageDeCode.h"
 #include "platform/Polices.h"
 #include "platform/PortSerie.h"
@@ -273,6 +274,20 @@ class CoquilleScenario : public Coquille {
 
   Journal &journal_;
   const Monde &monde_;
+};
+
+/// A note is written down as the start of "Notification" with its words.
+class NotificationsScenario : public Notifications {
+ public:
+  explicit NotificationsScenario(Journal &journal) : journal_(journal) {}
+
+  void Montrer(const QString &titre, const QString &texte, QObject *,
+               const std::function<void()> &) override {
+    journal_.lances.push_back(u"Notification "_s + titre + u'\n' + texte);
+  }
+
+ private:
+  Journal &journal_;
 };
 
 /// An entry is a file of the world that holds its command line.

@@ -26,6 +26,15 @@ bool EstAtteignable(const QAction *action) {
   });
 }
 
+/// What an object belongs to: a menu to the open one that it has come out of.
+const QObject *Dessus(const QObject *objet) {
+  if (const auto *menu = qobject_cast<const QMenu *>(objet))
+    for (const QObject *lieu : menu->menuAction()->associatedObjects())
+      if (const auto *autre = qobject_cast<const QMenu *>(lieu); autre && autre->isVisible())
+        return autre;
+  return objet->parent();
+}
+
 /// A menu that stands open takes the user's next act; another control closes it first.
 void FermerSurgissante(const Controle &controle) {
   QWidget *surgissante = QApplication::activePopupWidget();
@@ -34,7 +43,7 @@ void FermerSurgissante(const Controle &controle) {
     for (const QObject *lieu : action->associatedObjects())
       if (const auto *menu = qobject_cast<const QMenu *>(lieu); menu && menu->isVisible()) return;
   }
-  for (const QObject *o = surgissante; o != nullptr; o = o->parent())
+  for (const QObject *o = surgissante; o != nullptr; o = Dessus(o))
     if (o == controle.objet) return;
   surgissante->close();
   throw Reessayer{};

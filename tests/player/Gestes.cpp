@@ -102,7 +102,7 @@ void ChoisirJour(QDateEdit *date, const QDate &jour) {
 void Cliquer(const Controle &controle, Clic clic = Clic::Simple) {
   if (auto *action = controle.En<QAction>()) return Declencher(action);
   QWidget *widget = controle.Widget();
-  if (const auto *vue = controle.En<QAbstractItemView>()) widget = vue->viewport();
+  if (const auto *zone = controle.En<QAbstractScrollArea>()) widget = zone->viewport();
   CliquerEn(widget, PlaceDuClic(widget), clic);
 }
 
@@ -293,6 +293,14 @@ QList<Verbe> VerbesDesGestes() {
          Exiger(!s.EnMarche(), u"a program that is closed expected, it is running"_s);
          const EchelleProgramme echelle(s.options.taille != 0 ? s.options.taille : kTailleDessin);
          ReparerEnFenetre(s.boites, s.coquille, s.monde.Base(), s.horloge.Maintenant(), {});
+       }},
+      {u"vigilo"_s, 0, 1, [](S &s, const M &m) { s.LancerVigilo(Textes(m, 0)); }},
+      {u"memora"_s, 0, 1, [](S &s, const M &m) { s.LancerMemora(Textes(m, 0)); }},
+      {u"velmira"_s, 2, 3, [](S &s, const M &m) { s.DemanderFiche(Textes(m, 0)); }},
+      {u"fin-de-session"_s, 0, 0,
+       [](S &, const M &) {
+         QEvent fin(QEvent::Quit);
+         QApplication::sendEvent(qApp, &fin);
        }},
       {u"relancer"_s, 0, 0,
        [](S &s, const M &) {

@@ -41,6 +41,8 @@ Scene::Scene(Application &application, QString f, Options o)
 }
 
 Scene::~Scene() {
+  vigilo_.reset();
+  memora_.reset();
   programme_.reset();
   imprimante.gel.Poser(false);
   while (abandons_.EnCours() > 0) std::this_thread::sleep_for(1ms);
@@ -54,7 +56,7 @@ std::optional<Echec> Scene::Jouer() {
   return faute_;
 }
 
-void Scene::Demarrer() {
+void Scene::Demarrer(const std::optional<FicheVoulue> &fiche) {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
   if (options.taille != 0) {
@@ -68,6 +70,7 @@ void Scene::Demarrer() {
                                  monde.Home() + u"/Cache"_s, abandons_});
   programme_ = std::make_unique<Programme>(*plateforme_, monde.App());
   programmeTermine_ = false;
+  if (fiche) programme_->OuvrirFiche(*fiche);
   QObject::connect(programme_.get(), &Programme::Termine, &ecran,
                    [this] { programmeTermine_ = true; });
 
@@ -97,7 +100,39 @@ void Scene::Fermer() {
   if (horloge.Attentes() == 0) Liberer();
 }
 
+void Scene::LancerVigilo(const QStringList &mots) {
+  const auto depart = Vigilo::DepartDe(mots);
+  if (vigilo_) return vigilo_->Reprendre(depart);
+  vigilo_ =
+      std::make_unique<Vigilo>(Vigilo::Moyens{boites, horloge, coquille, notifications, utilisateur,
+                                              QLocale(QLocale::French, QLocale::France)},
+                               monde.App(), depart);
+  finCompagnon_.reset();
+  QObject::connect(vigilo_.get(), &Vigilo::Termine, &ecran, [this](int s) { finCompagnon_ = s; });
+  vigilo_->Commencer();
+}
+
+void Scene::LancerMemora(const QStringList &mots) {
+  if (!memora_) memora_ = std::make_unique<Memora>(boites, monde.App());
+  finCompagnon_.reset();
+  QObject::connect(memora_.get(), &Memora::Termine, &ecran, [this] { finCompagnon_ = 0; });
+  memora_->Commencer(!mots.contains(u"auto"_s));
+}
+
+void Scene::DemanderFiche(const QStringList &mots) {
+  const auto fiche = LireFicheVoulue(mots);
+  Exiger(fiche.has_value(), u"\"--fiche KEY\" expected"_s);
+  if (EnMarche())
+    programme_->OuvrirFiche(*fiche);
+  else
+    Demarrer(fiche);
+}
+
 void Scene::Liberer() {
+  if (finCompagnon_) {
+    vigilo_.reset();
+    memora_.reset();
+  }
   if (!programmeTermine_) return;
   programme_.reset();
   programmeTermine_ = false;

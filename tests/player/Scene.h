@@ -1,7 +1,9 @@
 #pragma once
 
 #include "app/Application.h"
+#include "app/Memora.h"
 #include "app/Programme.h"
+#include "app/Vigilo.h"
 #include "platform/linux/ClasseurSysteme.h"
 #include "player/Analyse.h"
 #include "player/Doubles.h"
@@ -40,10 +42,18 @@ class Scene {
 
   /// Runs the start-up up to the main window shown. Where the launch is stopped the program has
   /// ended.
-  void Demarrer();
+  void Demarrer(const std::optional<FicheVoulue> &fiche = {});
   /// Closes the program as its close box does.
   void Fermer();
   bool EnMarche() const { return programme_ != nullptr; }
+
+  /// Starts a companion with the words of its command line; one that runs takes them.
+  void LancerVigilo(const QStringList &mots);
+  void LancerMemora(const QStringList &mots);
+  /// How the companion has ended: its status, nothing as long as it runs.
+  std::optional<int> FinCompagnon() const { return finCompagnon_; }
+  /// Starts the program at a record, or asks the running one for it as another start does.
+  void DemanderFiche(const QStringList &mots);
 
   /// Throws `Echec` when the program has told or started something that the scenario has not looked
   /// at.
@@ -61,6 +71,7 @@ class Scene {
   ImprimanteScenario imprimante{journal, monde};
   PolicesScenario polices;
   ListeDemarrageScenario demarrage{monde};
+  NotificationsScenario notifications{journal};
   PortSerieScenario port{journal};
   ClasseurSysteme classeur;  ///< the real one: its files are read back
   Ecran ecran;
@@ -104,6 +115,9 @@ class Scene {
   std::optional<Plateforme> plateforme_;
   std::unique_ptr<Programme> programme_;
   bool programmeTermine_ = false;
+  std::unique_ptr<Vigilo> vigilo_;
+  std::unique_ptr<Memora> memora_;
+  std::optional<int> finCompagnon_;
 
   QList<Commande> commandes_;
   qsizetype suivante_ = 0;

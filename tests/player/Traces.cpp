@@ -251,6 +251,11 @@ QList<Verbe> VerbesDesTraces() {
       {u"boites-vues"_s, 0, 0, [](S &s, const M &) { s.journal.boites.clear(); }},
       Lancement(u"ouvre"_s, &Journal::ouverts),
       Lancement(u"lance"_s, &Journal::lances),
+      Valeur(u"fin-compagnon"_s, 1,
+             [](S &s, const M &) {
+               const auto statut = s.FinCompagnon();
+               return statut ? QString::number(*statut) : u"aucune"_s;
+             }),
       {u"rien-ouvert"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
       {u"rien-lance"_s, 0, 0, [](S &s, const M &) { s.VerifierToutVu(); }},
       Valeur(u"demarrage"_s, 2,

@@ -1,0 +1,149 @@
+// The programs themselves, off the screen, in a portable folder: how they end, who of two goes on,
+// and what a kill leaves.
+
+#include "Reel.h"
+#include "alerts/NotesMemora.h"
+#include "storage/Base.h"
+#include "storage/EmplacementDonnees.h"
+#include "storage/Schema.h"
+#include "storage/TablesAlertes.h"
+
+#include <QDate>
+
+#include <csignal>
+#include <memory>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace {
+
+class Compagnons : public testing::Test {
+ protected:
+  Compagnons() {
+    QFile::copy(QStringLiteral(VELMIRA_PROGRAMME), Chemin(u"Velmira"_s));
+    QFile::copy(QStringLiteral(VIGILO), Chemin(u"Vigilo"_s));
+    QFile::copy(QStringLiteral(MEMORA), Chemin(u"Memora"_s));
+    RemplacerFichier(Chemin(u"Velmira.portable"_s), "");
+    CreerDossier(Chemin(u"run"_s), Acces::Prive);
+    QFile::setPermissions(Chemin({}), QFile::Permissions(0x7755));  // another user's too
+  }
+
+  QString Chemin(const QString &nom) const { return dossier_.filePath(nom); }
+
+  /// A database with one event, of today.
+  void CreerDonnees() const {
+    const QString donnees = Chemin(u"DataTrevona/DataVelmira"_s);
+    CreerDossier(donnees);
+    EcrireCheminData(Chemin({}), donnees);
+    EcrireCheminBase(Chemin({}), donnees);
+    CreerBaseVide(FichierBase(donnees));
+    Base base;
+    base.Ouvrir(FichierBase(donnees));
+    TablesAlertes tables(base);
+    tables.AjouterPersonne(u"Zoé"_s, u""_s);
+    tables.AjouterEvenement({.Nom = 1,
+                             .Alerte = tables.AjouterType(u"Fête"_s),
+                             .Date = QDate::currentDate().toString(u"dd/MM/yyyy"_s),
+                             .Actif = true});
+  }
+
+  /// Starts a program with a command line; `ecran` is the toolkit's platform.
+  std::unique_ptr<QProcess> Lancer(const QString &commande, const QString &ecran = u"offscreen"_s,
+                                   uint utilisateur = 0) const {
+    auto processus = std::make_unique<QProcess>();
+    auto environnement = QProcessEnvironment::systemEnvironment();
+    for (const QString &variable : {u"DISPLAY"_s, u"WAYLAND_DISPLAY"_s})
+      environnement.remove(variable);
+    environnement.insert(u"QT_QPA_PLATFORM"_s, ecran);
+    environnement.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s);
+    for (const QString &lieu : {u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s, u"XDG_CACHE_HOME"_s})
+      environnement.insert(lieu, Chemin(u"run"_s));
+    processus->setProcessEnvironment(environnement);
+    if (utilisateur != 0)
+      processus->setChildProcessModifier([utilisateur] { ::setuid(utilisateur); });
+    const QStringList mots = commande.split(u' ');
+    processus->start(Chemin(mots[0]), mots.sliced(1));
+    EXPECT_TRUE(processus->waitForStarted());
+    return processus;
+  }
+  /// Its end and what it says.
+  static QString Fin(QProcess &processus) {
+    EXPECT_TRUE(processus.waitForFinished(-1));
+    return u"%1 "_s.arg(processus.exitCode()) +
+           QString::fromUtf8(processus.readAllStandardOutput() + processus.readAllStandardError());
+  }
+  /// Until somebody takes what is asked of it.
+  void AttendrePrise(const QString &nom) const {
+    const QDir lieu(Chemin(u"run"_s));
+    Attendre([&] {
+      return !lieu.entryList({u"velmira-"_s + nom + u"-????????????"_s}, QDir::System).isEmpty();
+    });
+  }
+
+  const QTemporaryDir dossier_;
+};
+
+TEST_F(Compagnons, Statuts) {
+  EXPECT_EQ(Fin(*Lancer(u"Vigilo --liste"_s)), u"1 Vigilo : aucune base de données.\n"_s);
+  EXPECT_EQ(Fin(*Lancer(u"Vigilo auto"_s)), u"0 "_s);
+  CreerDonnees();
+  const QString jour = QDate::currentDate().toString(u"dd/MM/yyyy"_s);
+  EXPECT_EQ(Fin(*Lancer(u"Vigilo --liste"_s, u""_s)),
+            u"0 due\t%1\taujourd'hui\tZoé\tFête\t\n"_s.arg(jour));
+  for (const QString &sans : {u"Vigilo"_s, u"Memora"_s, u"Velmira --fiche 1"_s})
+    EXPECT_TRUE(Fin(*Lancer(sans, u""_s)).startsWith(u"1 "_s)) << qPrintable(sans);
+  for (const QString &faux : {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s})
+    EXPECT_TRUE(Fin(*Lancer(faux)).startsWith(u"2 "_s)) << qPrintable(faux);
+  // The base of another user.
+  const QString base = FichierBase(Chemin(u"DataTrevona/DataVelmira"_s));
+  const bool tout = ::geteuid() == 0;
+  QFile::setPermissions(base, tout ? QFile::ReadOwner : QFile::Permissions());
+  const QString fin = Fin(*Lancer(u"Vigilo --liste"_s, u"offscreen"_s, tout ? 65534 : 0));
+  EXPECT_TRUE(fin.startsWith(u"1 "_s) && fin.contains(u"Vigilo : La base"_s)) << qPrintable(fin);
+}
+
+// The second start hands its wish to the first; a killed one is in nobody's way.
+TEST_F(Compagnons, UnSeulALaFois) {
+  CreerDonnees();
+  const QString cas[][3] = {{u"Vigilo auto"_s, u"Vigilo"_s, u"vigilo"_s},
+                            {u"Memora auto"_s, u"Memora"_s, u"memora"_s},
+                            {u"Velmira"_s, u"Velmira --fiche 1"_s, u"fiche"_s}};
+  RemplacerFichier(Chemin(u"MemoraNotes.json"_s), "[{\"place\":[9000,9000,200,200]}]");
+  for (const auto &[un, autre, nom] : cas) {
+    auto premier = Lancer(un);
+    AttendrePrise(nom);
+    EXPECT_EQ(Fin(*Lancer(autre)), u"0 "_s);
+    EXPECT_EQ(premier->state(), QProcess::Running) << qPrintable(un);
+    premier->kill();
+    premier->waitForFinished(-1);
+    premier = Lancer(un);
+    EXPECT_FALSE(premier->waitForFinished(500)) << qPrintable(un);
+    premier->kill();
+    premier->waitForFinished(-1);
+  }
+  // A note that no screen shows now has its place again where one does.
+  EXPECT_EQ(NotesMemora(Chemin({})).Notes()[0].place, QRect(9000, 9000, 200, 200));
+}
+
+TEST_F(Compagnons, NotesTueesPendantLEcriture) {
+  for (int tour = 1; tour <= 30; ++tour) {
+    const pid_t enfant = ::fork();
+    if (enfant == 0) {
+      NotesMemora notes(Chemin({}));
+      NoteMemora note = notes.Notes().isEmpty() ? notes.Ajouter() : notes.Notes()[0];
+      for (;;) {
+        note.texte = QString(1 + note.texte.size() % 40'000, u'é');
+        notes.Changer(note);
+      }
+    }
+    ::usleep(static_cast<useconds_t>(tour * 700));
+    ::kill(enfant, SIGKILL);
+    ::waitpid(enfant, nullptr, 0);
+    EXPECT_EQ(NotesMemora(Chemin({})).Ecarte(), u""_s);
+  }
+  const QString texte = NotesMemora(Chemin({})).Notes()[0].texte;
+  EXPECT_GT(texte.size(), 30);
+  EXPECT_EQ(texte.count(u'é'), texte.size());
+}
+
+}  // namespace
