@@ -82,9 +82,12 @@ void VerifierContraste(const QWidget &widget) {
        vue->model()->match(vue->model()->index(0, 0), Qt::ForegroundRole, QVariant(), 100,
                            Qt::MatchRecursive | Qt::MatchWildcard))
     if (const QVariant encre = element.data(Qt::ForegroundRole);
-        encre.isValid() && !EstDite(widget, element))
+        encre.isValid() && !EstDite(widget, element)) {
+      const QVariant fond = element.data(Qt::BackgroundRole);
       ExigerLisible(nom + u'/' + element.data().toString(), encre.value<QBrush>().color(),
-                    palette.color(QPalette::Base), 4.5);
+                    fond.isValid() ? fond.value<QBrush>().color() : palette.color(QPalette::Base),
+                    4.5);
+    }
 }
 
 /// What is written in a control is seen whole, and the control is within its place.

@@ -56,15 +56,18 @@ std::optional<Echec> Scene::Jouer() {
   return faute_;
 }
 
+void Scene::PoserTaille() const {
+  if (options.taille == 0) return;
+  Reglages reglages;
+  LireReglages(monde.App(), reglages);
+  reglages.rtcolor.TailleFenetre = options.taille;
+  EcrireRTColor(monde.App(), reglages.rtcolor);
+}
+
 void Scene::Demarrer(const std::optional<FicheVoulue> &fiche) {
   Exiger(!EnMarche(), u"a program that is closed expected, it is running"_s);
   port.Fermer();
-  if (options.taille != 0) {
-    Reglages reglages;
-    LireReglages(monde.App(), reglages);
-    reglages.rtcolor.TailleFenetre = options.taille;
-    EcrireRTColor(monde.App(), reglages.rtcolor);
-  }
+  PoserTaille();
   plateforme_.emplace(Plateforme{horloge, boites, coquille, imprimante, polices, demarrage, port,
                                  classeur, utilisateur, QLocale(QLocale::French, QLocale::France),
                                  monde.Home() + u"/Cache"_s, abandons_});
@@ -103,6 +106,7 @@ void Scene::Fermer() {
 void Scene::LancerVigilo(const QStringList &mots) {
   const auto depart = Vigilo::DepartDe(mots);
   if (vigilo_) return vigilo_->Reprendre(depart);
+  PoserTaille();
   vigilo_ =
       std::make_unique<Vigilo>(Vigilo::Moyens{boites, horloge, coquille, notifications, utilisateur,
                                               QLocale(QLocale::French, QLocale::France)},

@@ -94,6 +94,7 @@ class Scene {
     int attentes = 0;  ///< of the program, for something to happen
   };
 
+  void PoserTaille() const;
   void Planifier();
   void Pas();
   /// The window of a run, or of a long work, which shows on a slow computer only: it ends by
