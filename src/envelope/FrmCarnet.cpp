@@ -225,7 +225,8 @@ void FrmCarnet::OuvrirPlusieurs() {
     if (element->checkState() != Qt::Checked) continue;
     const auto fiche = table.Lire(Index(element));
     if (fiche && EstVisible(fiche->DataProt, session_.plateforme.utilisateur))
-      adresses_.append(ComposerAdresse(AdresseSaisie::De(*fiche)));
+      destinataires_.append(
+          {fiche->Index, element->text(), ComposerAdresse(AdresseSaisie::De(*fiche))});
     else
       disparus.append(u"- "_s + element->text());
   }
@@ -235,6 +236,7 @@ void FrmCarnet::OuvrirPlusieurs() {
         u"\n\nCe qui était coché ici a été supprimé ou protégé entre-temps par un autre "
         "utilisateur."_s);
   sansAdresse_ = ChercherSansAdresse();
+  titre_ = Coches().size() == ui_->LstNomC->count() ? Categorie() : u"sélection"_s;
   accept();
 }
 

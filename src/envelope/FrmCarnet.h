@@ -2,6 +2,7 @@
 
 #include "address/ChaineAdresse.h"
 #include "directory/Liste.h"
+#include "envelope/SuiviTirage.h"
 #include "session/Session.h"
 #include "storage/Lignes.h"
 
@@ -38,8 +39,10 @@ class FrmCarnet : public QDialog {
   /// Key of the chosen name, 0 for none.
   Cle Choisi() const;
 
-  /// The addresses that were ticked, in the order of the list.
-  const QList<AdresseComposee> &Adresses() const { return adresses_; }
+  /// Who was ticked, in the order of the list, and what they are together: the category where all
+  /// of it was ticked, else "sélection".
+  const QList<Destinataire> &Destinataires() const { return destinataires_; }
+  const QString &Titre() const { return titre_; }
   /// Where a whole category was ticked: who is in it and has no address.
   const QStringList &SansAdresse() const { return sansAdresse_; }
 
@@ -74,7 +77,8 @@ class FrmCarnet : public QDialog {
   std::unique_ptr<Ui::FrmCarnet> ui_;
   Cle selection_;  ///< of the directory when the book was opened
   AdresseComposee adresse_;
-  QList<AdresseComposee> adresses_;
+  QList<Destinataire> destinataires_;
+  QString titre_;
   QStringList sansAdresse_;
   bool entieres_ = false;      ///< a category is ticked when it is chosen
   QList<NoeudListe> montres_;  ///< what the directory had found, until a category is chosen

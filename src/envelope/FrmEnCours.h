@@ -1,23 +1,34 @@
 #pragma once
 
+#include "platform/Horloge.h"
+
 #include <QDialog>
 
 #include <memory>
+
+class TravailDeFond;
 
 namespace Ui {
 class FrmEnCours;
 }
 
-/// Tells which envelope of a run is being printed, and takes the wish to stop behind it.
+/// Stands before the windows while a run goes: the envelope that is being printed, what is left,
+/// and the wishes to pause, to stop behind it, or to give up a printer that keeps silent.
 class FrmEnCours : public QDialog {
   Q_OBJECT
 
  public:
-  FrmEnCours(int nombre, QWidget *parent);
+  FrmEnCours(Horloge &horloge, int nombre, QWidget *parent);
   ~FrmEnCours() override;
 
-  /// The envelope that is being printed, from 1.
-  void Montrer(int rang);
+  /// The envelope that is being printed, from 1, its address in lines, and what is left behind it.
+  void Montrer(int rang, const QString &adresse, const QString &reste);
+
+  /// Waits for that envelope; its printer can be given up once it has kept silent for some seconds.
+  void Attendre(TravailDeFond &fond);
+
+  /// Whether the next one is to be printed; waits while the run is paused.
+  bool Continuer();
   bool Arrete() const { return arrete_; }
 
  public slots:
@@ -25,7 +36,12 @@ class FrmEnCours : public QDialog {
   void reject() override;
 
  private:
+  void Interrompre();
+
+  Horloge &horloge_;
   int nombre_;
   std::unique_ptr<Ui::FrmEnCours> ui_;
+  QString reste_;
+  bool enPause_ = false;
   bool arrete_ = false;
 };

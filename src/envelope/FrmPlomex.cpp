@@ -312,20 +312,30 @@ bool FrmPlomex::ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet
     commentaire_->MajEtiquette();
   });
   commentaire_->MajEtiquette();
+  ImpressionMultiple run(session_, zones_, *tirage_, this);
+  if (const auto reste = run.ChoisirReste()) {
+    Tirer([&] { return run.Reprendre(*reste); });
+    return true;
+  }
   FrmCarnet carnet(session_, repertoire_, FrmCarnet::Mode::Plusieurs, categorieCarnet_, this);
   preparer(carnet);
   if (carnet.exec() != QDialog::Accepted) return false;
-  if (carnet.Adresses().isEmpty()) {
+  if (carnet.Destinataires().isEmpty()) {
     if (dUnTrait) tirage_->Dire({}, 0, carnet.SansAdresse());
     return true;
   }
+  Tirer([&] {
+    return run.Imprimer({carnet.Titre(), carnet.Destinataires(), carnet.SansAdresse(), dUnTrait});
+  });
+  return true;
+}
+
+void FrmPlomex::Tirer(const std::function<bool()> &tirer) {
   auto refus = qScopeGuard([this, avant = zones_.Montree()] { zones_.Remontrer(avant); });
-  ImpressionMultiple run(session_, zones_, *tirage_, this);
-  if (!run.Imprimer({carnet.Adresses(), carnet.SansAdresse(), dUnTrait})) return true;
+  if (!tirer()) return;
   refus.dismiss();
   zones_.ViderAdresse();
   if (session_.reglages.plomex.Minimise) showMinimized();
-  return true;
 }
 
 void FrmPlomex::NouveauVelmira() {

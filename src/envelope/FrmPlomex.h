@@ -77,9 +77,11 @@ class FrmPlomex : public QMainWindow {
   void SaisirAdresse(FrmNouveau::Mode mode);
   void ChoisirDansCarnet();
   void ImprimerPlusieurs();
-  /// Lets the user tick in the book, which `preparer` has made ready, and prints. False when he has
-  /// left it.
+  /// Offers the rest of an earlier run, then lets the user tick in the book, which `preparer` has
+  /// made ready, and prints. False when he has left it.
   bool ImprimerCoches(bool dUnTrait, const std::function<void(FrmCarnet &)> &preparer);
+  /// The window before a run and after it; `tirer` tells whether all of it was printed.
+  void Tirer(const std::function<bool()> &tirer);
   void NouveauVelmira();
 
   void Imprimer();

@@ -1,84 +1,153 @@
 #include "envelope/ImpressionMultiple.h"
 
+#include "envelope/BilanTirage.h"
+#include "envelope/CadenceTirage.h"
 #include "envelope/FrmEnCours.h"
+#include "envelope/FrmReste.h"
 
+#include <QScopeGuard>
+
+#include <optional>
+#include <utility>
 #include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
 
+namespace {
+
+using Issue = FinEnvoi::Issue;
+
+FrmReste::Suite Demander(const BilanTirage &bilan, bool gardable, QWidget *fenetre) {
+  FrmReste dialogue(bilan, gardable, fenetre);
+  dialogue.exec();
+  return dialogue.Choix();
+}
+
+}  // namespace
+
 bool ImpressionMultiple::Imprimer(const SerieEnveloppes &serie) {
-  QList<LignesAdresse> lignes;
-  for (const AdresseComposee &adresse : serie.adresses)
-    lignes.append(MettreEnLignes(adresse, Role::Destinataire, session_.reglages));
   const auto appareil = tirage_.Appareil();
   if (!appareil || !Confirmer(*appareil, serie)) return false;
-  const bool ensemble = serie.dUnTrait || *appareil == Imprimante::NomPdf();
-  imprimees_ = 0;
-  const auto fin =
-      ensemble ? ImprimerDUnTrait(*appareil, lignes) : ImprimerUneAUne(*appareil, lignes);
-  if (fin) tirage_.Dire(*fin, imprimees_, serie.sansAdresse);
-  return fin.has_value();
+  EtatTirage etat;
+  etat.titre = serie.titre;
+  etat.base = session_.dossiers.Base();
+  etat.appareil = *appareil;
+  etat.debut = session_.plateforme.horloge.Maintenant();
+  etat.dUnTrait = serie.dUnTrait;
+  etat.enveloppe = zones_.Etat();
+  etat.destinataires = serie.destinataires;
+  etat.sansAdresse = serie.sansAdresse;
+  SuiviTirage suivi(session_.dossiers.AppPath, std::move(etat));
+  return Mener(suivi, *appareil);
 }
 
 bool ImpressionMultiple::Confirmer(const QString &appareil, const SerieEnveloppes &serie) {
   constexpr qsizetype kCourte = 10;  // no loss when it was not meant
-  const qsizetype nombre = serie.adresses.size();
+  const qsizetype nombre = serie.destinataires.size();
   if (nombre <= kCourte && !serie.dUnTrait) return true;
   return session_.plateforme.boites.Question(
              Boites::Titre(), u"Imprimer %1 sur « %2 » ?"_s.arg(CombienDEnveloppes(nombre),
                                                                 appareil)) == Boites::Reponse::Oui;
 }
 
-std::optional<FinImpression> ImpressionMultiple::ImprimerDUnTrait(
-    const QString &appareil, const QList<LignesAdresse> &lignes) {
+std::unique_ptr<SuiviTirage> ImpressionMultiple::ChoisirReste() {
+  while (auto suivi =
+             SuiviTirage::Interrompu(session_.dossiers.AppPath, session_.dossiers.Base())) {
+    EtatTirage etat = suivi->Etat();
+    RelireRestants(etat, TableAdresse(session_.base), session_.plateforme.utilisateur);
+    const FrmReste::Suite suite = Demander(DresserReste(etat), true, fenetre_);
+    if (suite == FrmReste::Suite::Imprimer) {
+      suivi->Noter(etat);
+      return suivi;
+    }
+    if (suite == FrmReste::Suite::Garder && etat.Restantes() > 0) return nullptr;
+    suivi->Oublier();
+  }
+  return nullptr;
+}
+
+bool ImpressionMultiple::Reprendre(SuiviTirage &suivi) {
+  const auto appareil = tirage_.Appareil();
+  if (!appareil) return false;
+  const auto rendre = qScopeGuard([this, avant = zones_.Etat()] { zones_.Prendre(avant); });
+  zones_.Prendre(suivi.Etat().enveloppe);
+  return Mener(suivi, *appareil);
+}
+
+bool ImpressionMultiple::Mener(SuiviTirage &suivi, QString appareil) {
+  for (;;) {
+    const FinEnvoi fin = Tirer(suivi, appareil);
+    const BilanTirage bilan = Dresser(suivi.Etat(), fin);
+    if (fin.EstFaite())
+      tirage_.Dire(fin.impression, suivi.Etat().faites, suivi.Etat().sansAdresse);
+    else
+      tirage_.DireArret(bilan.constat);
+    if (bilan.EstEntier()) return true;
+    for (std::optional<QString> encore; !encore; appareil = encore.value_or(appareil)) {
+      const FrmReste::Suite suite = Demander(bilan, suivi.EstGarde(), fenetre_);
+      if (suite == FrmReste::Suite::Oublier) suivi.Oublier();
+      if (suite != FrmReste::Suite::Imprimer) return bilan.restantes == 0;
+      encore = tirage_.Appareil();
+    }
+  }
+}
+
+FinEnvoi ImpressionMultiple::Tirer(SuiviTirage &suivi, const QString &appareil) {
+  EtatTirage etat = suivi.Etat();
+  etat.appareil = appareil;
+  if (appareil != suivi.Etat().appareil) suivi.Noter(etat);
+  return etat.EstUnDocument() ? TirerDUnTrait(suivi, appareil) : TirerUneAUne(suivi, appareil);
+}
+
+void ImpressionMultiple::Ecrire(const Destinataire &destinataire) {
+  zones_.EcrireLignesAdresse(
+      MettreEnLignes(destinataire.adresse, Role::Destinataire, session_.reglages));
+}
+
+FinEnvoi ImpressionMultiple::TirerDUnTrait(SuiviTirage &suivi, const QString &appareil) {
+  const EtatTirage &etat = suivi.Etat();
   std::vector<Pli> plis;
-  for (const LignesAdresse &adresse : lignes) {
-    zones_.EcrireLignesAdresse(adresse);
+  for (const Destinataire &destinataire : etat.destinataires.mid(etat.faites)) {
+    Ecrire(destinataire);
     plis.push_back(tirage_.Contenu());
     // A comment that is meant for one printing alone goes with the first.
     if (plis.size() > 1 && session_.reglages.rtcolor.AnnulerCommentaire)
       plis.back().contenu.commentaire = false;
   }
-  imprimees_ = lignes.size();
-  return Envoyer(appareil, plis);
-}
-
-std::optional<FinImpression> ImpressionMultiple::ImprimerUneAUne(
-    const QString &appareil, const QList<LignesAdresse> &lignes) {
-  FrmEnCours enCours(static_cast<int>(lignes.size()), fenetre_);
-  enCours.show();
-  std::optional<FinImpression> fin;
-  for (const LignesAdresse &adresse : lignes) {
-    enCours.Montrer(static_cast<int>(imprimees_) + 1);
-    zones_.EcrireLignesAdresse(adresse);
-    fenetre_->repaint();
-    fin = Envoyer(appareil, {tirage_.Contenu()});
-    if (!fin) {
-      enCours.hide();
-      if (imprimees_ > 0) DireArret(imprimees_, lignes.size());
-      break;
-    }
-    ++imprimees_;
-    session_.plateforme.horloge.Attendre(4000ms, [&enCours] { return enCours.Arrete(); });
-    if (enCours.Arrete() && imprimees_ < lignes.size()) {
-      enCours.hide();
-      DireArret(imprimees_, lignes.size());
-      break;
-    }
-  }
+  suivi.NoterIncertaine(appareil != Imprimante::NomPdf());
+  const FinEnvoi fin = tirage_.Envoyer(appareil, etat.titre, plis, tirage_.Devant());
+  if (fin.EstFaite())
+    suivi.NoterFaites(etat.destinataires.size(), zones_.Etat());
+  else
+    suivi.NoterIncertaine(fin.issue == Issue::Abandonnee);
   return fin;
 }
 
-std::optional<FinImpression> ImpressionMultiple::Envoyer(const QString &appareil,
-                                                         const std::vector<Pli> &plis) {
-  const FinEnvoi fin = tirage_.Envoyer(appareil, {}, plis, tirage_.Devant());
-  if (fin.EstFaite()) return fin.impression;
-  tirage_.MontrerEchec(fin, appareil, plis.size() == 1);
-  return std::nullopt;
-}
-
-void ImpressionMultiple::DireArret(qsizetype imprimees, qsizetype nombre) {
-  session_.plateforme.boites.Information(
-      u"Impression arrêtée : %1 enveloppe(s) imprimée(s) sur %2."_s.arg(imprimees).arg(nombre));
+FinEnvoi ImpressionMultiple::TirerUneAUne(SuiviTirage &suivi, const QString &appareil) {
+  const EtatTirage &etat = suivi.Etat();
+  const qsizetype nombre = etat.destinataires.size();
+  Horloge &horloge = session_.plateforme.horloge;
+  FrmEnCours enCours(horloge, static_cast<int>(nombre), fenetre_);
+  const Travail devant([&enCours](TravailDeFond &fond) { enCours.Attendre(fond); });
+  CadenceTirage cadence;
+  for (;;) {
+    const QDateTime debut = horloge.Maintenant();
+    Ecrire(etat.destinataires[etat.faites]);
+    enCours.Montrer(static_cast<int>(etat.faites) + 1, zones_.Contenu().adresse,
+                    TexteReste(etat.Restantes() - 1, cadence.Pour(etat.Restantes())));
+    enCours.show();
+    fenetre_->repaint();
+    suivi.NoterIncertaine(true);
+    const FinEnvoi fin = tirage_.Envoyer(appareil, etat.titre, {tirage_.Contenu()}, devant);
+    if (!fin.EstFaite()) {
+      suivi.NoterIncertaine(fin.issue == Issue::Abandonnee);
+      return fin;
+    }
+    suivi.NoterFaites(etat.faites + 1, zones_.Etat());
+    horloge.Attendre(4000ms, [&enCours] { return enCours.Arrete(); });
+    if (etat.Restantes() == 0) return fin;
+    cadence.Noter(std::chrono::milliseconds(debut.msecsTo(horloge.Maintenant())));
+    if (!enCours.Continuer()) return {Issue::Arretee};
+  }
 }

@@ -1,5 +1,6 @@
 #include "envelope/Tirage.h"
 
+#include "envelope/BilanTirage.h"
 #include "envelope/CommandesCommentaire.h"
 #include "platform/Erreurs.h"
 #include "ui/CompteRendu.h"
@@ -33,12 +34,9 @@ QString TexteSansAdresse(const QStringList &noms) {
                         : QString());
 }
 
-QString TexteEchec(bool fichier, bool une) {
-  if (une)
-    return fichier ? u"L'enveloppe n'a pas pu être enregistrée."_s
-                   : u"L'enveloppe n'a pas pu être imprimée."_s;
-  return fichier ? u"Les enveloppes n'ont pas pu être enregistrées."_s
-                 : u"Les enveloppes n'ont pas pu être imprimées."_s;
+QString TexteEchec(bool fichier) {
+  return fichier ? u"L'enveloppe n'a pas pu être enregistrée."_s
+                 : u"L'enveloppe n'a pas pu être imprimée."_s;
 }
 
 QString TexteArret() {
@@ -60,10 +58,6 @@ QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &de
 
 }  // namespace
 
-QString CombienDEnveloppes(qsizetype nombre) {
-  return nombre == 1 ? u"1 enveloppe"_s : u"%1 enveloppes"_s.arg(nombre);
-}
-
 bool Tirage::Imprimer() {
   const auto appareil = Appareil();
   if (!appareil) return false;
@@ -71,14 +65,14 @@ bool Tirage::Imprimer() {
   if (fin.EstFaite())
     Dire(fin.impression, 1, {});
   else
-    MontrerEchec(fin, *appareil, true);
+    MontrerEchec(fin, *appareil);
   return fin.EstFaite();
 }
 
-void Tirage::MontrerEchec(const FinEnvoi &fin, const QString &appareil, bool une) {
+void Tirage::MontrerEchec(const FinEnvoi &fin, const QString &appareil) {
   if (fin.issue == FinEnvoi::Issue::Arretee) return fait_.Dire(TexteArret());
   if (fin.issue == FinEnvoi::Issue::Abandonnee) return fait_.Dire(TexteAbandon(appareil));
-  fait_.Dire(TexteEchec(appareil == Imprimante::NomPdf(), une));
+  fait_.Dire(TexteEchec(appareil == Imprimante::NomPdf()));
   if (!fin.impression.raison.isEmpty()) session_.plateforme.boites.Attention(fin.impression.raison);
 }
 
@@ -108,7 +102,7 @@ std::optional<QString> Tirage::Appareil() {
     if (choisie && *choisie) return *choisie;
     fait_.Dire(TexteArret());
   } catch (const Erreur &erreur) {
-    fait_.Dire(TexteEchec(false, true));
+    fait_.Dire(TexteEchec(false));
     session_.plateforme.boites.Attention(erreur.Texte());
   }
   return std::nullopt;
@@ -153,4 +147,8 @@ void Tirage::Dire(const FinImpression &fin, qsizetype nombre, const QStringList 
 
 void Tirage::Oublier() {
   fait_.Effacer();
+}
+
+void Tirage::DireArret(const QString &constat) {
+  fait_.Dire(constat);
 }

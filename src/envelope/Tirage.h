@@ -14,9 +14,6 @@
 class CommandesCommentaire;
 class CompteRendu;
 
-/// "1 enveloppe", "8 enveloppes".
-QString CombienDEnveloppes(qsizetype nombre);
-
 /// Prints the envelopes that the zones hold, beside the windows.
 class Tirage {
  public:
@@ -46,13 +43,15 @@ class Tirage {
   /// Tells how many envelopes went where, none perhaps, and who was meant and has no address.
   void Dire(const FinImpression &fin, qsizetype nombre, const QStringList &sansAdresse);
 
-  /// Tells that nothing was printed, of one envelope or of several, and why.
-  void MontrerEchec(const FinEnvoi &fin, const QString &appareil, bool une);
+  /// Tells how far a run came.
+  void DireArret(const QString &constat);
 
   /// What was told of the last printing is told no longer.
   void Oublier();
 
  private:
+  void MontrerEchec(const FinEnvoi &fin, const QString &appareil);
+
   Session &session_;
   ZonesEnveloppe &zones_;
   CommandesCommentaire &commentaire_;

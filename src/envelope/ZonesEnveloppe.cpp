@@ -15,6 +15,15 @@ const QString kAdresseBlanche = QString(85, u' ');
 
 }  // namespace
 
+void ZonesEnveloppe::Prendre(const EtatEnveloppe &etat) {
+  const bool multiple = etat_.ImpressionMultiple;
+  etat_ = etat;
+  etat_.ImpressionMultiple = multiple;
+  Cle cle = 0;
+  Ignorer([&] { cle = CleExpediteur(etat.ExpediteurCourant, session_.base); });
+  EcrireExpediteur(etat.ExpediteurCourant, cle);
+}
+
 void ZonesEnveloppe::EcrireAdresse(const AdresseComposee &adresse, Cle fiche) {
   adresse_ = adresse;
   if (AdresseVide(adresse.chaine))

@@ -15,6 +15,8 @@ class ZonesEnveloppe {
       : session_(session), etat_(etat), vue_(vue) {}
 
   const EtatEnveloppe &Etat() const { return etat_; }
+  /// Format, sender and comment are those of another time; what is prepared stays.
+  void Prendre(const EtatEnveloppe &etat);
 
   /// The address becomes the current one; an empty one leaves the zone in its empty state. `fiche`
   /// is the key of the correspondent whom it was read of; 0 for an address that is nobody's.

@@ -40,6 +40,7 @@ QString PageAide(const QString &fenetre) {
       {u"FrmCode"_s, u"adresses.html#codes-postaux"_s},
       {u"FrmCarnet"_s, u"carnet.html"_s},
       {u"FrmEnCours"_s, u"carnet.html#multiples"_s},
+      {u"FrmReste"_s, u"carnet.html#reprendre"_s},
   };
   return kPages.value(fenetre);
 }

@@ -58,6 +58,13 @@ void BalayerClasseurs(const QString &dossier, const QDateTime &limite) {
   }
 }
 
+/// Runs of envelopes that were never taken up.
+void BalayerTirages(const QString &dossier, const QDateTime &limite) {
+  Effacer(Anciens(dossier, u"[0-9-]+\\.json(\\.verrou)?"_s, limite));
+  Effacer(Anciens(dossier, QRegularExpression::escape(PrefixeProvisoire()) + u"[0-9a-z]{13}"_s,
+                  limite));
+}
+
 /// Whether nothing waits beside the base to be taken back. One that cannot be reached may have
 /// something there.
 bool EstAchevee(const QString &chemin) {
@@ -99,6 +106,7 @@ void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant) {
   const QDateTime limite = maintenant.addDays(-1);
   BalayerCopies(limite);
   BalayerClasseurs(dossiers.Classeurs, maintenant.addDays(-30));
+  BalayerTirages(dossiers.AppPath + u"/Tirages"_s, maintenant.addDays(-30));
   // The toolkit made six letters of both cases; what a person calls a copy is hardly so.
   Effacer(Anciens(dossiers.AppPath,
                   u".*\\.(ini|cfg|txt)\\.(?![A-Z]*[a-z]*([A-Z][a-z]*)?$)[A-Za-z]{6}"_s, limite));

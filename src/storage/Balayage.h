@@ -6,5 +6,6 @@ class QDateTime;
 
 /// Takes away what runs that died have left, where it is surely ours and older than a day: files
 /// that were not whole yet, private copies of the base, super-journals of the engine that no
-/// journal needs any more; and workbooks that were handed over more than 30 days ago. Never fails.
+/// journal needs any more; and, of more than 30 days ago, workbooks that were handed over and runs
+/// of envelopes that came to no end. Never fails.
 void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant);

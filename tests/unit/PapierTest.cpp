@@ -1,8 +1,13 @@
-// Where lines come on paper.
+// Where lines come on paper, and what is kept of a run.
 
 #include "Outils.h"
+#include "envelope/CadenceTirage.h"
 #include "envelope/FormatsEnveloppe.h"
 #include "envelope/MiseEnPage.h"
+#include "envelope/SuiviTirage.h"
+
+#include <array>
+#include <csignal>
 
 /// Width by the number of characters, wider and taller in bold: 2 mm and 4 mm at 10 points.
 class MesureFeinte : public MesureTexte {
@@ -78,4 +83,71 @@ TEST(Papier, LignesGrasses) {
         p.AlignA = static_cast<Alignement>(c[0][2].digitValue());
         return Places(p, {}, {{}, c[1], false, c[0][0] == u'1'});
       });
+}
+
+// Seconds that the envelopes took; how many are left behind the present one.
+TEST(Papier, ResteDuTirage) {
+  Cas(R"(
+    4 4   | 9   | Il en reste 9 après celle-ci.
+    9 4 5 | 9   | Il en reste 9 après celle-ci : environ une minute.
+    5 5 5 | 1   | Il en reste une après celle-ci : moins d'une minute.
+    5 5 5 | 400 | Il en reste 400 après celle-ci : environ 33 minutes.
+    5 5 5 | 0   | C'est la dernière.
+    999 5 5 5 5 5 5 5 5 5 5 | 999 | Il en reste 999 après celle-ci : environ 1 h 20.
+  )",
+      [](Rangee c) {
+        CadenceTirage cadence;
+        for (const QString &duree : c[0].split(u' '))
+          cadence.Noter(std::chrono::seconds(duree.toInt()));
+        return TexteReste(c[1].toInt(), cadence.Pour(c[1].toInt() + 1));
+      });
+}
+
+// A run that is killed is offered as it stood then; not while it goes, nor to another database.
+TEST_F(DansUnDossier, TirageTue) {
+  EtatTirage depart;
+  depart.base = u"b"_s;
+  depart.titre = u"Łódź"_s;
+  depart.debut = QDateTime(QDate(2026, 6, 5), QTime(9, 8, 7));
+  depart.enveloppe = {Millimetres(162),
+                      Millimetres(114.5),
+                      {u"Moi$1*P$"_s, OptionCP::VilleDevant},
+                      u"Rappel"_s,
+                      true};
+  depart.destinataires = {{7, u"A"_s, {u"a$"_s}}, {8, u"\"É\""_s, {u"é$"_s}}, {9, u"C"_s, {}}};
+  depart.sansAdresse = QStringList{u"Zoé"_s};
+  std::array<int, 2> fait{};
+  ASSERT_EQ(pipe(fait.data()), 0);
+  const pid_t fils = fork();
+  if (fils == 0) {
+    SuiviTirage suivi(Chemin(), depart);
+    suivi.NoterFaites(1, depart.enveloppe);
+    suivi.NoterIncertaine(true);
+    if (write(fait[1], "", 1) == 1) pause();
+    _exit(1);
+  }
+  char octet = 0;
+  ASSERT_EQ(read(fait[0], &octet, 1), 1);
+  EXPECT_EQ(SuiviTirage::Interrompu(Chemin(), u"b"_s), nullptr);
+  kill(fils, SIGKILL);
+  waitpid(fils, nullptr, 0);
+  Poser(u"Tirages/20270101-000000-1.json"_s, "{");
+  EXPECT_EQ(SuiviTirage::Interrompu(Chemin(), u"autre"_s), nullptr);
+  const auto repris = SuiviTirage::Interrompu(Chemin(), u"b"_s);
+  ASSERT_NE(repris, nullptr);
+  EtatTirage etat = repris->Etat();
+  EXPECT_TRUE(etat.incertaine && etat.faites == 1 && etat.sansAdresse == depart.sansAdresse);
+  EXPECT_EQ(etat.titre + etat.debut.toString(u"ddHHmmss"_s), u"Łódź05090807"_s);
+  EXPECT_EQ(std::tuple(etat.enveloppe.HauteurEnv, etat.enveloppe.ExpediteurCourant,
+                       etat.enveloppe.Commentaire, etat.enveloppe.CommentaireGras),
+            std::tuple(Millimetres(114.5), depart.enveloppe.ExpediteurCourant, u"Rappel"_s, true));
+  EXPECT_EQ(std::tuple(etat.destinataires[1].cle, etat.destinataires[1].nom,
+                       etat.destinataires[1].adresse.chaine),
+            std::tuple(8, u"\"É\""_s, u"é$"_s));
+  {
+    const DisquePlein plein(100);  // what it says would no longer be true
+    repris->NoterFaites(2, etat.enveloppe);
+  }
+  EXPECT_FALSE(repris->EstGarde());
+  EXPECT_EQ(SuiviTirage::Interrompu(Chemin(), u"b"_s), nullptr);
 }
