@@ -7,6 +7,7 @@
 #include <QString>
 #include <QVariant>
 
+#include <iterator>
 #include <map>
 #include <optional>
 #include <vector>
@@ -21,7 +22,7 @@ struct TableSauvee {
   bool sansBorne = false;                 ///< nobody can tell how many more there were
   qint64 derniereCle = 0;                 ///< that was ever given
 
-  qsizetype Gardees() const { return static_cast<qsizetype>(lignes.size() + sansCle.size()); }
+  qsizetype Gardees() const { return std::ssize(lignes) + std::ssize(sansCle); }
 };
 
 /// What a file is, as far as its first page tells.
