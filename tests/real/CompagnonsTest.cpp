@@ -23,6 +23,7 @@ class Compagnons : public testing::Test {
     QFile::copy(QStringLiteral(VELMIRA_PROGRAMME), Chemin(u"Velmira"_s));
     QFile::copy(QStringLiteral(VIGILO), Chemin(u"Vigilo"_s));
     QFile::copy(QStringLiteral(MEMORA), Chemin(u"Memora"_s));
+    QFile::copy(QStringLiteral(BRIKEL), Chemin(u"Brikel"_s));
     RemplacerFichier(Chemin(u"Velmira.portable"_s), "");
     CreerDossier(Chemin(u"run"_s), Acces::Prive);
     QFile::setPermissions(Chemin({}), QFile::Permissions(0x7755));  // another user's too
@@ -90,12 +91,17 @@ TEST_F(Compagnons, Statuts) {
   const QString jour = QDate::currentDate().toString(u"dd/MM/yyyy"_s);
   EXPECT_EQ(Fin(*Lancer(u"Vigilo --liste"_s, u""_s)),
             u"0 due\t%1\taujourd'hui\tZoé\tFête\t\n"_s.arg(jour));
+  const QString base = FichierBase(Chemin(u"DataTrevona/DataVelmira"_s));
+  EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"0 La base"_s));
+  RemplacerFichier(base, LireFichierPresent(base).replace(4096, 4096, QByteArray(4096, '\0')));
+  EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"1 La base"_s));
+  EXPECT_TRUE(Fin(*Lancer(u"Brikel"_s, u""_s)).startsWith(u"2 Brikel a besoin"_s));
   for (const QString &sans : {u"Vigilo"_s, u"Memora"_s, u"Velmira --fiche 1"_s})
     EXPECT_TRUE(Fin(*Lancer(sans, u""_s)).startsWith(u"1 "_s)) << qPrintable(sans);
-  for (const QString &faux : {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s})
+  for (const QString &faux :
+       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s})
     EXPECT_TRUE(Fin(*Lancer(faux)).startsWith(u"2 "_s)) << qPrintable(faux);
   // The base of another user.
-  const QString base = FichierBase(Chemin(u"DataTrevona/DataVelmira"_s));
   const bool tout = ::geteuid() == 0;
   QFile::setPermissions(base, tout ? QFile::ReadOwner : QFile::Permissions());
   const QString fin = Fin(*Lancer(u"Vigilo --liste"_s, u"offscreen"_s, tout ? 65534 : 0));
