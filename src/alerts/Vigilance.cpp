@@ -60,6 +60,15 @@ QString LigneDeListe(const QString &genre, const Alerte &alerte) {
       .join(u'\t');
 }
 
+/// Why it is not the chosen one, in words.
+QString Reserve(const EmplacementBase &emplacement) {
+  if (emplacement.etat == EtatChemin::Inaccessible) return emplacement.raison;
+  if (emplacement.etat != EtatChemin::NonTransfere && emplacement.etat != EtatChemin::Invalide)
+    return {};
+  return u"La base de données choisie n'a pas été trouvée. "
+         "Ces alertes sont celles de la base située sur votre disque."_s;
+}
+
 /// Opens the database that a run of the program works with, where there is one; gives what is to be
 /// said of the choice.
 QString OuvrirBaseDuPoste(const QString &appPath, Base &base) {
@@ -67,7 +76,7 @@ QString OuvrirBaseDuPoste(const QString &appPath, Base &base) {
   if (!cheminData) return {};
   const EmplacementBase emplacement = TrouverBase(appPath, *cheminData);
   base.Ouvrir(FichierBase(emplacement.dossier));
-  return emplacement.raison;
+  return Reserve(emplacement);
 }
 
 }  // namespace

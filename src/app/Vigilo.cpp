@@ -49,21 +49,25 @@ void Vigilo::Commencer() {
     Echouer(erreur.Texte());
     return;
   }
+  if (!lus_.reserve.isEmpty() && Patienter()) return;
   if (vigilance_.EstVide() && depart_ != Depart::Voulu)
     Finir();
   else
     Ouvrir();
 }
 
+bool Vigilo::Patienter() {
+  if (depart_ != Depart::Session || ++essais_ >= kEssais) return false;
+  moyens_.horloge.Apres(10s, this, [this] {
+    if (!fenetre_) Commencer();
+  });
+  return true;
+}
+
 void Vigilo::Echouer(const QString &texte) {
-  if (depart_ != Depart::Session) {
-    moyens_.boites.Erreur(texte);
-    emit Termine(EXIT_FAILURE);
-  } else if (++essais_ < kEssais) {
-    moyens_.horloge.Apres(10s, this, [this] { Commencer(); });
-  } else {
-    emit Termine(EXIT_FAILURE);
-  }
+  if (Patienter()) return;
+  if (depart_ != Depart::Session) moyens_.boites.Erreur(texte);
+  emit Termine(EXIT_FAILURE);
 }
 
 void Vigilo::Lire() {

@@ -44,8 +44,9 @@ class Vigilo : public QObject {
   Vigilo(const Moyens &moyens, const QString &appPath, Depart depart);
   ~Vigilo() override;
 
-  /// Reads the events, tells what is to be told or ends; a database that cannot be read now is
-  /// tried again for two minutes at log-on. Nothing of it is open while the window is there.
+  /// Reads the events, tells what is to be told or ends; the database that was chosen is tried
+  /// again for two minutes at log-on where it cannot be read. Nothing of it is open while the
+  /// window is there.
   void Commencer();
 
   /// Another start: shows the window, or tries at once where there is none yet.
@@ -57,6 +58,8 @@ class Vigilo : public QObject {
 
  private:
   void Lire();
+  /// At log-on a share may not be there yet. False when it is waited for no longer.
+  bool Patienter();
   void Echouer(const QString &texte);
   void Montrer();
   void Ouvrir();
