@@ -125,6 +125,23 @@ TEST_F(MiseAJour, TueeAChaqueEtape) {
   }
 }
 
+// So is the first installation, and its base has the usual types of events whenever it is there.
+TEST_F(MiseAJour, PremiereBaseTueeAChaqueEtape) {
+  for (const QString &nom : {u"Velmira.mdb"_s, u"Ancien_Velmira.mdb"_s})
+    EffacerFichier(u"modele/"_s + nom);
+  RenommerFichier(u"modele/Velmira_base.mdb"_s, u"modele/app/Velmira_base.mdb"_s);
+  ancienne_.reset();
+  Poser();
+  for (int i = Demarrer(); i >= 1; --i) {
+    SCOPED_TRACE(i);
+    Poser();
+    EXPECT_EQ(Demarrer(i), -1);
+    EXPECT_GE(Demarrer(), 0);
+    FichierNu base(u"monde/Velmira.mdb"_s);
+    EXPECT_EQ(base.Executer(u"SELECT Type_alerte FROM Alerte"_s).size(), 6);
+  }
+}
+
 // The repair of a damaged base: the one at work is the old one or the new one, whole.
 TEST_F(MiseAJour, ReparationTueeAChaqueEtape) {
   const QString base = u"monde/Velmira.mdb"_s;
