@@ -1,6 +1,7 @@
 #include "storage/Moteur.h"
 
 #include "platform/Pannes.h"
+#include "storage/SourceJet.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -92,6 +93,14 @@ QString Adresse(const QString &chemin, const QString &mode) {
          u"?mode="_s + mode;
 }
 
+Panne PanneOuverture(const QString &chemin, GenreErreur genre) {
+  if (genre == GenreErreur::Inaccessible) return PanneAcces(chemin);
+  if (genre == GenreErreur::Etrangere && EstJet(chemin))
+    return {u"elle vient des premières versions de Velmira"_s,
+            u"Relancez Velmira, qui la mettra à jour."_s};
+  return PanneBase(genre);
+}
+
 }  // namespace
 
 QString AdresseMoteur(const QString &chemin) {
@@ -129,7 +138,7 @@ ErreurBase AutrementDit(const QString &echec, const ErreurBase &erreur) {
 
 ErreurBase ErreurOuverture(const QString &chemin, const ErreurBase &erreur) {
   const GenreErreur genre = erreur.Genre();
-  const Panne panne = genre == GenreErreur::Inaccessible ? PanneAcces(chemin) : PanneBase(genre);
+  const Panne panne = PanneOuverture(chemin, genre);
   return ErreurBase(PhraseEchec(u"La base de données « %1 » n'a pas pu être ouverte"_s.arg(
                                     QDir::toNativeSeparators(chemin)),
                                 panne, u"Le fichier n'a pas été modifié."_s, erreur.Detail()),

@@ -29,6 +29,7 @@ class Actions {
     ::posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, kNeant, O_RDONLY, 0);
     ::posix_spawn_file_actions_adddup2(&actions_, sortie, STDOUT_FILENO);
     ::posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, kNeant, O_WRONLY, 0);
+    ::posix_spawn_file_actions_addclosefrom_np(&actions_, STDERR_FILENO + 1);
   }
   ~Actions() { ::posix_spawn_file_actions_destroy(&actions_); }
   Actions(const Actions &) = delete;
