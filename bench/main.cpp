@@ -191,7 +191,8 @@ ReglagesPlomex ReglagesTirage() {
 
 void ImprimerVelmira(ImprimanteSysteme &imprimante, int numero) {
   const ContenuEnveloppe contenu{kExpediteur.join(u'\n'), Destinataire(numero).join(u'\n'), false};
-  ImprimerPlis(imprimante, Imprimante::NomPdf(), ReglagesTirage(), {{EtatEnveloppe(), contenu}});
+  ImprimerPlis(imprimante, Imprimante::NomPdf(), ReglagesTirage(), Imprimantes({}),
+               {{EtatEnveloppe(), contenu}});
 }
 
 template <typename Imprimer>
@@ -245,7 +246,7 @@ int MemoireEnveloppes() {
     std::copy(lignes.begin(), lignes.end(), adresse.lignes.begin());
     zones.EcrireLignesAdresse(
         MettreEnLignes(ComposerAdresse(adresse), Role::Destinataire, session.reglages));
-    ImprimerPlis(imprimante, Imprimante::NomPdf(), session.reglages.plomex,
+    ImprimerPlis(imprimante, Imprimante::NomPdf(), session.reglages.plomex, Imprimantes({}),
                  {{etat, zones.Contenu()}});
     if (numero == 100 || numero == kEnveloppes) std::printf("%d %.0f\n", numero, Memoire("VmRSS"));
   }

@@ -73,13 +73,14 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
                            .instant = session_.plateforme.horloge.Maintenant()};
     const auto faite =
         Travail(fenetre_, u"Impression de la liste"_s)
-            .ExecuterOuLaisser(
-                session_.plateforme.abandons,
-                [&imprimante = session_.plateforme.imprimante, chemin = session_.base.Chemin(),
-                 cadre, choix, cles](const Avance &avance, const std::stop_token &arret) {
-                  return ImprimerListe(imprimante, cadre, choix, Lecture(chemin, cles, avance),
-                                       arret);
-                });
+            .ExecuterOuLaisser(session_.plateforme.abandons,
+                               [&imprimante = session_.plateforme.imprimante,
+                                imprimantes = Imprimantes(session_.dossiers.AppPath),
+                                chemin = session_.base.Chemin(), cadre, choix,
+                                cles](const Avance &avance, const std::stop_token &arret) {
+                                 return ImprimerListe(imprimante, imprimantes, cadre, choix,
+                                                      Lecture(chemin, cles, avance), arret);
+                               });
     liste = faite.value_or(ListeImprimee{{.raison = TexteAbandon()}});
   } catch (const Erreur &erreur) {
     liste.fin.raison = erreur.Texte();  // told like every other end of the printing

@@ -191,12 +191,16 @@ std::vector<LigneListe> LignesPied(const CadreListe &cadre) {
   return lignes;
 }
 
-ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                            const ChoixListe &choix, const LectureListe &lire,
-                            const std::stop_token &arret) {
+ListeImprimee ImprimerListe(Imprimante &imprimante, const Imprimantes &imprimantes,
+                            const CadreListe &cadre, const ChoixListe &choix,
+                            const LectureListe &lire, const std::stop_token &arret) {
   const QString appareil = imprimante.ParDefaut();
+  const Correction correction = imprimantes.CorrigeListe(appareil)
+                                    ? imprimantes.CorrectionDe(appareil, Papier())
+                                    : Correction();
   const auto document = imprimante.Ouvrir(
-      appareil, {.nom = u"Liste"_s, .margeFichier = kMargeFichier, .arret = arret});
+      appareil,
+      {.nom = u"Liste"_s, .correction = correction, .margeFichier = kMargeFichier, .arret = arret});
   Redaction redaction(*document);
   redaction.Ecrire(LignesTete(cadre));
   for (qsizetype rang = 0; rang < Imprimes(cadre); ++rang) {

@@ -4,6 +4,7 @@
 // in a word that is wider than the page, at the sign.
 
 #include "platform/Imprimante.h"
+#include "storage/Imprimantes.h"
 #include "storage/Lignes.h"
 
 #include <QDateTime>
@@ -52,9 +53,10 @@ struct ListeImprimee {
 };
 
 /// Prints the list on the system's default printer; each correspondent is read when its turn has
-/// come. `Echouee` also where it was given up: then, and when `lire` throws, nothing of it is
-/// printed. Throws `Erreur` where no printer answers. Needs no window and no event loop, so that
-/// any thread may run it; `arret` ends its waiting for the system.
-ListeImprimee ImprimerListe(Imprimante &imprimante, const CadreListe &cadre,
-                            const ChoixListe &choix, const LectureListe &lire,
-                            const std::stop_token &arret = {});
+/// come. Corrected where that was chosen for this printer. `Echouee` also where it was given up:
+/// then, and when `lire` throws, nothing of it is printed. Throws `Erreur` where no printer
+/// answers. Needs no window and no event loop, so that any thread may run it; `arret` ends its
+/// waiting for the system.
+ListeImprimee ImprimerListe(Imprimante &imprimante, const Imprimantes &imprimantes,
+                            const CadreListe &cadre, const ChoixListe &choix,
+                            const LectureListe &lire, const std::stop_token &arret = {});

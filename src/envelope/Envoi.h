@@ -20,4 +20,5 @@ struct FinEnvoi {
 /// Hands a document of these envelopes to a printer. Never throws an `Erreur`; any thread may run
 /// it.
 FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
-                  const std::vector<Pli> &plis, const Conduite &conduite);
+                  const Imprimantes &imprimantes, const std::vector<Pli> &plis,
+                  const Conduite &conduite);

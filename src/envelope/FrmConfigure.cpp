@@ -1,8 +1,12 @@
 #include "envelope/FrmConfigure.h"
 
 #include "envelope/FormatsEnveloppe.h"
+#include "envelope/FrmEtalonnage.h"
+#include "envelope/MiseEnPage.h"
+#include "envelope/PageEtalon.h"
 #include "platform/Saisie.h"
 #include "ui/Abandon.h"
+#include "ui/Brancheur.h"
 #include "ui/FeuilleEcran.h"
 #include "ui/SelectionAuFocus.h"
 #include "ui/Theme.h"
@@ -11,12 +15,14 @@
 #include <QAbstractItemView>
 #include <QButtonGroup>
 #include <QKeyEvent>
+#include <QSignalBlocker>
 #include <QTimer>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <cmath>
+#include <initializer_list>
 #include <limits>
 #include <utility>
 
@@ -35,6 +41,8 @@ constexpr double kCourt = 52, kLong = 75;
 constexpr double kHautPortrait = 6, kHautPaysage = 21;
 constexpr double kIndice = 5;  // height of the hint, beside the edge of the sheet that it names
 constexpr double kGauchePortrait = 63, kGauchePaysage = 53;
+constexpr QRectF kPlaceEnveloppe(12, 14, kLongueurDL.valeur / kEchelle,
+                                 kHauteurDL.valeur / kEchelle);
 constexpr double kGauchePortraitChoisi = 65, kGauchePaysageChoisi = 52;
 constexpr QRectF kZoneAdresse(20, 12.5, 24, 9), kZoneExpediteur(0.5, 1.25, 16, 6);
 
@@ -55,9 +63,14 @@ bool TientSur16Bits(int valeur) {
 
 }  // namespace
 
-FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const ReglagesPlomex &plomex,
-                           QWidget *parent)
-    : QDialog(parent), boites_(boites), ui_(std::make_unique<Ui::FrmConfigure>()), plomex_(plomex) {
+FrmConfigure::FrmConfigure(Plateforme &plateforme, Imprimantes &imprimantes,
+                           const ReglagesPlomex &plomex, const Taille &enveloppe, QWidget *parent)
+    : QDialog(parent),
+      plateforme_(plateforme),
+      imprimantes_(imprimantes),
+      ui_(std::make_unique<Ui::FrmConfigure>()),
+      plomex_(plomex),
+      enveloppe_(enveloppe) {
   ui_->setupUi(this);
   auto *bords = new QButtonGroup(this);
   bords->addButton(ui_->OptG);
@@ -75,10 +88,11 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
     new SelectionAuFocus(champ);
     champ->installEventFilter(this);
   }
-  ProposerImprimantes(imprimante.NomsConnus());
-  Montrer();
+  ProposerImprimantes(plateforme_.imprimante.NomsConnus());
+  montree_ = ui_->CboPrint->currentText();
+  Montrer({plomex_, imprimantes_.PapierDe(montree_)});
   ui_->LblRecherche->hide();
-  Demander(imprimante);
+  Demander();
 
   for (QLineEdit *champ : champs)
     connect(champ, &QLineEdit::textChanged, this, &FrmConfigure::Dessiner);
@@ -86,16 +100,17 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
   BrancherMarqueur(ui_->EtqA, ui_->TxtAX, ui_->TxtAY);
   BrancherMarqueur(ui_->EtqE, ui_->TxtEX, ui_->TxtEY);
   const auto focus = [this] { ui_->CmdQuitter->setFocus(); };
-  connect(ui_->Opt1, &QRadioButton::clicked, this, [this, focus] {
-    ChangerVue(true, kGauchePortraitChoisi);
-    focus();
-  });
-  connect(ui_->Opt2, &QRadioButton::clicked, this, [this, focus] {
-    ChangerVue(false, kGauchePaysageChoisi);
-    focus();
-  });
+  for (QRadioButton *sens : {ui_->Opt1, ui_->Opt2})
+    connect(sens, &QRadioButton::clicked, this, [this, focus] {
+      ChangerVue(true);
+      focus();
+    });
   for (QRadioButton *bord : {ui_->OptG, ui_->OptD})
     connect(bord, &QRadioButton::clicked, this, &FrmConfigure::EcrireIndice);
+  connect(ui_->CboPapier, &QComboBox::activated, this, [this] { ChangerVue(true); });
+  connect(ui_->CboPrint, &QComboBox::currentIndexChanged, this, &FrmConfigure::SuivreImprimante);
+  const Brancheur brancher(plateforme_.boites, this);
+  brancher(ui_->CmdEtalonner, &FrmConfigure::Etalonner);
   for (QRadioButton *position : {ui_->OptH, ui_->OptM, ui_->OptB})
     connect(position, &QRadioButton::clicked, this, focus);
   connect(ui_->CmdQuitter, &QPushButton::clicked, this, &FrmConfigure::Confirmer);
@@ -105,10 +120,10 @@ FrmConfigure::FrmConfigure(Boites &boites, Imprimante &imprimante, const Reglage
 FrmConfigure::~FrmConfigure() = default;
 
 void FrmConfigure::reject() {
-  if (PeutAbandonner(boites_, *this)) QDialog::reject();
+  if (PeutAbandonner(plateforme_.boites, *this)) QDialog::reject();
 }
 
-void FrmConfigure::Demander(Imprimante &imprimante) {
+void FrmConfigure::Demander() {
   const auto dire = [this](const QString &texte) {
     ui_->LblRecherche->setText(texte);
     ui_->LblRecherche->setVisible(!texte.isEmpty());
@@ -117,9 +132,9 @@ void FrmConfigure::Demander(Imprimante &imprimante) {
   patience->setSingleShot(true);
   connect(patience, &QTimer::timeout, this, [dire] { dire(u"Recherche des imprimantes..."_s); });
   patience->start(kPatience);
-  imprimante.Demander(this, [this, dire, patience, &imprimante](bool repondu) {
+  plateforme_.imprimante.Demander(this, [this, dire, patience](bool repondu) {
     patience->stop();
-    if (repondu) ProposerImprimantes(imprimante.NomsConnus());
+    if (repondu) ProposerImprimantes(plateforme_.imprimante.NomsConnus());
     dire(repondu ? QString()
                  : u"Le serveur d'impression ne répond pas : seules les imprimantes déjà connues "
                    "sont proposées."_s);
@@ -131,12 +146,14 @@ void FrmConfigure::ProposerImprimantes(const QStringList &noms) {
       ui_->CboPrint->count() == 0 ? plomex_.Imprimante : ui_->CboPrint->currentText();
   const QString imprimante = NomComplet(noms, montree, kLongueurImprimante).value_or(montree);
   const bool deroulee = ui_->CboPrint->view()->isVisible();
-  ui_->CboPrint->hidePopup();  // an open list would keep its old height
+  const QSignalBlocker pasChoisie(ui_->CboPrint);  // it is offered again
+  ui_->CboPrint->hidePopup();                      // an open list would keep its old height
   ui_->CboPrint->clear();
   ui_->CboPrint->addItems(noms);
   ui_->CboPrint->setCurrentIndex(static_cast<int>(noms.indexOf(imprimante)));
   ui_->CboPrint->setEditText(imprimante);  // also one that is gone
   if (deroulee) ui_->CboPrint->showPopup();
+  if (montree_ == montree) montree_ = imprimante;  // the same one by its whole name
 }
 
 void FrmConfigure::ChercherImprimante(const QString &lettres) {
@@ -146,22 +163,73 @@ void FrmConfigure::ChercherImprimante(const QString &lettres) {
   if (vue->currentIndex().isValid()) ui_->CboPrint->setCurrentIndex(vue->currentIndex().row());
 }
 
-void FrmConfigure::Montrer() {
-  ui_->TxtMH->setText(Texte(plomex_.MargeHaute));
-  ui_->TxtMD->setText(Texte(plomex_.MargeDroite));
-  ui_->TxtAX->setText(Texte(plomex_.MargeMAX));
-  ui_->TxtAY->setText(Texte(plomex_.MargeMAY));
-  ui_->TxtEX->setText(Texte(plomex_.MargeMEX));
-  ui_->TxtEY->setText(Texte(plomex_.MargeMEY));
+void FrmConfigure::SuivreImprimante() {
+  const QString choisie = ui_->CboPrint->currentText();
+  if (choisie.isEmpty() || choisie == montree_) return;
+  const Prise avant = Affichee();
+  prises_.insert(std::exchange(montree_, choisie), avant);
+  Montrer(prises_.value(
+      choisie, {imprimantes_.Reglages(choisie, avant.plomex), imprimantes_.PapierDe(choisie)}));
+}
 
-  const bool portrait = plomex_.Orientation == OrientationFeuille::Portrait;
+void FrmConfigure::Etalonner() {
+  FrmEtalonnage(plateforme_, imprimantes_, montree_, PapierChoisi(), this).exec();
+  MontrerCorrection();
+}
+
+Papier FrmConfigure::PapierChoisi() const {
+  return PapierPour(Affichee().plomex, ChoixPapier(), enveloppe_);
+}
+
+void FrmConfigure::MontrerCorrection() {
+  const Papier papier = PapierChoisi();
+  const QString texte = TexteCorrection(imprimantes_.CorrectionDe(montree_, papier), papier.page);
+  ui_->LblCorrection->setText(texte.isEmpty() ? u"Aucune correction pour ce papier."_s
+                                              : u"Corrigée : %1."_s.arg(texte));
+  // A file is as it is read.
+  ui_->CmdEtalonner->setEnabled(!montree_.isEmpty() && montree_ != Imprimante::NomPdf());
+}
+
+void FrmConfigure::Montrer(const Prise &prise) {
+  const ReglagesPlomex &plomex = prise.plomex;
+  ui_->TxtMH->setText(Texte(plomex.MargeHaute));
+  ui_->TxtMD->setText(Texte(plomex.MargeDroite));
+  ui_->TxtAX->setText(Texte(plomex.MargeMAX));
+  ui_->TxtAY->setText(Texte(plomex.MargeMAY));
+  ui_->TxtEX->setText(Texte(plomex.MargeMEX));
+  ui_->TxtEY->setText(Texte(plomex.MargeMEY));
+
+  const bool portrait = plomex.Orientation == OrientationFeuille::Portrait;
   (portrait ? ui_->Opt1 : ui_->Opt2)->setChecked(true);
-  (plomex_.BordImprime == BordImprime::Gauche ? ui_->OptG : ui_->OptD)->setChecked(true);
-  (plomex_.PositionEnveloppe == PositionEnveloppe::Haut     ? ui_->OptH
-   : plomex_.PositionEnveloppe == PositionEnveloppe::Milieu ? ui_->OptM
-                                                            : ui_->OptB)
+  (plomex.BordImprime == BordImprime::Gauche ? ui_->OptG : ui_->OptD)->setChecked(true);
+  (plomex.PositionEnveloppe == PositionEnveloppe::Haut     ? ui_->OptH
+   : plomex.PositionEnveloppe == PositionEnveloppe::Milieu ? ui_->OptM
+                                                           : ui_->OptB)
       ->setChecked(true);
-  ChangerVue(portrait, portrait ? kGauchePortrait : kGauchePaysage);
+  ui_->CboPapier->setCurrentIndex(static_cast<int>(prise.papier));
+  ChangerVue(false);
+}
+
+PapierEnveloppe FrmConfigure::ChoixPapier() const {
+  return static_cast<PapierEnveloppe>(ui_->CboPapier->currentIndex());
+}
+
+FrmConfigure::Prise FrmConfigure::Affichee() const {
+  ReglagesPlomex plomex = plomex_;
+  plomex.Imprimante = ui_->CboPrint->currentText();
+  plomex.Orientation =
+      ui_->Opt1->isChecked() ? OrientationFeuille::Portrait : OrientationFeuille::Paysage;
+  plomex.BordImprime = ui_->OptG->isChecked() ? BordImprime::Gauche : BordImprime::Droit;
+  plomex.PositionEnveloppe = ui_->OptH->isChecked()   ? PositionEnveloppe::Haut
+                             : ui_->OptM->isChecked() ? PositionEnveloppe::Milieu
+                                                      : PositionEnveloppe::Bas;
+  plomex.MargeHaute = Millimetres(Valeur(ui_->TxtMH));
+  plomex.MargeDroite = Millimetres(Valeur(ui_->TxtMD));
+  plomex.MargeMAX = Millimetres(Valeur(ui_->TxtAX));
+  plomex.MargeMAY = Millimetres(Valeur(ui_->TxtAY));
+  plomex.MargeMEX = Millimetres(Valeur(ui_->TxtEX));
+  plomex.MargeMEY = Millimetres(Valeur(ui_->TxtEY));
+  return {plomex, ChoixPapier()};
 }
 
 void FrmConfigure::BrancherMarqueur(Deplacable *marqueur, QLineEdit *x, QLineEdit *y) {
@@ -176,24 +244,55 @@ void FrmConfigure::BrancherMarqueur(Deplacable *marqueur, QLineEdit *x, QLineEdi
   });
 }
 
-void FrmConfigure::ChangerVue(bool portrait, double gauche) {
+void FrmConfigure::ChangerVue(bool choisie) {
+  const bool portrait = ui_->Opt1->isChecked(),
+             enveloppe = ChoixPapier() != PapierEnveloppe::FeuilleA4;
+  const bool bords = enveloppe ? ChoixPapier() == PapierEnveloppe::PetitCote : !portrait;
+  for (QWidget *sens : {ui_->Opt1, ui_->Opt2}) sens->setVisible(!enveloppe);
+  for (QWidget *place :
+       std::initializer_list<QWidget *>{ui_->LblEnveloppe, ui_->OptH, ui_->OptM, ui_->OptB})
+    place->setVisible(!enveloppe);
+  ui_->LblNote->setVisible(bords);
+  ui_->PctOpt->setVisible(bords);
+  ui_->Pct->setAccessibleName(enveloppe ? u"Enveloppe dans le bac"_s : u"Feuille A4 dans le bac"_s);
+  if (enveloppe)
+    PlacerFeuille(kPlaceEnveloppe, ChoixPapier() == PapierEnveloppe::GrandCote);
+  else if (portrait)
+    PlacerFeuille({(choisie ? kGauchePortraitChoisi : kGauchePortrait) - kBacGauche, kHautPortrait,
+                   kCourt, kLong},
+                  true);
+  else
+    PlacerFeuille({(choisie ? kGauchePaysageChoisi : kGauchePaysage) - kBacGauche, kHautPaysage,
+                   kLong, kCourt},
+                  false);
+  EcrireIndice();
+  Dessiner();
+}
+
+void FrmConfigure::PlacerFeuille(const QRectF &feuille, bool indiceDessus) {
   const double k = PixelsParMillimetre(*this);
-  const QRectF feuille(gauche - kBacGauche, portrait ? kHautPortrait : kHautPaysage,
-                       portrait ? kCourt : kLong, portrait ? kLong : kCourt);
-  const QRectF avecIndice = feuille.adjusted(0, portrait ? -kIndice : 0, 0, portrait ? 0 : kIndice);
+  const QRectF avecIndice =
+      feuille.adjusted(0, indiceDessus ? -kIndice : 0, 0, indiceDessus ? 0 : kIndice);
   const auto pixels = [k](const QRectF &place) {
     return QRectF(place.topLeft() * k, place.size() * k).toRect();
   };
   const QRect cadre = pixels(avecIndice);
   ui_->Pct->setGeometry(cadre);
   ui_->Feuille->setGeometry(pixels(feuille).translated(-cadre.topLeft()));
-  ui_->LblNote->setVisible(!portrait);
-  ui_->PctOpt->setVisible(!portrait);
-  EcrireIndice();
-  Dessiner();
 }
 
 void FrmConfigure::EcrireIndice() {
+  MontrerCorrection();
+  if (ChoixPapier() != PapierEnveloppe::FeuilleA4) {
+    const bool grand = ChoixPapier() == PapierEnveloppe::GrandCote, gauche = ui_->OptG->isChecked();
+    ui_->Pct->setAlignment(grand    ? Qt::AlignHCenter | Qt::AlignTop
+                           : gauche ? Qt::AlignLeft | Qt::AlignBottom
+                                    : Qt::AlignRight | Qt::AlignBottom);
+    ui_->Pct->setText(grand    ? u"↑ Ce côté entre le premier ↑"_s
+                      : gauche ? u"<= Ce côté entre le premier"_s
+                               : u"Ce côté entre le premier =>"_s);
+    return;
+  }
   // Beside the edge that the hint speaks of, where the envelope never lies.
   ui_->Pct->setAlignment(Qt::AlignLeft | (ui_->Opt1->isChecked() ? Qt::AlignTop : Qt::AlignBottom));
   ui_->Pct->setText(ui_->Opt1->isChecked() ? u"  Haut de la feuille A4 dans le bac"_s
@@ -247,7 +346,7 @@ void FrmConfigure::Compter(QLineEdit *champ, int pas) {
 
 void FrmConfigure::Confirmer() {
   if (ui_->CboPrint->currentText().isEmpty()) {
-    boites_.Information(u"Vous n'avez pas fait le choix de l'imprimante !"_s);
+    plateforme_.boites.Information(u"Vous n'avez pas fait le choix de l'imprimante !"_s);
     ui_->CboPrint->setFocus();
     return;
   }
@@ -260,18 +359,11 @@ void FrmConfigure::Confirmer() {
       {ui_->TxtEX, &ReglagesPlomex::MargeMEX},   {ui_->TxtEY, &ReglagesPlomex::MargeMEY}};
   for (const auto &[champ, marge] : marges) {
     if (TientSur16Bits(Valeur(champ))) continue;
-    boites_.Information(u"Valeur non conforme !"_s);
+    plateforme_.boites.Information(u"Valeur non conforme !"_s);
     champ->setText(Texte(plomex_.*marge));
     champ->setFocus();
     return;
   }
-  for (const auto &[champ, marge] : marges) plomex_.*marge = Millimetres(Valeur(champ));
-  plomex_.Imprimante = ui_->CboPrint->currentText();
-  plomex_.Orientation =
-      ui_->Opt1->isChecked() ? OrientationFeuille::Portrait : OrientationFeuille::Paysage;
-  plomex_.BordImprime = ui_->OptG->isChecked() ? BordImprime::Gauche : BordImprime::Droit;
-  plomex_.PositionEnveloppe = ui_->OptH->isChecked()   ? PositionEnveloppe::Haut
-                              : ui_->OptM->isChecked() ? PositionEnveloppe::Milieu
-                                                       : PositionEnveloppe::Bas;
+  plomex_ = Affichee().plomex;
   accept();
 }

@@ -10,6 +10,7 @@
 #include "envelope/FrmVueAV.h"
 #include "envelope/ImpressionMultiple.h"
 #include "envelope/MiseEnPage.h"
+#include "envelope/PageEtalon.h"
 #include "envelope/Raccourci.h"
 #include "envelope/Tirage.h"
 #include "help/Aide.h"
@@ -61,6 +62,7 @@ std::unique_ptr<Ui::FrmPlomex> Preparer(FrmPlomex &fenetre) {
 FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
     : session_(session),
       repertoire_(repertoire),
+      imprimantes_(session.dossiers.AppPath),
       ui_(Preparer(*this)),
       zones_(session, etat_, ui_->Enveloppe) {
   RemplirBarre();
@@ -91,7 +93,7 @@ void FrmPlomex::Brancher() {
       session_, etat_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
                                     ui_->mnuAnnCom, ui_->mnuIntComMult});
-  tirage_ = std::make_unique<Tirage>(session_, zones_, *commentaire_, *ui_->Fait);
+  tirage_ = std::make_unique<Tirage>(session_, imprimantes_, zones_, *commentaire_, *ui_->Fait);
   brancher(ui_->mnuInsCom, [this] { commentaire_->Inserer(); });
   ui_->Enveloppe->addAction(ui_->mnuInsCom);
   ui_->Enveloppe->setContextMenuPolicy(Qt::ActionsContextMenu);
@@ -164,10 +166,7 @@ void FrmPlomex::MontrerAdresse(const AdresseComposee &adresse, Cle fiche) {
 void FrmPlomex::MajEtiquettes() {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
   ui_->LblImprimante->setText(AvecMarque(plomex.Imprimante));
-  ui_->LblOrientation->setText(
-      plomex.Orientation == OrientationFeuille::Portrait  ? u"Orientation en mode portrait"_s
-      : plomex.Orientation == OrientationFeuille::Paysage ? u"Orientation en mode paysage"_s
-                                                          : u""_s);
+  MajPapier();
   const QString policeE = introuvables_.contains(plomex.PoliceE)
                               ? u"   (introuvable) expéditeur : "_s + plomex.PoliceE
                               : QString();
@@ -181,6 +180,22 @@ void FrmPlomex::MajEtiquettes() {
   commentaire_->MajEtiquette();
   PreparerRaccourci();
   zones_.Disposer();
+}
+
+void FrmPlomex::MajPapier() {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  const PapierEnveloppe choix = imprimantes_.PapierDe(plomex.Imprimante);
+  ui_->LblOrientation->setText(
+      choix == PapierEnveloppe::GrandCote                  ? u"Enveloppe par son grand côté"_s
+      : choix == PapierEnveloppe::PetitCote                ? u"Enveloppe par son petit côté"_s
+      : plomex.Orientation == OrientationFeuille::Portrait ? u"Orientation en mode portrait"_s
+      : plomex.Orientation == OrientationFeuille::Paysage  ? u"Orientation en mode paysage"_s
+                                                           : u""_s);
+  const Papier papier = PapierPour(plomex, choix, {etat_.LargeurEnv, etat_.HauteurEnv});
+  const QString correction =
+      TexteCorrection(imprimantes_.CorrectionDe(plomex.Imprimante, papier), papier.page);
+  ui_->LblCorrection->setText(correction.isEmpty() ? QString() : u"corrigée : "_s + correction);
+  ui_->LblCorrection->setVisible(!correction.isEmpty());
 }
 
 void FrmPlomex::PreparerRaccourci() {
@@ -261,6 +276,7 @@ void FrmPlomex::ChoisirFormat(int index) {
   format_ = index;
   ui_->CboFormat->setCurrentIndex(index);
   zones_.Disposer();
+  MajPapier();
 }
 
 void FrmPlomex::DemanderTaille() {
@@ -278,6 +294,7 @@ void FrmPlomex::DemanderTaille() {
     ChoisirFormat(kFormatDL);
   }
   zones_.Disposer();
+  MajPapier();
 }
 
 void FrmPlomex::SaisirAdresse(FrmNouveau::Mode mode) {
@@ -365,12 +382,24 @@ void FrmPlomex::Apercu() {
 }
 
 void FrmPlomex::Configurer() {
-  FrmConfigure dialogue(session_.plateforme.boites, session_.plateforme.imprimante,
-                        session_.reglages.plomex, this);
-  if (dialogue.exec() != QDialog::Accepted) return;
-  if (dialogue.Saisie().Imprimante != session_.reglages.plomex.Imprimante) tirage_->Oublier();
-  session_.reglages.plomex = dialogue.Saisie();
-  MajEtiquettes();
+  const ReglagesPlomex avant = session_.reglages.plomex;
+  FrmConfigure dialogue(session_.plateforme, imprimantes_, avant,
+                        {etat_.LargeurEnv, etat_.HauteurEnv}, this);
+  const bool confirme = dialogue.exec() == QDialog::Accepted;
+  if (confirme) {
+    if (dialogue.Saisie().Imprimante != avant.Imprimante) tirage_->Oublier();
+    session_.reglages.plomex = dialogue.Saisie();
+    Signaler(session_.plateforme.boites, [&] { GarderPrise(avant, dialogue.ChoixPapier()); });
+  }
+  MajEtiquettes();  // a calibration stays, whatever becomes of the dialog
+}
+
+void FrmPlomex::GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier) {
+  const ReglagesPlomex &plomex = session_.reglages.plomex;
+  if (avant.Imprimante != plomex.Imprimante && ImpressionConfiguree(avant) &&
+      !imprimantes_.EstReglee(avant.Imprimante))
+    imprimantes_.Garder(avant, imprimantes_.PapierDe(avant.Imprimante));
+  imprimantes_.Garder(plomex, papier);
 }
 
 void FrmPlomex::ChoisirOptions() {

@@ -5,6 +5,7 @@
 #include "envelope/FrmNouveau.h"
 #include "envelope/ZonesEnveloppe.h"
 #include "session/Session.h"
+#include "storage/Imprimantes.h"
 
 #include <QMainWindow>
 #include <QShortcut>
@@ -65,6 +66,8 @@ class FrmPlomex : public QMainWindow {
   /// it.
   QString AvecMarque(const QString &nom) const;
   void Brancher();
+  /// Paper and correction of the printer, for the format in force.
+  void MajPapier();
   /// Brings the labels of the window, the fonts and the places of the zones in step with the state.
   void MajEtiquettes();
   void PreparerRaccourci();
@@ -87,11 +90,14 @@ class FrmPlomex : public QMainWindow {
   void Imprimer();
   void Apercu();
   void Configurer();
+  /// Keeps what was confirmed for the printer, and for the one before, of which nothing was kept.
+  void GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier);
   void ChoisirOptions();
   void RelierVilles();
 
   Session &session_;
   Repertoire &repertoire_;
+  Imprimantes imprimantes_;
   std::unique_ptr<Ui::FrmPlomex> ui_;
   EtatEnveloppe etat_;
   ZonesEnveloppe zones_;

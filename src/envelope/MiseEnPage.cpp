@@ -3,6 +3,7 @@
 #include "envelope/FormatsEnveloppe.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -89,36 +90,38 @@ Police PoliceExpediteur(const ReglagesPlomex &p) {
 
 namespace {
 
+/// Where a part of the envelope begins, from its place there.
+using Placement = std::function<Point(Point)>;
+
 /// The optional comment.
 LignePlacee PlacerCommentaire(const ReglagesPlomex &p, const EtatEnveloppe &e, double reduction,
-                              const MesureTexte &mesure) {
+                              const MesureTexte &mesure, const Placement &placement) {
   Police police = PoliceExpediteur(p);
   police.points += 2;
   police.gras = e.CommentaireGras;
   police.souligne = e.CommentaireSouligne;
   const Millimetres x = e.LargeurEnv - kRetraitCommentaire - mesure.Largeur(e.Commentaire, police);
-  return {e.Commentaire, x / reduction, OrigineExpediteur(p, e).y / reduction, police};
+  const Point place = placement({x / reduction, OrigineExpediteur(p, e).y / reduction});
+  return {e.Commentaire, place.x, place.y, police};
 }
 
 /// Comment, sender, address. `reduction` divides every place but the sender's horizontal one.
 std::vector<LignePlacee> PlacerSurEnveloppe(const ReglagesPlomex &p, const EtatEnveloppe &e,
                                             const ContenuEnveloppe &contenu,
                                             const Police &policeExpediteur, double reduction,
-                                            const MesureTexte &mesure) {
+                                            const MesureTexte &mesure, const Placement &placement) {
   std::vector<LignePlacee> lignes;
-  if (contenu.commentaire) lignes.push_back(PlacerCommentaire(p, e, reduction, mesure));
+  if (contenu.commentaire) lignes.push_back(PlacerCommentaire(p, e, reduction, mesure, placement));
 
   const Point origineE = OrigineExpediteur(p, e);
   const Zone expediteur{contenu.expediteur.split(u'\n'),
-                        {origineE.x, origineE.y / reduction},
-                        policeExpediteur,
+                        placement({origineE.x, origineE.y / reduction}), policeExpediteur,
                         p.AlignE};
   Placer(expediteur, mesure, lignes, [](qsizetype) { return false; });
 
   const Point origineA = OrigineAdresse(p, e);
   const Zone adresse{contenu.adresse.split(u'\n'),
-                     {origineA.x / reduction, origineA.y / reduction},
-                     PoliceAdresse(p),
+                     placement({origineA.x / reduction, origineA.y / reduction}), PoliceAdresse(p),
                      p.AlignA};
   const qsizetype derniere = adresse.lignes.size() - 1;
   Placer(adresse, mesure, lignes, [&](qsizetype i) {
@@ -131,14 +134,21 @@ std::vector<LignePlacee> PlacerSurEnveloppe(const ReglagesPlomex &p, const EtatE
 }  // namespace
 
 std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &p, const EtatEnveloppe &e,
-                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure) {
-  std::vector<LignePlacee> page = PlacerSurEnveloppe(p, e, contenu, PoliceExpediteur(p), 1, mesure);
-  const Point origine = OriginePage(p, e);
-  for (LignePlacee &ligne : page) {
-    ligne.x = ligne.x - origine.x;
-    ligne.y = ligne.y - origine.y;
-  }
-  return page;
+                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure,
+                                      std::optional<Point> coin) {
+  const Point origine = coin ? Point{-p.MargeDroite, -p.MargeHaute} : OriginePage(p, e);
+  return PlacerSurEnveloppe(p, e, contenu, PoliceExpediteur(p), 1, mesure, [&](Point place) {
+    const Point pose = place - origine;
+    return coin ? Point{std::max(pose.x, coin->x), std::max(pose.y, coin->y)} : pose;
+  });
+}
+
+Papier PapierPour(const ReglagesPlomex &p, PapierEnveloppe choix, const Taille &enveloppe) {
+  if (choix == PapierEnveloppe::FeuilleA4)
+    return Papier::A4(p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait
+                                                                    : Orientation::Paysage);
+  const Tour couchee = p.BordImprime == BordImprime::Gauche ? Tour::Droite : Tour::Gauche;
+  return {enveloppe, choix == PapierEnveloppe::GrandCote ? Tour::Aucun : couchee, true};
 }
 
 std::vector<LignePlacee> MettreEnApercu(const ReglagesPlomex &p, const EtatEnveloppe &e,
@@ -146,7 +156,8 @@ std::vector<LignePlacee> MettreEnApercu(const ReglagesPlomex &p, const EtatEnvel
                                         const MesureTexte &mesure) {
   Police expediteur = PoliceExpediteur(p);
   expediteur.points -= 1;
-  return PlacerSurEnveloppe(p, e, contenu, expediteur, kReductionApercu, mesure);
+  return PlacerSurEnveloppe(p, e, contenu, expediteur, kReductionApercu, mesure,
+                            [](Point place) { return place; });
 }
 
 bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &e) {
@@ -176,19 +187,28 @@ QString NomDocument(const std::vector<Pli> &plis, const QString &titre) {
 }  // namespace
 
 std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString &appareil,
-                                          const ReglagesPlomex &p, const std::vector<Pli> &plis,
-                                          const Conduite &conduite) {
-  const auto sens =
-      p.Orientation == OrientationFeuille::Portrait ? Orientation::Portrait : Orientation::Paysage;
-  const auto document = imprimante.Ouvrir(appareil, {.nom = NomDocument(plis, conduite.titre),
-                                                     .orientation = sens,
-                                                     .recto = true,
-                                                     .arret = conduite.arret});
+                                          const ReglagesPlomex &plomex,
+                                          const Imprimantes &imprimantes,
+                                          const std::vector<Pli> &plis, const Conduite &conduite) {
+  // Another printer in the place of one that is gone takes envelopes in its own way.
+  const ReglagesPlomex p =
+      appareil == plomex.Imprimante ? plomex : imprimantes.Reglages(appareil, plomex);
+  const EtatEnveloppe &premier = plis.front().etat;
+  const Papier papier =
+      PapierPour(p, imprimantes.PapierDe(appareil), {premier.LargeurEnv, premier.HauteurEnv});
+  const auto document =
+      imprimante.Ouvrir(appareil, {.nom = NomDocument(plis, conduite.titre),
+                                   .papier = papier,
+                                   .correction = imprimantes.CorrectionDe(appareil, papier),
+                                   .depuisLeBord = papier.enveloppe,
+                                   .recto = true,
+                                   .arret = conduite.arret});
+  const auto coin = papier.enveloppe ? std::optional(document->CoinImprimable()) : std::nullopt;
   const auto nombre = static_cast<qsizetype>(plis.size());
   for (qsizetype rang = 0; rang < nombre; ++rang) {
     const auto &[etat, contenu] = plis[static_cast<std::size_t>(rang)];
     if (rang > 0) document->NouvellePage();
-    EcrireLignes(MettreEnPage(p, etat, contenu, *document), *document);
+    EcrireLignes(MettreEnPage(p, etat, contenu, *document, coin), *document);
     if (!conduite.avance(rang + 1, nombre)) return std::nullopt;
   }
   return document->Terminer();

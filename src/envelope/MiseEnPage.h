@@ -4,6 +4,7 @@
 #include "envelope/EtatEnveloppe.h"
 #include "platform/Imprimante.h"
 #include "storage/Avance.h"
+#include "storage/Imprimantes.h"
 #include "storage/Reglages.h"
 
 #include <QString>
@@ -12,10 +13,6 @@
 #include <optional>
 #include <stop_token>
 #include <vector>
-
-struct Point {
-  Millimetres x, y;
-};
 
 /// A line of text; its place is that of its left end and its top.
 struct LignePlacee {
@@ -53,8 +50,12 @@ struct ContenuEnveloppe {
 /// What goes on the page, in places counted from the corner of the printable area: comment, sender,
 /// address, line by line. Blank lines take their height and are left out. Text is neither wrapped
 /// nor cut.
+///
+/// `coin` stands for an envelope that is the paper itself: places are counted from its corner then,
+/// the tray moves nothing, and what would begin before `coin`, where printing begins, begins there.
 std::vector<LignePlacee> MettreEnPage(const ReglagesPlomex &plomex, const EtatEnveloppe &etat,
-                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure);
+                                      const ContenuEnveloppe &contenu, const MesureTexte &mesure,
+                                      std::optional<Point> coin = {});
 
 /// A millimetre of the preview stands for so many of the envelope.
 inline constexpr double kReductionApercu = 1.18;
@@ -73,6 +74,9 @@ bool CommentaireImprime(const ReglagesRTColor &rtcolor, const EtatEnveloppe &eta
 /// Whether the printer has been told how it takes an envelope.
 bool ImpressionConfiguree(const ReglagesPlomex &plomex);
 
+/// The paper on which an envelope is printed.
+Papier PapierPour(const ReglagesPlomex &plomex, PapierEnveloppe choix, const Taille &enveloppe);
+
 /// An envelope as it is printed: what its zones hold, in the state that goes with it.
 struct Pli {
   EtatEnveloppe etat;
@@ -86,11 +90,13 @@ struct Conduite {
   std::stop_token arret{};  ///< ends the waiting for the system
 };
 
-/// Prints a document of one page for each envelope on the device of this name, or nothing where
-/// `avance` asks to stop; it is asked for the last time before the document is handed over. The
+/// Prints a document of one page for each envelope on the device of this name, on the paper and
+/// with the correction that `imprimantes` has for it, or nothing where `avance` asks to stop; it is
+/// asked for the last time before the document is handed over. Their format is the first one's. The
 /// document bears the addressee, or the title of the run. Throws `Erreur` where the device cannot
 /// be had. Needs no window, so that any thread may run it.
 std::optional<FinImpression> ImprimerPlis(Imprimante &imprimante, const QString &appareil,
                                           const ReglagesPlomex &plomex,
+                                          const Imprimantes &imprimantes,
                                           const std::vector<Pli> &plis,
                                           const Conduite &conduite = {});

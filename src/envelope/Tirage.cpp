@@ -19,10 +19,13 @@ QString TexteFait(const FinImpression &fin, const QString &appareil, qsizetype n
   if (nombre == 0) return u"Aucune enveloppe imprimée"_s;
   const bool une = nombre == 1;
   const QString combien = CombienDEnveloppes(nombre);
+  const QString envoi = fin.envoi.isEmpty() ? QString() : u" : "_s + fin.envoi;
   if (fin.issue == FinImpression::Issue::Imprimee)
-    return u"%1 %2 sur « %3 »"_s.arg(combien, une ? u"imprimée"_s : u"imprimées"_s, appareil);
-  return u"%1 %2 dans %3"_s.arg(combien, une ? u"enregistrée"_s : u"enregistrées"_s,
-                                QDir::toNativeSeparators(QFileInfo(fin.fichier).path()));
+    return u"%1 %2 sur « %3 »"_s.arg(combien, une ? u"imprimée"_s : u"imprimées"_s, appareil) +
+           envoi;
+  return u"%1 %2%4 dans %3"_s.arg(combien, une ? u"enregistrée"_s : u"enregistrées"_s,
+                                  QDir::toNativeSeparators(QFileInfo(fin.fichier).path()),
+                                  envoi.isEmpty() ? QString() : u" (%1)"_s.arg(fin.envoi));
 }
 
 QString TexteSansAdresse(const QStringList &noms) {
@@ -117,14 +120,15 @@ FinEnvoi Tirage::Envoyer(const QString &appareil, const QString &titre,
   const auto remise = std::make_shared<std::atomic<bool>>(false);  // the printer has the document
   const auto fin = travail.ExecuterOuLaisser(
       session_.plateforme.abandons,
-      [&imprimante = session_.plateforme.imprimante, plomex = session_.reglages.plomex, appareil,
-       titre, plis, remise](const Avance &avance, const std::stop_token &arret) {
+      [&imprimante = session_.plateforme.imprimante, plomex = session_.reglages.plomex,
+       imprimantes = imprimantes_, appareil, titre, plis,
+       remise](const Avance &avance, const std::stop_token &arret) {
         const auto suivre = [&](qsizetype fait, qsizetype total) {
           const bool continuer = avance(fait, total);
           *remise = continuer && fait == total;
           return continuer;
         };
-        return Remettre(imprimante, appareil, plomex, plis, {titre, suivre, arret});
+        return Remettre(imprimante, appareil, plomex, imprimantes, plis, {titre, suivre, arret});
       });
   if (!fin) return {*remise ? FinEnvoi::Issue::Abandonnee : FinEnvoi::Issue::Arretee};
   if (!fin->EstFaite()) return *fin;

@@ -18,9 +18,13 @@ class CompteRendu;
 class Tirage {
  public:
   /// `fait` tells where the last printing has gone, or that it failed.
-  Tirage(Session &session, ZonesEnveloppe &zones, CommandesCommentaire &commentaire,
-         CompteRendu &fait)
-      : session_(session), zones_(zones), commentaire_(commentaire), fait_(fait) {}
+  Tirage(Session &session, const Imprimantes &imprimantes, ZonesEnveloppe &zones,
+         CommandesCommentaire &commentaire, CompteRendu &fait)
+      : session_(session),
+        imprimantes_(imprimantes),
+        zones_(zones),
+        commentaire_(commentaire),
+        fait_(fait) {}
 
   /// Prints what the zones hold. False where it failed, and, with a message, while the printer has
   /// not been told how it takes an envelope.
@@ -53,6 +57,7 @@ class Tirage {
   void MontrerEchec(const FinEnvoi &fin, const QString &appareil);
 
   Session &session_;
+  const Imprimantes &imprimantes_;
   ZonesEnveloppe &zones_;
   CommandesCommentaire &commentaire_;
   CompteRendu &fait_;

@@ -33,6 +33,7 @@ QString PageAide(const QString &fenetre) {
       {u"FrmPlomex"_s, u"enveloppes.html"_s},
       {u"FrmTaille"_s, u"enveloppes.html#format"_s},
       {u"FrmConfigure"_s, u"imprimante.html"_s},
+      {u"FrmEtalonnage"_s, u"imprimante.html#etalonner"_s},
       {u"FrmOptions"_s, u"ecriture.html"_s},
       {u"FrmVueAV"_s, u"enveloppes.html#apercu"_s},
       {u"FrmNouveau"_s, u"adresses.html"_s},

@@ -1,8 +1,8 @@
 #pragma once
-// The printing interface: documents of A4 pages, opened on a device by its name, with text placed
-// in millimetres.
+// The printing interface: documents, opened on a device by its name, with text and lines placed in
+// millimetres.
 
-#include "platform/Millimetres.h"
+#include "platform/Papier.h"
 
 #include <QObject>
 #include <QString>
@@ -31,14 +31,16 @@ class MesureTexte {
   virtual Millimetres HauteurLigne(const Police &police) const = 0;
 };
 
-/// A sheet on which lines of text are written.
+/// A sheet on which lines of text are written. Places are counted from the corner of the printable
+/// area, where nothing else is said.
 class Feuille : public MesureTexte {
  public:
-  /// Writes one line: its left end and its top are counted from the corner of the printable area.
+  /// Writes one line by the place of its left end and its top.
   virtual void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) = 0;
-};
 
-enum class Orientation { Portrait = 1, Paysage = 2 };
+  /// Draws a straight line.
+  virtual void Tracer(Point de, Point a, Millimetres epaisseur) = 0;
+};
 
 /// How a printing has ended.
 struct FinImpression {
@@ -47,6 +49,8 @@ struct FinImpression {
   Issue issue = Issue::Echouee;
   QString fichier = {};  ///< path of what was written, where it is `Enregistree`
   QString raison = {};   ///< why it is `Echouee`, as words for the user; empty where nobody knows
+  /// Size, turn and source of another paper than the A4 sheet, as words for the user.
+  QString envoi = {};
 
   friend bool operator==(const FinImpression &, const FinImpression &) = default;
 };
@@ -58,6 +62,8 @@ class Document : public Feuille {
   /// Width and height of the printable area of a page.
   virtual Millimetres LargeurPage() const = 0;
   virtual Millimetres HauteurPage() const = 0;
+  /// The corner of the printable area, as places are counted: what is before it is cut off.
+  virtual Point CoinImprimable() const = 0;
 
   /// Adds a page; what is written from now on goes there.
   virtual void NouvellePage() = 0;
@@ -71,7 +77,10 @@ class Document : public Feuille {
 /// What a document is like.
 struct DescriptionDocument {
   QString nom{};  ///< its title; begins the name of its file, with what such a name can hold
-  Orientation orientation = Orientation::Portrait;
+  Papier papier{};
+  Correction correction{};  ///< for what the device does to such pages
+  /// Places are counted from the paper's corner, and nothing may be scaled or turned on the way.
+  bool depuisLeBord = false;
   /// Left around its pages in a file, whose sheets have no margins of their own.
   Millimetres margeFichier{};
   bool recto = false;  ///< each page on a sheet of its own, whatever the printer does by itself

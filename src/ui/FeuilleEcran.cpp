@@ -19,6 +19,14 @@ void FeuilleEcran::Ecrire(Millimetres x, Millimetres y, const Police &police,
   peintre_.restore();
 }
 
+void FeuilleEcran::Tracer(Point de, Point a, Millimetres epaisseur) {
+  const auto pixels = [this](Point point) {
+    return origine_ + QPointF(point.x.valeur, point.y.valeur) * echelle_;
+  };
+  peintre_.setPen(QPen(encre_, epaisseur.valeur * echelle_, Qt::SolidLine, Qt::FlatCap));
+  peintre_.drawLine(pixels(de), pixels(a));
+}
+
 double PixelsParMillimetre(const QWidget &fenetre) {
   return fenetre.logicalDpiX() / kPouce.valeur;
 }

@@ -19,6 +19,7 @@ class FeuilleEcran : public Feuille {
       : peintre_(peintre), origine_(origine), echelle_(pixelsParMillimetre), encre_(encre) {}
 
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override;
+  void Tracer(Point de, Point a, Millimetres epaisseur) override;
   Millimetres Largeur(const QString &texte, const Police &police) const override {
     return mesure_.Largeur(texte, police);
   }

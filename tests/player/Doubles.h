@@ -40,7 +40,7 @@ struct LigneImprimee {
 
 struct PageImprimee {
   QString imprimante;
-  Orientation orientation = Orientation::Portrait;
+  Papier papier;
   QList<LigneImprimee> lignes;
 };
 
@@ -418,16 +418,20 @@ class ImprimanteScenario : public Imprimante {
         : imprimante_(imprimante),
           nom_(description.nom),
           arret_(description.arret),
-          pages_{PageImprimee{appareil, description.orientation, {}}} {}
+          correction_(description.correction),
+          pages_{PageImprimee{appareil, description.papier, {}}} {}
 
-    Millimetres LargeurPage() const override { return Millimetres(EstDebout() ? 210 : 297); }
-    Millimetres HauteurPage() const override { return Millimetres(EstDebout() ? 297 : 210); }
+    Millimetres LargeurPage() const override { return pages_.first().papier.page.largeur; }
+    Millimetres HauteurPage() const override { return pages_.first().papier.page.hauteur; }
+    Point CoinImprimable() const override { return {Millimetres(4), Millimetres(3)}; }
     void NouvellePage() override {
-      pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().orientation, {}});
+      pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().papier, {}});
     }
     void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
-      pages_.last().lignes.append({texte, x, y, police});
+      const Point place = correction_.Envoi({x, y});
+      pages_.last().lignes.append({texte, place.x, place.y, police});
     }
+    void Tracer(Point, Point, Millimetres) override {}
     FinImpression Terminer() override {
       const QString appareil = pages_.first().imprimante;
       if (appareil != NomPdf()) imprimante_.gel.Passer();
@@ -447,11 +451,10 @@ class ImprimanteScenario : public Imprimante {
     }
 
    private:
-    bool EstDebout() const { return pages_.first().orientation == Orientation::Portrait; }
-
     ImprimanteScenario &imprimante_;
     QString nom_;
     std::stop_token arret_;
+    Correction correction_;
     QList<PageImprimee> pages_;
     MesurePolices mesure_;
   };

@@ -96,7 +96,7 @@ const PageImprimee &Page(Scene &scene) {
 
 Verbe Orientee(const QString &nom, Orientation orientation) {
   return {u"page "_s + nom, 0, 0, [nom, orientation](S &s, const M &) {
-            Exiger(Page(s).orientation == orientation, nom + u" expected"_s);
+            Exiger(Page(s).papier.page == Papier::A4(orientation).page, nom + u" expected"_s);
           }};
 }
 
@@ -275,6 +275,7 @@ QList<Verbe> VerbesDesTraces() {
          Page(s);
        }},
       Valeur(u"page imprimante"_s, 1, [](S &s, const M &) { return Page(s).imprimante; }),
+      Valeur(u"page papier"_s, 1, [](S &s, const M &) { return Page(s).papier.Nom(); }),
       Orientee(u"portrait"_s, Orientation::Portrait),
       Orientee(u"paysage"_s, Orientation::Paysage),
       Valeur(u"classeur feuille"_s, 1,

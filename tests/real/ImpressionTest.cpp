@@ -4,12 +4,16 @@
 #include "Reel.h"
 #include "commun/HorlogeFixe.h"
 #include "envelope/Envoi.h"
+#include "envelope/PageEtalon.h"
 #include "platform/linux/ImprimanteSysteme.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QRectF>
 #include <QRegularExpression>
 #include <QTcpServer>
 
+#include <algorithm>
 #include <future>
 #include <stop_token>
 
@@ -41,9 +45,9 @@ struct Ecoute : QTcpServer {
   }
 };
 
-class Papier : public testing::Test {
+class SurPapier : public testing::Test {
  protected:
-  Papier() {
+  SurPapier() {
     plomex_.Orientation = OrientationFeuille::Portrait;
     plomex_.BordImprime = BordImprime::Droit;
     plomex_.PositionEnveloppe = PositionEnveloppe::Milieu;
@@ -54,7 +58,8 @@ class Papier : public testing::Test {
 
   FinImpression Imprimer(const QString &appareil) {
     const ContenuEnveloppe contenu{u"Expéditrice"_s, u"Établissements\nRue\n\nNANTES"_s, true};
-    return *ImprimerPlis(imprimante_, appareil, plomex_, {{etat_, contenu}});
+    return *ImprimerPlis(imprimante_, appareil, plomex_, Imprimantes(dossier_.path()),
+                         {{etat_, contenu}});
   }
 
   /// Why nothing was printed.
@@ -90,7 +95,7 @@ class Papier : public testing::Test {
   EtatEnveloppe etat_;
 };
 
-using Impression = Papier;
+using Impression = SurPapier;
 
 TEST_F(Impression, EnveloppesSurLaPage) {
   const QString simple = Pdf();
@@ -153,7 +158,7 @@ TEST_F(Impression, PagesAvecMarge) {
 }
 
 /// With the queue "Enveloppes", whose printer leaves each sheet in the file `recu`.
-class Cups : public Papier {
+class Cups : public SurPapier {
  protected:
   Cups() {
     { const Ecoute portLibre; }
@@ -183,13 +188,15 @@ class Cups : public Papier {
 
   /// A queue through this filter, for a printer of A4 with four different margins: left 3 mm, top
   /// 5, right 7, bottom 12.
-  bool AjouterFile(const QString &nom, const QByteArray &filtre, const QString &sortie) const {
+  bool AjouterFile(const QString &nom, const QByteArray &filtre, const QString &sortie,
+                   const QByteArray &autres = {}) const {
     Ecrire(nom, "*PPD-Adobe: \"4.3\"|*cupsFilter2: \"application/vnd.cups-pdf application/pdf 0 " +
                     filtre +
                     "\"|*OpenUI *PageSize: PickOne|*DefaultPageSize: A4|"
                     "*PageSize A4: \"<</PageSize[595 842]>>setpagedevice\"|*CloseUI: *PageSize|"
                     "*ImageableArea A4: \"8.504 34.016 575.433 827.717\"|"
-                    "*PaperDimension A4: \"595.276 841.89\"|");
+                    "*PaperDimension A4: \"595.276 841.89\"|" +
+                    autres);
     return QProcess::execute(u"lpadmin"_s, {u"-p"_s, nom, u"-E"_s, u"-v"_s, u"file:"_s + sortie,
                                             u"-P"_s, Chemin(nom)}) == 0;
   }
@@ -257,7 +264,148 @@ TEST_F(Cups, FeuillesEtRefus) {
   EXPECT_TRUE(ouvert->Terminer().raison.contains(u"ne l'a plus"_s));
 }
 
-using ServeurMuet = Papier;
+constexpr double kParMm = 10;  // points of a printed sheet, in either direction
+
+/// The page on a sheet that was printed as an image of 254 points an inch.
+QImage EnPage(const QByteArray &image, const Papier &papier) {
+  const Taille taille = papier.Feuille();
+  QImage feuille((QSizeF(taille.largeur.valeur, taille.hauteur.valeur) * kParMm).toSize(),
+                 QImage::Format_Grayscale8);
+  feuille.fill(Qt::white);
+  QPainter(&feuille).drawImage(0, 0, QImage::fromData(image));
+  const int tour = papier.tour == Tour::Droite ? -90 : papier.tour == Tour::Gauche ? 90 : 0;
+  return feuille.transformed(QTransform().rotate(tour));
+}
+
+/// The dark points of a column or of a row within a place on the page, in millimetres, one by one.
+QList<int> Noirs(const QImage &page, const QRectF &ou, bool colonnes) {
+  const QRect points = QRectF(ou.topLeft() * kParMm, ou.size() * kParMm).toRect() & page.rect();
+  QList<int> noirs(colonnes ? points.width() : points.height());
+  for (int y = points.top(); y <= points.bottom(); ++y)
+    for (int x = points.left(); x <= points.right(); ++x)
+      noirs[colonnes ? x - points.left() : y - points.top()] += qGray(page.pixel(x, y)) < 128;
+  return noirs;
+}
+
+/// Where the longest line lies there: the middle of its width.
+double Ligne(const QImage &page, const QRectF &ou, bool debout) {
+  const QList<int> noirs = Noirs(page, ou, debout);
+  const int plus = *std::ranges::max_element(noirs);
+  double somme = 0, nombre = 0;
+  for (qsizetype i = 0; i < noirs.size(); ++i)
+    if (noirs[i] > plus / 2) somme += double(i) + 0.5, ++nombre;
+  return (debout ? ou.left() : ou.top()) + somme / nombre / kParMm;
+}
+
+/// The ends of what is written there.
+QList<double> Encre(const QImage &page, const QRectF &ou) {
+  QList<double> bords;
+  for (const bool colonnes : {true, false}) {
+    const QList<int> noirs = Noirs(page, ou, colonnes);
+    const auto noir = [](int n) { return n > 0; };
+    const auto debut = std::ranges::find_if(noirs, noir) - noirs.begin();
+    const auto fin = std::ranges::find_if(noirs.rbegin(), noirs.rend(), noir) - noirs.rbegin();
+    bords << double(debut) / kParMm << double(noirs.size() - fin) / kParMm;
+  }
+  return bords;
+}
+
+QRectF Autour(Point milieu, double largeur, double hauteur) {
+  return {milieu.x.valeur - largeur / 2, milieu.y.valeur - hauteur / 2, largeur, hauteur};
+}
+
+/// As somebody with a ruler does it.
+MesureEtalon Mesurer(const QImage &page, const MesureEtalon &voulue) {
+  const QRectF ou = Autour(voulue.croix, 18, 18);
+  const Point croix{Millimetres(Ligne(page, ou, true)), Millimetres(Ligne(page, ou, false))};
+  const auto bout = [&](double x, double y, bool debout) {
+    const Point la = croix + Point{Millimetres(x), Millimetres(y)};
+    return Ligne(page, debout ? Autour(la, 6, 5) : Autour(la, 5, 6), debout);
+  };
+  const double demiX = voulue.regleX.valeur / 2, demiY = voulue.regleY.valeur / 2;
+  const double y = voulue.croix.y.valeur * 0.44, x = voulue.croix.x.valeur * 0.56;
+  return {croix, Millimetres(bout(demiX, y, true) - bout(-demiX, y, true)),
+          Millimetres(bout(x, demiY, false) - bout(x, -demiY, false))};
+}
+
+// A printer that makes its pages smaller and shifts them is measured, corrected and measured again;
+// then an envelope comes out of it as in a file. What it was sent stands before the image; what is
+// set for all documents turns and gathers nothing.
+TEST_F(Cups, Etalonnee) {
+  const QString nom = u"Decalee"_s;
+  Ecrire(u"decale"_s, "#!/bin/sh|echo \"$5\"|exec pdftoppm -gray -r 250.19 -x -30 -y 20 -|");
+  QFile::setPermissions(Chemin(u"decale"_s), QFile::Permissions(0x7755));
+  ASSERT_TRUE(AjouterFile(nom, Chemin(u"decale"_s).toUtf8(), recu_,
+                          "*PageSize EnvDL/DL: \"\"|*ImageableArea EnvDL: \"9 9 303 615\"|"
+                          "*PaperDimension EnvDL: \"311.811 623.622\"|*VariablePaperSize: True|"
+                          "*CustomPageSize True: \"\"|*ParamCustomPageSize Width: 1 points 100 700|"
+                          "*ParamCustomPageSize Height: 2 points 100 1000|*MaxMediaWidth: \"700\"|"
+                          "*MaxMediaHeight: \"1000\"|*HWMargins: 9 9 9 9|"));
+  Executer(u"lpadmin"_s, {u"-p"_s, nom, u"-o"_s, u"number-up-default=2"_s, u"-o"_s,
+                          u"orientation-requested-default=4"_s});
+  Imprimantes imprimantes(dossier_.path());
+  plomex_.MargeMEX = Millimetres(18), plomex_.MargeMEY = Millimetres(8);
+  const struct {
+    int largeur, hauteur;
+    PapierEnveloppe cote;
+    BordImprime bord;
+    QByteArray support;
+    QString envoi;
+  } cas[] = {
+      {220, 110, PapierEnveloppe::GrandCote, BordImprime::Droit, "custom_220x110mm_220x110mm",
+       u"papier sur mesure 220 × 110 mm, sans rotation, bac choisi par l'imprimante"_s},
+      {220, 110, PapierEnveloppe::PetitCote, BordImprime::Gauche, "iso_dl_110x220mm",
+       u"papier 110 × 220 mm, tournée à droite, bac choisi par l'imprimante"_s},
+      {229, 162, PapierEnveloppe::GrandCote, BordImprime::Droit, "custom_229x162mm_229x162mm",
+       u"papier sur mesure 229 × 162 mm, sans rotation, bac choisi par l'imprimante"_s},
+      {229, 162, PapierEnveloppe::PetitCote, BordImprime::Droit, "custom_162x229mm_162x229mm",
+       u"papier sur mesure 162 × 229 mm, tournée à gauche, bac choisi par l'imprimante"_s},
+  };
+  for (const auto &[largeur, hauteur, cote, bord, support, envoi] : cas) {
+    etat_.LargeurEnv = Millimetres(largeur), etat_.HauteurEnv = Millimetres(hauteur);
+    plomex_.BordImprime = bord;
+    for (const QString &une : {u"Enveloppes"_s, nom, pdf_}) {
+      plomex_.Imprimante = une;
+      imprimantes.Garder(plomex_, cote);
+    }
+    const Papier papier = PapierPour(plomex_, cote, {etat_.LargeurEnv, etat_.HauteurEnv});
+    const auto recue = [&, &support = support, &envoi = envoi](const FinImpression &fin) {
+      EXPECT_EQ(fin, (FinImpression{.issue = FinImpression::Issue::Imprimee, .envoi = envoi}));
+      Attendre(FileVide);
+      const QByteArray recu = LireFichier(recu_).value_or(QByteArray());
+      const auto options = recu.left(recu.indexOf('\n'));
+      EXPECT_TRUE(options.contains("media=" + support + ' ')) << options.constData();
+      return EnPage(recu.mid(options.size() + 1), papier);
+    };
+    const MesureEtalon voulue = EtalonVoulu(papier.page);
+    const auto mesurer = [&] {
+      const Correction enVigueur = imprimantes.CorrectionDe(nom, papier);
+      const MesureEtalon m =
+          Mesurer(recue(ImprimerEtalon(imprimante_, nom, papier, enVigueur)), voulue);
+      imprimantes.Garder(nom, papier, Corriger(enVigueur, voulue, m));
+      const Point ecart = m.croix - voulue.croix;
+      return std::ranges::max({std::abs(ecart.x.valeur), std::abs(ecart.y.valeur),
+                               std::abs((m.regleX - voulue.regleX).valeur),
+                               std::abs((m.regleY - voulue.regleY).valeur)});
+    };
+    const double avant = mesurer(), apres = mesurer();
+    printf("%s: %.1f mm off before, %.1f after\n", qPrintable(papier.Nom()), avant, apres);
+    EXPECT_GT(avant, 1.5);
+    EXPECT_LT(apres, kTolerance);
+    const QImage faite = recue(Imprimer(nom));
+    const QImage attendue =
+        EnPage(Executer(u"pdftoppm"_s, {u"-gray"_s, u"-r"_s, u"254"_s, Pdf()}), {papier.page});
+    const double dl = hauteur / 110.;
+    for (const QRectF &ou :
+         {QRectF(80 * largeur / 220. - 3, 48 * dl, 70, 26), QRectF(18, 12 * dl, 40, 7)}) {
+      const QList<double> la = Encre(faite, ou), voulus = Encre(attendue, ou);
+      for (int i = 0; i < 4; ++i) EXPECT_NEAR(la[i], voulus[i], kTolerance) << i;
+    }
+    EXPECT_TRUE(Refus(u"Enveloppes"_s).contains(u"ne prend pas de papier"_s)) << "it has A4 alone";
+  }
+}
+
+using ServeurMuet = SurPapier;
 
 // It takes connections and never says a word: whoever waits for it is told so, the windows go on
 // meanwhile, and the end of the program does not wait.
@@ -275,7 +423,8 @@ TEST_F(ServeurMuet, EstDitSansRetenir) {
   }
   std::stop_source abandon;
   auto abandonne = std::async(std::launch::async, [&] {
-    return Remettre(imprimante_, u"HP"_s, plomex_, {{}}, {.arret = abandon.get_token()});
+    return Remettre(imprimante_, u"HP"_s, plomex_, Imprimantes({}), {{}},
+                    {.arret = abandon.get_token()});
   });
   EXPECT_TRUE(serveur.waitForNewConnection(-1));
   abandon.request_stop();

@@ -4,6 +4,7 @@
 #include "envelope/CadenceTirage.h"
 #include "envelope/FormatsEnveloppe.h"
 #include "envelope/MiseEnPage.h"
+#include "envelope/PageEtalon.h"
 #include "envelope/SuiviTirage.h"
 
 #include <array>
@@ -66,6 +67,92 @@ TEST(Papier, PlacesSurLEnveloppe) {
     EXPECT_TRUE(hauteur.valeur == 0 ||
                 QString::fromUtf16(libelle).endsWith(
                     u"(%1 x %2 mm)"_s.arg(hauteur.valeur).arg(largeur.valeur)));
+}
+
+static Point Mm(double x, double y) {
+  return {Millimetres(x), Millimetres(y)};
+}
+
+static QString Ecrit(Point p) {
+  const auto centiemes = [](Millimetres l) {
+    return QString::number(std::round(l.valeur * 100) / 100 + 0.0);
+  };
+  return centiemes(p.x) + u',' + centiemes(p.y);
+}
+
+// Choice of the paper, end that is printed first; name; where the place 10,20 of the page lies on
+// the sheet, and the page's margins where the sheet's are 3, 5, 7 and 12.
+TEST(Papier, PageSurLaFeuille) {
+  Cas(R"(
+    1 2 | enveloppe de 220 x 110 mm par le grand côté | 10,20 3,5 7,12
+    2 1 | enveloppe de 220 x 110 mm par le petit côté gauche | 90,10 5,7 12,3
+    2 2 | enveloppe de 220 x 110 mm par le petit côté droit | 20,210 12,3 5,7
+    0 2 | A4 paysage | 190,10 5,7 12,3
+  )",
+      [](Rangee c) {
+        ReglagesPlomex p;
+        p.Orientation = OrientationFeuille::Paysage;
+        p.BordImprime = static_cast<BordImprime>(c[0][2].digitValue());
+        const auto choix = static_cast<PapierEnveloppe>(c[0][0].digitValue());
+        const Papier papier = PapierPour(p, choix, {kLongueurDL, kHauteurDL});
+        EXPECT_EQ(papier.Nom(), c[1]);
+        const Marges m =
+            papier.SurPage({Millimetres(3), Millimetres(5), Millimetres(7), Millimetres(12)});
+        return Ecrit(Pose(papier, Mm(4, 8), {})(Mm(6, 12))) + u' ' + Ecrit({m.gauche, m.haut}) +
+               u' ' + Ecrit({m.droite, m.bas});
+      });
+  // On the envelope itself the tray moves nothing, and nothing begins before the printable corner.
+  ReglagesPlomex p;
+  p.BordImprime = BordImprime::Droit;
+  p.PositionEnveloppe = PositionEnveloppe::Bas;
+  p.MargeDroite = Millimetres(1);
+  EtatEnveloppe c5;
+  c5.LargeurEnv = Millimetres(229), c5.HauteurEnv = Millimetres(162);
+  const auto lignes = MettreEnPage(p, c5, {u"Moi"_s, u"Paul"_s}, MesureFeinte(), Mm(4, 3));
+  EXPECT_EQ(Ecrit({lignes[0].x, lignes[0].y}), u"4,7.36"_s);
+  EXPECT_EQ(Ecrit({lignes[1].x, lignes[1].y}), u"84.27,73.64"_s);
+
+  const std::vector<Taille> tailles{Papier().page,
+                                    {Millimetres(110), Millimetres(220)},
+                                    {Millimetres(161.2), Millimetres(229.9)},
+                                    {Millimetres(161.8), Millimetres(229)}};
+  EXPECT_EQ(PlusProche(tailles, {Millimetres(110.9), Millimetres(219.1)}), 1);
+  EXPECT_EQ(PlusProche(tailles, {Millimetres(162), Millimetres(229)}), 3);
+  for (const Taille &autre :
+       {Taille{Millimetres(111.1), Millimetres(220)}, Taille{Millimetres(220), Millimetres(110)}})
+    EXPECT_EQ(PlusProche(tailles, autre), std::nullopt);
+}
+
+// What a printer does: both scales, both shifts. Measured once, its pages come out right, also
+// where it was corrected wrongly before; then what is said of the correction.
+TEST(Papier, CorrectionMesuree) {
+  Cas(R"(
+    0.985 0.985 3 -2 | 1,4 mm à gauche, 4,2 mm plus bas, taille 101,5 %
+    1 1 0 0.04       |
+    1 1.02 -5 0      | 5 mm à droite, 3 mm plus haut, largeur 100 %, hauteur 98 %
+  )",
+      [](Rangee c) {
+        const QStringList n = c[0].split(u' ');
+        const Correction imprimante{n[0].toDouble(), n[1].toDouble(),
+                                    Mm(n[2].toDouble(), n[3].toDouble())};
+        const Taille page{Millimetres(210), Millimetres(297)};
+        const MesureEtalon voulue = EtalonVoulu(page);
+        Correction correction;
+        for (const Correction &avant : {Correction{}, Correction{1.01, 0.98, Mm(-4, 7)}}) {
+          const MesureEtalon mesuree{imprimante.Arrivee(avant.Envoi(voulue.croix)),
+                                     voulue.regleX * (imprimante.echelleX / avant.echelleX),
+                                     voulue.regleY * (imprimante.echelleY / avant.echelleY)};
+          EXPECT_TRUE(EstPlausible(voulue, mesuree));
+          correction = Corriger(avant, voulue, mesuree);
+          for (const Point place : {Mm(0, 0), Mm(80, 50), Mm(210, 297)})
+            EXPECT_EQ(Ecrit(imprimante.Arrivee(correction.Envoi(place))), Ecrit(place));
+        }
+        return TexteCorrection(correction, page);
+      });
+  const MesureEtalon dl = EtalonVoulu({kLongueurDL, kHauteurDL});
+  EXPECT_EQ(dl.regleY, Millimetres(70)) << "what fits";
+  EXPECT_FALSE(EstPlausible(dl, {dl.croix, Millimetres(88), dl.regleY}));
+  EXPECT_FALSE(EstPlausible(dl, {Mm(11, 55), dl.regleX, dl.regleY}));
 }
 
 // First and last line in bold, and the town before a country; the country, the alignment. A block

@@ -10,10 +10,14 @@
 #include <QFontMetricsF>
 #include <QMarginsF>
 #include <QPageLayout>
+#include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
+#include <QPen>
 #include <QStandardPaths>
+#include <QTransform>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -26,22 +30,48 @@ using Issue = FinImpression::Issue;
 
 constexpr int kPointsParPouce = 1200;
 
+QPageLayout Disposition(const Taille &taille) {
+  const bool couchee = taille.largeur > taille.hauteur;
+  const QSizeF debout(std::min(taille.largeur, taille.hauteur).valeur,
+                      std::max(taille.largeur, taille.hauteur).valeur);
+  return {QPageSize(debout, QPageSize::Millimeter, {}, QPageSize::ExactMatch),
+          couchee ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF(),
+          QPageLayout::Millimeter};
+}
+
 /// What a document of either kind is: lines that are kept until it is ended and then drawn as a PDF
 /// in memory, so that it goes out whole or not at all.
 class DocumentPeint : public Document {
  public:
-  DocumentPeint(const QString &titre, QPageLayout::Orientation orientation) {
+  /// `marges` of the page.
+  DocumentPeint(const DescriptionDocument &description, const Papier &papier, const Marges &marges)
+      : papier_(papier),
+        marges_(marges),
+        correction_(description.correction),
+        origine_(description.depuisLeBord ? Point() : Point{marges.gauche, marges.haut}) {
     contenu_.open(QIODevice::WriteOnly);
-    pdf_.setTitle(titre);
+    pdf_.setTitle(description.nom);
     pdf_.setCreator(u"Velmira"_s);
     pdf_.setResolution(kPointsParPouce);
-    pdf_.setPageLayout(
-        QPageLayout(QPageSize(QPageSize::A4), orientation, QMarginsF(), QPageLayout::Millimeter));
+    pdf_.setPageLayout(Disposition(papier.Feuille()));
+  }
+
+  Millimetres LargeurPage() const override {
+    return papier_.page.largeur - marges_.gauche - marges_.droite;
+  }
+  Millimetres HauteurPage() const override {
+    return papier_.page.hauteur - marges_.haut - marges_.bas;
+  }
+  Point CoinImprimable() const override {
+    return correction_.Arrivee({marges_.gauche, marges_.haut}) - origine_;
   }
 
   void NouvellePage() override { pages_.emplace_back(); }
   void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
-    pages_.back().push_back({x, y, police, texte});
+    pages_.back().lignes.push_back({{x, y}, police, texte});
+  }
+  void Tracer(Point de, Point a, Millimetres epaisseur) override {
+    pages_.back().traits.push_back({de, a, epaisseur});
   }
   Millimetres Largeur(const QString &texte, const Police &police) const override {
     return Longueur(Mesures(police).horizontalAdvance(texte));
@@ -51,22 +81,15 @@ class DocumentPeint : public Document {
   }
 
  protected:
-  /// Counts places from the corner of the page's printable area.
-  virtual void Placer(QPainter &peintre) const = 0;
-
-  QSizeF TailleFeuille() const {
-    return pdf_.pageLayout().fullRect(QPageLayout::Millimeter).size();
-  }
-  static double Unites(Millimetres longueur) { return longueur / kPouce * kPointsParPouce; }
-
   /// The whole document; nothing where it could not be drawn.
   std::optional<QByteArray> Dessiner() {
     QPainter peintre;
     if (!peintre.begin(&pdf_)) return std::nullopt;
-    Placer(peintre);
+    peintre.setTransform(DeLaPage());
     for (std::size_t i = 0; i < pages_.size(); ++i) {
       if (i > 0 && !pdf_.newPage()) return std::nullopt;
-      for (const Ligne &ligne : pages_[i]) Dessiner(peintre, ligne);
+      for (const Ligne &ligne : pages_[i].lignes) Dessiner(peintre, ligne);
+      for (const Trait &trait : pages_[i].traits) Dessiner(peintre, trait);
     }
     if (!peintre.end()) return std::nullopt;
     return contenu_.data();
@@ -74,22 +97,49 @@ class DocumentPeint : public Document {
 
  private:
   struct Ligne {
-    Millimetres x, y;
+    Point place;
     Police police;
     QString texte;
   };
+  struct Trait {
+    Point de, a;
+    Millimetres epaisseur;
+  };
+  struct Page {
+    std::vector<Ligne> lignes;
+    std::vector<Trait> traits;
+  };
 
+  static double Unites(Millimetres longueur) { return longueur / kPouce * kPointsParPouce; }
+  static QPointF Unites(Point point) { return {Unites(point.x), Unites(point.y)}; }
+  static Millimetres Longueur(double unites) { return kPouce * (unites / kPointsParPouce); }
+
+  /// The page is turned and corrected here: turned on the way it would keep the margins of the
+  /// upright page, and each filter and printer picks its own side.
+  QTransform DeLaPage() const {
+    const Pose pose(papier_, origine_, correction_);
+    const Point coin = pose({});
+    const Point x = pose({Millimetres(1), {}}) - coin, y = pose({{}, Millimetres(1)}) - coin;
+    return {x.x.valeur, x.y.valeur, y.x.valeur, y.y.valeur, Unites(coin.x), Unites(coin.y)};
+  }
   void Dessiner(QPainter &peintre, const Ligne &ligne) const {
     peintre.setFont(Caracteres(ligne.police));
-    const double base = Unites(ligne.y) + Mesures(ligne.police).ascent();
-    peintre.drawText(QPointF(Unites(ligne.x), base), ligne.texte);
+    const QPointF base(0, Mesures(ligne.police).ascent());
+    peintre.drawText(Unites(ligne.place) + base, ligne.texte);
   }
-  static Millimetres Longueur(double unites) { return kPouce * (unites / kPointsParPouce); }
+  static void Dessiner(QPainter &peintre, const Trait &trait) {
+    peintre.setPen(QPen(Qt::black, Unites(trait.epaisseur), Qt::SolidLine, Qt::FlatCap));
+    peintre.drawLine(Unites(trait.de), Unites(trait.a));
+  }
   QFontMetricsF Mesures(const Police &police) const {
     return QFontMetricsF(Caracteres(police), &pdf_);
   }
 
-  std::vector<std::vector<Ligne>> pages_{1};
+  Papier papier_;
+  Marges marges_;
+  Correction correction_;
+  Point origine_;  ///< of the places, on the page
+  std::vector<Page> pages_{1};
   QBuffer contenu_;
   QPdfWriter pdf_{&contenu_};
 };
@@ -107,103 +157,84 @@ FinImpression EcrirePdf(const QString &dossier, const QString &debut, const QByt
   }
 }
 
+QString TexteTaille(const Taille &taille) {
+  const auto texte = [](Millimetres longueur) {
+    return QString::number(longueur.valeur, 'g', 4).replace(u'.', u',');
+  };
+  return u"%1 × %2 mm"_s.arg(texte(taille.largeur), texte(taille.hauteur));
+}
+
+/// Its pages are not turned: they are read on the screen.
 class DocumentPdf : public DocumentPeint {
  public:
   DocumentPdf(const DescriptionDocument &description, const Horloge &horloge, QString dossier)
-      : DocumentPeint(description.nom, description.orientation == Orientation::Portrait
-                                           ? QPageLayout::Portrait
-                                           : QPageLayout::Landscape),
+      : DocumentPeint(description, {description.papier.page},
+                      {description.margeFichier, description.margeFichier, description.margeFichier,
+                       description.margeFichier}),
         nom_(description.nom),
-        marge_(description.margeFichier),
+        papier_(description.papier),
         horloge_(horloge),
         dossier_(std::move(dossier)) {}
-
-  Millimetres LargeurPage() const override {
-    return Millimetres(TailleFeuille().width()) - marge_ * 2;
-  }
-  Millimetres HauteurPage() const override {
-    return Millimetres(TailleFeuille().height()) - marge_ * 2;
-  }
 
   FinImpression Terminer() override {
     const auto contenu = Dessiner();
     if (!contenu) return {Issue::Echouee};
     const QString debut =
         DebutNomFichier(nom_) + horloge_.Maintenant().toString(u" yyyy-MM-dd HH'h'mm'm'ss"_s);
-    return EcrirePdf(dossier_, debut, *contenu);
-  }
-
- protected:
-  void Placer(QPainter &peintre) const override {
-    peintre.translate(Unites(marge_), Unites(marge_));
+    FinImpression fin = EcrirePdf(dossier_, debut, *contenu);
+    if (papier_.enveloppe && fin.issue == Issue::Enregistree) fin.envoi = TexteTaille(papier_.page);
+    return fin;
   }
 
  private:
   QString nom_;
-  Millimetres marge_;
+  Papier papier_;
   const Horloge &horloge_;
   QString dossier_;
 };
 
-/// The whole sheet, upright, on a printer of the system that leaves these margins, in millimetres.
+/// On a printer of the system that has this medium for its sheets.
 class DocumentSysteme : public DocumentPeint {
  public:
-  DocumentSysteme(QString appareil, const DescriptionDocument &description, const QMarginsF &marges)
-      : DocumentPeint(description.nom, QPageLayout::Portrait),
+  DocumentSysteme(QString appareil, const DescriptionDocument &description,
+                  ServeurImpression::Support support)
+      : DocumentPeint(description, description.papier, description.papier.SurPage(support.marges)),
         appareil_(std::move(appareil)),
         nom_(description.nom),
-        orientation_(description.orientation),
-        recto_(description.recto),
+        papier_(description.papier),
         arret_(description.arret),
-        marges_(marges) {}
-
-  Millimetres LargeurPage() const override {
-    return orientation_ == Orientation::Portrait ? LargeurFeuille() : HauteurFeuille();
-  }
-  Millimetres HauteurPage() const override {
-    return orientation_ == Orientation::Portrait ? HauteurFeuille() : LargeurFeuille();
-  }
+        support_(std::move(support)),
+        envoi_{.support = support_.nom,
+               .recto = description.recto,
+               .telQuel = description.depuisLeBord || description.correction != Correction()} {}
 
   FinImpression Terminer() override {
     const auto contenu = Dessiner();
     if (!contenu) return {Issue::Echouee};
     try {
-      ServeurImpression(arret_).Envoyer(appareil_, nom_, *contenu, recto_);
+      const QString bac = ServeurImpression(arret_).Envoyer(appareil_, nom_, *contenu, envoi_);
+      return {.issue = Issue::Imprimee, .envoi = papier_.enveloppe ? TexteEnvoi(bac) : QString()};
     } catch (const Erreur &erreur) {
       return {.raison = erreur.Texte()};
-    }
-    return {Issue::Imprimee};
-  }
-
- protected:
-  /// A landscape page lies on the sheet with its top at the right edge. It is turned here: turned
-  /// on the way it would keep the margins of the upright page, and each filter and printer picks
-  /// its own side.
-  void Placer(QPainter &peintre) const override {
-    const double haut = Unites(Millimetres(marges_.top()));
-    if (orientation_ == Orientation::Portrait) {
-      peintre.translate(Unites(Millimetres(marges_.left())), haut);
-    } else {
-      peintre.translate(Unites(Millimetres(TailleFeuille().width() - marges_.right())), haut);
-      peintre.rotate(90);
     }
   }
 
  private:
-  // Of the printable area of the sheet, which is upright whatever lies on it.
-  Millimetres LargeurFeuille() const {
-    return Millimetres(TailleFeuille().width() - marges_.left() - marges_.right());
-  }
-  Millimetres HauteurFeuille() const {
-    return Millimetres(TailleFeuille().height() - marges_.top() - marges_.bottom());
+  QString TexteEnvoi(const QString &bac) const {
+    const QString tour = papier_.tour == Tour::Aucun    ? u"sans rotation"_s
+                         : papier_.tour == Tour::Droite ? u"tournée à droite"_s
+                                                        : u"tournée à gauche"_s;
+    return u"%1 %2, %3, %4"_s.arg(
+        support_.surMesure ? u"papier sur mesure"_s : u"papier"_s, TexteTaille(support_.taille),
+        tour, bac.isEmpty() ? u"bac choisi par l'imprimante"_s : u"bac « %1 »"_s.arg(bac));
   }
 
   QString appareil_;
   QString nom_;
-  Orientation orientation_;
-  bool recto_;
+  Papier papier_;
   std::stop_token arret_;
-  QMarginsF marges_;
+  ServeurImpression::Support support_;
+  ServeurImpression::Envoi envoi_;
 };
 
 /// The system's printers, the built-in one behind them.
@@ -239,11 +270,11 @@ std::unique_ptr<Document> ImprimanteSysteme::Ouvrir(const QString &appareil,
                                                     const DescriptionDocument &description) {
   if (appareil == NomPdf())
     return std::make_unique<DocumentPdf>(description, horloge_, dossierPdf_);
-  const auto marges = ServeurImpression(description.arret).MargesA4(appareil);
-  if (!marges)
+  auto support = ServeurImpression(description.arret).SupportPour(appareil, description.papier);
+  if (!support)
     throw Erreur(PhraseEchec(u"L'imprimante « %1 » n'a rien imprimé"_s.arg(appareil),
                              {u"le système ne l'a plus"_s, u"Choisissez-en une autre."_s}, {}, {}));
-  return std::make_unique<DocumentSysteme>(appareil, description, *marges);
+  return std::make_unique<DocumentSysteme>(appareil, description, std::move(*support));
 }
 
 QStringList ImprimanteSysteme::NomsConnus() const {

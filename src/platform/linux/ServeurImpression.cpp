@@ -4,12 +4,16 @@
 #include "platform/Pannes.h"
 
 #include <algorithm>
+#include <array>
 #include <atomic>
+#include <cmath>
 #include <cstdlib>
 #include <cups/cups.h>
+#include <cups/pwg.h>
 #include <span>
 #include <thread>
 #include <utility>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 using namespace std::chrono_literals;
@@ -68,6 +72,37 @@ QString Nom(const cups_dest_t &destination) {
   const QString nom = QString::fromUtf8(destination.name);
   return destination.instance == nullptr ? nom
                                          : nom + u'/' + QString::fromUtf8(destination.instance);
+}
+
+Millimetres Longueur(int centiemes) {
+  return Millimetres(centiemes / kParMillimetre);
+}
+
+int Centiemes(Millimetres longueur) {
+  return static_cast<int>(std::lround(longueur.valeur * kParMillimetre));
+}
+
+Marges MargesDe(const cups_size_t &taille) {
+  return {Longueur(taille.left), Longueur(taille.top), Longueur(taille.right),
+          Longueur(taille.bottom)};
+}
+
+/// What a server has set for a queue holds where a document says nothing.
+constexpr std::pair<const char *, const char *> kTelQuel[] = {
+    {"print-scaling", "none"}, {"orientation-requested", "3"}, {"number-up", "1"}};
+
+/// Options of a queue that turn, scale or gather pages, or name another paper.
+bool ChangeLaPage(const char *option) {
+  constexpr std::array kOptions{
+      "PageSize",  "PageRegion",      "media-col",   "orientation-requested",
+      "landscape", "number-up",       "fit-to-page", "fitplot",
+      "scaling",   "natural-scaling", "mirror",      "page-border"};
+  return std::ranges::any_of(kOptions,
+                             [&](const char *autre) { return qstrcmp(option, autre) == 0; });
+}
+
+bool EstBac(const char *option) {
+  return qstrcmp(option, "media-source") == 0 || qstrcmp(option, "InputSlot") == 0;
 }
 
 }  // namespace
@@ -162,22 +197,78 @@ ServeurImpression::Files ServeurImpression::Lister() {
   return files;
 }
 
-std::optional<QMarginsF> ServeurImpression::MargesA4(const QString &file) {
+std::optional<ServeurImpression::Support> ServeurImpression::SupportPour(const QString &file,
+                                                                         const Papier &papier) {
   if (liaison_ == nullptr) return std::nullopt;
   Patienter();
   const Destination destination(liaison_.get(), file);
   if (!destination.EstConnue()) ExigerReponse();
   if (!destination.EstLa()) return std::nullopt;
-  cups_size_t feuille{};
-  if (!destination.EstConnue() ||
-      !cupsGetDestMediaByName(liaison_.get(), destination.File(), destination.Capacites(),
-                              CUPS_MEDIA_A4, CUPS_MEDIA_FLAGS_DEFAULT, &feuille))
-    return QMarginsF();  // a queue that does not know its printer
-  return QMarginsF(feuille.left, feuille.top, feuille.right, feuille.bottom) / kParMillimetre;
+  return papier.enveloppe ? SupportEnveloppe(destination, papier) : SupportA4(destination);
 }
 
-void ServeurImpression::Envoyer(const QString &file, const QString &titre, const QByteArray &pdf,
-                                bool recto) {
+ServeurImpression::Support ServeurImpression::SupportA4(const Destination &destination) const {
+  Support a4{.nom = QString::fromLatin1(CUPS_MEDIA_A4), .taille = Papier().page};
+  cups_size_t feuille{};
+  if (destination.EstConnue() &&
+      cupsGetDestMediaByName(liaison_.get(), destination.File(), destination.Capacites(),
+                             CUPS_MEDIA_A4, CUPS_MEDIA_FLAGS_DEFAULT, &feuille))
+    a4.marges = MargesDe(feuille);
+  return a4;  // a queue that does not know its printer has no margins
+}
+
+ServeurImpression::Support ServeurImpression::SupportEnveloppe(const Destination &destination,
+                                                               const Papier &papier) const {
+  const Taille feuille = papier.Feuille();
+  std::vector<Support> supports;
+  std::vector<Taille> tailles;
+  const int nombre = destination.EstConnue()
+                         ? cupsGetDestMediaCount(liaison_.get(), destination.File(),
+                                                 destination.Capacites(), CUPS_MEDIA_FLAGS_DEFAULT)
+                         : 0;
+  for (int i = 0; i < nombre; ++i) {
+    cups_size_t taille{};
+    if (!cupsGetDestMediaByIndex(liaison_.get(), destination.File(), destination.Capacites(), i,
+                                 CUPS_MEDIA_FLAGS_DEFAULT, &taille))
+      continue;
+    tailles.push_back({Longueur(taille.width), Longueur(taille.length)});
+    supports.push_back({QString::fromUtf8(taille.media), tailles.back(), MargesDe(taille)});
+  }
+  if (const auto rang = PlusProche(tailles, feuille)) return supports[*rang];
+
+  if (destination.EstConnue() && !PrendSurMesure(destination, feuille))
+    throw Echec(destination.nom,
+                {u"elle ne prend pas de papier de %1 sur %2 mm"_s.arg(feuille.largeur.valeur)
+                     .arg(feuille.hauteur.valeur),
+                 u"Dans la configuration de l'impression, choisissez l'autre côté de l'enveloppe, "
+                 "ou la feuille A4."_s},
+                {});
+  std::array<char, 128> nom{};
+  pwgFormatSizeName(nom.data(), nom.size(), "custom", nullptr, Centiemes(feuille.largeur),
+                    Centiemes(feuille.hauteur), "mm");
+  return {QString::fromLatin1(nom.data()), feuille, SupportA4(destination).marges, true};
+}
+
+bool ServeurImpression::PrendSurMesure(const Destination &destination,
+                                       const Taille &feuille) const {
+  ipp_attribute_t *noms = cupsFindDestSupported(liaison_.get(), destination.File(),
+                                                destination.Capacites(), CUPS_MEDIA);
+  bool assezGrand = false, assezPetit = false;
+  for (int i = 0; i < ippGetCount(noms); ++i) {
+    const QByteArray nom = ippGetString(noms, i, nullptr);
+    const pwg_media_t *borne = pwgMediaForPWG(nom.constData());
+    if (borne == nullptr) continue;
+    const Millimetres largeur = Longueur(borne->width), hauteur = Longueur(borne->length);
+    if (nom.startsWith("custom_min_"))
+      assezGrand = feuille.largeur >= largeur && feuille.hauteur >= hauteur;
+    if (nom.startsWith("custom_max_"))
+      assezPetit = feuille.largeur <= largeur && feuille.hauteur <= hauteur;
+  }
+  return assezGrand && assezPetit;
+}
+
+QString ServeurImpression::Envoyer(const QString &file, const QString &titre, const QByteArray &pdf,
+                                   const Envoi &envoi) {
   if (liaison_ == nullptr) throw Echec(file, PanneMuette(), {});
   Patienter();
   const Destination destination(liaison_.get(), file);
@@ -189,11 +280,19 @@ void ServeurImpression::Envoyer(const QString &file, const QString &titre, const
   // What the user has chosen for this printer, but for the sheet.
   cups_option_t *options = nullptr;
   int nombre = 0;
-  for (const cups_option_t &option : std::span(
-           destination.File()->options, static_cast<std::size_t>(destination.File()->num_options)))
+  QString bac;
+  for (const cups_option_t &option :
+       std::span(destination.File()->options,
+                 static_cast<std::size_t>(destination.File()->num_options))) {
+    if (envoi.telQuel && ChangeLaPage(option.name)) continue;
     nombre = cupsAddOption(option.name, option.value, nombre, &options);
-  nombre = cupsAddOption(CUPS_MEDIA, CUPS_MEDIA_A4, nombre, &options);
-  if (recto) nombre = cupsAddOption(CUPS_SIDES, CUPS_SIDES_ONE_SIDED, nombre, &options);
+    if (EstBac(option.name)) bac = QString::fromUtf8(option.value);
+  }
+  nombre = cupsAddOption(CUPS_MEDIA, envoi.support.toUtf8().constData(), nombre, &options);
+  if (envoi.recto) nombre = cupsAddOption(CUPS_SIDES, CUPS_SIDES_ONE_SIDED, nombre, &options);
+  if (envoi.telQuel)
+    for (const auto &[option, valeur] : kTelQuel)
+      nombre = cupsAddOption(option, valeur, nombre, &options);
   int travail = 0;
   const ipp_status_t statut =
       cupsCreateDestJob(liaison_.get(), destination.File(), destination.Capacites(), &travail,
@@ -211,6 +310,7 @@ void ServeurImpression::Envoyer(const QString &file, const QString &titre, const
       cupsCancelDestJob(liaison_.get(), destination.File(), travail);
     throw;
   }
+  return bac;
 }
 
 void ServeurImpression::Retirer(const QString &file, int travail) {

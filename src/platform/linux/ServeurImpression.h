@@ -1,7 +1,8 @@
 #pragma once
 
+#include "platform/Papier.h"
+
 #include <QByteArray>
-#include <QMarginsF>
 #include <QString>
 #include <QStringList>
 
@@ -33,15 +34,32 @@ class ServeurImpression {
 
   Files Lister();
 
-  /// What a queue cannot print on at the edges of an upright A4 sheet, in millimetres; nothing
-  /// where there is no such queue.
-  std::optional<QMarginsF> MargesA4(const QString &file);
+  /// What a printer knows of a paper.
+  struct Support {
+    QString nom;  ///< for the server
+    Taille taille;
+    Marges marges{};         ///< what it cannot print on, of the sheet
+    bool surMesure = false;  ///< none of its sizes, but it takes any
+  };
+
+  /// The medium of a queue for the sheets of a paper: A4, or for an envelope the printer's own size
+  /// that is meant, else one made to measure. Nothing where there is no such queue. Throws `Erreur`
+  /// also where the printer takes no such paper.
+  std::optional<Support> SupportPour(const QString &file, const Papier &papier);
+
+  /// How a document goes.
+  struct Envoi {
+    QString support;
+    bool recto = false;  ///< one side of each sheet, whatever the user has chosen for this printer
+    bool telQuel = false;  ///< so is whatever turns, scales or gathers its pages
+  };
 
   /// Hands a document over. Throws `Erreur` also where the queue is gone, out of service or refuses
   /// it, or where the job has failed within its first moments; nothing of it stays in the queue
-  /// then, nor where `arret` ends it. What becomes of it later is not known. `recto` prints one
-  /// side of each sheet, whatever the user has chosen for this printer.
-  void Envoyer(const QString &file, const QString &titre, const QByteArray &pdf, bool recto);
+  /// then, nor where `arret` ends it. What becomes of it later is not known. Gives the name of the
+  /// source that the user has chosen for this printer; empty where the printer chooses.
+  QString Envoyer(const QString &file, const QString &titre, const QByteArray &pdf,
+                  const Envoi &envoi);
 
  private:
   class Destination;
@@ -49,6 +67,9 @@ class ServeurImpression {
   void Patienter();
   bool SansReponse() const;
   void ExigerReponse() const;
+  Support SupportA4(const Destination &destination) const;
+  Support SupportEnveloppe(const Destination &destination, const Papier &papier) const;
+  bool PrendSurMesure(const Destination &destination, const Taille &feuille) const;
   void Ecrire(const Destination &destination, int travail, const QByteArray &pdf);
   void Suivre(const Destination &destination, int travail);
   void Retirer(const QString &file, int travail);
