@@ -11,8 +11,10 @@
 #include <QDate>
 
 #include <csignal>
+#include <filesystem>
 #include <memory>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -20,15 +22,20 @@ namespace {
 class Compagnons : public testing::Test {
  protected:
   Compagnons() {
-    QFile::copy(QStringLiteral(VELMIRA_PROGRAMME), Chemin(u"Velmira"_s));
-    QFile::copy(QStringLiteral(VIGILO), Chemin(u"Vigilo"_s));
-    QFile::copy(QStringLiteral(MEMORA), Chemin(u"Memora"_s));
-    QFile::copy(QStringLiteral(BRIKEL), Chemin(u"Brikel"_s));
+    Poser(QStringLiteral(VELMIRA_PROGRAMME), u"Velmira"_s);
+    Poser(QStringLiteral(VIGILO), u"Vigilo"_s);
+    Poser(QStringLiteral(MEMORA), u"Memora"_s);
+    Poser(QStringLiteral(BRIKEL), u"Brikel"_s);
     RemplacerFichier(Chemin(u"Velmira.portable"_s), "");
     CreerDossier(Chemin(u"run"_s), Acces::Prive);
     QFile::setPermissions(Chemin({}), QFile::Permissions(0x7755));  // another user's too
   }
 
+  void Poser(const QString &programme, const QString &nom) const {
+    std::error_code ailleurs;  // another disk, say
+    std::filesystem::create_hard_link(programme.toStdString(), Chemin(nom).toStdString(), ailleurs);
+    if (ailleurs) QFile::copy(programme, Chemin(nom));
+  }
   QString Chemin(const QString &nom) const { return dossier_.filePath(nom); }
 
   /// A database with one event, of today.
@@ -59,6 +66,7 @@ class Compagnons : public testing::Test {
     environnement.insert(u"DBUS_SESSION_BUS_ADDRESS"_s, u"unix:path=/nonexistent"_s);
     for (const QString &lieu : {u"XDG_RUNTIME_DIR"_s, u"XDG_CONFIG_HOME"_s, u"XDG_CACHE_HOME"_s})
       environnement.insert(lieu, Chemin(u"run"_s));
+    if (utilisateur != 0) environnement.insert(u"LSAN_OPTIONS"_s, u"detect_leaks=0"_s);
     processus->setProcessEnvironment(environnement);
     if (utilisateur != 0)
       processus->setChildProcessModifier([utilisateur] { ::setuid(utilisateur); });
