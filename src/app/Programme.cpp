@@ -212,13 +212,14 @@ void Programme::MontrerPremiereFenetre() {
 
 void Programme::OuvrirFiche(const FicheVoulue &fiche) {
   const bool attendue = std::exchange(voulue_, fiche).has_value();
-  if (pret_ && !attendue) OuvrirFicheVoulue();
+  if (!pret_) return;
+  if (QWidget *dialogue = QApplication::activeModalWidget()) MettreDevant(*dialogue);
+  if (!attendue) OuvrirFicheVoulue();
 }
 
 void Programme::OuvrirFicheVoulue() {
   if (!voulue_ || fermeture_) return;
-  if (QWidget *dialogue = QApplication::activeModalWidget()) {
-    MettreDevant(*dialogue);
+  if (QApplication::activeModalWidget() != nullptr) {
     session_.plateforme.horloge.Apres(500ms, this, [this] { OuvrirFicheVoulue(); });
     return;
   }
