@@ -42,7 +42,6 @@ FrmNote::FrmNote(const NoteMemora &note) : note_(note) {
   setWindowIcon(IconeProgramme());
   setAccessibleName(windowTitle());
   setFrameShape(NoFrame);
-  setTabChangesFocus(true);
   document()->setDocumentMargin(kMarge);
   setPlainText(note.texte);
   moveCursor(QTextCursor::End);
@@ -51,10 +50,9 @@ FrmNote::FrmNote(const NoteMemora &note) : note_(note) {
   mouvement_.setSingleShot(true);
   mouvement_.setInterval(100ms);
   connect(&mouvement_, &QTimer::timeout, this, &FrmNote::NoterPlace);
-  connect(this, &QPlainTextEdit::textChanged, this, [this] {
-    note_.texte = toPlainText();
-    emit Changee(note_);
-  });
+  texte_.setSingleShot(true);
+  connect(&texte_, &QTimer::timeout, this, &FrmNote::NoterTexte);
+  connect(this, &QPlainTextEdit::textChanged, this, [this] { texte_.start(0); });
 }
 
 void FrmNote::Placer() {
@@ -108,9 +106,16 @@ void FrmNote::Montrer(bool montree) {
 }
 
 void FrmNote::Poser() {
-  if (!mouvement_.isActive()) return;
+  const bool ecrite = texte_.isActive(), deplacee = mouvement_.isActive();
+  texte_.stop();
   mouvement_.stop();
-  NoterPlace();
+  if (ecrite) NoterTexte();
+  if (deplacee) NoterPlace();
+}
+
+void FrmNote::NoterTexte() {
+  note_.texte = toPlainText();
+  emit Changee(note_);
 }
 
 void FrmNote::NoterPlace() {

@@ -22,11 +22,12 @@ class FrmNote : public QPlainTextEdit {
   void ChangerCouleur(const QString &couleur);
   void ChangerPoints(int points);
   void Montrer(bool montree);
-  /// A movement that has not paused yet is over.
+  /// Tells at once what would be told in a moment.
   void Poser();
 
  signals:
-  /// Something of it has changed. The text at once, the place when a movement pauses.
+  /// Something of it has changed. The text as soon as all keys have been taken, the place when a
+  /// movement pauses.
   void Changee(const NoteMemora &note);
   /// Its close box.
   void MasquageDemande(int numero);
@@ -46,9 +47,10 @@ class FrmNote : public QPlainTextEdit {
   void Habiller();
   void Placer();
   void NoterPlace();
+  void NoterTexte();
 
   NoteMemora note_;
-  QTimer mouvement_;
+  QTimer mouvement_, texte_;
   /// Where it stands instead of a place of its own that no screen shows now: that is kept.
   bool empruntee_ = false;
   QRect emprunt_;

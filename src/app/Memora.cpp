@@ -206,6 +206,7 @@ void Memora::Supprimer() {
   const FrmNote *note = Active();
   if (note == nullptr) return;
   const int numero = note->Numero();
+  fenetres_.at(numero)->Poser();
   notes_.Supprimer(numero);
   // Later: the menu may have come from it.
   fenetres_.at(numero).release()->deleteLater();
