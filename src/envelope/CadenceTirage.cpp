@@ -10,7 +10,9 @@ namespace {
 
 QString TexteDuree(std::chrono::milliseconds duree) {
   if (duree < 1min) return u"moins d'une minute"_s;
-  const auto minutes = std::lround(std::chrono::duration<double, std::ratio<60>>(duree).count());
+  constexpr double kPrudence = 0.25;  // who waits is not to be told too little
+  const auto minutes =
+      std::lround(std::chrono::duration<double, std::ratio<60>>(duree).count() + kPrudence);
   if (minutes < 60)
     return minutes == 1 ? u"environ une minute"_s : u"environ %1 minutes"_s.arg(minutes);
   const auto dizaines = std::lround(static_cast<double>(minutes) / 10);

@@ -10,7 +10,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-constexpr auto kSilence = 4s;  // what a printer may well take
+constexpr auto kSilence = 3s;  // what a printer may well take
 
 QString TextePause() {
   return u"Pause après celle-ci..."_s;

@@ -7,13 +7,14 @@ FrmAvancement::FrmAvancement(const QString &titre, QWidget *parent)
   ui_->setupUi(this);
   setWindowTitle(titre);
   ui_->LblTitre->setText(titre);
-  ui_->Barre->setRange(0, kPas);
+  Montrer(0);
   connect(ui_->CmdArreter, &QPushButton::clicked, this, &FrmAvancement::reject);
 }
 
 FrmAvancement::~FrmAvancement() = default;
 
 void FrmAvancement::Montrer(int pas) {
+  ui_->Barre->setRange(0, pas > 0 ? kPas : 0);  // nobody knows how far a work is that only waits
   ui_->Barre->setValue(pas);
 }
 

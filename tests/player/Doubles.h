@@ -26,6 +26,8 @@
 #include <memory>
 #include <mutex>
 #include <stop_token>
+#include <utility>
+#include <vector>
 
 struct BoiteVue {
   QString genre, titre, texte, defaut;
@@ -393,7 +395,13 @@ class ImprimanteScenario : public Imprimante {
       Ignorer([this] { Noms(); });
       suite(repond);
     };
-    QMetaObject::invokeMethod(contexte, repondre, Qt::QueuedConnection);  // later, as the system
+    const auto plusTard = [contexte = QPointer(contexte), repondre] {  // as the system
+      if (contexte) QMetaObject::invokeMethod(contexte, repondre, Qt::QueuedConnection);
+    };
+    if (serveurFige && gel.EstPose())
+      enAttente_.push_back(plusTard);
+    else
+      plusTard();
   }
   std::unique_ptr<Document> Ouvrir(const QString &appareil,
                                    const DescriptionDocument &description) override {
@@ -402,6 +410,11 @@ class ImprimanteScenario : public Imprimante {
       throw Erreur(u"L'imprimante n'est plus là."_s);
     }
     return std::make_unique<DocumentScenario>(*this, appareil, description);
+  }
+
+  void Degeler() {
+    gel.Poser(false);
+    for (const auto &repondre : std::exchange(enAttente_, {})) repondre();
   }
 
   QStringList systeme{u"HP Test"_s};  ///< the first is the default one
@@ -462,4 +475,5 @@ class ImprimanteScenario : public Imprimante {
   Journal &journal_;
   const Monde &monde_;
   QStringList connus_{NomPdf()};
+  std::vector<std::function<void()>> enAttente_;  ///< who has asked the server while it is frozen
 };

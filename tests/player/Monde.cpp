@@ -311,7 +311,7 @@ QList<Verbe> VerbesDuMonde() {
       {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = true; }},
       {u"monde serveur-fige"_s, 0, 0, [](S &s, const M &) { Figer(s, true); }},
       {u"monde imprimante-figee"_s, 0, 0, [](S &s, const M &) { Figer(s, false); }},
-      {u"monde imprimante-degelee"_s, 0, 0, [](S &s, const M &) { s.imprimante.gel.Poser(false); }},
+      {u"monde imprimante-degelee"_s, 0, 0, [](S &s, const M &) { s.imprimante.Degeler(); }},
       {u"monde sans-programme"_s, 0, 1,
        [](S &s, const M &m) {
          if (const Monde &monde = AuRepos(s); m.isEmpty())

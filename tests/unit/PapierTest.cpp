@@ -177,8 +177,9 @@ TEST(Papier, ResteDuTirage) {
   Cas(R"(
     4 4   | 9   | Il en reste 9 après celle-ci.
     9 4 5 | 9   | Il en reste 9 après celle-ci : environ une minute.
+    4 4 4 | 19  | Il en reste 19 après celle-ci : environ 2 minutes.
     5 5 5 | 1   | Il en reste une après celle-ci : moins d'une minute.
-    5 5 5 | 400 | Il en reste 400 après celle-ci : environ 33 minutes.
+    5 5 5 | 400 | Il en reste 400 après celle-ci : environ 34 minutes.
     5 5 5 | 0   | C'est la dernière.
     999 5 5 5 5 5 5 5 5 5 5 | 999 | Il en reste 999 après celle-ci : environ 1 h 20.
   )",
