@@ -97,6 +97,7 @@ void CommandesImpression::Imprimer(const ChoixListe &choix) {
       boites.Information(u"Liste enregistrée dans "_s + QDir::toNativeSeparators(fin.fichier));
       break;
     case FinImpression::Issue::Echouee:
+    case FinImpression::Issue::Incertaine:
       boites.Information(fin.raison.isEmpty() ? u"Impression annulée"_s
                                               : u"Impression annulée\n\n"_s + fin.raison);
       break;

@@ -54,7 +54,7 @@ QString Explication(const EtatTirage &etat, const FinEnvoi &fin) {
       return {};
     case Issue::Arretee:
       return u"Vous avez arrêté l'impression."_s;
-    case Issue::Abandonnee:
+    case Issue::Incertaine:
       return u"L'imprimante « %1 » n'a pas répondu."_s.arg(etat.appareil) + TexteIncertain(etat);
     case Issue::Refusee:
       break;

@@ -9,8 +9,15 @@ FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const Reglage
   try {
     const auto fin = ImprimerPlis(imprimante, appareil, plomex, imprimantes, plis, conduite);
     if (!fin) return {Issue::Arretee};
-    if (fin->issue != FinImpression::Issue::Echouee) return {Issue::Faite, *fin};
-    return {conduite.arret.stop_requested() ? Issue::Abandonnee : Issue::Refusee, *fin};
+    switch (fin->issue) {
+      case FinImpression::Issue::Echouee:
+        if (conduite.arret.stop_requested()) return {Issue::Incertaine};
+        return {Issue::Refusee, *fin};
+      case FinImpression::Issue::Incertaine:
+        return {Issue::Incertaine, *fin};
+      default:
+        return {Issue::Faite, *fin};
+    }
   } catch (const Erreur &erreur) {
     if (conduite.arret.stop_requested()) return {Issue::Arretee};
     return {Issue::Refusee, {.raison = erreur.Texte()}};

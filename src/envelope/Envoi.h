@@ -8,11 +8,11 @@ struct FinEnvoi {
     Faite,       ///< printed, or written to a file
     Refusee,     ///< nothing of them was printed
     Arretee,     ///< given up before the printer had anything
-    Abandonnee,  ///< given up while the printer kept silent: what it has may still be printed
+    Incertaine,  ///< the printer has kept silent, or was given up: what it has may be printed
   };
 
   Issue issue = Issue::Arretee;
-  FinImpression impression = {};  ///< what the printer tells where it is `Faite` or `Refusee`
+  FinImpression impression = {};  ///< what the printer tells where it is `Faite`, and why it is not
 
   bool EstFaite() const { return issue == Issue::Faite; }
 };

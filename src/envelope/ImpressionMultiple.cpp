@@ -120,7 +120,7 @@ FinEnvoi ImpressionMultiple::TirerDUnTrait(SuiviTirage &suivi, const QString &ap
   if (fin.EstFaite())
     suivi.NoterFaites(etat.destinataires.size(), zones_.Etat());
   else
-    suivi.NoterIncertaine(fin.issue == Issue::Abandonnee);
+    suivi.NoterIncertaine(fin.issue == Issue::Incertaine);
   return fin;
 }
 
@@ -141,7 +141,7 @@ FinEnvoi ImpressionMultiple::TirerUneAUne(SuiviTirage &suivi, const QString &app
     suivi.NoterIncertaine(true);
     const FinEnvoi fin = tirage_.Envoyer(appareil, etat.titre, {tirage_.Contenu()}, devant);
     if (!fin.EstFaite()) {
-      suivi.NoterIncertaine(fin.issue == Issue::Abandonnee);
+      suivi.NoterIncertaine(fin.issue == Issue::Incertaine);
       return fin;
     }
     suivi.NoterFaites(etat.faites + 1, zones_.Etat());

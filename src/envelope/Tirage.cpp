@@ -46,9 +46,8 @@ QString TexteArret() {
   return u"Impression arrêtée : rien n'a été imprimé."_s;
 }
 
-QString TexteAbandon(const QString &appareil) {
-  return u"Impression abandonnée : ce que « %1 » avait déjà reçu peut encore sortir."_s.arg(
-      appareil);
+QString TexteSansReponse(const QString &appareil) {
+  return u"Sans réponse de « %1 » : ce qu'elle avait déjà reçu peut encore sortir."_s.arg(appareil);
 }
 
 /// Asks the system, unless the built-in printer is wanted. `derniere` was printed on last.
@@ -74,8 +73,9 @@ bool Tirage::Imprimer() {
 
 void Tirage::MontrerEchec(const FinEnvoi &fin, const QString &appareil) {
   if (fin.issue == FinEnvoi::Issue::Arretee) return fait_.Dire(TexteArret());
-  if (fin.issue == FinEnvoi::Issue::Abandonnee) return fait_.Dire(TexteAbandon(appareil));
-  fait_.Dire(TexteEchec(appareil == Imprimante::NomPdf()));
+  fait_.Dire(fin.issue == FinEnvoi::Issue::Incertaine
+                 ? TexteSansReponse(appareil)
+                 : TexteEchec(appareil == Imprimante::NomPdf()));
   if (!fin.impression.raison.isEmpty()) session_.plateforme.boites.Attention(fin.impression.raison);
 }
 
@@ -130,7 +130,7 @@ FinEnvoi Tirage::Envoyer(const QString &appareil, const QString &titre,
         };
         return Remettre(imprimante, appareil, plomex, imprimantes, plis, {titre, suivre, arret});
       });
-  if (!fin) return {*remise ? FinEnvoi::Issue::Abandonnee : FinEnvoi::Issue::Arretee};
+  if (!fin) return {*remise ? FinEnvoi::Issue::Incertaine : FinEnvoi::Issue::Arretee};
   if (!fin->EstFaite()) return *fin;
   courante_ = appareil;
   if (session_.reglages.rtcolor.AnnulerCommentaire) {

@@ -44,11 +44,17 @@ class Feuille : public MesureTexte {
 
 /// How a printing has ended.
 struct FinImpression {
-  enum class Issue { Imprimee, Enregistree, Echouee };
+  enum class Issue {
+    Imprimee,
+    Enregistree,
+    Echouee,
+    Incertaine,  ///< the system has kept silent in the middle: it may be printed all the same
+  };
 
   Issue issue = Issue::Echouee;
   QString fichier = {};  ///< path of what was written, where it is `Enregistree`
-  QString raison = {};   ///< why it is `Echouee`, as words for the user; empty where nobody knows
+  QString raison =
+      {};  ///< why it is `Echouee` or `Incertaine`, as words for the user; empty where nobody knows
   /// Size, turn and source of another paper than the A4 sheet, as words for the user.
   QString envoi = {};
 

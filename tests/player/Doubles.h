@@ -419,6 +419,7 @@ class ImprimanteScenario : public Imprimante {
 
   QStringList systeme{u"HP Test"_s};  ///< the first is the default one
   QStringList muettes;                ///< those that are there and print nothing
+  QStringList incertaines;            ///< those that never say what they have printed
   bool repond = true;                 ///< whether the print server answers
   bool serveurFige = false;  ///< under `gel`, whatever it is asked; else it takes its documents
   Gel gel;                   ///< of those that never answer
@@ -449,6 +450,8 @@ class ImprimanteScenario : public Imprimante {
       const QString appareil = pages_.first().imprimante;
       if (appareil != NomPdf()) imprimante_.gel.Passer();
       if (arret_.stop_requested()) return {};
+      if (imprimante_.incertaines.contains(appareil))
+        return {.issue = FinImpression::Issue::Incertaine, .raison = u"Regardez."_s};
       if (imprimante_.muettes.contains(appareil))
         return {.raison = appareil == NomPdf() ? u"Le disque est plein."_s : QString()};
       imprimante_.journal_.pages.append(pages_);

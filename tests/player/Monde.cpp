@@ -307,6 +307,8 @@ QList<Verbe> VerbesDuMonde() {
        }},
       {u"monde imprimante-muette"_s, 0, kSansLimite,
        [](S &s, const M &m) { s.imprimante.muettes = Textes(m, 0); }},
+      {u"monde imprimante-incertaine"_s, 0, kSansLimite,
+       [](S &s, const M &m) { s.imprimante.incertaines = Textes(m, 0); }},
       {u"monde serveur-muet"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = false; }},
       {u"monde serveur-present"_s, 0, 0, [](S &s, const M &) { s.imprimante.repond = true; }},
       {u"monde serveur-fige"_s, 0, 0, [](S &s, const M &) { Figer(s, true); }},

@@ -214,6 +214,8 @@ class DocumentSysteme : public DocumentPeint {
     try {
       const QString bac = ServeurImpression(arret_).Envoyer(appareil_, nom_, *contenu, envoi_);
       return {.issue = Issue::Imprimee, .envoi = papier_.enveloppe ? TexteEnvoi(bac) : QString()};
+    } catch (const ServeurImpression::RemiseIncertaine &erreur) {
+      return {.issue = Issue::Incertaine, .raison = erreur.Texte()};
     } catch (const Erreur &erreur) {
       return {.raison = erreur.Texte()};
     }

@@ -306,7 +306,13 @@ QString ServeurImpression::Envoyer(const QString &file, const QString &titre, co
     // This talk takes part in nothing any more where it has been given up.
     if (arret_.stop_requested())
       Ignorer([&] { ServeurImpression().Retirer(file, travail); });
-    else if (!SansReponse())
+    else if (SansReponse())
+      throw RemiseIncertaine(
+          PhraseEchec(u"L'imprimante « %1 » n'a pas dit ce qu'elle fait du document"_s.arg(file),
+                      {u"le serveur d'impression ne répond pas"_s,
+                       u"Regardez si elle l'a imprimé avant de recommencer."_s},
+                      {}, {}));
+    else
       cupsCancelDestJob(liaison_.get(), destination.File(), travail);
     throw;
   }

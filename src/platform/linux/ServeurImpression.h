@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Erreurs.h"
 #include "platform/Papier.h"
 
 #include <QByteArray>
@@ -54,10 +55,17 @@ class ServeurImpression {
     bool telQuel = false;  ///< so is whatever turns, scales or gathers its pages
   };
 
-  /// Hands a document over. Throws `Erreur` also where the queue is gone, out of service or refuses
-  /// it, or where the job has failed within its first moments; nothing of it stays in the queue
-  /// then, nor where `arret` ends it. What becomes of it later is not known. Gives the name of the
-  /// source that the user has chosen for this printer; empty where the printer chooses.
+  /// The server has kept silent after it had taken a document: it may be printed.
+  class RemiseIncertaine : public Erreur {
+   public:
+    using Erreur::Erreur;
+  };
+
+  /// Hands a document over. Throws `RemiseIncertaine`; and `Erreur` also where the queue is gone,
+  /// out of service or refuses it, or where the job has failed within its first moments; nothing of
+  /// it stays in the queue then, nor where `arret` ends it. What becomes of it later is not known.
+  /// Gives the name of the source that the user has chosen for this printer; empty where the
+  /// printer chooses.
   QString Envoyer(const QString &file, const QString &titre, const QByteArray &pdf,
                   const Envoi &envoi);
 
