@@ -1,6 +1,8 @@
 #include "storage/Base.h"
 
 #include "platform/Fichiers.h"
+#include "storage/Historique.h"
+#include "storage/Images.h"
 #include "storage/Moteur.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
@@ -29,7 +31,7 @@ bool EstLa(const QString &chemin) {
 
 }  // namespace
 
-Base::Base() = default;
+Base::Base() : historique_(std::make_unique<Historique>()) {}
 
 Base::~Base() {
   Fermer();
@@ -81,6 +83,7 @@ void Base::Fermer() {
   chemin_.clear();
   transaction_ = false;
   perte_.reset();
+  historique_->Vider();
 }
 
 qint64 Base::Changements() {
@@ -145,9 +148,12 @@ Attente::~Attente() {
 Transaction::Transaction(Base &base) : base_(base), attente_(base, kAttente) {
   Requete(base_, u"BEGIN IMMEDIATE"_s).Executer();
   base_.transaction_ = true;
+  if (base_.etape_ != nullptr && !base_.etape_->perdue)
+    suivi_ = std::make_unique<SuiviImages>(base_);
 }
 
 Transaction::~Transaction() {
+  suivi_.reset();
   if (!ouverte_) return;
   base_.transaction_ = false;
   base_.perte_.reset();
@@ -155,7 +161,12 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Valider() {
+  const bool suivie = suivi_ != nullptr;
+  std::optional<QByteArray> images;
+  if (suivie) images = suivi_->Images();
+  suivi_.reset();
   Requete(base_, u"COMMIT"_s).Executer();
+  if (suivie) base_.etape_->Garder(std::move(images), base_.historique_->Octets());
   base_.transaction_ = false;
   ouverte_ = false;
 }

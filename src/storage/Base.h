@@ -4,6 +4,7 @@
 #include "platform/Erreurs.h"
 
 #include <QHashFunctions>
+#include <QList>
 #include <QString>
 
 #include <chrono>
@@ -12,7 +13,11 @@
 #include <unordered_map>
 
 class Connexion;
+class Historique;
 class QSqlQuery;
+class SuiviImages;
+struct Etape;
+struct Laissee;
 
 enum class GenreErreur {
   Occupee,       ///< another connection has held its lock longer than is waited for
@@ -81,7 +86,16 @@ class Base {
   /// Throws `ErreurBase`.
   Etat LEtat();
 
+  /// The commands of this run that can be taken back, until the base is closed.
+  Historique &LHistorique() { return *historique_; }
+  /// What this base writes from now on belongs to the command that is under way on another base of
+  /// the same file, if there is one; it lasts as long as that does.
+  void Joindre(const Base &autre) { etape_ = autre.etape_; }
+
  private:
+  friend class Acte;
+  friend class SuiviImages;
+  friend QList<Laissee> Renverser(const Base &base, const QByteArray &images);
   friend class Requete;
   friend class Transaction;
   friend class Attente;
@@ -100,6 +114,8 @@ class Base {
   std::chrono::milliseconds attente_{};  ///< for a lock of another connection
   bool transaction_ = false;
   std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
+  std::unique_ptr<Historique> historique_;
+  Etape *etape_ = nullptr;  ///< of the command that is under way
 };
 
 /// While this lives, a lock of another connection is waited for that long: 0 fails at once, by
@@ -136,5 +152,6 @@ class Transaction {
  private:
   Base &base_;
   Attente attente_;
+  std::unique_ptr<SuiviImages> suivi_;  ///< within a command
   bool ouverte_ = true;
 };

@@ -6,9 +6,11 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlDatabase>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUrl>
+#include <QVariant>
 
 #include <cerrno>
 
@@ -188,4 +190,9 @@ bool Connexion::ATable(const QString &nom) const {
   const bool la = requete->exec() && requete->next();
   if (requete->lastError().isValid()) throw ErreurMoteur(requete->lastError(), chemin_);
   return la;
+}
+
+sqlite3 *Connexion::Poignee() const {
+  const QVariant poignee = connexion_->driver()->handle();
+  return *static_cast<sqlite3 *const *>(poignee.constData());
 }

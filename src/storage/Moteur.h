@@ -12,6 +12,7 @@
 class QSqlDatabase;
 class QSqlError;
 class QSqlQuery;
+struct sqlite3;
 
 /// The file as the engine takes it: to be read and written, never to be made. Writing is asked for
 /// even by who only reads: what a killed program left half written is taken back at the opening.
@@ -47,6 +48,9 @@ class Connexion {
 
   /// Whether the file has this table, as rows of its own: a view of this name may have no end.
   bool ATable(const QString &nom) const;
+
+  /// The engine's own handle of it, for what the toolkit does not offer.
+  sqlite3 *Poignee() const;
 
  private:
   void Fermer();

@@ -398,15 +398,19 @@ void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme) {
   EcrireEnregistrement(Fichier(appPath, u"Alarme.ini"), alarme, kValeursAlarme);
 }
 
+QString CheminLiaison(const QString &appPath) {
+  return Fichier(appPath, u"Liaison.cfg");
+}
+
 QString LireSeparateurTel(const QString &appPath) {
   QString separateur = u" "_s;
-  if (const auto octets = LireFichier(Fichier(appPath, u"Liaison.cfg")))
+  if (const auto octets = LireFichier(CheminLiaison(appPath)))
     LecteurEnregistrement(*octets).Lire(separateur);
   return separateur;
 }
 
 void EcrireLiaison(const QString &appPath, const Reglages &reglages) {
-  const QString chemin = Fichier(appPath, u"Liaison.cfg");
+  const QString chemin = CheminLiaison(appPath);
   ExigerLu(!reglages.LiaisonNonLue, chemin);
   RedacteurEnregistrement redacteur;
   redacteur.Ecrire(reglages.SeparateurTel);

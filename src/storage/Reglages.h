@@ -182,6 +182,8 @@ void EcrireMemora(const QString &appPath, const ReglagesMemora &memora);
 void LireAlarme(const QString &appPath, ReglagesAlarme &alarme);
 void EcrireAlarme(const QString &appPath, const ReglagesAlarme &alarme);
 
+/// Where `Liaison.cfg` stands.
+QString CheminLiaison(const QString &appPath);
 /// `Liaison.cfg`: the separator of telephone numbers; a blank without the file.
 /// Throws `ErreurFichier` when the file is there and cannot be read.
 QString LireSeparateurTel(const QString &appPath);

@@ -2,6 +2,7 @@
 
 #include "storage/Conflits.h"
 #include "storage/Enonces.h"
+#include "storage/Historique.h"
 #include "storage/Noms.h"
 
 #include <QMap>
@@ -39,6 +40,14 @@ QString TexteDisparu() {
 
 QString TexteExpediteurDisparu() {
   return u"Cet expéditeur n'existe plus : un autre utilisateur l'a supprimé entre-temps."_s;
+}
+
+void EcrireMarques(Base &base, const QString &utilisateur, bool masquer) {
+  const QString visible = utilisateur + u'$';
+  Requete(base, u"UPDATE Adresse SET DataProt=? WHERE DataProt=?"_s)
+      .Lier(masquer ? utilisateur : visible)
+      .Lier(masquer ? visible : utilisateur)
+      .Executer();
 }
 
 template <typename L>
@@ -237,13 +246,10 @@ bool TableAdresse::Supprimer(Cle index) {
 }
 
 void TableAdresse::MasquerProteges(const QString &utilisateur, bool masquer) {
-  const QString visible = utilisateur + u'$';
   Transaction transaction(base_);
-  Requete(base_, u"UPDATE Adresse SET DataProt=? WHERE DataProt=?"_s)
-      .Lier(masquer ? utilisateur : visible)
-      .Lier(masquer ? visible : utilisateur)
-      .Executer();
+  EcrireMarques(base_, utilisateur, masquer);
   transaction.Valider();
+  base_.LHistorique().NoterMasques(masquer ? utilisateur : QString());
 }
 
 bool TableAdresse::ADesMasques(const QString &utilisateur) const {

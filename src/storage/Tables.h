@@ -46,6 +46,10 @@ QString TexteDisparu();
 /// The same of a sender.
 QString TexteExpediteurDisparu();
 
+/// The records that a user has protected are hidden from the others, or shown to them. No other
+/// mark is touched. Stands in the caller's transaction. Throws `ErreurBase`.
+void EcrireMarques(Base &base, const QString &utilisateur, bool masquer);
+
 /// Table `Adresse`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableAdresse {
  public:
@@ -89,8 +93,7 @@ class TableAdresse {
   /// Gives every category string that holds `nom` anywhere the value that `regle` makes of it.
   void ChangerCategories(const QString &nom, const std::function<QString(const QString &)> &regle);
 
-  /// The records that `utilisateur` has protected are hidden from the other users, or shown to
-  /// them. No other mark is touched. The name is not empty.
+  /// `EcrireMarques` as a transaction; the name is not empty. What is taken back later goes by it.
   void MasquerProteges(const QString &utilisateur, bool masquer);
   /// Whether there are records that only this user sees.
   bool ADesMasques(const QString &utilisateur) const;

@@ -40,13 +40,15 @@ class Travail {
 
   /// Gives what `tache` gives, and throws what it throws, once its thread has ended. `tache` gets a
   /// connection of its own to the file of `base`, closed where that one is closed, and what it
-  /// tells its progress to. It touches neither a window nor what belongs to one. When the program
-  /// ends meanwhile, it is asked to stop and waited for.
+  /// tells its progress to. What it writes is a part of the command that is under way there. It
+  /// touches neither a window nor what belongs to one. When the program ends meanwhile, it is asked
+  /// to stop and waited for.
   template <typename Tache>
   auto Executer(const Base &base, const Tache &tache) const {
     return Executer([&, chemin = base.Chemin()](const Avance &avance) {
       Base connexion;
       connexion.Ouvrir(chemin);
+      connexion.Joindre(base);
       return tache(connexion, avance);
     });
   }
