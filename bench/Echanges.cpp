@@ -6,6 +6,7 @@
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "platform/linux/ClasseurSysteme.h"
+#include "storage/Historique.h"
 #include "storage/Requete.h"
 #include "storage/Schema.h"
 #include "storage/Tables.h"
@@ -19,6 +20,7 @@
 #include <chrono>
 #include <functional>
 #include <map>
+#include <optional>
 #include <xlsxwriter.h>
 
 using namespace Qt::StringLiterals;
@@ -304,13 +306,19 @@ std::vector<QStringList> Envoi::Fiches() const {
   return fiches;
 }
 
-void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus) {
+void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus, bool garde) {
   for (auto _ : etat) {
     const Atelier atelier;
     Base base;
     base.Ouvrir(atelier.CopierBase(envoi.Base(connus)));
     qsizetype traites = 0;
-    Chronometrer(etat, [&] { traites = Importer(base, envoi); });
+    Chronometrer(etat, [&] {
+      std::optional<Acte> acte;
+      if (garde) acte.emplace(base, u"importation"_s);
+      traites = Importer(base, envoi);
+    });
+    if (garde && base.LHistorique().Prochaine(Historique::Sens::Annuler) == nullptr)
+      etat.SkipWithError("nothing was kept");
     if (traites != envoi.Nombre()) etat.SkipWithError("records are missing");
   }
 }

@@ -32,8 +32,8 @@ class Envoi {
   QTemporaryDir dossier_;
 };
 
-/// Each turn has a fresh table.
-void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus);
+/// Each turn has a fresh table. `garde`: as a command that can be taken back.
+void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus, bool garde = false);
 void ImporterNu(benchmark::State &etat, const Envoi &envoi, bool connus);
 
 /// From the table to the file on the disk.

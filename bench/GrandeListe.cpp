@@ -7,6 +7,7 @@
 #include "directory/ArbreVelmiras.h"
 #include "directory/Categories.h"
 #include "directory/RechercheTotale.h"
+#include "storage/Historique.h"
 #include "storage/Tables.h"
 
 #include <QAbstractButton>
@@ -19,6 +20,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 using namespace Qt::StringLiterals;
 
@@ -207,6 +209,26 @@ void EnregistrerNu(benchmark::State &etat, const Donnees &donnees) {
                    lignes[static_cast<std::size_t>(autre)].texte);
     benchmark::DoNotOptimize(base.Categories());
   }
+}
+
+void EcrireFiche(benchmark::State &etat, const Donnees &donnees, bool garde) {
+  Base base;
+  base.Ouvrir(donnees.CheminBase());
+  TableAdresse table(base);
+  Correspondant fiche = table.Lire(1).value();
+  const Correspondant depart = fiche;
+  const auto ecrire = [&](const Correspondant &saisie) {
+    std::optional<Acte> acte;
+    if (garde) acte.emplace(base, u"modification"_s);
+    table.Modifier(fiche, saisie);
+    fiche = saisie;
+  };
+  for (auto _ : etat) {
+    Correspondant saisie = fiche;
+    saisie.NomVelmira += u'x';
+    ecrire(saisie);
+  }
+  ecrire(depart);
 }
 
 void ChercherCodesVelmira(benchmark::State &etat, const QByteArray &codes) {

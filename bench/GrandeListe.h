@@ -33,6 +33,9 @@ void RenommerNu(benchmark::State &etat, const Donnees &donnees);
 void EnregistrerVelmira(benchmark::State &etat, const Donnees &donnees);
 void EnregistrerNu(benchmark::State &etat, const Donnees &donnees);
 
+/// The writing alone of such a save, as a command that can be taken back or not.
+void EcrireFiche(benchmark::State &etat, const Donnees &donnees, bool garde);
+
 void ChercherCodesVelmira(benchmark::State &etat, const QByteArray &codes);
 void ChercherCodesNu(benchmark::State &etat, const QByteArray &codes);
 

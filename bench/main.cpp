@@ -321,6 +321,10 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
       [&](State &etat) { EnregistrerVelmira(etat, ecrites); },
       [&](State &etat) { EnregistrerNu(etat, ecrites); }, 16);
   Ligne(
+      u"Kept for undo: a save among %1"_s.arg(kGrande),
+      [&](State &etat) { EcrireFiche(etat, ecrites, true); },
+      [&](State &etat) { EcrireFiche(etat, ecrites, false); });
+  Ligne(
       u"Search the postal codes"_s, [&](State &etat) { ChercherCodesVelmira(etat, codes); },
       [&](State &etat) { ChercherCodesNu(etat, codes); });
 }
@@ -336,6 +340,13 @@ void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Do
           [&envoi, connus](State &etat) { ImporterVelmira(etat, envoi, connus); },
           [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); }, 1, true);
     }
+  const Envoi &grand = envois.at(kGrande);
+  for (const bool connus : {false, true})
+    Ligne(
+        connus ? u"Kept for undo: import of %1 that are known, gaps in a tenth"_s.arg(kGrande)
+               : u"Kept for undo: import of %1 into an empty table"_s.arg(kGrande),
+        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus, true); },
+        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus); }, 1, true);
   const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
   Ligne(
       u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
