@@ -1,5 +1,6 @@
 #include "alerts/ComboEvenements.h"
 
+#include "storage/Historique.h"
 #include "ui/Brancheur.h"
 #include "ui/Sablier.h"
 
@@ -36,6 +37,7 @@ void ComboEvenements::AjouterSaisie() {
   QString ListeTypes;
   for (int i = 0; i < count(); ++i) ListeTypes += itemText(i) + u'*';
   if (saisie.trimmed().isEmpty() || ListeTypes.contains(saisie)) return;
+  const Acte acte(*base_, u"ajout de l'évènement « %1 »"_s.arg(saisie.trimmed()));
   const Cle type = TablesAlertes(*base_).AjouterType(saisie);
   addItem(saisie.trimmed(), type);
   setCurrentIndex(count() - 1);
@@ -69,6 +71,7 @@ void ComboEvenements::Supprimer() {
     return;
   if (const auto position = Position()) {
     const Cle type = itemData(*position).toLongLong();
+    const Acte acte(*base_, u"suppression de l'évènement « %1 »"_s.arg(currentText()));
     SousSablier([&] { TablesAlertes(*base_).SupprimerType(type); });
     removeItem(*position);
   }

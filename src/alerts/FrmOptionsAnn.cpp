@@ -5,6 +5,7 @@
 #include "alerts/ListeAlertes.h"
 #include "alerts/SaisieEvenement.h"
 #include "alerts/Vigilance.h"
+#include "directory/Annulation.h"
 #include "platform/Enumeration.h"
 #include "storage/Tables.h"
 #include "ui/Abandon.h"
@@ -38,6 +39,7 @@ FrmOptionsAnn::FrmOptionsAnn(Session &session, Repertoire &repertoire, QWidget *
   ui_->CadreSaisie->Relier(plateforme.boites, session_.base, plateforme.horloge);
   ui_->Liste->Relier(plateforme.boites, session_.base);
   ui_->mnuAl->addAction(ui_->Liste->ActionReinscrire());
+  PoserAnnulation();
   Brancher();
   Charger();
   Veiller(session_.plateforme.horloge, this, [this] {
@@ -51,6 +53,19 @@ FrmOptionsAnn::~FrmOptionsAnn() {
 
 void FrmOptionsAnn::reject() {
   if (PeutAbandonner(session_.plateforme.boites, ui_->CadreSaisie->EstEntamee())) QDialog::reject();
+}
+
+void FrmOptionsAnn::PoserAnnulation() {
+  const auto *annulation = new Annulation(session_, {this, {}, [this](Cle) { MontrerReprise(); }});
+  ui_->mnuAl->addSeparator();
+  ui_->mnuAl->addActions({annulation->mnuAnnuler(), annulation->mnuRetablir()});
+}
+
+void FrmOptionsAnn::MontrerReprise() {
+  Actualiser();
+  if (ui_->CadreSaisie->EstEntamee()) return;  // what is being entered goes on
+  ui_->CadreSaisie->Vider();
+  ui_->CadreSaisie->Charger();
 }
 
 void FrmOptionsAnn::Charger() {

@@ -39,6 +39,9 @@ class FrmOptionsAnn : public QDialog {
   void AnnoncerDisparition(const QString &texte);
   void AjouterVelmira();
 
+  void PoserAnnulation();
+  /// Shows what has been taken back, or done again.
+  void MontrerReprise();
   void VenirDevant();
   void Actualiser();
   void MontrerProchaines();

@@ -1,6 +1,7 @@
 #include "alerts/ListeAlertes.h"
 
 #include "alerts/PersonnesAlerte.h"
+#include "storage/Historique.h"
 #include "storage/Noms.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
@@ -117,6 +118,12 @@ void ListeAlertes::Supprimer(const QList<ArbreAlertes::Noeud> &noeuds) {
       personnes.append(personne->ID);
     else
       evenements.append(noeud.Evenement()->evenement.ID);
+  const auto nom = [](const ArbreAlertes::Noeud &noeud) {
+    return noeud.Personne() != nullptr ? noeud.Personne()->Nom : noeud.texte;
+  };
+  const Acte acte(*base_, noeuds.size() == 1
+                              ? u"suppression de « %1 » des alertes"_s.arg(nom(noeuds.first()))
+                              : u"suppressions dans les alertes"_s);
   SousSablier([&] { TablesAlertes(*base_).Supprimer(personnes, evenements); });
 }
 
@@ -174,6 +181,7 @@ void ListeAlertes::BasculerReinscription() {
     QList<Cle> personnes;
     for (const auto &noeud : ui_->TVA->Coches())
       if (const auto *personne = noeud.Personne()) personnes.append(personne->ID);
+    const Acte acte(*base_, u"réinscription dans les alertes"_s);
     SousSablier([&] { TablesAlertes(*base_).Reinscrire(personnes); });
   }
   ModeReinscription = !ModeReinscription;

@@ -1,6 +1,7 @@
 #include "alerts/PersonnesAlerte.h"
 
 #include "platform/Saisie.h"
+#include "storage/Historique.h"
 #include "storage/Noms.h"
 #include "storage/Tables.h"
 #include "ui/Accord.h"
@@ -26,6 +27,7 @@ bool PersonnesAlerte::ProposerImport() {
       "module (conseillé) ?\n"
       "Cela ne sera plus possible dès lors que la liste contiendra au moins une entrée."_s);
   if (reponse != Boites::Reponse::Oui) return false;
+  const Acte acte(base_, u"reprise des velmiras dans les alertes"_s);
   tables.Importer();
   return true;
 }
@@ -35,6 +37,7 @@ bool PersonnesAlerte::Ajouter() {
       boites_.Saisie(kTitre, u"Nom du velmira pour alerte :"_s, u""_s).value_or(u""_s);
   if (nom.trimmed().isEmpty()) return false;
   const QString ddn = DemanderDDN(u"Date de naissance (facultatif) :"_s, kForme).value_or(u""_s);
+  const Acte acte(base_, u"ajout de « %1 » aux alertes"_s.arg(EnCapitales(nom)));
   TablesAlertes(base_).AjouterPersonne(EnCapitales(nom), ddn);
   return true;
 }
@@ -48,6 +51,7 @@ bool PersonnesAlerte::Modifier(Cle personne) {
   }
   QString nom = lue->Nom, ddn = lue->DDN;
   bool questions = false;
+  const Acte acte(base_, u"modification de « %1 » dans les alertes"_s.arg(lue->Nom));
   const auto ecrire = [&](const PersonneAlerte &montree, const PersonneAlerte &saisie) {
     auto stockee = tables.ModifierPersonne(montree, saisie);
     questions |= stockee.has_value();

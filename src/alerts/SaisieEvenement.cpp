@@ -1,6 +1,7 @@
 #include "alerts/SaisieEvenement.h"
 
 #include "alerts/ComboEvenements.h"
+#include "storage/Historique.h"
 #include "storage/Noms.h"
 #include "ui/Accord.h"
 #include "ui/Brancheur.h"
@@ -185,6 +186,7 @@ std::optional<Evenement> SaisieEvenement::Saisi() const {
 }
 
 void SaisieEvenement::Enregistrer() {
+  const Acte acte(*base_, u"alerte de « %1 »"_s.arg(ui_->LblVelmira->text().trimmed()));
   auto evenement = Saisi();
   if (evenement) ui_->CboE->AjouterSaisie();
   const auto type = ui_->CboE->Type();

@@ -4,6 +4,8 @@
 #include "directory/FrmNewMod.h"
 #include "directory/LibellesFiche.h"
 #include "directory/Liste.h"
+#include "storage/Historique.h"
+#include "storage/Tables.h"
 #include "ui/Accord.h"
 #include "ui/Sablier.h"
 
@@ -23,6 +25,12 @@ Correspondant SansNul(Correspondant fiche) {
   std::apply([&](const auto &...colonne) { (remplir(colonne.champ), ...); },
              Table<Correspondant>::colonnes);
   return fiche;
+}
+
+/// Towns are offered from then on.
+void RetenirVille(Base &base, const Correspondant &fiche) {
+  if (fiche.Ville.isEmpty()) return;
+  SousSablier([&] { TableVille(base).Enregistrer(fiche.Ville, fiche.CodePostal); });
 }
 
 }  // namespace
@@ -55,11 +63,17 @@ FrmNewMod::Contexte CommandesFiche::Contexte() const {
           [this](const RegleCategories &regle) { liste_.SuivreCategories(regle); }};
 }
 
-bool CommandesFiche::Saisir(FrmNewMod &editeur,
+bool CommandesFiche::Saisir(FrmNewMod &editeur, const QString &genre,
                             const std::function<bool(const FicheSaisie &)> &ecrire) {
-  bool ecrite = false;
-  while (!ecrite && editeur.exec() == QDialog::Accepted && editeur.Saisie().acceptee)
-    Signaler(session_.plateforme.boites, [&] { ecrite = ecrire(editeur.Saisie()); });
+  bool finie = false, ecrite = false;
+  while (!finie && editeur.exec() == QDialog::Accepted)
+    Signaler(session_.plateforme.boites, [&] {
+      const FicheSaisie &saisie = editeur.Saisie();
+      Acte acte(session_.base, genre + u" de « %1 »"_s.arg(saisie.fiche.NomVelmira));
+      RetenirVille(session_.base, saisie.fiche);
+      ecrite = saisie.acceptee && ecrire(saisie);
+      finie = ecrite || !saisie.acceptee;
+    });
   return ecrite;
 }
 
@@ -70,7 +84,7 @@ std::optional<Correspondant> CommandesFiche::SaisirNouveau(QWidget *parent, cons
   editeur.Montrer(depart);
   if (ajout.imprimer) editeur.ProposerImpression(ajout.imprimer);
   Correspondant ajoutee;
-  const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
+  const bool ecrite = Saisir(editeur, u"ajout"_s, [&](const FicheSaisie &saisie) {
     ajoutee = saisie.fiche;
     ajoutee.AlerteActive = ajout.alerte || saisie.AjoutAlerte;
     ajoutee.Index = SousSablier(
@@ -148,7 +162,7 @@ std::optional<Correspondant> CommandesFiche::Corriger(QWidget *parent, Cle index
   }
   FrmNewMod editeur(session_, u"  Modifier Velmira"_s, Contexte(), parent);
   editeur.Montrer(*ancienne);
-  const bool ecrite = Saisir(editeur, [&](const FicheSaisie &saisie) {
+  const bool ecrite = Saisir(editeur, u"modification"_s, [&](const FicheSaisie &saisie) {
     return EcrireEnAccord(
         session_.plateforme.boites, saisie.montree, saisie.fiche, LibellesFiche(),
         [&](const Correspondant &montree, const Correspondant &fiche) {
@@ -169,7 +183,13 @@ void CommandesFiche::Supprimer(Cle index) {
 
 void CommandesFiche::Oter(Cle index) {
   const bool affiche = Selection() == index;
-  const bool existait = SousSablier([&] { return TableAdresse(session_.base).Supprimer(index); });
+  TableAdresse table(session_.base);
+  const bool existait = SousSablier([&] {
+    const auto fiche = table.Lire(index);
+    const Acte acte(session_.base,
+                    u"suppression de « %1 »"_s.arg(fiche.value_or(Correspondant()).NomVelmira));
+    return table.Supprimer(index);
+  });
   if (affiche) fenetre_.partie();
   liste_.Retirer(index);
   if (!existait) session_.plateforme.boites.Information(TexteDisparu());
@@ -198,7 +218,7 @@ void CommandesFiche::SupprimerSelection() {
 
   const QString nom = Texte(noeud);
   Oter(Index(noeud));
-  fenetre_.fait.Dire(u"Fiche supprimée : "_s + nom);
+  liste_.DireDepart(nom, fenetre_.annuler);
   if (arbre.Modele().NombreEnfants() == 0) liste_.QuitterResultat();
   if (arbre.Modele().NombreEnfants() > 0) {
     // Those who are still listed may have left the category before.
@@ -242,7 +262,11 @@ void CommandesFiche::AjouterAuxFavoris() {
       Boites::Reponse::Oui)
     return;
   const Cle index = Index(noeud);
-  if (SousSablier([&] { return TableAdresse(session_.base).AjouterCategorie(index, Favoris()); })) {
+  const bool ajoute = SousSablier([&] {
+    const Acte acte(session_.base, u"ajout de « %1 » aux favoris"_s.arg(nom));
+    return TableAdresse(session_.base).AjouterCategorie(index, Favoris());
+  });
+  if (ajoute) {
     Selectionner(index);  // the record tells its categories
     boites.Information(nom + u" a été ajouté à vos favoris."_s);
   } else {

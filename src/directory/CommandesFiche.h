@@ -15,6 +15,7 @@ class CommandesFiche : public Repertoire {
     std::function<bool()> protegesMasques;  ///< protected records are hidden from the others now
     std::function<void()> partie;           ///< the record on display has been deleted
     CompteRendu &fait;                      ///< says what a command has done
+    std::function<void()> annuler;          ///< takes the last command back
   };
 
   CommandesFiche(Session &session, ListeVelmiras &liste, Fenetre fenetre)
@@ -47,7 +48,9 @@ class CommandesFiche : public Repertoire {
   std::optional<Correspondant> SaisirNouveau(QWidget *parent, const Ajout &ajout);
   /// Runs the editor and writes what it gives. A writing that fails is told, and the editor comes
   /// again with what was typed; so it does where `ecrire` gives false. False for a cancel.
-  bool Saisir(FrmNewMod &editeur, const std::function<bool(const FicheSaisie &)> &ecrire);
+  /// Town and record are one command, `genre` names it.
+  bool Saisir(FrmNewMod &editeur, const QString &genre,
+              const std::function<bool(const FicheSaisie &)> &ecrire);
   FrmNewMod::Contexte Contexte() const;
   /// Runs the editor for a correspondent, writes it and puts its node in its place. Gives the row
   /// as it is then; nothing for a cancel, and where it has gone.

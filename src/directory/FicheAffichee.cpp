@@ -12,6 +12,7 @@
 #include "directory/PanneauFiche.h"
 #include "platform/Erreurs.h"
 #include "platform/Saisie.h"
+#include "storage/Historique.h"
 #include "storage/Tables.h"
 #include "ui/Accord.h"
 #include "ui/Alignement.h"
@@ -132,6 +133,7 @@ bool FicheAffichee::EcrireNotes() {
     ecrite = saisie;
     return SousSablier([&] { return TableAdresse(session_.base).Modifier(montree, saisie); });
   };
+  const Acte acte(session_.base, u"notes de « %1 »"_s.arg(montree_.NomVelmira));
   if (ecrite.Commentaires != montree_.Commentaires &&
       !EcrireEnAccord(session_.plateforme.boites, montree_, ecrite, LibellesFiche(), ecrire)) {
     panneau_.PrendreFocusNotes();

@@ -172,8 +172,6 @@ void FrmNewMod::Valider() {
   if (!ui_->Champs->Accepter()) return;
   Prendre();
   saisie_.acceptee = !EstSansNom(nom);
-  if (const Correspondant &fiche = saisie_.fiche; !fiche.Ville.isEmpty())
-    SousSablier([&] { TableVille(session_.base).Enregistrer(fiche.Ville, fiche.CodePostal); });
   accept();
 }
 

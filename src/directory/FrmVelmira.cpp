@@ -52,7 +52,7 @@ FrmVelmira::FrmVelmira(Session &session)
                     fiche_.Effacer();
                     AccorderSelection();
                   },
-                  *ui_->Fait}),
+                  *ui_->Fait, [this] { annulation_->Reprendre(Historique::Sens::Annuler); }}),
       impression_(session, *ui_->Liste, *ui_->Fait, this),
       mnuInv2_(new QMenu(this)),
       niveau_(QThread::currentThread()->loopLevel()) {
@@ -65,6 +65,12 @@ FrmVelmira::FrmVelmira(Session &session)
   mnuInv2_->setObjectName(u"mnuInv2"_s);
   mnuInv2_->addActions({ui_->mnumodifier, ui_->mnuSupprimer, ui_->mnuAgrandir, ui_->mnuImpEnv});
   ui_->Fait->Relier(session_.plateforme, *this);
+  ui_->Liste->LigneDepart().Relier(session_.plateforme, *this);
+  annulation_ = new Annulation(session_, {this, [this] { return fiche_.LibererNotes(); },
+                                          [this](Cle fiche) {
+                                            if (fiche != 0) OuvrirFiche(fiche);
+                                          },
+                                          ui_->Fait});
   FaireCommandes();
   RemplirBarre();
   Brancher();
@@ -78,6 +84,7 @@ FrmVelmira::FrmVelmira(Session &session)
     ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris);
   });
   if (!ouverte) changements_ = 0;
+  connect(&session_.base.LHistorique(), &Historique::Repris, this, &FrmVelmira::SuivreReprise);
   Veiller(session_.plateforme.horloge, this, [this] {
     if (isActiveWindow()) ActualiserAuRepos();
   });
@@ -226,6 +233,10 @@ void FrmVelmira::BrancherFiche() {
   brancher(ui_->mnuExcel, &FrmVelmira::ClasseurDemande);
   brancher(ui_->mnuQuitter, &FrmVelmira::close);
 
+  const QList<QAction *> reprises{annulation_->mnuAnnuler(), annulation_->mnuRetablir()};
+  const QList<QAction *> articles = ui_->mnuFiche->actions();
+  ui_->mnuFiche->insertActions(articles[articles.indexOf(ui_->mnuImpEnv) - 1], reprises);
+  ui_->mnuFiche->insertSeparator(reprises.first());
   ui_->mnuFiche->insertAction(ui_->mnuFavori, ui_->Fiche->ActionCopierAdresse());
   const auto *menu = new MenuFiche(
       {.menu = *ui_->mnuFiche,
@@ -326,6 +337,12 @@ void FrmVelmira::ActualiserAuRepos() {
     const Attente attente(session_.base, 0ms);
     Actualiser();
   });
+  SuivreDonnees();
+}
+
+void FrmVelmira::SuivreReprise() {
+  Ignorer([this] { Actualiser(); });
+  depart_.clear();  // who has gone was not another's doing
   SuivreDonnees();
 }
 

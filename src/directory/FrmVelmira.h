@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Annulation.h"
 #include "directory/CommandesFiche.h"
 #include "directory/CommandesImpression.h"
 #include "directory/FicheAffichee.h"
@@ -97,6 +98,8 @@ class FrmVelmira : public QMainWindow {
   void Actualiser();
   /// The same where no command of the user's is under way, and without waiting for anybody.
   void ActualiserAuRepos();
+  /// Shows what has been taken back, or done again, in whichever window.
+  void SuivreReprise();
   /// What says something of the whole directory follows it.
   void SuivreDonnees();
   void InviterSelonDonnees();
@@ -129,6 +132,7 @@ class FrmVelmira : public QMainWindow {
   FicheAffichee fiche_;
   CommandesFiche commandes_;
   CommandesImpression impression_;
+  Annulation *annulation_ = nullptr;
   std::unique_ptr<Apparence> apparence_;
   CommandesAppel *appel_ = nullptr;
   std::unique_ptr<FrmLoupe> loupe_;

@@ -1,6 +1,7 @@
 #include "directory/GestionCategories.h"
 
 #include "directory/Categories.h"
+#include "storage/Historique.h"
 #include "ui/Brancheur.h"
 #include "ui/Bulle.h"
 #include "ui/CochesDeSelection.h"
@@ -179,12 +180,15 @@ void GestionCategories::Supprimer(const QString &nom) {
   if (boites_->Question(Boites::Titre(), u"Supprimer \""_s + nom + u"\" ?"_s,
                         Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
-  Balayer(nom, [&nom](const QString &categories) { return SansCategorie(categories, nom); });
+  Balayer(u"suppression"_s, nom,
+          [&nom](const QString &categories) { return SansCategorie(categories, nom); });
 }
 
-void GestionCategories::Balayer(const QString &nom, const RegleCategories &regle) {
+void GestionCategories::Balayer(const QString &genre, const QString &nom,
+                                const RegleCategories &regle) {
   {
     const Sablier sablier;
+    const Acte acte(*base_, u"%1 de la catégorie « %2 »"_s.arg(genre, nom));
     TableAdresse(*base_).ChangerCategories(nom, regle);
   }
   QString marquees = Marquees();
@@ -207,6 +211,7 @@ void GestionCategories::Renommer(const QString &nom) {
             .arg(*nouveau));
     return;
   }
-  Balayer(nom, [&](QString categories) { return categories.replace(nom, *nouveau); });
+  Balayer(u"renommage"_s, nom,
+          [&](QString categories) { return categories.replace(nom, *nouveau); });
   ui_->LstCat->setFocus();
 }

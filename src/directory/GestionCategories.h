@@ -52,8 +52,8 @@ class GestionCategories : public QWidget {
   void Supprimer(const QString &nom);
   void Renommer(const QString &nom);
   /// Gives the category strings that hold a name the value that a rule makes of them, also those of
-  /// the record that is being edited.
-  void Balayer(const QString &nom, const RegleCategories &regle);
+  /// the record that is being edited. `genre` names the command.
+  void Balayer(const QString &genre, const QString &nom, const RegleCategories &regle);
   /// The category in the list; null where it is not.
   QListWidgetItem *Listee(const QString &nom) const;
   void Marquer(const QString &categories);

@@ -2,8 +2,10 @@
 
 #include "directory/FrmClavier.h"
 #include "platform/Saisie.h"
+#include "storage/Historique.h"
 #include "ui/Brancheur.h"
 #include "ui/Bulle.h"
+#include "ui/CompteRendu.h"
 #include "ui/Debrancher.h"
 #include "ui/Icones.h"
 #include "ui/Sablier.h"
@@ -18,6 +20,7 @@
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -38,6 +41,9 @@ ListeVelmiras::ListeVelmiras(QWidget *parent)
   ui_->setupUi(this);
   ui_->CmdFavoris->setIcon(Icone(u"bookmark-new"));
   ui_->LblNomBE->setText(TexteCompte(0));
+  ui_->Parti->Nommer(u"LblParti"_s, u"LblAnnuler"_s);
+  ui_->Parti->hide();
+  connect(ui_->Parti, &CompteRendu::Dit, ui_->Parti, &QWidget::setVisible);
   MontrerChoix(false);
 }
 
@@ -53,6 +59,7 @@ void ListeVelmiras::Relier(Session &session, std::function<bool()> avant) {
   ui_->TV->Modele().Preciser([this](Cle cle) { return Preciser(cle); });
   Brancher();
   RelierAnniversaires();
+  connect(&session.base.LHistorique(), &Historique::Change, ui_->Parti, &CompteRendu::Effacer);
   constexpr int kLargeurBulle = 80;
   Horloge &horloge = session.plateforme.horloge;
   PoserBulle(ui_->CmdCherche, horloge, {u"Recherche rapide"_s, kBulleBrune, kLargeurBulle});
@@ -407,6 +414,14 @@ void ListeVelmiras::Retirer(Cle index) {
 void ListeVelmiras::QuitterNoeud(Cle index) {
   // The view would go to a neighbour, whom nobody has asked for.
   if (Index(ui_->TV->Selection()) == index) ui_->TV->Selectionner(0);
+}
+
+void ListeVelmiras::DireDepart(const QString &nom, const std::function<void()> &annuler) {
+  ui_->Parti->Dire(nom + u" supprimé –"_s, {u"Annuler"_s, {}, annuler}, 10s);
+}
+
+CompteRendu &ListeVelmiras::LigneDepart() const {
+  return *ui_->Parti;
 }
 
 void ListeVelmiras::CliquerRacine() {

@@ -15,6 +15,8 @@ namespace Ui {
 class ListeVelmiras;
 }
 
+class CompteRendu;
+
 /// The left side of the directory: the categories, the search by the beginning of a name, by an
 /// initial or in all that the records hold, and the tree of the category that is chosen, or of what
 /// a search has found in it. Letters that are typed in the tree are the search's; Escape ends that.
@@ -71,6 +73,12 @@ class ListeVelmiras : public QWidget {
   /// Takes the node of a record off the tree; the record is another's business. The root is
   /// selected where the node was.
   void Retirer(Cle index);
+
+  /// Says at its foot for ten seconds that somebody has been deleted, with the link that has it
+  /// taken back.
+  void DireDepart(const QString &nom, const std::function<void()> &annuler);
+  /// The line that says so.
+  CompteRendu &LigneDepart() const;
 
   /// Leaves the record on display: the root is selected and clicked.
   void CliquerRacine();

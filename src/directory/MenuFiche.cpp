@@ -1,6 +1,7 @@
 #include "directory/MenuFiche.h"
 
 #include "directory/ArbreVelmiras.h"
+#include "ui/RepriseDuChamp.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -56,7 +57,7 @@ bool MenuFiche::eventFilter(QObject *objet, QEvent *evenement) {
   const auto &touche = *static_cast<const QKeyEvent *>(evenement);
   if (objet == &arbre_) {
     if (EstEntree(touche, annonce)) emit ModificationDemandee();
-  } else if (annonce && EstDuMenu(touche)) {
+  } else if (annonce && EstDuMenu(touche) && !RepriseDuChamp(objet, touche)) {
     evenement->ignore();  // some are those of a text field as well
     return true;
   }

@@ -12,10 +12,6 @@ namespace {
 constexpr qsizetype kChiffre = 3;         // the digit and its line end
 constexpr qsizetype kFin = 2 + kChiffre;  // the same with the line end of the first line
 
-QString Fichier(const QString &appPath) {
-  return appPath + u"/Defaut.ini"_s;
-}
-
 /// The form with the digit has the first line's end five characters before its own end.
 bool ALeChiffre(const QString &texte) {
   return texte.size() >= kFin && texte[texte.size() - kFin] == u'\r';
@@ -33,8 +29,12 @@ QString ChaineEntiere(const QString &chaine, Base &base) {
 
 }  // namespace
 
+QString CheminDefaut(const QString &appPath) {
+  return appPath + u"/Defaut.ini"_s;
+}
+
 void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur) {
-  RemplacerFichier(Fichier(appPath),
+  RemplacerFichier(CheminDefaut(appPath),
                    VersPageDeCode(expediteur.chaine + u"\r\n"_s +
                                   QString::number(Nombre(expediteur.optionCP)) + u"\r\n"_s));
 }
@@ -43,9 +43,9 @@ FichierDefaut::~FichierDefaut() {
   if (!touche_) return;
   Ignorer([this] {
     if (avant_)
-      RemplacerFichier(Fichier(appPath_), *avant_);
+      RemplacerFichier(CheminDefaut(appPath_), *avant_);
     else
-      EffacerFichier(Fichier(appPath_));
+      EffacerFichier(CheminDefaut(appPath_));
   });
 }
 
@@ -53,7 +53,7 @@ FichierDefaut::~FichierDefaut() {
 template <typename Ecriture>
 void FichierDefaut::Remplacer(Ecriture &&ecriture) {
   try {
-    avant_ = LireFichier(Fichier(appPath_));
+    avant_ = LireFichier(CheminDefaut(appPath_));
     touche_ = true;
     ecriture();
   } catch (const ErreurFichier &erreur) {
@@ -69,7 +69,7 @@ void FichierDefaut::Suivre(const Expediteur &defaut) {
     if (defaut.Index != 0)
       EcrireExpediteurDefaut(appPath_, ComposerAdresse(AdresseSaisie::De(defaut)));
     else if (avant_)
-      EffacerFichier(Fichier(appPath_));
+      EffacerFichier(CheminDefaut(appPath_));
   });
 }
 
@@ -78,7 +78,7 @@ void FichierDefaut::ChoisirAucun() {
 }
 
 std::optional<AdresseComposee> LireExpediteurDefaut(const QString &appPath, Base &base) {
-  const QString chemin = Fichier(appPath);
+  const QString chemin = CheminDefaut(appPath);
   const auto octets = LireSiPossible(chemin);
   if (!octets) return std::nullopt;
   const QString texte = DepuisPageDeCode(*octets);

@@ -11,6 +11,9 @@
 
 #include <optional>
 
+/// Where the file stands.
+QString CheminDefaut(const QString &appPath);
+
 /// Replaces the file. An empty address string is the choice of no sender. Throws `ErreurFichier`.
 void EcrireExpediteurDefaut(const QString &appPath, const AdresseComposee &expediteur);
 

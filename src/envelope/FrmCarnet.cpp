@@ -1,6 +1,7 @@
 #include "envelope/FrmCarnet.h"
 
 #include "address/MiseEnLignes.h"
+#include "directory/Annulation.h"
 #include "directory/Categories.h"
 #include "directory/Liste.h"
 #include "directory/Protection.h"
@@ -61,6 +62,7 @@ FrmCarnet::~FrmCarnet() {
 }
 
 void FrmCarnet::Brancher() {
+  new Annulation(session_, {this, {}, [this](Cle) { RemplirNoms(); }});
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(ui_->CmdOuvrir, &FrmCarnet::Ouvrir);
   brancher(ui_->CmdModifier, &FrmCarnet::Modifier);

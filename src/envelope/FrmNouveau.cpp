@@ -1,6 +1,7 @@
 #include "envelope/FrmNouveau.h"
 
 #include "address/LibellesAdresse.h"
+#include "directory/Annulation.h"
 #include "directory/Repertoire.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "storage/Tables.h"
@@ -68,6 +69,8 @@ FrmNouveau::FrmNouveau(Session &session, Repertoire &repertoire, ZonesEnveloppe 
     if (!enSaisie_) MontrerChoisi();
   });
   brancher(ui_->Champs, &ChampsAdresse::OptionChoisie, &FrmNouveau::EssayerOption);
+  new Annulation(session_,
+                 {this, [this] { return !enSaisie_; }, [this](Cle) { MontrerReprise(); }});
   Preparer();
 }
 
@@ -219,13 +222,19 @@ void FrmNouveau::EnregistrerChangement() {
     ContinuerEnNouveau();
     return;
   }
+  const bool essaye = ordreEssaye_;
+  RendreOption();  // what is taken back goes to the order before
+  const ListeExpediteurs::Ecriture ecriture(
+      session_, u"modification de l'expéditeur « %1 »"_s.arg(modifie_.Ligne1));
   FichierDefaut fichier(session_.dossiers.AppPath);
   const auto suivre = [&](const Expediteur &defaut) { fichier.Suivre(defaut); };
   if (!EcrireEnAccord(session_.plateforme.boites, modifie_, change, LibellesAdresse<Expediteur>(),
                       [&](const Expediteur &montre, const Expediteur &aEcrire) {
                         return SousSablier([&] { return table.Modifier(montre, aEcrire, suivre); });
-                      }))
+                      })) {
+    if (essaye) EssayerOption(ui_->Champs->Adresse().optionCP);
     return;
+  }
   fichier.Garder();
   QuitterSaisie(u"   Nouvel expéditeur"_s);
   // As it stands now: another user may have had a part in it.
@@ -254,6 +263,8 @@ void FrmNouveau::EnregistrerNouveau() {
       session_.plateforme.boites.Question(
           Boites::Titre(), u"Enregister cet expéditeur par défaut ?"_s) == Boites::Reponse::Oui;
   TableExpediteur table(session_.base);
+  const ListeExpediteurs::Ecriture ecriture(
+      session_, u"ajout de l'expéditeur « %1 »"_s.arg(expediteur.Ligne1));
   FichierDefaut fichier(session_.dossiers.AppPath);
   const auto suivre = [&](const Expediteur &defaut) { fichier.Suivre(defaut); };
   const auto ajouter = [&](Cle montre) { return table.Ajouter(expediteur, montre, suivre); };
@@ -328,6 +339,12 @@ std::optional<Expediteur> FrmNouveau::RelireChoisi(Cle index) {
   else
     session_.plateforme.boites.Information(TexteExpediteurDisparu());
   return lu;
+}
+
+void FrmNouveau::MontrerReprise() {
+  if (mode_ != Mode::Expediteurs) return;
+  Actualiser();
+  QuitterSaisie(kTitreExpediteur);
 }
 
 void FrmNouveau::EssayerOption(std::optional<OptionCP> option) {

@@ -63,6 +63,8 @@ class FrmNouveau : public QDialog {
   /// Shows what other users have changed, while nothing is typed in and no dialog stands before
   /// this one.
   void Actualiser();
+  /// Shows what has been taken back, or done again.
+  void MontrerReprise();
   /// Of the default sender it is tried at once; nothing stands for the order of the table.
   void EssayerOption(std::optional<OptionCP> option);
   /// An order of the postal line that was tried goes out of the file again.

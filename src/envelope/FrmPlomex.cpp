@@ -1,7 +1,9 @@
 #include "envelope/FrmPlomex.h"
 
+#include "directory/Annulation.h"
 #include "directory/Repertoire.h"
 #include "envelope/CommandesCommentaire.h"
+#include "envelope/ExpediteurDefaut.h"
 #include "envelope/FormatsEnveloppe.h"
 #include "envelope/FrmCarnet.h"
 #include "envelope/FrmConfigure.h"
@@ -15,6 +17,7 @@
 #include "envelope/Tirage.h"
 #include "help/Aide.h"
 #include "platform/Erreurs.h"
+#include "storage/Historique.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
@@ -32,6 +35,7 @@
 #include <QKeyEvent>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <optional>
 #include <utility>
 
@@ -67,12 +71,28 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
       zones_(session, etat_, ui_->Enveloppe) {
   RemplirBarre();
   ui_->Fait->Relier(session_.plateforme, *this);
+  PoserAnnulation();
   Brancher();
   Charger();
 }
 
 FrmPlomex::~FrmPlomex() {
   DebrancherEnfants(*this);
+}
+
+void FrmPlomex::PoserAnnulation() {
+  const auto *annulation = new Annulation(session_, {this, {}, {}, ui_->Fait});
+  ui_->mnuFichier->insertActions(ui_->mnuAccueil,
+                                 {annulation->mnuAnnuler(), annulation->mnuRetablir()});
+  ui_->mnuFichier->insertSeparator(ui_->mnuAccueil);
+  // Whichever window it was asked for in.
+  connect(&session_.base.LHistorique(), &Historique::Repris, this, [this](const Reprise &reprise) {
+    const QString defaut = CheminDefaut(session_.dossiers.AppPath);
+    Ignorer([&] {
+      zones_.Reprendre(std::ranges::find(reprise.inverse.fichiers, defaut, &FichierSuivi::chemin) !=
+                       reprise.inverse.fichiers.end());
+    });
+  });
 }
 
 void FrmPlomex::Brancher() {
@@ -436,7 +456,10 @@ void FrmPlomex::RelierVilles() {
     boites.Information(u"Aucune ville n'est enregistrée !"_s);
     return;
   }
-  villes.Relier();
+  {
+    const Acte acte(session_.base, u"liens entre villes et codes postaux"_s);
+    villes.Relier();
+  }
   boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
 }
 

@@ -13,6 +13,7 @@
 #include <functional>
 #include <memory>
 
+class Annulation;
 class CommandesCommentaire;
 class FrmCarnet;
 class Repertoire;
@@ -58,6 +59,7 @@ class FrmPlomex : public QMainWindow {
   void keyPressEvent(QKeyEvent *evenement) override;
 
  private:
+  void PoserAnnulation();
   void Charger();
   /// Printer and fonts whose names the settings have cut get them whole, where the system has one
   /// such name only.

@@ -20,6 +20,11 @@ Cle Index(const QListWidgetItem *element) {
 
 }  // namespace
 
+ListeExpediteurs::Ecriture::Ecriture(Session &session, const QString &nom)
+    : Acte(session.base, nom) {
+  Suivre(CheminDefaut(session.dossiers.AppPath), u"l'expéditeur par défaut"_s, true);
+}
+
 ListeExpediteurs::ListeExpediteurs(QWidget *parent) : QListWidget(parent) {}
 
 void ListeExpediteurs::Relier(Session &session, Change change) {
@@ -93,12 +98,12 @@ void ListeExpediteurs::Relire() {
 }
 
 void ListeExpediteurs::Supprimer(Cle index) {
+  TableExpediteur table(session_->base);
+  const QString nom = table.Lire(index).value_or(Expediteur()).Ligne1;
+  const Ecriture ecriture(*session_, u"suppression de l'expéditeur « %1 »"_s.arg(nom));
   FichierDefaut fichier(session_->dossiers.AppPath);
-  SousSablier([&] {
-    TableExpediteur(session_->base).Supprimer(index, [&](const Expediteur &defaut) {
-      fichier.Suivre(defaut);
-    });
-  });
+  SousSablier(
+      [&] { table.Supprimer(index, [&](const Expediteur &defaut) { fichier.Suivre(defaut); }); });
   fichier.Garder();
   if (coche_ == index) coche_.reset();
   const QSignalBlocker silence(this);
@@ -126,6 +131,7 @@ void ListeExpediteurs::Cocher(QListWidgetItem *element) {
     AnnoncerDisparu();
     return;
   }
+  Ecriture ecriture(*session_, u"choix de l'expéditeur par défaut"_s);
   FichierDefaut fichier(session_->dossiers.AppPath);
   const auto suivre = [&](const Expediteur &defaut) {
     if (coche && voulu == 0)
@@ -140,6 +146,7 @@ void ListeExpediteurs::Cocher(QListWidgetItem *element) {
     fichier.Garder();
     Suivre(index, coche);
   } else {
+    ecriture.Oublier();
     SuivreAutre(table.Defaut());
   }
 }

@@ -3,6 +3,7 @@
 #include "address/ChaineAdresse.h"
 #include "platform/Boites.h"
 #include "session/Session.h"
+#include "storage/Historique.h"
 #include "storage/Lignes.h"
 
 #include <QListWidget>
@@ -41,6 +42,12 @@ class ListeExpediteurs : public QListWidget {
   /// the entry.
   Boites::Choix AccorderDefaut(const QString &nom,
                                const std::function<std::optional<Cle>(Cle montre)> &ecrire);
+
+  /// What the user does here with the senders, as one command that the file goes with.
+  class Ecriture : public Acte {
+   public:
+    Ecriture(Session &session, const QString &nom);
+  };
 
   /// Takes a sender off table and list, and the file where it is the default one.
   void Supprimer(Cle index);

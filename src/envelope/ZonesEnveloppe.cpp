@@ -96,6 +96,18 @@ void ZonesEnveloppe::ChargerExpediteur() {
   EcrireExpediteur(*defaut, cle);
 }
 
+void ZonesEnveloppe::Reprendre(bool defaut) {
+  Actualiser();
+  for (const Cle cle : {expediteur_, expediteurMontre_}) {
+    if (cle == 0) continue;
+    const auto ligne = TableExpediteur(session_.base).Lire(cle);
+    SuivreExpediteur(ligne ? ComposerAdresse(AdresseSaisie::De(*ligne)) : AdresseComposee(), cle);
+  }
+  if (!defaut) return;
+  EcrireExpediteur({}, 0);
+  ChargerExpediteur();
+}
+
 void ZonesEnveloppe::Reformater() {
   // One that was only kept in mind takes the zone now.
   if (session_.reglages.plomex.NePas || !etat_.ExpediteurCourant.chaine.isEmpty())

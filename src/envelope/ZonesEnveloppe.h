@@ -49,6 +49,9 @@ class ZonesEnveloppe {
   /// What has become of a row: an empty address of one that has been deleted. The zone follows
   /// where it shows this sender.
   void SuivreExpediteur(const AdresseComposee &expediteur, Cle cle);
+  /// Rows have been taken back: shows those anew that stand in the zones, and the default sender
+  /// where that has come back too. Throws as `Actualiser` and `ChargerExpediteur` do.
+  void Reprendre(bool defaut);
   /// Takes the default sender, if there is one. Throws `ErreurFichier` and `ErreurBase`.
   void ChargerExpediteur();
 

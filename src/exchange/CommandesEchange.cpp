@@ -3,6 +3,7 @@
 #include "exchange/EchangeTexte.h"
 #include "platform/Enumeration.h"
 #include "platform/Erreurs.h"
+#include "storage/Historique.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
 #include "ui/Travail.h"
@@ -106,14 +107,13 @@ void CommandesEchange::Importer() {
 
   // What was imported before a failure stays, and is listed too.
   Signaler(boites, [&] {
-    const BilanImport bilan =
-        Travail(fenetre_, u"Importation"_s)
-            .Executer(session_.base, [this](Base &base, const Avance &avance) {
-              return ImporterVelmiras(base, fichier_.Lire(), avance);
-            });
+    const BilanImport bilan = ImporterFichier();
     fait_.Dire(u"Importation : %1 ajouté(s), %2 complété(s), %3 inchangé(s)"_s.arg(bilan.ajoutes)
                    .arg(bilan.completes)
-                   .arg(bilan.traites - bilan.ajoutes - bilan.completes));
+                   .arg(bilan.traites - bilan.ajoutes - bilan.completes) +
+               (session_.base.LHistorique().TropGrande().isEmpty()
+                    ? QString()
+                    : u" · trop volumineuse pour être annulée"_s));
     if (bilan.arrete)
       boites.Information(u"Importation arrêtée : %1 velmira(s) traité(s)."_s.arg(bilan.traites));
     else
@@ -124,6 +124,16 @@ void CommandesEchange::Importer() {
           Reserves(bilan));
   });
   repertoire_.AfficherTous();
+}
+
+BilanImport CommandesEchange::ImporterFichier() {
+  Acte acte(session_.base, u"importation"_s);
+  const BilanImport bilan = Travail(fenetre_, u"Importation"_s)
+                                .Executer(session_.base, [this](Base &base, const Avance &avance) {
+                                  return ImporterVelmiras(base, fichier_.Lire(), avance);
+                                });
+  acte.Nommer(u"importation de %1 correspondant(s)"_s.arg(bilan.ajoutes + bilan.completes));
+  return bilan;
 }
 
 void CommandesEchange::Ouvrir() {

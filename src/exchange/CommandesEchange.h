@@ -1,6 +1,7 @@
 #pragma once
 
 #include "directory/Repertoire.h"
+#include "exchange/EchangeTexte.h"
 #include "exchange/FichierEchange.h"
 #include "session/Session.h"
 
@@ -24,6 +25,8 @@ class CommandesEchange : public QObject {
  private:
   void Exporter();
   void Importer();
+  /// As one command.
+  BilanImport ImporterFichier();
   void Ouvrir();
   void Envoyer();
 

@@ -3,6 +3,7 @@
 #include "maintenance/FrmLiaison.h"
 #include "platform/Erreurs.h"
 #include "storage/EmplacementDonnees.h"
+#include "storage/Historique.h"
 #include "storage/Tables.h"
 #include "storage/Telephone.h"
 #include "storage/TransfertBase.h"
@@ -54,6 +55,8 @@ void CommandesBase::ChangerLiaison() {
   FrmLiaison dialogue(boites, ancien, fenetre_);
   if (dialogue.exec() != QDialog::Accepted) return;
   const QString separateur = dialogue.Separateur();
+  Acte acte(session_.base, u"changement de séparateur des numéros"_s);
+  acte.Suivre(CheminLiaison(session_.dossiers.AppPath), u"le séparateur des numéros"_s, false);
   EnregistrerLiaison(separateur);
 
   bool faite = false;
@@ -63,9 +66,13 @@ void CommandesBase::ChangerLiaison() {
     faite = Reformater(ancien, separateur);
   } catch (...) {
     RendreLiaison(ancien);
+    acte.Oublier();
     throw;
   }
-  if (!faite) RendreLiaison(ancien);
+  if (!faite) {
+    RendreLiaison(ancien);
+    acte.Oublier();
+  }
   boites.Information(faite ? u"La base a été mise à jour avec succès."_s
                            : u"Mise à jour arrêtée : rien n'a été changé."_s);
 }

@@ -37,7 +37,11 @@ CompteRendu::CompteRendu(QWidget *parent)
 void CompteRendu::Relier(const Plateforme &plateforme, QWidget &fenetre) {
   plateforme_ = &plateforme;
   connect(lien_, &QLabel::linkActivated, this, Garde(plateforme.boites, [this](const QString &) {
-            plateforme_->coquille.Ouvrir(document_);
+            const Lien suite = suite_;  // what it does may end the line
+            if (suite.commande)
+              suite.commande();
+            else
+              plateforme_->coquille.Ouvrir(suite.document);
           }));
   for (const QAction *action : fenetre.findChildren<QAction *>())
     connect(action, &QAction::triggered, this, &CompteRendu::Effacer);
@@ -45,13 +49,19 @@ void CompteRendu::Relier(const Plateforme &plateforme, QWidget &fenetre) {
     connect(barre, &BarreBoutons::Lancee, this, &CompteRendu::Effacer);
 }
 
-void CompteRendu::Dire(const QString &texte, const Lien &lien) {
+void CompteRendu::Nommer(const QString &texte, const QString &lien) {
+  texte_->setObjectName(texte);
+  lien_->setObjectName(lien);
+}
+
+void CompteRendu::Dire(const QString &texte, const Lien &lien, std::chrono::milliseconds duree) {
   texte_->setText(texte);
   lien_->setText(lien.texte);
   lien_->setVisible(!lien.texte.isEmpty());
-  document_ = lien.document;
+  suite_ = lien;
   duree_ = std::make_unique<QObject>();
-  plateforme_->horloge.Apres(1min, duree_.get(), [this] { Effacer(); });
+  plateforme_->horloge.Apres(duree, duree_.get(), [this] { Effacer(); });
+  emit Dit(true);
   QAccessibleEvent annonce(texte_, QAccessible::Alert);
   QAccessible::updateAccessibility(&annonce);
 }
@@ -61,4 +71,5 @@ void CompteRendu::Effacer() {
   lien_->clear();
   lien_->hide();
   duree_.reset();
+  emit Dit(false);
 }

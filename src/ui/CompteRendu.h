@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <chrono>
+#include <functional>
 #include <memory>
 
 class EtiquetteElidee;
@@ -17,8 +19,9 @@ class CompteRendu : public QWidget {
  public:
   /// What a line leads to.
   struct Lien {
-    QString texte;     ///< what a click does, for the user
-    QString document;  ///< a file, a folder or an address that the desktop opens
+    QString texte;                        ///< what a click does, for the user
+    QString document;                     ///< a file, a folder or an address that the desktop opens
+    std::function<void()> commande = {};  ///< done instead
   };
   /// The link to the folder that holds a file.
   static Lien AuDossier(const QString &fichier);
@@ -29,15 +32,24 @@ class CompteRendu : public QWidget {
   /// menus and each button of its bars ends the line, and may say its own after that.
   void Relier(const Plateforme &plateforme, QWidget &fenetre);
 
+  /// The names of its two labels, where the window has another one.
+  void Nommer(const QString &texte, const QString &lien);
+
   /// Shows a line in the place of the last one, and has it read out where the desktop reads. What
   /// does not fit is cut with an ellipsis, the link never.
-  void Dire(const QString &texte, const Lien &lien = {});
+  void Dire(const QString &texte, const Lien &lien,
+            std::chrono::milliseconds duree = std::chrono::minutes(1));
+  void Dire(const QString &texte) { Dire(texte, {}); }
   void Effacer();
+
+ signals:
+  /// It says something, or nothing any more.
+  void Dit(bool quelqueChose);
 
  private:
   EtiquetteElidee *texte_;
   EtiquetteLien *lien_;
   const Plateforme *plateforme_ = nullptr;
-  QString document_;
+  Lien suite_;
   std::unique_ptr<QObject> duree_;  ///< of the line: its end dies with it
 };

@@ -8,6 +8,7 @@
 #include "platform/PageDeCode.h"
 #include "player/Verbes.h"
 #include "storage/Requete.h"
+#include "storage/Schema.h"
 
 #include <QtCore>
 
@@ -219,6 +220,28 @@ void VerifierColonne(Scene &scene, const Mots &mots) {
   ExigerListe(mots[0].texte + u'.' + mots[1].texte, Textes(mots, 2), valeurs);
 }
 
+/// All rows, and the files that go with some of them.
+QStringList Etat(const Scene &scene) {
+  QStringList etat;
+  PourChaqueTable([&]<typename L>(Table<L> table) {
+    QStringList colonnes;
+    for (const char16_t *colonne : NomsColonnes<L>())
+      colonnes.append(u"quote(%1)"_s.arg(Entre(colonne)));
+    etat += Valeurs(scene, u"SELECT %1 FROM %2"_s.arg(colonnes.join(u"||','||"_s), Nom(table)));
+  });
+  for (const QString &nom : {u"Defaut.ini"_s, u"Liaison.cfg"_s})
+    etat += DepuisPageDeCode(LireFichier(scene.monde.Chemin(nom)).value_or("aucun"));
+  return etat;
+}
+
+void VerifierEtat(Scene &scene, const Mots &mots) {
+  QStringList attendus = scene.etats.value(mots[0].texte), trouves = Etat(scene);
+  Exiger(!attendus.isEmpty(), u"state %1 has not been noted"_s.arg(mots[0].texte));
+  for (const QString &ligne : QStringList(attendus))
+    if (trouves.removeOne(ligne)) attendus.removeOne(ligne);
+  ExigerListe(u"state, as far as it differs"_s, attendus, trouves);
+}
+
 /// Another program that keeps the database to itself.
 Verbe Tenir(const QString &nom, const QString &comment) {
   return {nom, 0, 0, [comment](S &s, const M &) {
@@ -334,6 +357,8 @@ QList<Verbe> VerbesDuMonde() {
          Exiger(Champ(s, m, m[2].texte).isNull(), u"%1: nul expected"_s.arg(m[2].texte));
        }},
       {u"colonne"_s, 2, kSansLimite, VerifierColonne},
+      {u"etat-note"_s, 1, 1, [](S &s, const M &m) { s.etats[m[0].texte] = Etat(s); }},
+      {u"etat"_s, 1, 1, VerifierEtat},
       Tenir(u"base-occupee"_s, u"BEGIN IMMEDIATE"_s),
       Tenir(u"base-bloquee"_s, u"BEGIN EXCLUSIVE"_s),
       {u"base-libre"_s, 0, 0, [](S &s, const M &) { s.autreEcrivain.reset(); }},

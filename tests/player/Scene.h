@@ -78,7 +78,8 @@ class Scene {
   QString utilisateur = QStringLiteral("Paul");
   std::unique_ptr<Base> autreEcrivain;  ///< another user's, who keeps the database to himself
 
-  Mesures mesures;  ///< of the windows that pictures were asked of
+  QHash<QString, QStringList> etats;  ///< that were noted, by their names
+  Mesures mesures;                    ///< of the windows that pictures were asked of
 
   QList<PageImprimee> pages;  ///< those that were counted last
   qsizetype page = -1;        ///< the one that checks act on
