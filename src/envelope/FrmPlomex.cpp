@@ -416,8 +416,7 @@ void FrmPlomex::Configurer() {
 
 void FrmPlomex::GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier) {
   const ReglagesPlomex &plomex = session_.reglages.plomex;
-  if (avant.Imprimante != plomex.Imprimante && ImpressionConfiguree(avant) &&
-      !imprimantes_.EstReglee(avant.Imprimante))
+  if (avant.Imprimante != plomex.Imprimante && ImpressionConfiguree(avant))
     imprimantes_.Garder(avant, imprimantes_.PapierDe(avant.Imprimante));
   imprimantes_.Garder(plomex, papier);
 }

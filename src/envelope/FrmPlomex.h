@@ -92,7 +92,7 @@ class FrmPlomex : public QMainWindow {
   void Imprimer();
   void Apercu();
   void Configurer();
-  /// Keeps what was confirmed for the printer, and for the one before, of which nothing was kept.
+  /// Keeps what was confirmed for the printer, and what held for the one before.
   void GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier);
   void ChoisirOptions();
   void RelierVilles();

@@ -18,8 +18,6 @@ class Imprimantes {
  public:
   explicit Imprimantes(const QString &appPath);
 
-  /// Whether it was told how this printer takes an envelope.
-  bool EstReglee(const QString &appareil) const;
   /// These settings with the printer's own orientation, edge, place, margins and shifts, and its
   /// name; as they are where nothing was told of it.
   ReglagesPlomex Reglages(const QString &appareil, ReglagesPlomex plomex) const;
@@ -35,5 +33,7 @@ class Imprimantes {
   void CorrigerListe(const QString &appareil, bool corriger);
 
  private:
+  bool EstReglee(const QString &appareil) const;
+
   Preferences fichier_;
 };

@@ -40,10 +40,16 @@ struct LigneImprimee {
   Police police;
 };
 
+struct TraitImprime {
+  Point de, a;
+  Millimetres epaisseur;
+};
+
 struct PageImprimee {
   QString imprimante;
   Papier papier;
   QList<LigneImprimee> lignes;
+  QList<TraitImprime> traits;
 };
 
 /// What the program has asked of the system and nobody has looked at yet, the oldest in front, and
@@ -433,19 +439,21 @@ class ImprimanteScenario : public Imprimante {
           nom_(description.nom),
           arret_(description.arret),
           correction_(description.correction),
-          pages_{PageImprimee{appareil, description.papier, {}}} {}
+          pages_{PageImprimee{appareil, description.papier, {}, {}}} {}
 
     Millimetres LargeurPage() const override { return pages_.first().papier.page.largeur; }
     Millimetres HauteurPage() const override { return pages_.first().papier.page.hauteur; }
     Point CoinImprimable() const override { return {Millimetres(4), Millimetres(3)}; }
     void NouvellePage() override {
-      pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().papier, {}});
+      pages_.append(PageImprimee{pages_.first().imprimante, pages_.first().papier, {}, {}});
     }
     void Ecrire(Millimetres x, Millimetres y, const Police &police, const QString &texte) override {
       const Point place = correction_.Envoi({x, y});
       pages_.last().lignes.append({texte, place.x, place.y, police});
     }
-    void Tracer(Point, Point, Millimetres) override {}
+    void Tracer(Point de, Point a, Millimetres epaisseur) override {
+      pages_.last().traits.append({correction_.Envoi(de), correction_.Envoi(a), epaisseur});
+    }
     FinImpression Terminer() override {
       const QString appareil = pages_.first().imprimante;
       if (appareil != NomPdf()) imprimante_.gel.Passer();
@@ -455,7 +463,10 @@ class ImprimanteScenario : public Imprimante {
       if (imprimante_.muettes.contains(appareil))
         return {.raison = appareil == NomPdf() ? u"Le disque est plein."_s : QString()};
       imprimante_.journal_.pages.append(pages_);
-      if (appareil != NomPdf()) return {FinImpression::Issue::Imprimee};
+      const Papier &papier = pages_.first().papier;
+      if (appareil != NomPdf())
+        return {.issue = FinImpression::Issue::Imprimee,
+                .envoi = papier.enveloppe ? papier.Nom() : QString()};
       return {FinImpression::Issue::Enregistree,
               imprimante_.monde_.Home() + u"/Documents/"_s + DebutNomFichier(nom_) + u".pdf"_s};
     }

@@ -2,7 +2,10 @@
 
 #include "envelope/FrmVueAV.h"
 #include "player/Verbes.h"
+#include "ui/FeuilleEcran.h"
 
+#include <QImage>
+#include <QPainter>
 #include <QtCore>
 
 #include <algorithm>
@@ -92,6 +95,25 @@ const PageImprimee &Page(Scene &scene) {
   Exiger(scene.page >= 0 && scene.page < scene.pages.size(),
          u"page %1 expected, %2 were counted"_s.arg(scene.page + 1).arg(scene.pages.size()));
   return scene.pages[scene.page];
+}
+
+/// As it was sent.
+void CapturerPage(Scene &scene, const Mots &mots) {
+  if (scene.options.captures.isEmpty()) return;
+  constexpr double kPoints = 3;  // for a millimetre
+  const PageImprimee &page = Page(scene);
+  const Taille taille = page.papier.page;
+  QImage image((QSizeF(taille.largeur.valeur, taille.hauteur.valeur) * kPoints).toSize(),
+               QImage::Format_RGB32);
+  image.fill(kPapier);
+  QPainter dessin(&image);
+  dessin.setRenderHint(QPainter::Antialiasing);
+  FeuilleEcran feuille(dessin, QPointF(), kPoints);
+  for (const LigneImprimee &l : page.lignes) feuille.Ecrire(l.x, l.y, l.police, l.texte);
+  for (const TraitImprime &t : page.traits) feuille.Tracer(t.de, t.a, t.epaisseur);
+  dessin.end();
+  const QString chemin = QDir(scene.options.captures).filePath(mots[0].texte + u".png"_s);
+  Exiger(QDir().mkpath(scene.options.captures) && image.save(chemin), chemin + u" not written"_s);
 }
 
 Verbe Orientee(const QString &nom, Orientation orientation) {
@@ -275,6 +297,7 @@ QList<Verbe> VerbesDesTraces() {
          Page(s);
        }},
       Valeur(u"page imprimante"_s, 1, [](S &s, const M &) { return Page(s).imprimante; }),
+      {u"page capture"_s, 1, 1, CapturerPage},
       Valeur(u"page papier"_s, 1, [](S &s, const M &) { return Page(s).papier.Nom(); }),
       Orientee(u"portrait"_s, Orientation::Portrait),
       Orientee(u"paysage"_s, Orientation::Paysage),

@@ -393,8 +393,10 @@ TEST_F(Cups, Etalonnee) {
     EXPECT_GT(avant, 1.5);
     EXPECT_LT(apres, kTolerance);
     const QImage faite = recue(Imprimer(nom));
+    const QString pdf = Pdf();
+    EXPECT_NEAR(LirePages(pdf)[0][{}].height(), hauteur, kTolerance) << "the envelope alone";
     const QImage attendue =
-        EnPage(Executer(u"pdftoppm"_s, {u"-gray"_s, u"-r"_s, u"254"_s, Pdf()}), {papier.page});
+        EnPage(Executer(u"pdftoppm"_s, {u"-gray"_s, u"-r"_s, u"254"_s, pdf}), {papier.page});
     const double dl = hauteur / 110.;
     for (const QRectF &ou :
          {QRectF(80 * largeur / 220. - 3, 48 * dl, 70, 26), QRectF(18, 12 * dl, 40, 7)}) {
