@@ -384,9 +384,9 @@ TEST_F(Cups, Etalonnee) {
           Mesurer(recue(ImprimerEtalon(imprimante_, nom, papier, enVigueur)), voulue);
       imprimantes.Garder(nom, papier, Corriger(enVigueur, voulue, m));
       const Point ecart = m.croix - voulue.croix;
-      return std::ranges::max({std::abs(ecart.x.valeur), std::abs(ecart.y.valeur),
-                               std::abs((m.regleX - voulue.regleX).valeur),
-                               std::abs((m.regleY - voulue.regleY).valeur)});
+      return std::max({std::abs(ecart.x.valeur), std::abs(ecart.y.valeur),
+                       std::abs((m.regleX - voulue.regleX).valeur),
+                       std::abs((m.regleY - voulue.regleY).valeur)});
     };
     const double avant = mesurer(), apres = mesurer();
     printf("%s: %.1f mm off before, %.1f after\n", qPrintable(papier.Nom()), avant, apres);
