@@ -115,6 +115,9 @@ void VerifierFichier(Scene &scene, const Mots &mots) {
            u"%1 and %2 differ"_s.arg(nom, mots[2].texte));
   } else if (quoi.Est(u"lignes")) {
     ExigerListe(nom, Textes(mots, 2), Lignes(scene, nom));
+  } else if (quoi.Est(u"contient") && mots.size() == 3) {
+    Exiger(QString::fromUtf8(Octets(scene, nom)).contains(mots[2].texte),
+           u"%1 expected in %2"_s.arg(mots[2].texte, nom));
   } else if (quoi.Est(u"ligne") && mots.size() == 4) {
     ExigerEgal(u"line %1 of %2"_s.arg(mots[2].texte, nom), mots[3].texte,
                Lignes(scene, nom).value(qRound(Nombre(mots[2])) - 1, u"no line"_s));

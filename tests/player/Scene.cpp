@@ -254,6 +254,7 @@ void Scene::Terminer(const std::optional<Echec> &faute) {
   terminee_ = true;
   faute_ = faute;
   horloge.Abandonner();
+  imprimante.Degeler();
   depuis_.start();
 }
 
