@@ -2,6 +2,7 @@
 // whole under one of its names, and the next start ends with every row in place exactly once. The
 // repair killed in the same way.
 
+#include "Etapes.h"
 #include "Reel.h"
 #include "app/Demarrage.h"
 #include "commun/BaseAncienne.h"
@@ -11,36 +12,8 @@
 
 #include <filesystem>
 #include <signal.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-// Steps counted from 1; the program is killed before the last one.
-static int etape = 0, derniere = 0;
-
-template <typename... Arguments>
-static int Appeler(long numero, Arguments... arguments) {
-  if (++etape == derniere) ::kill(::getpid(), SIGKILL);
-  return static_cast<int>(::syscall(numero, arguments...));
-}
-
-// They stand before the system's own, for the engine too. What is killed is a program: nothing has
-// to be flushed.
-extern "C" {
-int fsync(int) {
-  return Appeler(SYS_getpid), 0;
-}
-int fdatasync(int) __attribute__((alias("fsync")));
-int unlink(const char *nom) noexcept {
-  return Appeler(SYS_unlink, nom);
-}
-int rename(const char *de, const char *vers) noexcept {
-  return Appeler(SYS_rename, de, vers);
-}
-int renameat2(int ici, const char *de, int la, const char *vers, unsigned options) noexcept {
-  return Appeler(SYS_renameat2, ici, de, la, vers, options);
-}
-}
 
 namespace {
 
@@ -75,12 +48,12 @@ class MiseAJour : public testing::Test {
   int Demarrer(int avant = 0) const {
     const pid_t enfant = ::fork();
     if (enfant == 0) {
-      etape = 0, derniere = avant;
+      etapes = {.mort = avant};
       BoitesMuettes boites;
       Dossiers dossiers;
       dossiers.AppPath = app_;
       Demarrage(boites, dossiers, {[](const QString &) {}}).Executer();
-      if (boites.vues.isEmpty()) ::_exit(etape);  // no error
+      if (boites.vues.isEmpty()) ::_exit(etapes.faites);  // no error
       ::raise(SIGKILL);
     }
     int etat = 0;
@@ -159,11 +132,11 @@ TEST_F(MiseAJour, ReparationTueeAChaqueEtape) {
   const auto reparer = [&](int avant) {
     const pid_t enfant = ::fork();
     if (enfant == 0) {
-      etape = 0, derniere = avant;
+      etapes = {.mort = avant};
       const auto continuer = [](qsizetype, qsizetype) { return true; };
       ReparerBase(base, QDateTime(QDate(2026, 3, 1), QTime(12, 0)), std::chrono::seconds(1),
                   continuer);
-      ::_exit(etape);
+      ::_exit(etapes.faites);
     }
     int etat = 0;
     EXPECT_EQ(::waitpid(enfant, &etat, 0), enfant);
