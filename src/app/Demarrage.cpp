@@ -228,6 +228,7 @@ void Demarrage::CopierEtEchanger(const QString &separateurTel, SourceJet *jet) {
     moyens_.annoncer(u"Mise à jour de la base : %1 lignes copiées"_s.arg(lignes));
   };
   Executer(u"Mise à jour de la base..."_s, [&] {
+    moyens_.sauver(dossiers_.Base());
     if (jet != nullptr)
       MettreAJourBaseJet(dossiers_, *jet, separateurTel, avancement);
     else

@@ -22,6 +22,8 @@ class Demarrage {
     std::function<void(const std::function<void()> &)> executer = [](const auto &tache) {
       tache();
     };
+    /// Keeps a copy of a base that is to be upgraded; what it throws stops that.
+    std::function<void(const QString &)> sauver = [](const QString &) {};
   };
 
   /// `dossiers.AppPath` is known; the other folders are found here.

@@ -13,9 +13,11 @@
 #include "help/CommandesAide.h"
 #include "help/ToucheAide.h"
 #include "maintenance/CommandesBase.h"
+#include "maintenance/CommandesSauvegarde.h"
 #include "platform/Erreurs.h"
 #include "storage/Balayage.h"
 #include "storage/DossierApplication.h"
+#include "storage/Sauvegardes.h"
 #include "storage/Tables.h"
 #include "ui/EchelleProgramme.h"
 #include "ui/Garde.h"
@@ -99,7 +101,12 @@ bool Programme::Demarrer() {
     fond.Attendre(QEventLoop::ExcludeUserInputEvents);
     fond.Finir();
   };
-  if (!Demarrage(session_.plateforme.boites, session_.dossiers, {annoncer, executer}).Executer()) {
+  const auto sauver = [this](const QString &base) {
+    Sauvegarder({base, LireDossierChoisi(session_.dossiers.AppPath)},
+                session_.plateforme.horloge.Maintenant(), MotifSauvegarde::MiseAJour);
+  };
+  if (!Demarrage(session_.plateforme.boites, session_.dossiers, {annoncer, executer, sauver})
+           .Executer()) {
     depart_->hide();
     return false;
   }
@@ -159,6 +166,9 @@ void Programme::PoserCommandes() {
                      [this](std::function<void()> suite) { FermerPuis(std::move(suite)); },
                      [this] { return Enregistrer(); }, [this] { Terminer(); }},
                     velmira);
+  new CommandesSauvegarde(
+      session_, {a.mnuRestaurer, a.mnuSauvegardes, a.mnuMasquer},
+      [velmira] { velmira->Liste().CliquerRacine(); }, velmira->LeCompteRendu(), velmira);
   classeur_ =
       std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->LeCompteRendu());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,

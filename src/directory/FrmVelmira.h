@@ -42,6 +42,7 @@ class FrmVelmira : public QMainWindow {
     QAction *mnuExport, *mnuImport, *mnuVelmira, *mnuEnvoyer;                ///< exchange
     QAction *mnuJF, *mnuFete, *mnuDate;                                      ///< calendar
     QAction *mnuLiaison, *mnuChemin, *mnuTransfert, *mnuRepComp, *mnuRecup;  ///< the base
+    QAction *mnuRestaurer, *mnuSauvegardes, *mnuMasquer;                     ///< its copies
     QMenu *mnuAide;
   };
   Actions LesActions() const;

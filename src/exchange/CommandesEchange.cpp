@@ -3,6 +3,7 @@
 #include "exchange/EchangeTexte.h"
 #include "platform/Enumeration.h"
 #include "platform/Erreurs.h"
+#include "session/SauvegardePrealable.h"
 #include "storage/Historique.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
@@ -105,6 +106,7 @@ void CommandesEchange::Importer() {
       Boites::Reponse::Oui)
     return;
 
+  if (!SauverAvant(session_, fenetre_, MotifSauvegarde::Import, session_.dossiers.Base())) return;
   // What was imported before a failure stays, and is listed too.
   Signaler(boites, [&] {
     const BilanImport bilan = ImporterFichier();

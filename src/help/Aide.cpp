@@ -28,6 +28,7 @@ QString PageAide(const QString &fenetre) {
       {u"FrmAvancement"_s, u"echanges.html#importer"_s},
       {u"FrmLiaison"_s, u"telephone.html#separateur"_s},
       {u"FrmBilan"_s, u"maintenance.html#reparation"_s},
+      {u"FrmRestaurer"_s, u"maintenance.html#restaurer"_s},
       {u"FrmOptionsAnn"_s, u"alertes.html"_s},
       {u"FrmVigilo"_s, u"alertes.html#vigilo"_s},
       {u"FrmPlomex"_s, u"enveloppes.html"_s},

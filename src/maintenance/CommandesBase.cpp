@@ -2,6 +2,7 @@
 
 #include "maintenance/FrmLiaison.h"
 #include "platform/Erreurs.h"
+#include "session/SauvegardePrealable.h"
 #include "storage/EmplacementDonnees.h"
 #include "storage/Historique.h"
 #include "storage/Tables.h"
@@ -202,7 +203,7 @@ QString CommandesBase::DossierATransferer(const QString &invite) {
   const QString dossier = boites.Dossier(invite);
   if (dossier.isEmpty())
     boites.Critique(u"Procédure annulée !"_s);
-  else if (!dossier.contains(NomDossierDonnees()))
+  else if (!EstCheminDeDonnees(dossier))
     boites.Critique(u"Vous avez choisi un mauvais répertoire ; procédure annulée !"_s);
   else
     return dossier;
@@ -278,7 +279,10 @@ void CommandesBase::Transferer() {
       u"Désignez le répertoire de destination dans lequel seront transférées les données."_s);
   if (destination.isEmpty()) return;
   if (!Accepte(u"Lancer le transfert ?"_s, Boites::Reponse::Non)) return;
-  if (!programme_.enregistrer() || !Copier(source, destination)) return;
+  if (!programme_.enregistrer() ||
+      !SauverAvant(session_, fenetre_, MotifSauvegarde::Transfert, FichierBase(destination)) ||
+      !Copier(source, destination))
+    return;
   boites.Information(
       u"Les données ont été transférées avec succès.\n"
       "Le programme doit être fermé et relancé."_s);

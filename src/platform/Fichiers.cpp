@@ -173,8 +173,12 @@ void RemplacerFichierPar(const QString &chemin, const Remplissage &remplir) {
 }
 
 bool CreerFichier(const QString &chemin, const QByteArray &contenu) {
+  return CreerFichierPar(chemin, Ecrivain(chemin, contenu));
+}
+
+bool CreerFichierPar(const QString &chemin, const Remplissage &remplir) {
   Renommage renommage = Renommage::Echoue;
-  Ecrire(chemin, Ecrivain(chemin, contenu), [&](const QString &provisoire) {
+  Ecrire(chemin, remplir, [&](const QString &provisoire) {
     renommage = RenommerSansRemplacer(provisoire, chemin);
     if (renommage != Renommage::Fait && renommage != Renommage::NomPris)
       throw NonEcrit(chemin, errno);

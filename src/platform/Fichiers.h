@@ -36,6 +36,8 @@ void RemplacerFichierPar(const QString &chemin, const Remplissage &remplir);
 /// Makes a file of a name that none bears; false where one does. Throws `ErreurFichier`. Never is
 /// there anything else than the whole content under that name.
 bool CreerFichier(const QString &chemin, const QByteArray &contenu);
+/// The same with a content that `remplir` puts into an empty file, as `RemplacerFichierPar` does.
+bool CreerFichierPar(const QString &chemin, const Remplissage &remplir);
 /// How the names begin that files bear until they are whole: what a kill leaves of them.
 QString PrefixeProvisoire();
 

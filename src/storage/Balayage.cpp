@@ -112,8 +112,12 @@ void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant) {
                   u".*\\.(ini|cfg|txt)\\.(?![A-Z]*[a-z]*([A-Z][a-z]*)?$)[A-Za-z]{6}"_s, limite));
   const QSet<QString> ou{dossiers.AppPath, dossiers.CheminData, dossiers.CheminBase};
   for (const QString &dossier : ou) {
-    Effacer(Anciens(dossier, QRegularExpression::escape(PrefixeProvisoire()) + u"[0-9a-z]{13}"_s,
-                    limite));
+    BalayerProvisoires(dossier, maintenant);
     BalayerSuperJournaux(dossier, limite);
   }
+}
+
+void BalayerProvisoires(const QString &dossier, const QDateTime &maintenant) {
+  Effacer(Anciens(dossier, QRegularExpression::escape(PrefixeProvisoire()) + u"[0-9a-z]{13}"_s,
+                  maintenant.addDays(-1)));
 }

@@ -7,6 +7,12 @@ inline QString NomDossierDonnees() {
   return QStringLiteral("DataVelmira");
 }
 
+/// The folder of the copies of a database, in that of the database or in another one. What lies in
+/// it is no data to work with.
+inline QString NomDossierSauvegardes() {
+  return QStringLiteral("Sauvegardes");
+}
+
 /// The user's database in a folder.
 inline QString FichierBase(const QString &dossier) {
   return dossier + QStringLiteral("/Velmira.mdb");

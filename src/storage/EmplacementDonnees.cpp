@@ -79,7 +79,7 @@ EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData) {
     if (!enregistre) return {EtatChemin::Inconnu, cheminData, cheminData};
     if (*enregistre == cheminData) return {EtatChemin::Local, cheminData, cheminData};
     choisi = *enregistre;
-    if (choisi.contains(NomDossierDonnees()) && (ContientBase(choisi) || EchangeInterrompu(choisi)))
+    if (EstCheminDeDonnees(choisi) && (ContientBase(choisi) || EchangeInterrompu(choisi)))
       return {EtatChemin::Partage, choisi, choisi};
     if (EstDossierDeDonnees(choisi)) return {EtatChemin::NonTransfere, cheminData, choisi};
     return {EtatChemin::Invalide, cheminData, cheminData};
@@ -88,8 +88,12 @@ EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData) {
   }
 }
 
+bool EstCheminDeDonnees(const QString &chemin) {
+  return chemin.contains(NomDossierDonnees()) && QDir(chemin).dirName() != NomDossierSauvegardes();
+}
+
 bool EstDossierDeDonnees(const QString &chemin) {
-  return chemin.contains(NomDossierDonnees()) && EstDossier(chemin);
+  return EstCheminDeDonnees(chemin) && EstDossier(chemin);
 }
 
 bool EstVide(const QString &dossier) {

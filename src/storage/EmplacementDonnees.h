@@ -42,7 +42,9 @@ struct EmplacementBase {
 EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData);
 
 /// These look at the disk, and throw `ErreurFichier` where it does not let them.
-/// Whether a folder is there and bears the name of one of data.
+/// Whether a path is one of data: it bears their word, and is not that of their copies.
+bool EstCheminDeDonnees(const QString &chemin);
+/// Whether such a folder is there.
 bool EstDossierDeDonnees(const QString &chemin);
 /// Whether it holds no file.
 bool EstVide(const QString &dossier);

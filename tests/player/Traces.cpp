@@ -1,12 +1,11 @@
 // The verbs of what the program tells the system, and what it is answered.
 
 #include "envelope/FrmVueAV.h"
+#include "maintenance/SauvegardeDuJour.h"
 #include "player/Verbes.h"
 #include "ui/FeuilleEcran.h"
 
-#include <QImage>
-#include <QPainter>
-#include <QtCore>
+#include <QtWidgets>
 
 #include <algorithm>
 #include <cmath>
@@ -27,6 +26,13 @@ BoiteVue PremiereBoite(Scene &scene, const Mot &genre) {
   do boite = Premiere(scene.journal.boites, u"box "_s + genre.texte);
   while (boite.repondue && !genre.Joker() && boite.genre != genre.texte);
   return boite;
+}
+
+/// The copy of the day is made beside the windows.
+void FinirLaSauvegarde() {
+  for (const QWidget *fenetre : QApplication::topLevelWidgets())
+    for (const auto *copie : fenetre->findChildren<SauvegardeDuJour *>())
+      while (copie->EnCours()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void VerifierBoite(Scene &scene, const Mots &mots) {
@@ -56,6 +62,7 @@ void Prevoir(Scene &scene, const Mots &mots) {
 void Aller(Scene &scene, const QDate &jour, const QTime &heure) {
   Exiger(jour.isValid() && heure.isValid(), u"a day dd/mm/yyyy or a time hh:mm expected"_s);
   scene.horloge.Aller({jour, heure});
+  FinirLaSauvegarde();
 }
 
 void PendantPause(Scene &scene, const Mots &mots) {
@@ -260,6 +267,7 @@ QList<Verbe> VerbesDesTraces() {
       {u"attendre"_s, 1, 1,
        [](S &s, const M &m) {
          s.horloge.Avancer(std::chrono::milliseconds(qRound(Nombre(m[0]))));
+         FinirLaSauvegarde();
        }},
       {u"pendant-pause"_s, 1, kSansLimite, PendantPause},
       Valeur(u"pause"_s, 1,
