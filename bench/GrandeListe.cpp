@@ -71,7 +71,7 @@ void Renommer(Base &base, const QString &ancien, const QString &nouveau) {
 struct Echange {
   int ligne, autre;
 };
-Echange Tour(int tour, Cle nombre) {
+Echange DuTour(int tour, Cle nombre) {
   const int n = static_cast<int>(nombre), ligne = (tour + 1) * 6133 % n;
   return {ligne, n - 1 - ligne};
 }
@@ -187,7 +187,7 @@ void EnregistrerVelmira(benchmark::State &etat, const Donnees &donnees) {
   int tour = 0;
   for (auto _ : etat) {
     etat.PauseTiming();
-    const auto [ligne, autre] = Tour(tour++, donnees.Nombre());
+    const auto [ligne, autre] = DuTour(tour++, donnees.Nombre());
     const QString nom = modele.index(autre, 0, modele.Racine()).data().toString();
     liste.SelectionnerEtCliquer(modele.index(ligne, 0, modele.Racine()));
     AttendreLaPeinture();
@@ -204,7 +204,7 @@ void EnregistrerNu(benchmark::State &etat, const Donnees &donnees) {
   const std::vector<LigneNue> lignes = base.Lister();
   int tour = 0;
   for (auto _ : etat) {
-    const auto [ligne, autre] = Tour(tour++, donnees.Nombre());
+    const auto [ligne, autre] = DuTour(tour++, donnees.Nombre());
     base.EcrireNom(lignes[static_cast<std::size_t>(ligne)].index,
                    lignes[static_cast<std::size_t>(autre)].texte);
     benchmark::DoNotOptimize(base.Categories());
