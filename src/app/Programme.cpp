@@ -168,7 +168,9 @@ void Programme::PoserCommandes() {
                     velmira);
   new CommandesSauvegarde(
       session_, {a.mnuRestaurer, a.mnuSauvegardes, a.mnuMasquer},
-      [velmira] { velmira->Liste().CliquerRacine(); }, velmira->LeCompteRendu(), velmira);
+      {[velmira] { velmira->Liste().CliquerRacine(); },
+       [this] { FermerPuis([this] { session_.plateforme.coquille.RelancerProgramme(); }); }},
+      velmira->LeCompteRendu(), velmira);
   classeur_ =
       std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->LeCompteRendu());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,

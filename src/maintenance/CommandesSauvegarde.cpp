@@ -15,12 +15,11 @@
 using namespace Qt::StringLiterals;
 
 CommandesSauvegarde::CommandesSauvegarde(Session &session, const Actions &actions,
-                                         std::function<void()> afficherRacine, CompteRendu &fait,
-                                         QWidget *fenetre)
+                                         Programme programme, CompteRendu &fait, QWidget *fenetre)
     : QObject(fenetre),
       session_(session),
       actions_(actions),
-      afficherRacine_(std::move(afficherRacine)),
+      programme_(std::move(programme)),
       fait_(fait),
       fenetre_(fenetre),
       duJour_(new SauvegardeDuJour(session, this)) {
@@ -34,7 +33,8 @@ void CommandesSauvegarde::Restaurer() {
     if (actions_.mnuMasquer->isChecked())
       TableAdresse(session_.base).MasquerProteges(session_.plateforme.utilisateur, true);
   };
-  FrmRestaurer(session_, {afficherRacine_, masquer, fait_}, fenetre_).exec();
+  FrmRestaurer(session_, {programme_.afficherRacine, masquer, programme_.relancer, fait_}, fenetre_)
+      .exec();
 }
 
 void CommandesSauvegarde::ChoisirDossier() {

@@ -22,9 +22,14 @@ class CommandesSauvegarde : public QObject {
     QAction *mnuMasquer;  ///< ticked while the user's protected records are hidden
   };
 
-  /// `afficherRacine` leaves the record on display: what was typed is saved.
-  CommandesSauvegarde(Session &session, const Actions &actions,
-                      std::function<void()> afficherRacine, CompteRendu &fait, QWidget *fenetre);
+  struct Programme {
+    std::function<void()>
+        afficherRacine;              ///< leaves the record on display: what was typed is saved
+    std::function<void()> relancer;  ///< closes the program and starts it anew
+  };
+
+  CommandesSauvegarde(Session &session, const Actions &actions, Programme programme,
+                      CompteRendu &fait, QWidget *fenetre);
 
  private:
   void Restaurer();
@@ -32,7 +37,7 @@ class CommandesSauvegarde : public QObject {
 
   Session &session_;
   Actions actions_;
-  std::function<void()> afficherRacine_;
+  Programme programme_;
   CompteRendu &fait_;
   QWidget *fenetre_;
   SauvegardeDuJour *duJour_;

@@ -6,6 +6,7 @@
 #include "session/SauvegardePrealable.h"
 #include "storage/Historique.h"
 #include "storage/Tables.h"
+#include "storage/TransfertBase.h"
 #include "ui/Brancheur.h"
 #include "ui/Sablier.h"
 #include "ui/Travail.h"
@@ -153,8 +154,10 @@ void FrmRestaurer::Choisir() {
   ui_->ChkTout->setChecked(false);
   if (Choisie().isEmpty())
     MontrerPanne(u"Il n'y a pas encore de sauvegarde."_s);
-  else
+  else if (session_.base.Ouverte())
     Comparer();
+  else
+    MontrerSansBase();
 }
 
 void FrmRestaurer::Comparer() {
@@ -205,6 +208,14 @@ void FrmRestaurer::Montrer(const Comparaison &comparaison) {
   ecarts_.Montrer(comparaison.fiches);
   Elargir(*ui_->TVEcarts, 0);
   MajBoutons();
+}
+
+void FrmRestaurer::MontrerSansBase() {
+  comparee_ = Choisie();
+  entiere_ = true;
+  MontrerPanne(
+      u"La base de données ne peut pas être ouverte : elle peut être remplacée par cette "
+      "sauvegarde."_s);
 }
 
 void FrmRestaurer::MontrerPanne(const QString &panne) {
@@ -271,11 +282,25 @@ void FrmRestaurer::RestaurerBase() {
               date),
           Boites::Reponse::Non) != Boites::Reponse::Oui)
     return;
+  if (!session_.base.Ouverte()) return RemplacerBase(chemin);
   const bool faite = Executer(
       u"restauration d'une sauvegarde"_s,
       [&](Base &base, const Avance &avance) { return RestaurerTout(base, chemin, avance); });
   Conclure(faite ? u"Base de données restaurée : %1"_s.arg(date)
                  : u"Restauration arrêtée : rien n'a été changé."_s);
+}
+
+void FrmRestaurer::RemplacerBase(const QString &chemin) {
+  const QString base = session_.dossiers.Base();
+  if (!SauverAvant(session_, this, MotifSauvegarde::Restauration, base)) return;
+  Travail(this, u"Restauration"_s).Executer([&](const Avance &) {
+    TransfererBase(chemin, base);
+    return true;
+  });
+  session_.plateforme.boites.Information(
+      u"La base de données a été remplacée par la sauvegarde.\nLe programme va être relancé."_s);
+  reject();
+  autour_.relancer();
 }
 
 void FrmRestaurer::Conclure(const QString &fait) {

@@ -28,6 +28,8 @@ class FrmRestaurer : public QDialog {
   struct Autour {
     std::function<void()> avant;  ///< before anything is written: what was typed is saved
     std::function<void()> apres;  ///< once it has been
+    /// Closes the program and starts it anew, on a base that could not be opened before.
+    std::function<void()> relancer;
     CompteRendu &fait;
   };
 
@@ -46,6 +48,7 @@ class FrmRestaurer : public QDialog {
   /// Runs a step of the comparison; a failure is shown in the place of the outcome.
   void Essayer(const std::function<void()> &etape);
   void Montrer(const Comparaison &comparaison);
+  void MontrerSansBase();
   void MontrerPanne(const QString &panne);
   void MajBoutons();
   void ChoisirFichier();
@@ -55,6 +58,8 @@ class FrmRestaurer : public QDialog {
   /// that name.
   template <typename Tache>
   auto Executer(const QString &nom, const Tache &tache);
+  /// Puts the copy in the place of a base that cannot be opened, of which the file is kept.
+  void RemplacerBase(const QString &chemin);
   void Conclure(const QString &fait);
   /// Whom the user may see.
   Visibilite Visible() const;

@@ -159,8 +159,7 @@ void Copier(const QString &base, const QString &copie, MotifSauvegarde motif) {
     CopierBase(base, copie);
   } catch (const ErreurBase &erreur) {
     const GenreErreur genre = erreur.Genre();
-    const bool remplacee =
-        motif == MotifSauvegarde::MiseAJour || motif == MotifSauvegarde::Transfert;
+    const bool remplacee = motif != MotifSauvegarde::Jour && motif != MotifSauvegarde::Import;
     if (!remplacee || (genre != GenreErreur::Etrangere && genre != GenreErreur::Endommagee)) throw;
     RemplacerFichier(copie, LireFichierPresent(base));
   }
