@@ -2,6 +2,8 @@
 
 #include "platform/Erreurs.h"
 
+using namespace Qt::StringLiterals;
+
 FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
                   const Imprimantes &imprimantes, const std::vector<Pli> &plis,
                   const Conduite &conduite) {
@@ -22,4 +24,8 @@ FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const Reglage
     if (conduite.arret.stop_requested()) return {Issue::Arretee};
     return {Issue::Refusee, {.raison = erreur.Texte()}};
   }
+}
+
+QString TexteSansReponse(const QString &appareil) {
+  return u"Sans réponse de « %1 » : ce qu'elle avait déjà reçu peut encore sortir."_s.arg(appareil);
 }

@@ -2,6 +2,10 @@
 
 #include "envelope/MiseEnPage.h"
 
+#include <QString>
+
+#include <vector>
+
 /// What has become of envelopes that were to be printed.
 struct FinEnvoi {
   enum class Issue {
@@ -22,3 +26,6 @@ struct FinEnvoi {
 FinEnvoi Remettre(Imprimante &imprimante, const QString &appareil, const ReglagesPlomex &plomex,
                   const Imprimantes &imprimantes, const std::vector<Pli> &plis,
                   const Conduite &conduite);
+
+/// What is told where it is `Incertaine`.
+QString TexteSansReponse(const QString &appareil);

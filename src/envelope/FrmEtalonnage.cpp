@@ -1,5 +1,6 @@
 #include "envelope/FrmEtalonnage.h"
 
+#include "envelope/Envoi.h"
 #include "envelope/PageEtalon.h"
 #include "envelope/VueCroix.h"
 #include "platform/Saisie.h"
@@ -10,6 +11,7 @@
 #include "ui_FrmEtalonnage.h"
 
 #include <QLineEdit>
+#include <QScopeGuard>
 
 #include <optional>
 #include <utility>
@@ -44,7 +46,7 @@ FrmEtalonnage::FrmEtalonnage(Plateforme &plateforme, Imprimantes &imprimantes, Q
   ui_->LblRegleY->setText(ui_->LblRegleY->text().arg(regle(voulue_.regleY)));
   // The list goes on the upright A4 sheet.
   ui_->ChkListe->setVisible(!papier_.enveloppe && papier_.tour == Tour::Aucun);
-  ui_->ChkListe->setChecked(imprimantes_.CorrigeListe(appareil_));
+  MontrerListe();
 
   for (QLineEdit *champ : {ui_->TxtCroixX, ui_->TxtCroixY, ui_->TxtRegleX, ui_->TxtRegleY})
     new SelectionAuFocus(champ);
@@ -63,12 +65,15 @@ FrmEtalonnage::FrmEtalonnage(Plateforme &plateforme, Imprimantes &imprimantes, Q
   brancher(ui_->CmdPage, &FrmEtalonnage::Imprimer);
   brancher(ui_->CmdEnregistrer, &FrmEtalonnage::Enregistrer);
   brancher(ui_->CmdReinit, &FrmEtalonnage::Reinitialiser);
-  brancher(ui_->ChkListe,
-           [this](bool corriger) { imprimantes_.CorrigerListe(appareil_, corriger); });
+  brancher(ui_->ChkListe, [this](bool corriger) {
+    const auto montrer = qScopeGuard([this] { MontrerListe(); });  // as it is kept
+    imprimantes_.CorrigerListe(appareil_, corriger);
+  });
   connect(ui_->CmdFermer, &QPushButton::clicked, this, &FrmEtalonnage::reject);
   MontrerVoulue();
   MontrerCorrection();
   ui_->LblFait->clear();
+  ui_->CmdPage->setFocus();
 }
 
 FrmEtalonnage::~FrmEtalonnage() = default;
@@ -101,6 +106,10 @@ void FrmEtalonnage::MontrerCorrection() {
   ui_->CmdReinit->setEnabled(!texte.isEmpty());
 }
 
+void FrmEtalonnage::MontrerListe() {
+  ui_->ChkListe->setChecked(imprimantes_.CorrigeListe(appareil_));
+}
+
 void FrmEtalonnage::PermettreMesures(bool permettre) {
   ui_->CadreMesures->setEnabled(permettre);
   ui_->CmdEnregistrer->setEnabled(permettre);
@@ -117,14 +126,15 @@ void FrmEtalonnage::Imprimer() {
                correction = EnVigueur()](const Avance &, const std::stop_token &arret) {
                 return ImprimerEtalon(imprimante, appareil, papier, correction, arret);
               });
-  if (!fin) return;
-  if (fin->issue == FinImpression::Issue::Echouee) {
-    if (!fin->raison.isEmpty()) plateforme_.boites.Attention(fin->raison);
-    return;
-  }
-  ui_->LblFait->setText(u"La page est envoyée"_s +
-                        (fin->envoi.isEmpty() ? u"."_s : u" : %1."_s.arg(fin->envoi)));
-  PermettreMesures(true);
+  const bool incertaine = !fin || fin->issue == FinImpression::Issue::Incertaine;
+  const bool echouee = fin && fin->issue == FinImpression::Issue::Echouee;
+  if (incertaine)
+    ui_->LblFait->setText(TexteSansReponse(appareil_));
+  else if (!echouee)
+    ui_->LblFait->setText(u"La page est envoyée"_s +
+                          (fin->envoi.isEmpty() ? u"."_s : u" : %1."_s.arg(fin->envoi)));
+  if (!echouee) PermettreMesures(true);
+  if (fin && !fin->raison.isEmpty()) plateforme_.boites.Attention(fin->raison);
 }
 
 void FrmEtalonnage::Enregistrer() {
@@ -135,6 +145,11 @@ void FrmEtalonnage::Enregistrer() {
         "%2 mm du bord haut, et les règles à peu près à leur longueur."_s.arg(
             Texte(voulue_.croix.x), Texte(voulue_.croix.y)));
     ui_->TxtCroixX->setFocus();
+    return;
+  }
+  if (mesuree == voulue_) {
+    ui_->LblFait->setText(
+        u"Rien à corriger : la croix est à sa place et les règles ont leur longueur."_s);
     return;
   }
   imprimantes_.Garder(appareil_, papier_, Corriger(EnVigueur(), voulue_, mesuree));

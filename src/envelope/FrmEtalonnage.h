@@ -34,6 +34,7 @@ class FrmEtalonnage : public QDialog {
   /// Measures can be typed once a page has been printed with what is in force now.
   void PermettreMesures(bool permettre);
   void MontrerCorrection();
+  void MontrerListe();
   void MontrerVoulue();
   MesureEtalon Mesuree() const;
   Correction EnVigueur() const;

@@ -46,10 +46,6 @@ QString TexteArret() {
   return u"Impression arrêtée : rien n'a été imprimé."_s;
 }
 
-QString TexteSansReponse(const QString &appareil) {
-  return u"Sans réponse de « %1 » : ce qu'elle avait déjà reçu peut encore sortir."_s.arg(appareil);
-}
-
 /// Asks the system, unless the built-in printer is wanted. `derniere` was printed on last.
 QString Choisir(Imprimante &imprimante, const QString &voulue, const QString &derniere) {
   if (voulue == Imprimante::NomPdf()) return voulue;

@@ -75,6 +75,8 @@ struct Correction {
 struct MesureEtalon {
   Point croix;                 ///< place of the cross
   Millimetres regleX, regleY;  ///< lengths of the two rulers
+
+  friend bool operator==(const MesureEtalon &, const MesureEtalon &) = default;
 };
 
 /// The correction that follows from a page which has come out as `mesuree` where it was printed
