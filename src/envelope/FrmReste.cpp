@@ -9,10 +9,11 @@ using namespace Qt::StringLiterals;
 
 FrmReste::FrmReste(const BilanTirage &bilan, bool gardable, QWidget *parent)
     : QDialog(parent), ui_(std::make_unique<Ui::FrmReste>()) {
-  constexpr int kLargeur = 64, kNom = 34, kLongueurNom = 200;  // in letters
+  constexpr int kLargeur = 84, kNom = 34, kLongueurNom = 200;  // in letters
+  constexpr int kLignes = 10;
   ui_->setupUi(this);
   const int lettre = fontMetrics().averageCharWidth();
-  ui_->LstBilan->setMinimumWidth(lettre * kLargeur);
+  ui_->LstBilan->setMinimumSize(lettre * kLargeur, fontMetrics().lineSpacing() * kLignes);
   GarderTaille(ui_->LstBilan);
   ui_->LblConstat->setText(bilan.constat);
   ui_->LblExplication->setText(bilan.explication);

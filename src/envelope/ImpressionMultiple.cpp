@@ -51,6 +51,15 @@ bool ImpressionMultiple::Confirmer(const QString &appareil, const SerieEnveloppe
                                                                 appareil)) == Boites::Reponse::Oui;
 }
 
+bool ImpressionMultiple::ConfirmerSuite(const QString &appareil, const EtatTirage &etat) {
+  if (appareil == etat.appareil) return true;
+  return session_.plateforme.boites.Question(
+             Boites::Titre(),
+             u"L'impression avait commencé sur « %1 ».\n\nImprimer la suite (%2) sur « %3 » ?"_s
+                 .arg(etat.appareil, CombienDEnveloppes(etat.Restantes()), appareil)) ==
+         Boites::Reponse::Oui;
+}
+
 std::unique_ptr<SuiviTirage> ImpressionMultiple::ChoisirReste() {
   while (auto suivi =
              SuiviTirage::Interrompu(session_.dossiers.AppPath, session_.dossiers.Base())) {
@@ -69,18 +78,20 @@ std::unique_ptr<SuiviTirage> ImpressionMultiple::ChoisirReste() {
 
 bool ImpressionMultiple::Reprendre(SuiviTirage &suivi) {
   const auto appareil = tirage_.Appareil();
-  if (!appareil) return false;
+  if (!appareil || !ConfirmerSuite(*appareil, suivi.Etat())) return false;
   const auto rendre = qScopeGuard([this, avant = zones_.Etat()] { zones_.Prendre(avant); });
   zones_.Prendre(suivi.Etat().enveloppe);
   return Mener(suivi, *appareil);
 }
 
 bool ImpressionMultiple::Mener(SuiviTirage &suivi, QString appareil) {
+  qsizetype ailleurs = 0;  // printed on another printer
   for (;;) {
+    if (appareil != suivi.Etat().appareil) ailleurs = suivi.Etat().faites;
     const FinEnvoi fin = Tirer(suivi, appareil);
     const BilanTirage bilan = Dresser(suivi.Etat(), fin);
     if (fin.EstFaite())
-      tirage_.Dire(fin.impression, suivi.Etat().faites, suivi.Etat().sansAdresse);
+      tirage_.Dire(fin.impression, suivi.Etat().faites - ailleurs, suivi.Etat().sansAdresse);
     else
       tirage_.DireArret(bilan.constat);
     if (bilan.EstEntier()) return true;

@@ -41,6 +41,8 @@ class ImpressionMultiple {
 
  private:
   bool Confirmer(const QString &appareil, const SerieEnveloppes &serie);
+  /// Asks before a run goes on elsewhere than where it has begun.
+  bool ConfirmerSuite(const QString &appareil, const EtatTirage &etat);
   /// Prints what is left of a run, again and again as long as its user wants the rest. False where
   /// there is a rest at the end.
   bool Mener(SuiviTirage &suivi, QString appareil);

@@ -112,14 +112,18 @@ void RelireRestants(EtatTirage &etat, const TableAdresse &table, const QString &
   const QList<Destinataire> restants = etat.destinataires.mid(etat.faites);
   for (Destinataire d : restants) {
     const auto fiche = table.Lire(d.cle);
-    if (!fiche || !EstVisible(fiche->DataProt, utilisateur)) {
-      etat.disparus.append(d.nom);
-      if (d.cle == restants.first().cle) etat.incertaine = false;
+    const bool visible = fiche && EstVisible(fiche->DataProt, utilisateur);
+    if (visible) {
+      d.nom = fiche->NomVelmira;
+      const AdresseComposee adresse = ComposerAdresse(AdresseSaisie::De(*fiche));
+      d.modifiee = adresse != std::exchange(d.adresse, adresse);
+    }
+    if (visible && !AdresseVide(d.adresse.chaine)) {
+      relus.append(d);
       continue;
     }
-    const AdresseComposee adresse = ComposerAdresse(AdresseSaisie::De(*fiche));
-    d.modifiee = adresse != std::exchange(d.adresse, adresse);
-    relus.append(d);
+    (visible ? etat.sansAdresse : etat.disparus).append(d.nom);
+    if (d.cle == restants.first().cle && !etat.EstUnDocument()) etat.incertaine = false;
   }
   etat.destinataires = relus;
 }

@@ -44,8 +44,9 @@ struct EtatTirage {
   bool EstUnDocument() const { return dUnTrait || appareil == Imprimante::NomPdf(); }
 };
 
-/// Reads again whoever is left: an address that has changed takes the place of the old one, and who
-/// is no longer there or not for this user's eyes is among the `disparus`. Throws `ErreurBase`.
+/// Reads again whoever is left: a name or an address that has changed takes the place of the old
+/// one, who has no address any more is among the `sansAdresse`, and who is no longer there or not
+/// for this user's eyes among the `disparus`. Throws `ErreurBase`.
 void RelireRestants(EtatTirage &etat, const TableAdresse &table, const QString &utilisateur);
 
 /// A run, and its file. No other run of the program offers it meanwhile. What fails at its file
