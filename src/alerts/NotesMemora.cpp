@@ -62,7 +62,8 @@ void NotesMemora::Lire(const QByteArray &octets) {
     RenommerFichier(chemin_, ecarte_);
     return;
   }
-  for (const QJsonValue &valeur : document.array()) {
+  const QJsonArray notes = document.array();
+  for (const auto valeur : notes) {
     NoteMemora note = Note(valeur.toObject());
     note.numero = NumeroLibre();
     if (PeutAjouter()) notes_.append(note);
