@@ -51,7 +51,7 @@ EtatEnveloppe Enveloppe(const QJsonValue &valeur) {
 
 QStringList Textes(const QJsonValue &valeur) {
   QStringList textes;
-  for (const QJsonValue &texte : valeur.toArray()) textes.append(texte.toString());
+  for (const QJsonValue texte : valeur.toArray()) textes.append(texte.toString());
   return textes;
 }
 
@@ -86,7 +86,7 @@ std::optional<EtatTirage> Lire(const QString &chemin) {
   etat.debut = QDateTime::fromString(lu[u"debut"].toString(), Qt::ISODate);
   etat.dUnTrait = lu[u"dUnTrait"].toBool();
   etat.enveloppe = Enveloppe(lu[u"enveloppe"]);
-  for (const QJsonValue &d : lu[u"destinataires"].toArray())
+  for (const QJsonValue d : lu[u"destinataires"].toArray())
     etat.destinataires.append(
         {d[u"cle"].toInteger(), d[u"nom"].toString(), Adresse(d[u"adresse"])});
   etat.sansAdresse = Textes(lu[u"sansAdresse"]);
