@@ -88,10 +88,9 @@ void FrmPlomex::PoserAnnulation() {
   // Whichever window it was asked for in.
   connect(&session_.base.LHistorique(), &Historique::Repris, this, [this](const Reprise &reprise) {
     const QString defaut = CheminDefaut(session_.dossiers.AppPath);
-    Ignorer([&] {
-      zones_.Reprendre(std::ranges::find(reprise.inverse.fichiers, defaut, &FichierSuivi::chemin) !=
-                       reprise.inverse.fichiers.end());
-    });
+    const auto &fichiers = reprise.inverse.fichiers;
+    const auto fichier = std::ranges::find(fichiers, defaut, &FichierSuivi::chemin);
+    Ignorer([&] { zones_.Reprendre(fichier == fichiers.end() ? nullptr : &*fichier); });
   });
 }
 

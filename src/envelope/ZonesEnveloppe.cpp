@@ -3,6 +3,7 @@
 #include "directory/Protection.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/VueEnveloppe.h"
+#include "platform/PageDeCode.h"
 #include "storage/Tables.h"
 #include "ui/Alignement.h"
 #include "ui/EtiquetteZone.h"
@@ -96,14 +97,18 @@ void ZonesEnveloppe::ChargerExpediteur() {
   EcrireExpediteur(*defaut, cle);
 }
 
-void ZonesEnveloppe::Reprendre(bool defaut) {
+void ZonesEnveloppe::Reprendre(const FichierSuivi *defaut) {
+  // Before the rows are followed: one that was the default sender may have changed with the file.
+  const bool remplace =
+      defaut != nullptr && defaut->avant.value_or("\r\n").startsWith(
+                               VersPageDeCode(etat_.ExpediteurCourant.chaine + u"\r\n"_s));
   Actualiser();
   for (const Cle cle : {expediteur_, expediteurMontre_}) {
     if (cle == 0) continue;
     const auto ligne = TableExpediteur(session_.base).Lire(cle);
     SuivreExpediteur(ligne ? ComposerAdresse(AdresseSaisie::De(*ligne)) : AdresseComposee(), cle);
   }
-  if (!defaut) return;
+  if (!remplace) return;
   EcrireExpediteur({}, 0);
   ChargerExpediteur();
 }

@@ -4,6 +4,7 @@
 #include "envelope/EtatEnveloppe.h"
 #include "envelope/MiseEnPage.h"
 #include "session/Session.h"
+#include "storage/Historique.h"
 #include "storage/Lignes.h"
 
 class VueEnveloppe;
@@ -49,9 +50,10 @@ class ZonesEnveloppe {
   /// What has become of a row: an empty address of one that has been deleted. The zone follows
   /// where it shows this sender.
   void SuivreExpediteur(const AdresseComposee &expediteur, Cle cle);
-  /// Rows have been taken back: shows those anew that stand in the zones, and the default sender
-  /// where that has come back too. Throws as `Actualiser` and `ChargerExpediteur` do.
-  void Reprendre(bool defaut);
+  /// Rows have been taken back: shows those anew that stand in the zones. `defaut` is the file of
+  /// the default sender where that has come back too, else null: he takes the place of the one who
+  /// was it until now, and of no other. Throws as `Actualiser` and `ChargerExpediteur` do.
+  void Reprendre(const FichierSuivi *defaut);
   /// Takes the default sender, if there is one. Throws `ErreurFichier` and `ErreurBase`.
   void ChargerExpediteur();
 
