@@ -20,6 +20,7 @@ CompteRendu::Lien CompteRendu::AuDossier(const QString &fichier) {
 CompteRendu::CompteRendu(QWidget *parent)
     : QWidget(parent), texte_(new EtiquetteElidee(this)), lien_(new EtiquetteLien(this)) {
   texte_->setObjectName(u"LblFait"_s);
+  texte_->CouperA(Qt::ElideMiddle);  // what was done stands before a name or behind it
   texte_->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   lien_->setObjectName(u"LblLien"_s);
   lien_->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -36,7 +36,7 @@ class CompteRendu : public QWidget {
   void Nommer(const QString &texte, const QString &lien);
 
   /// Shows a line in the place of the last one, and has it read out where the desktop reads. What
-  /// does not fit is cut with an ellipsis, the link never.
+  /// does not fit is cut in its middle, the link never.
   void Dire(const QString &texte, const Lien &lien,
             std::chrono::milliseconds duree = std::chrono::minutes(1));
   void Dire(const QString &texte) { Dire(texte, {}); }

@@ -47,7 +47,7 @@ QSize EtiquetteElidee::minimumSizeHint() const {
 
 void EtiquetteElidee::paintEvent(QPaintEvent *) {
   QPainter dessin(this);
-  const QString ligne = fontMetrics().elidedText(Ligne(), Qt::ElideRight, contentsRect().width());
+  const QString ligne = fontMetrics().elidedText(Ligne(), coupe_, contentsRect().width());
   style()->drawItemText(&dessin, contentsRect(), static_cast<int>(alignment() | Qt::TextSingleLine),
                         palette(), isEnabled(), ligne, foregroundRole());
   if (hasFocus()) DessinerFocus(*this);

@@ -13,6 +13,9 @@ class EtiquetteElidee : public QLabel {
  public:
   explicit EtiquetteElidee(QWidget *parent = nullptr);
 
+  /// Where a text that does not fit is cut: at its end, unless told otherwise.
+  void CouperA(Qt::TextElideMode coupe) { coupe_ = coupe; }
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
@@ -22,4 +25,6 @@ class EtiquetteElidee : public QLabel {
 
  private:
   QString Ligne() const;
+
+  Qt::TextElideMode coupe_ = Qt::ElideRight;
 };
