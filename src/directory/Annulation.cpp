@@ -11,6 +11,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QLayout>
 
 #include <utility>
 
@@ -20,11 +21,21 @@ namespace {
 
 using Sens = Historique::Sens;
 
-/// A command's name in a menu.
+/// A command's name in a menu. Cut within the name of a person, it keeps both quotes.
 QString Abrege(QString nom) {
-  constexpr qsizetype kMontres = 60;
-  if (nom.size() > kMontres) nom = nom.left(kMontres) + u'…';
+  constexpr qsizetype kDebut = 45, kFin = 15;
+  if (nom.size() > kDebut + kFin) nom = nom.left(kDebut) + u'…' + nom.right(kFin);
   return nom.replace(u'&', u"&&"_s);
+}
+
+/// At the foot of a window that has no line of its own; as high as nothing until it says something.
+CompteRendu *FaireLigne(const Plateforme &plateforme, QWidget &fenetre) {
+  auto *ligne = new CompteRendu(&fenetre);
+  ligne->Relier(plateforme, fenetre);
+  ligne->hide();
+  QObject::connect(ligne, &CompteRendu::Dit, ligne, &QWidget::setVisible);
+  fenetre.layout()->addWidget(ligne);
+  return ligne;
 }
 
 }  // namespace
@@ -33,12 +44,17 @@ Annulation::Annulation(Session &session, Fenetre fenetre)
     : QObject(fenetre.fenetre),
       session_(session),
       fenetre_(std::move(fenetre)),
+      fait_(fenetre_.fait != nullptr ? *fenetre_.fait
+                                     : *FaireLigne(session.plateforme, *fenetre_.fenetre)),
       annuler_(FaireAction(u"mnuAnnuler"_s, Qt::CTRL | Qt::Key_Z, Sens::Annuler)),
       retablir_(FaireAction(u"mnuRetablir"_s, Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Sens::Retablir)) {
   for (QWidget *champ : fenetre_.fenetre->findChildren<QWidget *>())
     if (champ->inherits("QLineEdit") || champ->inherits("QPlainTextEdit"))
       champ->installEventFilter(this);
-  connect(&session_.base.LHistorique(), &Historique::Change, this, &Annulation::Accorder);
+  connect(&session_.base.LHistorique(), &Historique::Change, this, [this] {
+    Accorder();
+    DireTropGrande();
+  });
   Accorder();
 }
 
@@ -48,8 +64,7 @@ QAction *Annulation::FaireAction(const QString &nom, const QKeySequence &touche,
   action->setShortcut(touche);
   action->setAutoRepeat(false);
   fenetre_.fenetre->addAction(action);
-  if (fenetre_.fait != nullptr)
-    connect(action, &QAction::triggered, fenetre_.fait, &CompteRendu::Effacer);
+  connect(action, &QAction::triggered, &fait_, &CompteRendu::Effacer);
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(action, [this, sens] { Reprendre(sens); });
   return action;
@@ -65,10 +80,13 @@ void Annulation::Accorder() {
   };
   accorder(annuler_, u"Ann&uler"_s, Sens::Annuler);
   accorder(retablir_, u"Ré&tablir"_s, Sens::Retablir);
-  if (tropGrande.isEmpty()) return;
-  annuler_->setText(u"Ann&uler : %1 (trop volumineux)"_s.arg(Abrege(tropGrande)));
-  if (fenetre_.fait != nullptr)
-    fenetre_.fait->Dire(u"Trop volumineux pour être annulé : "_s + tropGrande);
+  if (!tropGrande.isEmpty())
+    annuler_->setText(u"Ann&uler : %1 (trop volumineux)"_s.arg(Abrege(tropGrande)));
+}
+
+void Annulation::DireTropGrande() {
+  const QString &tropGrande = session_.base.LHistorique().TropGrande();
+  if (!tropGrande.isEmpty()) fait_.Dire(u"Trop volumineux pour être annulé : "_s + tropGrande);
 }
 
 void Annulation::Reprendre(Sens sens) {
@@ -93,9 +111,8 @@ void Annulation::Reprendre(Sens sens) {
 void Annulation::Dire(Sens sens, const Reprise &reprise) {
   const QString fait = sens == Sens::Annuler ? u"Annulé : "_s : u"Rétabli : "_s;
   const bool rien = reprise.inverse.EstVide(), partie = !reprise.laissees.isEmpty();
-  if (fenetre_.fait != nullptr)
-    fenetre_.fait->Dire((rien ? u"Rien n'a changé : "_s : fait) + reprise.inverse.nom +
-                        (partie && !rien ? u" (en partie)"_s : QString()));
+  fait_.Dire((rien ? u"Rien n'a changé : "_s : fait) + reprise.inverse.nom +
+             (partie && !rien ? u" (en partie)"_s : QString()));
   if (!partie) return;
   QStringList noms;
   for (const Laissee &laissee : reprise.laissees) noms.append(u"- "_s + Nommer(laissee));

@@ -25,10 +25,10 @@ class Annulation : public QObject {
     /// Shows what the table has now; the key is that of the one correspondent that has come back or
     /// changed, 0 for none and several.
     std::function<void(Cle)> apres = {};
-    CompteRendu *fait = nullptr;  ///< says what was done
+    CompteRendu *fait = nullptr;  ///< says what was done; null: one is laid at the foot
   };
 
-  /// Once the window has its fields, and its line is ready.
+  /// Once the window has its fields, and its line is ready; it has a layout where it has no line.
   Annulation(Session &session, Fenetre fenetre);
 
   QAction *mnuAnnuler() const { return annuler_; }
@@ -44,11 +44,13 @@ class Annulation : public QObject {
   QAction *FaireAction(const QString &nom, const QKeySequence &touche, Historique::Sens sens);
   /// The items say what they would do.
   void Accorder();
+  void DireTropGrande();
   void Dire(Historique::Sens sens, const Reprise &reprise);
   QString Nommer(const Laissee &laissee) const;
 
   Session &session_;
   Fenetre fenetre_;
+  CompteRendu &fait_;
   QAction *annuler_;
   QAction *retablir_;
 };
