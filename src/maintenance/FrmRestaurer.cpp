@@ -65,7 +65,7 @@ FrmRestaurer::FrmRestaurer(Session &session, Autour autour, QWidget *parent)
       ui_(std::make_unique<Ui::FrmRestaurer>()) {
   ui_->setupUi(this);
   ui_->TVEcarts->setModel(&ecarts_);
-  ui_->Partage->setSizes({420, 540});
+  ui_->Partage->setSizes({540, 420});
   for (QHeaderView *titres : {ui_->LstSauvegardes->header(), ui_->TVEcarts->header()})
     titres->setSectionsMovable(false);
   Brancher();
@@ -92,7 +92,10 @@ void FrmRestaurer::Remplir() {
       "changent beaucoup, %1."_s.arg(lieux.ailleurs.isEmpty()
                                          ? u"dans le répertoire « Sauvegardes » à côté d'elle"_s
                                          : u"dans « %1 »"_s.arg(QDir::toNativeSeparators(
-                                               DossierSauvegardes(lieux.ailleurs)))));
+                                               DossierSauvegardes(lieux.ailleurs)))) +
+      (lieux.EstAbsent() ? u" Ce répertoire est introuvable en ce moment : la clé ou le disque qui "
+                           "le porte n'est pas branché."_s
+                         : u""_s));
   ui_->LstSauvegardes->clear();
   for (const Sauvegarde &sauvegarde : ListerSauvegardes(lieux))
     Ajouter(sauvegarde, TexteDate(sauvegarde, session_.plateforme.langue),

@@ -181,12 +181,12 @@ QString SauvegarderDans(const QString &dossier, const QString &base, const QDate
   }
 }
 
-/// Throws where the chosen folder is not the one that was chosen: a stick is not in its place.
-void ExigerChoisi(const QString &dossier) {
-  if (EstDossier(DossierSauvegardes(dossier))) return;
+/// Throws where the chosen folder is not there.
+void ExigerChoisi(const LieuxSauvegardes &lieux) {
+  if (!lieux.EstAbsent()) return;
   throw ErreurFichier(
       PhraseEchec(u"Le répertoire des sauvegardes « %1 » n'a pas pu être ouvert"_s.arg(
-                      QDir::toNativeSeparators(dossier)),
+                      QDir::toNativeSeparators(lieux.ailleurs)),
                   {u"il est introuvable"_s,
                    u"Branchez la clé ou le disque qui le porte, ou choisissez un autre "
                    "répertoire dans le menu « Options »."_s},
@@ -221,6 +221,10 @@ QString LieuxSauvegardes::Ailleurs() const {
   // Without the word that makes a folder one of data.
   const QString lieu = QFileInfo(base).absolutePath().remove(NomDossierDonnees());
   return DossierSauvegardes(ailleurs) + u'/' + DebutNomFichier(lieu);
+}
+
+bool LieuxSauvegardes::EstAbsent() const {
+  return !ailleurs.isEmpty() && !EstDossier(DossierSauvegardes(ailleurs));
 }
 
 QList<Sauvegarde> ListerSauvegardes(const QString &dossier) {
@@ -271,7 +275,7 @@ SauvegardeFaite Sauvegarder(const LieuxSauvegardes &lieux, const QDateTime &main
   };
   try {
     if (lieux.ailleurs.isEmpty()) return {dans(lieux.Voisin()), {}};
-    ExigerChoisi(lieux.ailleurs);
+    ExigerChoisi(lieux);
     return {dans(lieux.Ailleurs()), {}};
   } catch (const Erreur &erreur) {
     if (lieux.ailleurs.isEmpty()) throw;

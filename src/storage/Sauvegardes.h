@@ -31,6 +31,8 @@ struct LieuxSauvegardes {
   QString Voisin() const;
   /// In the chosen folder, in one of its own for each base; empty where none is chosen.
   QString Ailleurs() const;
+  /// Whether the chosen folder is not the one that was chosen: its stick is not in its place.
+  bool EstAbsent() const;
 };
 
 /// What the user has chosen in the application folder; empty for none. Never fails.
