@@ -86,10 +86,23 @@ void Base::Fermer() {
   historique_->Vider();
 }
 
+void Base::SuivreFichier() {
+  if (!Ouverte() || transaction_ || auTravail_ > 0 || !connexion_->EstRemplacee()) return;
+  Base nouvelle;
+  nouvelle.Ouvrir(chemin_);
+  if (!nouvelle.Ouverte()) return;
+  prepares_.clear();
+  connexion_.swap(nouvelle.connexion_);
+  ++fichiers_;
+  Attendre(attente_);
+}
+
 qint64 Base::Changements() {
+  SuivreFichier();
   if (!Ouverte()) return 0;
+  constexpr int kBits = 32;  // bits of the engine's count, which begins anew with each file
   Requete requete(*this, u"PRAGMA data_version"_s);
-  return requete.Suivante() ? requete.Entier(0) : 0;
+  return requete.Suivante() ? (fichiers_ << kBits) + requete.Entier(0) : 0;
 }
 
 Base::Etat Base::LEtat() {
@@ -146,6 +159,7 @@ Attente::~Attente() {
 }
 
 Transaction::Transaction(Base &base) : base_(base), attente_(base, kAttente) {
+  base_.SuivreFichier();
   Requete(base_, u"BEGIN IMMEDIATE"_s).Executer();
   base_.transaction_ = true;
   if (base_.etape_ != nullptr && !base_.etape_->perdue)

@@ -72,8 +72,8 @@ class Base {
   /// Full path of the open file; empty while none is open.
   const QString &Chemin() const { return chemin_; }
 
-  /// A number that is another one once another connection has changed the file; 0 while none is
-  /// open. Throws `ErreurBase`.
+  /// A number that is another one once another connection has changed the file, or another file has
+  /// taken its place, which is gone on with; 0 while none is open. Throws `ErreurBase`.
   qint64 Changements();
 
   /// What another value of tells that the file is not what it was.
@@ -101,6 +101,9 @@ class Base {
   friend class Attente;
 
   void Verifier();
+  /// After a repair, say: another file bears the name now. Not while a statement is at work. Throws
+  /// `ErreurBase` where it cannot be opened, and keeps the open one.
+  void SuivreFichier();
   std::unique_ptr<QSqlQuery> Preparer(const QString &texte);
   void Garder(const QString &texte, std::unique_ptr<QSqlQuery> requete);
   void NoterEchec(const ErreurBase &erreur);
@@ -111,6 +114,8 @@ class Base {
   QString chemin_;
   /// Statements that wait for their next use; none while one is at work.
   std::unordered_map<QString, std::unique_ptr<QSqlQuery>> prepares_;
+  int auTravail_ = 0;                    ///< statements
+  qint64 fichiers_ = 0;                  ///< that have taken the place of the first one
   std::chrono::milliseconds attente_{};  ///< for a lock of another connection
   bool transaction_ = false;
   std::optional<ErreurBase> perte_;  ///< what the transaction was lost by
@@ -135,7 +140,8 @@ class Attente {
 
 /// What stands between its making and `Valider` is written whole or not at all. The write lock is
 /// taken at once, so that two users wait for each other at the beginning and never in the middle.
-/// One at a time on a base. Making it and `Valider` throw `ErreurBase`.
+/// One at a time on a base. It is on the file that bears the name when it is made, see
+/// `Base::Changements`. Making it and `Valider` throw `ErreurBase`.
 ///
 /// A statement that fails in it by anything but `Contrainte` loses it, since the engine may have
 /// taken everything back: that failure is thrown again by every further statement and by `Valider`,

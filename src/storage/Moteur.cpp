@@ -13,6 +13,7 @@
 #include <QVariant>
 
 #include <cerrno>
+#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -119,11 +120,10 @@ ErreurBase ErreurMoteur(const QSqlError &erreur, const QString &chemin) {
       erreur.databaseText().isEmpty() ? erreur.driverText() : erreur.databaseText();
   const QString detail = code.isEmpty() ? mots : u"%1 (%2)"_s.arg(mots, code);
   const GenreErreur genre = Genre(code.toInt());
-  const Panne panne =
-      code.toInt() == kRemplacee
-          ? Panne{u"une autre a été mise à sa place, par une réparation peut-être"_s,
-                  u"Relancez Velmira, qui ouvrira celle-ci."_s}
-          : PanneBase(genre);
+  const Panne panne = code.toInt() == kRemplacee
+                          ? Panne{u"son fichier a été déplacé, effacé ou remplacé"_s,
+                                  u"Vérifiez qu'il est à sa place, puis recommencez."_s}
+                          : PanneBase(genre);
   const QString intact =
       genre == GenreErreur::Endommagee ? QString() : u"Ce qui était enregistré est intact."_s;
   return ErreurBase(PhraseEchec(u"La base de données « %1 » n'a pas pu être lue ou écrite"_s.arg(
@@ -190,6 +190,12 @@ bool Connexion::ATable(const QString &nom) const {
   const bool la = requete->exec() && requete->next();
   if (requete->lastError().isValid()) throw ErreurMoteur(requete->lastError(), chemin_);
   return la;
+}
+
+bool Connexion::EstRemplacee() const {
+  int partie = 0;
+  return sqlite3_file_control(Poignee(), "main", SQLITE_FCNTL_HAS_MOVED, &partie) == SQLITE_OK &&
+         partie != 0 && QFileInfo::exists(chemin_);
 }
 
 sqlite3 *Connexion::Poignee() const {

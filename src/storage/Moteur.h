@@ -49,6 +49,9 @@ class Connexion {
   /// Whether the file has this table, as rows of its own: a view of this name may have no end.
   bool ATable(const QString &nom) const;
 
+  /// Whether another file bears its name now.
+  bool EstRemplacee() const;
+
   /// The engine's own handle of it, for what the toolkit does not offer.
   sqlite3 *Poignee() const;
 

@@ -7,9 +7,12 @@
 #include <QVariant>
 
 Requete::Requete(Base &base, const QString &texte)
-    : base_(base), texte_(texte), requete_(base.Preparer(texte)) {}
+    : base_(base), texte_(texte), requete_(base.Preparer(texte)) {
+  ++base_.auTravail_;
+}
 
 Requete::~Requete() {
+  --base_.auTravail_;
   if (liee_ || requete_->lastError().isValid()) return;
   // Reset: a statement that stands on a row would keep its lock.
   requete_->finish();

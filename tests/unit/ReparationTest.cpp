@@ -187,10 +187,12 @@ TEST_F(Reparation, Saine) {
   const uint proprietaire = QFileInfo(Chemin(kBase)).ownerId();
   Base autre;  // at rest it holds no lock
   autre.Ouvrir(Chemin(kBase));
+  const qint64 changements = autre.Changements();
   const auto bilan = Reparer();
   EXPECT_TRUE(Echec([&] {
                 Requete(autre, u"DELETE FROM Ville"_s).Executer();
-              }).contains(u"une autre a été mise à sa place"));
+              }).contains(u"déplacé, effacé ou remplacé"));
+  EXPECT_NE(autre.Changements(), changements);
   ASSERT_TRUE(bilan && bilan->Entier() && !bilan->endommagee);
   EXPECT_EQ(bilan->tables[2].gardees, 100);
   EXPECT_LT(bilan->apres, bilan->avant);
@@ -202,6 +204,12 @@ TEST_F(Reparation, Saine) {
   EXPECT_EQ(Lignes(kBase).value("#A00299#"), avant.value("#A00299#"));
   EXPECT_TRUE(TexteBilan(*bilan).contains(u"Villes et codes postaux : 100 lignes gardées sur 100"));
   EXPECT_TRUE(Reparer() && Existe(kCopie.chopped(4) + u"_2.mdb"_s)) << "never over another copy";
+  {
+    Transaction ecriture(autre);  // into the new file
+    Requete(autre, u"DELETE FROM Ville WHERE [Index]>99"_s).Executer();
+    ecriture.Valider();
+  }
+  EXPECT_EQ(Sql(kBase, u"SELECT COUNT(*) FROM Ville"_s), u"99"_s);
 }
 
 TEST_F(Reparation, Abimee) {
