@@ -207,6 +207,24 @@ QList<BilanTable> Compter(Base &base) {
   return tables;
 }
 
+/// An event without its type or its person would be in no list: both get a row with a name that
+/// tells so. Whether there was any.
+bool Renommer(Base &base) {
+  Transaction transaction(base);
+  const auto nommer = [&base](const QString &table, const QString &nom, const QString &cle,
+                              const QString &genre) {
+    return Requete(base,
+                   u"INSERT INTO %1 (ID, %2, Disponible) SELECT DISTINCT %3, '%4 ' || %3, 1 "
+                   "FROM ListeAlerte WHERE %3 BETWEEN 1 AND 2147483647 "  // no damaged key
+                   "AND %3 NOT IN (SELECT ID FROM %1)"_s.arg(table, nom, cle, genre))
+        .Executer();
+  };
+  const qint64 types = nommer(u"Alerte"_s, u"Type_alerte"_s, u"Alerte"_s, u"Évènement"_s);
+  const qint64 personnes = nommer(u"Listecoal"_s, u"Nom"_s, u"Nom"_s, u"Personne"_s);
+  transaction.Valider();
+  return types + personnes > 0;
+}
+
 /// Writes what was saved of the tables into an empty file of ours.
 class Ecriture {
  public:
@@ -295,8 +313,9 @@ class Travaux {
       Ecriture(base, sauvees_, Etape(avance_, kLue, kEcrite)).Executer();
     else if (!PrendreLignes(base, bilan_.ancienne))
       throw ErreurBase({}, GenreErreur::PlusRecente);
-    Exiger(base);
     bilan_.tables = Compter(base);
+    if (bilan_.endommagee) bilan_.renommes = Renommer(base);
+    Exiger(base);
   }
 
   /// What the engine refuses, it refuses to a file that the user does not know.
@@ -379,7 +398,13 @@ QString PhraseBilan(const BilanReparation &bilan) {
   if (!bilan.endommagee) return u"La base de données était saine ; elle a été compactée."_s;
   if (bilan.Entier())
     return u"La base de données était endommagée ; toutes ses lignes ont été gardées."_s;
-  return u"La base de données était endommagée ; ce qui pouvait en être lu a été gardé."_s;
+  const QString garde =
+      u"La base de données était endommagée ; ce qui pouvait en être lu a été gardé."_s;
+  if (!bilan.renommes) return garde;
+  return garde +
+         u" Des alertes y ont perdu leur nom : corrigez-les là où elles s'appellent « Personne » "
+         u"ou "
+         "« Évènement », suivi d'un numéro."_s;
 }
 
 QString TailleBilan(const BilanReparation &bilan) {

@@ -25,6 +25,7 @@ struct BilanReparation {
   QString ancienne;             ///< where the file as it was lies now
   bool endommagee = false;      ///< the engine could not read all of it
   qint64 avant = 0, apres = 0;  ///< sizes in bytes
+  bool renommes = false;        ///< events had lost their type or person: see `PhraseBilan`
   QList<BilanTable> tables;     ///< in the order of the format
 
   /// Whether every row was kept whole.

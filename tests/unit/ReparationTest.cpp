@@ -231,6 +231,7 @@ TEST_F(Reparation, DISABLED_TueeTroisCentsFois) {
 // A zeroed page is told with how many rows it may have held; a broken chain leaves its beginning.
 TEST_F(Reparation, CeQuiManque) {
   Remplir(300);
+  Sql(kBase, u"INSERT INTO ListeAlerte (Nom, Alerte, Date) VALUES (150, 9, '01/02/2026')"_s);
   QByteArray octets = Octets(kBase);
   const auto pages = PagesDesMarques(octets);
   const qsizetype page = *pages["#C00150#"].cbegin();
@@ -244,6 +245,10 @@ TEST_F(Reparation, CeQuiManque) {
   ASSERT_TRUE(bilan && bilan->endommagee && !bilan->Entier());
   EXPECT_EQ(bilan->tables[4].gardees + bilan->tables[4].perdues, 300);
   EXPECT_GT(bilan->tables[4].perdues, 0);
+  // An event without its person and its type is still there for its user.
+  EXPECT_EQ(Sql(kBase, u"SELECT Nom FROM Listecoal WHERE ID=150"_s), u"Personne 150"_s);
+  EXPECT_EQ(Sql(kBase, u"SELECT Type_alerte FROM Alerte"_s), u"Évènement 9"_s);
+  EXPECT_TRUE(TexteBilan(*bilan).contains(u"ont perdu leur nom"));
   EXPECT_GE(bilan->tables[0].incompletes, 1);
   EXPECT_EQ(bilan->tables[0].perdues, 0);
   EXPECT_TRUE(Sql(kBase, u"SELECT Commentaires FROM Adresse WHERE [Index]=299"_s)
