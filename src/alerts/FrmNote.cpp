@@ -6,6 +6,7 @@
 #include <QCloseEvent>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QScreen>
 #include <QTextDocument>
@@ -144,6 +145,15 @@ void FrmNote::closeEvent(QCloseEvent *evenement) {
 
 void FrmNote::contextMenuEvent(QContextMenuEvent *evenement) {
   emit MenuDemande(note_.numero, evenement->globalPos(), createStandardContextMenu());
+}
+
+void FrmNote::keyPressEvent(QKeyEvent *evenement) {
+  // For keyboards without the key of the menu, which the toolkit knows alone.
+  if (evenement->keyCombination() == (Qt::SHIFT | Qt::Key_F10))
+    emit MenuDemande(note_.numero, viewport()->mapToGlobal(cursorRect().bottomLeft()),
+                     createStandardContextMenu());
+  else
+    QPlainTextEdit::keyPressEvent(evenement);
 }
 
 bool FrmNote::event(QEvent *evenement) {

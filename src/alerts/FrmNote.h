@@ -33,11 +33,12 @@ class FrmNote : public QPlainTextEdit {
   void MasquageDemande(int numero);
   /// It has come to the front.
   void Activee(int numero);
-  /// Behind a right click; `texte` is the menu of the text, which goes after that.
+  /// Behind a right click or its keys; `texte` is the menu of the text, which goes after that.
   void MenuDemande(int numero, QPoint place, QMenu *texte);
 
  protected:
   void contextMenuEvent(QContextMenuEvent *evenement) override;
+  void keyPressEvent(QKeyEvent *evenement) override;
   void moveEvent(QMoveEvent *evenement) override;
   void resizeEvent(QResizeEvent *evenement) override;
   void closeEvent(QCloseEvent *evenement) override;

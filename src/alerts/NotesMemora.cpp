@@ -77,40 +77,43 @@ int NotesMemora::NumeroLibre() const {
   return numero;
 }
 
-void NotesMemora::Ecrire() const {
+void NotesMemora::Ecrire(const QList<NoteMemora> &notes) {
+  enRetard_ = true;
   QJsonArray tableau;
-  for (const NoteMemora &note : notes_) tableau.append(Objet(note));
+  for (const NoteMemora &note : notes) tableau.append(Objet(note));
   RemplacerFichier(chemin_, QJsonDocument(tableau).toJson());
+  notes_ = notes;
+  enRetard_ = false;
 }
 
 NoteMemora NotesMemora::Ajouter() {
   NoteMemora note;
   note.numero = NumeroLibre();
-  notes_.append(note);
-  Ecrire();
+  Ecrire(notes_ + QList{note});
   return note;
 }
 
 void NotesMemora::Changer(const NoteMemora &note) {
   const auto place = std::ranges::find(notes_, note.numero, &NoteMemora::numero);
-  if (place == notes_.end() || *place == note) return;
+  if (place == notes_.end() || (*place == note && !enRetard_)) return;
   *place = note;
-  Ecrire();
+  Ecrire(notes_);
 }
 
 void NotesMemora::Supprimer(int numero) {
   const auto place = std::ranges::find(notes_, numero, &NoteMemora::numero);
   if (place == notes_.end()) return;
-  supprimee_ = *place;
-  notes_.erase(place);
-  Ecrire();
+  const NoteMemora supprimee = *place;
+  QList<NoteMemora> reste = notes_;
+  reste.removeOne(supprimee);
+  Ecrire(reste);
+  supprimee_ = supprimee;
 }
 
 NoteMemora NotesMemora::Rendre() {
   NoteMemora note = *supprimee_;
   note.numero = NumeroLibre();
+  Ecrire(notes_ + QList{note});
   supprimee_.reset();
-  notes_.append(note);
-  Ecrire();
   return note;
 }

@@ -19,8 +19,8 @@ struct NoteMemora {
 };
 
 /// At most three. Every change stands on the disk when its verb returns, and the file is whole at
-/// every moment. A verb throws `ErreurFichier` where that fails; the notes are then as they were on
-/// the screen, and the next change tries again.
+/// every moment. A verb throws `ErreurFichier` where that fails. None is then added, deleted or
+/// given back; a change stays, and the next `Changer`, of whatever note, tries again.
 class NotesMemora {
  public:
   static constexpr int kMaximum = 3;
@@ -47,10 +47,11 @@ class NotesMemora {
 
  private:
   void Lire(const QByteArray &octets);
-  void Ecrire() const;
+  void Ecrire(const QList<NoteMemora> &notes);
   int NumeroLibre() const;
 
   QString chemin_, ecarte_;
   QList<NoteMemora> notes_;
+  bool enRetard_ = false;  ///< the last writing has failed
   std::optional<NoteMemora> supprimee_;
 };

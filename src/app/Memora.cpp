@@ -220,7 +220,10 @@ void Memora::Rendre() {
 }
 
 void Memora::Quitter() {
-  for (const auto &[numero, fenetre] : fenetres_) fenetre->Poser();
+  for (const auto &[numero, fenetre] : fenetres_) {
+    fenetre->Poser();
+    Garder(fenetre->Note());  // what could not be written before
+  }
   emit Termine();
 }
 

@@ -172,4 +172,13 @@ TEST_F(Vigilances, Notes) {
   EXPECT_EQ(notes.Notes().size(), 0);
   EXPECT_EQ(Octets(u"MemoraNotes.json.illisible"_s), "{ coup");
   EXPECT_EQ(notes.Ecarte(), Chemin(u"MemoraNotes.json.illisible"_s));
+  const NoteMemora a = notes.Ajouter();
+  QFile::remove(Chemin(u"MemoraNotes.json"_s));
+  QDir().mkdir(Chemin(u"MemoraNotes.json"_s));  // which no file can replace
+  EXPECT_FALSE(Echec([&] { notes.Supprimer(a.numero); }).isEmpty());
+  EXPECT_FALSE(Echec([&] { notes.Ajouter(); }).isEmpty());
+  EXPECT_TRUE(notes.Notes() == QList{a} && !notes.PeutRendre());
+  QDir().rmdir(Chemin(u"MemoraNotes.json"_s));
+  notes.Changer(a);
+  EXPECT_EQ(NotesMemora(Chemin()).Notes(), QList{a});
 }
