@@ -192,13 +192,20 @@ void FrmOptionsAnn::MontrerProchaines() {
 
 void FrmOptionsAnn::Rechercher() {
   LireOptions();
-  const BilanAlertes bilan = ChercherAlertes(TablesAlertes(session_.base).Personnes(),
-                                             session_.plateforme.horloge.Maintenant().date());
-  if (bilan.due)
-    session_.plateforme.coquille.Lancer(
-        CheminCompagnon(session_.dossiers.AppPath, Compagnon::Alertes));
+  const QString &appPath = session_.dossiers.AppPath;
+  Plateforme &plateforme = session_.plateforme;
+  const QDate jour = plateforme.horloge.Maintenant().date();
+  const QList<PersonneEvenements> personnes =
+      PersonnesVisibles(session_.base, plateforme.utilisateur);
+  const BilanAlertes bilan = ChercherAlertes(personnes, jour);
+  const Vigilance vigilance = Surveiller(
+      personnes, MemoireAlertes(appPath, session_.base.Chemin(), plateforme.utilisateur), jour);
+  if (!bilan.due)
+    plateforme.boites.Information(u"Pas d'alerte à ce jour. "_s);
+  else if (vigilance.EstVide())  // the companion would be silent
+    plateforme.boites.Information(TexteVues(vigilance.vues));
   else
-    session_.plateforme.boites.Information(u"Pas d'alerte à ce jour. "_s);
+    plateforme.coquille.Lancer(CheminCompagnon(appPath, Compagnon::Alertes));
   if (!bilan.sansDate.isEmpty()) SignalerSansDate(bilan.sansDate);
 }
 

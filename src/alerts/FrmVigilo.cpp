@@ -54,15 +54,6 @@ QList<Cle> Cles(const QTreeWidget &liste) {
   return cles;
 }
 
-QString TexteRien(int vues) {
-  const QString rien = u"Aucune alerte à ce jour."_s;
-  if (vues == 0) return rien;
-  return vues == 1
-             ? rien + u" Une alerte a déjà été vue ; elle reviendra le jour même."_s
-             : rien +
-                   u" %1 alertes ont déjà été vues ; elles reviendront le jour même."_s.arg(vues);
-}
-
 }  // namespace
 
 FrmVigilo::FrmVigilo(Boites &boites, const QLocale &langue)
@@ -105,7 +96,7 @@ void FrmVigilo::Montrer(const Vigilance &vigilance, QDate aujourdhui, const QStr
                         QString::number(aujourdhui.year()));
   ui_->LblReserve->setText(reserve);
   ui_->LblReserve->setVisible(!reserve.isEmpty());
-  ui_->LblRien->setText(TexteRien(vigilance.vues));
+  ui_->LblRien->setText((u"Aucune alerte à ce jour. "_s + TexteVues(vigilance.vues)).trimmed());
   ui_->LblRien->setVisible(vigilance.dues.isEmpty());
   ui_->LblManquees->setText(
       u"Manquées depuis le %1 :"_s.arg(vigilance.depuis.toString(u"dd/MM/yyyy"_s)));

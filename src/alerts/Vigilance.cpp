@@ -150,6 +150,14 @@ QList<Alerte> ProchainesAlertes(const QList<PersonneEvenements> &personnes, QDat
   return prochaines;
 }
 
+QString TexteVues(int vues) {
+  if (vues == 0) return u""_s;
+  return vues == 1
+             ? u"Une alerte a déjà été vue ; vue à l'avance, elle reviendra le jour même."_s
+             : u"%1 alertes ont déjà été vues ; celles qui l'ont été à l'avance reviendront le "
+               "jour même."_s.arg(vues);
+}
+
 QString TexteEcart(int dans) {
   switch (dans) {
     case -1:

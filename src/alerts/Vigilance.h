@@ -61,6 +61,8 @@ Vigilance Surveiller(const QList<PersonneEvenements> &personnes, const MemoireAl
 QList<Alerte> ProchainesAlertes(const QList<PersonneEvenements> &personnes, QDate aujourdhui,
                                 int jours);
 
+/// What has become of the due ones that are left out, as a sentence; empty where there is none.
+QString TexteVues(int vues);
 /// "aujourd'hui", "demain", "dans 5 jours", "hier", "il y a 3 jours".
 QString TexteEcart(int dans);
 /// "49 ans"; empty without an age.
