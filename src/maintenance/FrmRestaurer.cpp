@@ -33,6 +33,11 @@ QString TexteDate(const Sauvegarde &sauvegarde, const QLocale &langue) {
              : date + sauvegarde.quand.time().toString(u" HH:mm"_s);
 }
 
+void AlignerNombres(QTreeWidgetItem &ligne) {
+  for (const int colonne : {kTaille, kNombre})
+    ligne.setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
+}
+
 /// As wide as what stands in it, and a little more.
 void Elargir(QTreeView &vue, int colonne) {
   vue.resizeColumnToContents(colonne);
@@ -68,6 +73,9 @@ FrmRestaurer::FrmRestaurer(Session &session, Autour autour, QWidget *parent)
   ui_->Partage->setSizes({540, 420});
   for (QHeaderView *titres : {ui_->LstSauvegardes->header(), ui_->TVEcarts->header()})
     titres->setSectionsMovable(false);
+  ui_->LstSauvegardes->header()->setStretchLastSection(false);
+  ui_->LstSauvegardes->header()->setSectionResizeMode(kMotif, QHeaderView::Stretch);
+  AlignerNombres(*ui_->LstSauvegardes->headerItem());
   Brancher();
   Remplir();
 }
@@ -100,7 +108,7 @@ void FrmRestaurer::Remplir() {
   for (const Sauvegarde &sauvegarde : ListerSauvegardes(lieux))
     Ajouter(sauvegarde, TexteDate(sauvegarde, session_.plateforme.langue),
             TexteMotif(sauvegarde.motif));
-  for (const int colonne : {kDate, kMotif, kTaille}) Elargir(*ui_->LstSauvegardes, colonne);
+  for (const int colonne : {kDate, kTaille, kNombre}) Elargir(*ui_->LstSauvegardes, colonne);
   comptee_ = 0;
   if (!compte_.EnCours()) CompterSuivante();
   ui_->LstSauvegardes->setCurrentItem(ui_->LstSauvegardes->topLevelItem(0));
@@ -115,8 +123,7 @@ void FrmRestaurer::Ajouter(const Sauvegarde &sauvegarde, const QString &date,
                                 sauvegarde.octets, 1, QLocale::DataSizeTraditionalFormat)});
   ligne->setData(kDate, Qt::UserRole, sauvegarde.chemin);
   ligne->setToolTip(kDate, QDir::toNativeSeparators(sauvegarde.chemin));
-  for (const int colonne : {kTaille, kNombre})
-    ligne->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
+  AlignerNombres(*ligne);
 }
 
 void FrmRestaurer::CompterSuivante() {
