@@ -24,13 +24,23 @@ namespace {
 
 constexpr int kDate = 0, kMotif = 1, kTaille = 2, kNombre = 3;
 
-QString TexteDate(const Sauvegarde &sauvegarde, const QLocale &langue) {
+QString TexteDate(const Sauvegarde &sauvegarde, const QLocale &langue, const QString &heure) {
   const QDate jour = sauvegarde.quand.date();
   const QString date = langue.dayName(jour.dayOfWeek(), QLocale::ShortFormat) + u' ' +
                        jour.toString(u"dd/MM/yyyy"_s);
-  return sauvegarde.motif == MotifSauvegarde::Jour
-             ? date
-             : date + sauvegarde.quand.time().toString(u" HH:mm"_s);
+  return sauvegarde.motif == MotifSauvegarde::Jour ? date
+                                                   : date + sauvegarde.quand.time().toString(heure);
+}
+
+/// The dates of copies, with the seconds where the minutes do not tell them apart.
+QStringList TextesDates(const QList<Sauvegarde> &sauvegardes, const QLocale &langue) {
+  QStringList dates;
+  for (const Sauvegarde &sauvegarde : sauvegardes)
+    dates.append(TexteDate(sauvegarde, langue, u" HH:mm"_s));
+  const QStringList minutes = dates;
+  for (qsizetype i = 0; i < minutes.size(); ++i)
+    if (minutes.count(minutes[i]) > 1) dates[i] = TexteDate(sauvegardes[i], langue, u" HH:mm:ss"_s);
+  return dates;
 }
 
 void AlignerNombres(QTreeWidgetItem &ligne) {
@@ -105,9 +115,10 @@ void FrmRestaurer::Remplir() {
                            "le porte n'est pas branché."_s
                          : u""_s));
   ui_->LstSauvegardes->clear();
-  for (const Sauvegarde &sauvegarde : ListerSauvegardes(lieux))
-    Ajouter(sauvegarde, TexteDate(sauvegarde, session_.plateforme.langue),
-            TexteMotif(sauvegarde.motif));
+  const QList<Sauvegarde> sauvegardes = ListerSauvegardes(lieux);
+  const QStringList dates = TextesDates(sauvegardes, session_.plateforme.langue);
+  for (qsizetype i = 0; i < sauvegardes.size(); ++i)
+    Ajouter(sauvegardes[i], dates[i], TexteMotif(sauvegardes[i].motif));
   for (const int colonne : {kDate, kTaille, kNombre}) Elargir(*ui_->LstSauvegardes, colonne);
   comptee_ = 0;
   if (!compte_.EnCours()) CompterSuivante();
