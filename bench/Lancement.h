@@ -1,6 +1,7 @@
 #pragma once
 // The program run without a user.
 
+#include "Ecran.h"
 #include "app/Programme.h"
 #include "platform/linux/BoitesSysteme.h"
 #include "platform/linux/ClasseurSysteme.h"
@@ -48,10 +49,9 @@ class Lancement {
     void Apres(std::chrono::milliseconds delai, QObject *contexte,
                std::function<void()> action) override {
       constexpr std::chrono::milliseconds kDepart{1500};
-      if (delai <= kDepart)
-        action();
-      else
-        HorlogeSysteme::Apres(delai, contexte, std::move(action));
+      if (delai != kDepart) return HorlogeSysteme::Apres(delai, contexte, std::move(action));
+      AttendreLaPeinture();  // what is queued is done while the splash waits
+      action();
     }
   };
 

@@ -119,40 +119,50 @@ void Programme::Charger() {
   LireReglages(session_.dossiers.AppPath, session_.reglages);
   EntretenirDossier(session_.dossiers);
   OuvrirBase();
-  BalayerRestes(session_.dossiers, session_.plateforme.horloge.Maintenant());
 
   const qint32 taille = session_.reglages.rtcolor.TailleFenetre;
   places_ = std::make_unique<PlacesFenetres>(session_.dossiers.AppPath, taille);
   echelle_ = std::make_unique<EchelleProgramme>(taille);
   echelle_->Appliquer(depart_.get());  // which was there before its size was known
   velmira_ = std::make_unique<FrmVelmira>(session_);
-  plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
-  BrancherFenetres();
+  BrancherRepertoire();
   PoserCommandes();
   echelle_->Appliquer(velmira_.get());
-  echelle_->Appliquer(plomex_.get());
 }
 
-void Programme::BrancherFenetres() {
+template <typename Fenetre>
+void Programme::BrancherModules(Fenetre &fenetre) {
+  connect(&fenetre, &Fenetre::AlertesDemandees, this,
+          Garde(session_.plateforme.boites, [this, &fenetre] {
+            FrmOptionsAnn(session_, velmira_->LeRepertoire(), &fenetre).exec();
+          }));
+  connect(&fenetre, &Fenetre::FermetureDemandee, this, [this] { FermerPuis({}); });
+}
+
+void Programme::BrancherRepertoire() {
+  BrancherModules(*velmira_);
   connect(velmira_.get(), &FrmVelmira::EnveloppeDemandee, this, &Programme::VersEnveloppes);
   connect(velmira_.get(), &FrmVelmira::EnveloppesDeCategorieDemandees, this,
           Garde(session_.plateforme.boites,
                 [this](const QString &categorie) { VersEnveloppesDeCategorie(categorie); }));
-  connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
-  Boites &boites = session_.plateforme.boites;
-  const auto alertes = [this, &boites](QWidget *fenetre) {
-    return Garde(boites, [this, fenetre] {
-      FrmOptionsAnn(session_, velmira_->LeRepertoire(), fenetre).exec();
-    });
-  };
-  connect(velmira_.get(), &FrmVelmira::AlertesDemandees, this, alertes(velmira_.get()));
-  connect(plomex_.get(), &FrmPlomex::AlertesDemandees, this, alertes(plomex_.get()));
-  const auto fermer = [this] { FermerPuis({}); };
-  connect(velmira_.get(), &FrmVelmira::FermetureDemandee, this, fermer);
-  connect(plomex_.get(), &FrmPlomex::FermetureDemandee, this, fermer);
   // Only once everything is written: the next run reads it.
   connect(velmira_.get(), &FrmVelmira::RelanceDemandee, this,
           [this] { FermerPuis([this] { session_.plateforme.coquille.RelancerProgramme(); }); });
+}
+
+FrmPlomex &Programme::Enveloppes() {
+  if (plomex_) return *plomex_;
+  plomex_ = std::make_unique<FrmPlomex>(session_, velmira_->LeRepertoire());
+  connect(plomex_.get(), &FrmPlomex::RepertoireDemande, this, &Programme::VersRepertoire);
+  BrancherModules(*plomex_);
+  auto *menu = new MenuMemora(session_, plomex_.get());
+  plomex_->PoserMenuMemora(menu);
+  connect(memora_, &MenuMemora::Change, menu, &MenuMemora::MajCoches);
+  connect(menu, &MenuMemora::Change, memora_, &MenuMemora::MajCoches);
+  new CommandesAide(session_, plomex_->mnuAide(), plomex_.get());
+  echelle_->Appliquer(plomex_.get());
+  plomex_->Charger();  // last: a box may let others come here meanwhile
+  return *plomex_;
 }
 
 void Programme::PoserCommandes() {
@@ -175,20 +185,11 @@ void Programme::PoserCommandes() {
       std::make_unique<SelectionClasseur>(session_, velmira->Liste(), velmira->LeCompteRendu());
   connect(velmira, &FrmVelmira::ClasseurDemande, this,
           Garde(session_.plateforme.boites, [this] { classeur_->Commencer(); }));
-  PoserMenusMemora();
+  memora_ = new MenuMemora(session_, velmira);
+  velmira->PoserMenuMemora(memora_);
   new CommandesAide(session_, a.mnuAide, velmira);
-  new CommandesAide(session_, plomex_->mnuAide(), plomex_.get());
   new ToucheAide(session_.plateforme.boites, session_.plateforme.coquille,
                  session_.dossiers.AppPath, this);
-}
-
-void Programme::PoserMenusMemora() {
-  auto *repertoire = new MenuMemora(session_, velmira_.get());
-  auto *enveloppes = new MenuMemora(session_, plomex_.get());
-  velmira_->PoserMenuMemora(repertoire);
-  plomex_->PoserMenuMemora(enveloppes);
-  connect(repertoire, &MenuMemora::Change, enveloppes, &MenuMemora::MajCoches);
-  connect(enveloppes, &MenuMemora::Change, repertoire, &MenuMemora::MajCoches);
 }
 
 void Programme::OuvrirBase() {
@@ -210,10 +211,13 @@ void Programme::RendreMarques() {
 void Programme::MontrerPremiereFenetre() {
   pret_ = true;
   if (session_.reglages.plomex.Enveloppe && !voulue_)
-    MettreDevant(*plomex_);
+    MettreDevant(Enveloppes());
   else
     MettreDevant(*velmira_);
   depart_->hide();
+  balayage_ = std::make_unique<TravailDeFond>(
+      [dossiers = session_.dossiers, maintenant = session_.plateforme.horloge.Maintenant()](
+          const std::stop_token &) { BalayerRestes(dossiers, maintenant); });
   OuvrirFicheVoulue();
   if (session_.reglages.alarme.AlerteAvecProgramme)  // once the window has been painted
     session_.plateforme.horloge.Apres(500ms, this, [this] {
@@ -255,7 +259,7 @@ void Programme::PasserLentement() {
 }
 
 void Programme::VersEnveloppes(Cle fiche, const AdresseComposee &adresse) {
-  plomex_->MontrerAdresse(adresse, fiche);
+  Enveloppes().MontrerAdresse(adresse, fiche);
   PasserAuxEnveloppes();
 }
 
@@ -271,7 +275,7 @@ void Programme::VersEnveloppesDeCategorie(const QString &categorie) {
 }
 
 void Programme::PasserAuxEnveloppes() {
-  MettreDevant(*plomex_);
+  MettreDevant(Enveloppes());
   PasserLentement();
   velmira_->hide();
 }
@@ -279,7 +283,7 @@ void Programme::PasserAuxEnveloppes() {
 void Programme::VersRepertoire() {
   MettreDevant(*velmira_);
   PasserLentement();
-  plomex_->hide();
+  if (plomex_) plomex_->hide();
 }
 
 void Programme::FermerPuis(std::function<void()> suite) {
@@ -313,7 +317,7 @@ void Programme::Finir(const std::function<void()> &suite) {
   session_.base.Fermer();
   depart_->hide();
   velmira_->hide();
-  plomex_->hide();
+  if (plomex_) plomex_->hide();
   places_->Ecrire();
   if (suite) Signaler(session_.plateforme.boites, suite);
   emit Termine();

@@ -16,8 +16,10 @@ class EchelleProgramme;
 class FrmDepart;
 class FrmPlomex;
 class FrmVelmira;
+class MenuMemora;
 class PlacesFenetres;
 class SelectionClasseur;
+class TravailDeFond;
 struct AdresseComposee;
 
 class Programme : public QObject {
@@ -27,8 +29,8 @@ class Programme : public QObject {
   Programme(Plateforme &plateforme, const QString &appPath);
   ~Programme() override;
 
-  /// Shows the splash, finds the data, loads both main windows and plans the showing of one of
-  /// them. Gives false when the user has stopped the launch: the program then ends.
+  /// Shows the splash, finds the data, loads the directory window and plans the showing of the
+  /// first window. Gives false when the user has stopped the launch: the program then ends.
   bool Demarrer();
 
   /// Shows a record, in the directory at the front, and prepares its envelope where that is asked
@@ -41,11 +43,15 @@ class Programme : public QObject {
 
  private:
   void Charger();
-  /// What goes from one window to the other, and to the end.
-  void BrancherFenetres();
-  /// The commands that stand in the menus of the two windows and belong to neither.
+  /// The envelope window, made when it is first needed: it stays to the end.
+  FrmPlomex &Enveloppes();
+  /// What goes from the directory to the other window, and to the next run.
+  void BrancherRepertoire();
+  /// What goes from either window to what belongs to neither, and to the end.
+  template <typename Fenetre>
+  void BrancherModules(Fenetre &fenetre);
+  /// The commands that stand in the directory's menus and belong to other modules.
   void PoserCommandes();
-  void PoserMenusMemora();
   void MontrerPremiereFenetre();
   void OuvrirBase();
   void OuvrirFicheVoulue();
@@ -78,7 +84,9 @@ class Programme : public QObject {
   std::unique_ptr<FrmDepart> depart_;
   std::unique_ptr<FrmVelmira> velmira_;
   std::unique_ptr<FrmPlomex> plomex_;
+  MenuMemora *memora_ = nullptr;  ///< the directory's
   std::unique_ptr<SelectionClasseur> classeur_;
+  std::unique_ptr<TravailDeFond> balayage_;
   std::optional<FicheVoulue> voulue_;  ///< that is to be opened as soon as it can
   bool pret_ = false;                  ///< the windows have been shown
   bool fermeture_ = false;             ///< it has begun, and nothing stops it any more

@@ -222,8 +222,8 @@ void PanneauFiche::Montrer(const Correspondant &fiche, const Affichage &affichag
   ui_->LblAdresseR->setText(AdresseMontrable(fiche.AdresseImportee));
   MontrerCategories(fiche.Categories);
   montree_ = fiche.Index != 0;
+  MajAffichage();  // first: on a page that is seen each change lays it out anew
   MajAccueil();
-  MajAffichage();
 }
 
 void PanneauFiche::MontrerCategories(const QString &categories) {

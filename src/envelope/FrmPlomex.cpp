@@ -55,7 +55,7 @@ QList<QKeySequence> Touches(int raccourci) {
   return {QKeySequence(static_cast<Qt::Key>(Qt::Key_F5 + touche->place))};
 }
 
-std::unique_ptr<Ui::FrmPlomex> Preparer(FrmPlomex &fenetre) {
+std::unique_ptr<Ui::FrmPlomex> Dessiner(FrmPlomex &fenetre) {
   auto ui = std::make_unique<Ui::FrmPlomex>();
   ui->setupUi(&fenetre);
   return ui;
@@ -67,13 +67,13 @@ FrmPlomex::FrmPlomex(Session &session, Repertoire &repertoire)
     : session_(session),
       repertoire_(repertoire),
       imprimantes_(session.dossiers.AppPath),
-      ui_(Preparer(*this)),
+      ui_(Dessiner(*this)),
       zones_(session, etat_, ui_->Enveloppe) {
   RemplirBarre();
   ui_->Fait->Relier(session_.plateforme, *this);
   PoserAnnulation();
   Brancher();
-  Charger();
+  Preparer();
 }
 
 FrmPlomex::~FrmPlomex() {
@@ -119,7 +119,7 @@ void FrmPlomex::Brancher() {
   ui_->mnuversion->setText(u"Version "_s + QStringLiteral(VELMIRA_VERSION));
 }
 
-void FrmPlomex::Charger() {
+void FrmPlomex::Preparer() {
   for (const FormatEnveloppe &format : kFormatsEnveloppe)
     ui_->CboFormat->addItem(QString::fromUtf16(format.libelle));
   QFont chasseFixe;  // blanks make the columns of the list
@@ -133,6 +133,9 @@ void FrmPlomex::Charger() {
   ui_->CmdConfigure->setDefaultAction(ui_->mnuConfigure);
   ui_->CmdOptions->setDefaultAction(ui_->mnuOptions);
   ui_->LblVersion->setText(u"[Version "_s + QStringLiteral(VELMIRA_VERSION) + u']');
+}
+
+void FrmPlomex::Charger() {
   Signaler(session_.plateforme.boites, [this] { CompleterNoms(); });
   zones_.ViderAdresse();
   Signaler(session_.plateforme.boites, [this] { zones_.ChargerExpediteur(); });

@@ -32,6 +32,10 @@ class FrmPlomex : public QMainWindow {
   FrmPlomex(Session &session, Repertoire &repertoire);
   ~FrmPlomex() override;
 
+  /// Reads the names and the sender; to be called once, before it is shown. What fails is told in a
+  /// box, and the window goes without it.
+  void Charger();
+
   /// Shows an address, or the empty state for none: it becomes the current one. `fiche` is the key
   /// of the correspondent whom it was read of, whose later changes are shown.
   void MontrerAdresse(const AdresseComposee &adresse, Cle fiche);
@@ -60,7 +64,7 @@ class FrmPlomex : public QMainWindow {
 
  private:
   void PoserAnnulation();
-  void Charger();
+  void Preparer();
   /// Printer and fonts whose names the settings have cut get them whole, where the system has one
   /// such name only.
   void CompleterNoms();

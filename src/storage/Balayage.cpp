@@ -27,7 +27,7 @@ QFileInfoList Anciens(const QString &dossier, const QString &motif, const QDateT
   QFileInfoList entrees = QDir(dossier).entryInfoList(QDir::Files | QDir::Dirs | QDir::Hidden |
                                                       QDir::NoSymLinks | QDir::NoDotAndDotDot);
   entrees.removeIf([&](const QFileInfo &entree) {
-    return entree.lastModified() >= limite || !forme.match(entree.fileName()).hasMatch();
+    return !forme.match(entree.fileName()).hasMatch() || entree.lastModified() >= limite;
   });
   return entrees;
 }

@@ -38,6 +38,7 @@ class BoutonLegende : public QToolButton {
       : QToolButton(parent), legende_(Coupee(legende)) {
     setToolButtonStyle(Qt::ToolButtonIconOnly);
     setAutoRaise(true);  // the group has a ground
+    Mesurer();
   }
 
   int Lignes() const { return static_cast<int>(legende_.count(u'\n')) + 1; }
@@ -49,9 +50,9 @@ class BoutonLegende : public QToolButton {
 
   QSize Taille(bool legende) const {
     constexpr int kMarge = 5, kEcart = 4;
-    const QSize texte = legende ? fontMetrics().size(0, legende_) : QSize();
+    const int largeur = legende ? largeur_ : 0;
     const int hauteur = legende ? Lignes() * fontMetrics().lineSpacing() + kEcart : 0;
-    return {std::max(iconSize().width(), texte.width()) + 2 * kMarge,
+    return {std::max(iconSize().width(), largeur) + 2 * kMarge,
             iconSize().height() + hauteur + 2 * kMarge};
   }
 
@@ -63,8 +64,16 @@ class BoutonLegende : public QToolButton {
     option->text = legende_;
   }
 
+  void changeEvent(QEvent *evenement) override {
+    QToolButton::changeEvent(evenement);
+    if (evenement->type() == QEvent::FontChange) Mesurer();
+  }
+
  private:
+  void Mesurer() { largeur_ = fontMetrics().size(0, legende_).width(); }
+
   QString legende_;
+  int largeur_ = 0;  ///< of the caption: the bar asks for it at each change
 };
 
 BarreBoutons::BarreBoutons(QWidget *parent) : QWidget(parent), rangee_(new QHBoxLayout(this)) {
