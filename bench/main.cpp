@@ -253,16 +253,26 @@ int MemoireEnveloppes() {
   return dossier.Nombre() == kEnveloppes ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+/// How a row is measured.
+struct Facon {
+  int tours = 0;        ///< of a repetition, 0 for as many as it takes
+  bool montre = false;  ///< a half tells its time
+  int fois = 0;         ///< repetitions, 0 for as many as the command says
+};
+/// Of a row that takes a second or more.
+constexpr Facon kLongue{.tours = 1, .montre = true, .fois = 3};
+constexpr Facon kBreve{.tours = 1, .montre = true};
+
 /// A row of the table: its two halves have the same name but for what stands behind the last slash.
-/// `tours`: the turns of a repetition, 0 for as many as it takes. `montre`: a half tells its time.
 template <typename Velmira, typename Nu>
-void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, int tours = 0, bool montre = false) {
+void Ligne(const QString &nom, Velmira &&velmira, Nu &&nu, const Facon &facon = {}) {
   for (auto *mesure :
        {benchmark::RegisterBenchmark((nom + u"/Velmira"_s).toUtf8().constData(), velmira),
         benchmark::RegisterBenchmark((nom + u"/bare"_s).toUtf8().constData(), nu)}) {
     mesure->Unit(benchmark::kMillisecond);
-    if (tours > 0) mesure->Iterations(tours);
-    if (montre)
+    if (facon.tours > 0) mesure->Iterations(facon.tours);
+    if (facon.fois > 0) mesure->Repetitions(facon.fois);
+    if (facon.montre)
       mesure->UseManualTime();
     else
       mesure->UseRealTime();
@@ -295,9 +305,9 @@ void Inscrire(const std::map<Cle, Donnees> &toutes) {
     Ligne(
         u"Start, %1 correspondents"_s.arg(donnees.Nombre()),
         [&](State &etat) { MesurerDemarrage(etat, donnees, u"Velmira"_s); },
-        [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, 1, true);
+        [&](State &etat) { MesurerDemarrage(etat, donnees, u"bare"_s); }, kBreve);
   }
-  Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, 1, true);
+  Ligne(u"Print %1 envelopes"_s.arg(kEnveloppes), EnveloppesVelmira, EnveloppesNues, kLongue);
 }
 
 /// `ecrites` is for the rows that write: the others go on reading what they read at first.
@@ -307,19 +317,19 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
   Ligne(
       u"Type a key of the search, %1 names"_s.arg(kGrande),
       [&](State &etat) { TaperVelmira(etat, lues, debuts); },
-      [&](State &etat) { TaperNu(etat, lues, debuts); }, kNomsCherches * 4);
+      [&](State &etat) { TaperNu(etat, lues, debuts); }, {.tours = kNomsCherches * 4});
   Ligne(
       u"Search in everything, %1 correspondents"_s.arg(kGrande),
       [&](State &etat) { ChercherVelmira(etat, lues); },
-      [&](State &etat) { ChercherNu(etat, lues); }, 16);
+      [&](State &etat) { ChercherNu(etat, lues); }, {.tours = 4});
   Ligne(
       u"Rename a category, a tenth of %1"_s.arg(kGrande),
       [&](State &etat) { RenommerVelmira(etat, ecrites); },
-      [&](State &etat) { RenommerNu(etat, ecrites); }, 4);
+      [&](State &etat) { RenommerNu(etat, ecrites); }, {.tours = 2});
   Ligne(
       u"Save a record, %1 listed"_s.arg(kGrande),
       [&](State &etat) { EnregistrerVelmira(etat, ecrites); },
-      [&](State &etat) { EnregistrerNu(etat, ecrites); }, 16);
+      [&](State &etat) { EnregistrerNu(etat, ecrites); }, {.tours = 16});
   Ligne(
       u"Kept for undo: a save among %1"_s.arg(kGrande),
       [&](State &etat) { EcrireFiche(etat, ecrites, true); },
@@ -338,7 +348,8 @@ void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Do
           connus ? u"Import %1 that are known, gaps in a tenth"_s.arg(envoi.Nombre())
                  : u"Import %1 into an empty table"_s.arg(envoi.Nombre()),
           [&envoi, connus](State &etat) { ImporterVelmira(etat, envoi, connus); },
-          [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); }, 1, true);
+          [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); },
+          envoi.Nombre() == kGrande ? kLongue : kBreve);
     }
   const Envoi &grand = envois.at(kGrande);
   for (const bool connus : {false, true})
@@ -346,14 +357,14 @@ void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Do
         connus ? u"Kept for undo: import of %1 that are known, gaps in a tenth"_s.arg(kGrande)
                : u"Kept for undo: import of %1 into an empty table"_s.arg(kGrande),
         [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus, true); },
-        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus); }, 1, true);
+        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus); }, kLongue);
   const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
   Ligne(
       u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
-      [&](State &etat) { ExporterNu(etat, grande); }, 1, true);
+      [&](State &etat) { ExporterNu(etat, grande); }, kBreve);
   Ligne(
       u"Workbook of %1"_s.arg(kFiches), [&](State &etat) { ClasseurVelmira(etat, fiches); },
-      [&](State &etat) { ClasseurNu(etat, fiches); }, 1, true);
+      [&](State &etat) { ClasseurNu(etat, fiches); }, kBreve);
 }
 
 }  // namespace
