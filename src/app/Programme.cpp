@@ -26,6 +26,7 @@
 #include "ui/TravailDeFond.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QEventLoop>
 #include <QTimer>
 
@@ -110,24 +111,28 @@ bool Programme::Demarrer() {
     depart_->hide();
     return false;
   }
-  Charger();
-  session_.plateforme.horloge.Apres(1500ms, this, [this] { MontrerPremiereFenetre(); });
+  if (Charger())
+    session_.plateforme.horloge.Apres(1500ms, this, [this] { MontrerPremiereFenetre(); });
+  else
+    Finir([this] { CommandesBase::LancerReparation(session_); });
   return true;
 }
 
-void Programme::Charger() {
+bool Programme::Charger() {
   LireReglages(session_.dossiers.AppPath, session_.reglages);
   EntretenirDossier(session_.dossiers);
-  OuvrirBase();
+  if (!Ouvrir([this] { OuvrirBase(); })) return false;
 
   const qint32 taille = session_.reglages.rtcolor.TailleFenetre;
   places_ = std::make_unique<PlacesFenetres>(session_.dossiers.AppPath, taille);
   echelle_ = std::make_unique<EchelleProgramme>(taille);
   echelle_->Appliquer(depart_.get());  // which was there before its size was known
   velmira_ = std::make_unique<FrmVelmira>(session_);
+  if (!Ouvrir([this] { velmira_->OuvrirListe(); })) return false;
   BrancherRepertoire();
   PoserCommandes();
   echelle_->Appliquer(velmira_.get());
+  return true;
 }
 
 template <typename Fenetre>
@@ -192,13 +197,38 @@ void Programme::PoserCommandes() {
                  session_.dossiers.AppPath, this);
 }
 
+bool Programme::Ouvrir(const std::function<void()> &etape) {
+  bool suite = true;
+  Signaler(session_.plateforme.boites, [&] {
+    try {
+      etape();
+    } catch (const ErreurBase &erreur) {
+      if (erreur.Genre() != GenreErreur::Endommagee) throw;
+      if (!std::exchange(endommagee_, true)) suite = !ReparationVoulue();
+    }
+  });
+  return suite;
+}
+
+bool Programme::ReparationVoulue() {
+  const QString base = QDir::toNativeSeparators(session_.dossiers.Base());
+  if (session_.plateforme.boites.Question(
+          Boites::Titre(),
+          u"La base de données « %1 » est endommagée. La réparer maintenant ?"_s.arg(base)) !=
+      Boites::Reponse::Oui)
+    return false;
+  CommandesBase::ExigerReparation(session_);
+  return true;
+}
+
 void Programme::OuvrirBase() {
   try {
     session_.base.Ouvrir(session_.dossiers.Base());
   } catch (const ErreurBase &erreur) {
+    if (erreur.Genre() == GenreErreur::Endommagee) throw;
     session_.plateforme.boites.Critique(erreur.Texte());
   }
-  if (session_.base.Ouverte()) Signaler(session_.plateforme.boites, [this] { RendreMarques(); });
+  if (session_.base.Ouverte()) RendreMarques();
 }
 
 void Programme::RendreMarques() {
@@ -316,9 +346,9 @@ void Programme::Terminer() {
 void Programme::Finir(const std::function<void()> &suite) {
   session_.base.Fermer();
   depart_->hide();
-  velmira_->hide();
+  if (velmira_) velmira_->hide();
   if (plomex_) plomex_->hide();
-  places_->Ecrire();
+  if (places_) places_->Ecrire();
   if (suite) Signaler(session_.plateforme.boites, suite);
   emit Termine();
 }

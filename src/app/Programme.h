@@ -30,7 +30,8 @@ class Programme : public QObject {
   ~Programme() override;
 
   /// Shows the splash, finds the data, loads the directory window and plans the showing of the
-  /// first window. Gives false when the user has stopped the launch: the program then ends.
+  /// first window. Gives false when the user has stopped the launch: the program then ends. It has
+  /// ended already (`Termine`) when a damaged database is repaired first.
   bool Demarrer();
 
   /// Shows a record, in the directory at the front, and prepares its envelope where that is asked
@@ -42,7 +43,12 @@ class Programme : public QObject {
   void Termine();
 
  private:
-  void Charger();
+  /// False: the repair of the database is wanted, which begins once the program has ended.
+  bool Charger();
+  /// A step of the opening; what fails is told, and what comes after goes on with what there is.
+  /// The first that finds the database damaged offers its repair; false when that is wanted.
+  bool Ouvrir(const std::function<void()> &etape);
+  bool ReparationVoulue();
   /// The envelope window, made when it is first needed: it stays to the end.
   FrmPlomex &Enveloppes();
   /// What goes from the directory to the other window, and to the next run.
@@ -88,6 +94,7 @@ class Programme : public QObject {
   std::unique_ptr<SelectionClasseur> classeur_;
   std::unique_ptr<TravailDeFond> balayage_;
   std::optional<FicheVoulue> voulue_;  ///< that is to be opened as soon as it can
+  bool endommagee_ = false;            ///< the database, and the user knows it
   bool pret_ = false;                  ///< the windows have been shown
   bool fermeture_ = false;             ///< it has begun, and nothing stops it any more
 };

@@ -79,11 +79,6 @@ FrmVelmira::FrmVelmira(Session &session)
   appel_->Appliquer();
   Habiller(apparence_->LAspect());
   ChargerJour();
-  const bool ouverte = Signaler(session_.plateforme.boites, [this] {
-    changements_ = session_.base.Changements();
-    ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris);
-  });
-  if (!ouverte) changements_ = 0;
   connect(&session_.base.LHistorique(), &Historique::Repris, this, &FrmVelmira::SuivreReprise);
   Veiller(session_.plateforme.horloge, this, [this] {
     if (isActiveWindow()) ActualiserAuRepos();
@@ -92,6 +87,12 @@ FrmVelmira::FrmVelmira(Session &session)
 
 FrmVelmira::~FrmVelmira() {
   DebrancherEnfants(*this);
+}
+
+void FrmVelmira::OuvrirListe() {
+  const qint64 changements = session_.base.Changements();
+  ui_->Liste->Ouvrir(session_.reglages.rtcolor.OuvrirSurFavoris);
+  changements_ = changements;
 }
 
 void FrmVelmira::FaireCommandes() {

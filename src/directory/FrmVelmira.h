@@ -31,6 +31,10 @@ class FrmVelmira : public QMainWindow {
   explicit FrmVelmira(Session &session);
   ~FrmVelmira() override;
 
+  /// Fills the list from the database, once, before the window is shown. Throws `ErreurBase`, and
+  /// the list stays empty.
+  void OuvrirListe();
+
   /// What the other windows may ask of the directory.
   Repertoire &LeRepertoire() { return commandes_; }
 

@@ -33,6 +33,10 @@ ErreurFichier Introuvable(const QString &programme) {
       "Velmira, puis recommencez."_s.arg(QDir::toNativeSeparators(programme)));
 }
 
+QString Brikel(const Session &session) {
+  return session.dossiers.AppPath + u"/Brikel"_s;
+}
+
 }  // namespace
 
 CommandesBase::CommandesBase(Session &session, const Actions &actions, Programme programme,
@@ -292,12 +296,18 @@ void CommandesBase::Transferer() {
 
 void CommandesBase::Reparer() {
   if (!Accepte(u"Réparer et compacter la base de données ?"_s)) return;
-  const QString brikel = session_.dossiers.AppPath + u"/Brikel"_s;
-  Coquille &coquille = session_.plateforme.coquille;
-  if (!coquille.PeutLancer(brikel)) throw Introuvable(brikel);  // before the window has gone
-  programme_.fermerPuis([&coquille, brikel] {
-    if (!coquille.Lancer(brikel)) throw Introuvable(brikel);
-  });
+  ExigerReparation(session_);  // before the window has gone
+  programme_.fermerPuis([&session = session_] { LancerReparation(session); });
+}
+
+void CommandesBase::ExigerReparation(const Session &session) {
+  if (const QString brikel = Brikel(session); !session.plateforme.coquille.PeutLancer(brikel))
+    throw Introuvable(brikel);
+}
+
+void CommandesBase::LancerReparation(const Session &session) {
+  if (const QString brikel = Brikel(session); !session.plateforme.coquille.Lancer(brikel))
+    throw Introuvable(brikel);
 }
 
 void CommandesBase::Recuperer() {

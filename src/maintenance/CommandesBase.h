@@ -33,6 +33,11 @@ class CommandesBase : public QObject {
 
   CommandesBase(Session &session, const Actions &actions, Programme programme, QWidget *fenetre);
 
+  /// Starts the companion that repairs the base, which is closed by now. Throws `ErreurFichier`
+  /// where it cannot be started; so does the first, before anything is closed.
+  static void ExigerReparation(const Session &session);
+  static void LancerReparation(const Session &session);
+
  private:
   void ChangerLiaison();
   void ChangerChemin();
