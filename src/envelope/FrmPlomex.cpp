@@ -3,11 +3,10 @@
 #include "directory/Annulation.h"
 #include "directory/Repertoire.h"
 #include "envelope/CommandesCommentaire.h"
+#include "envelope/CommandesReglages.h"
 #include "envelope/ExpediteurDefaut.h"
 #include "envelope/FormatsEnveloppe.h"
 #include "envelope/FrmCarnet.h"
-#include "envelope/FrmConfigure.h"
-#include "envelope/FrmOptions.h"
 #include "envelope/FrmTaille.h"
 #include "envelope/FrmVueAV.h"
 #include "envelope/ImpressionMultiple.h"
@@ -18,7 +17,6 @@
 #include "help/Aide.h"
 #include "platform/Erreurs.h"
 #include "storage/Historique.h"
-#include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
 #include "ui/Debrancher.h"
@@ -36,7 +34,6 @@
 #include <QScopeGuard>
 
 #include <algorithm>
-#include <optional>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -105,9 +102,10 @@ void FrmPlomex::Brancher() {
   brancher(ui_->mnuMultiple, &FrmPlomex::ImprimerPlusieurs);
   brancher(ui_->mnuImprime, &FrmPlomex::Imprimer);
   brancher(ui_->mnuApercu, &FrmPlomex::Apercu);
-  brancher(ui_->mnuConfigure, &FrmPlomex::Configurer);
-  brancher(ui_->mnuOptions, &FrmPlomex::ChoisirOptions);
-  brancher(ui_->mnuVCP, &FrmPlomex::RelierVilles);
+  new CommandesReglages(session_, imprimantes_, etat_,
+                        {ui_->mnuConfigure, ui_->mnuOptions, ui_->mnuVCP},
+                        {this, [this] { tirage_->Oublier(); }, [this] { zones_.Reformater(); },
+                         [this] { MajEtiquettes(); }});
   commentaire_ = std::make_unique<CommandesCommentaire>(
       session_, etat_, ui_->Enveloppe->Commentaire(),
       CommandesCommentaire::Actions{ui_->mnuIns, ui_->mnuEfface, ui_->mnuG, ui_->mnus,
@@ -401,67 +399,6 @@ void FrmPlomex::Apercu() {
   apercu.exec();
   show();
   activateWindow();
-}
-
-void FrmPlomex::Configurer() {
-  const ReglagesPlomex avant = session_.reglages.plomex;
-  FrmConfigure dialogue(session_.plateforme, imprimantes_, avant,
-                        {etat_.LargeurEnv, etat_.HauteurEnv}, this);
-  const bool confirme = dialogue.exec() == QDialog::Accepted;
-  if (confirme) {
-    if (dialogue.Saisie().Imprimante != avant.Imprimante) tirage_->Oublier();
-    session_.reglages.plomex = dialogue.Saisie();
-    Signaler(session_.plateforme.boites, [&] { GarderPrise(avant, dialogue.ChoixPapier()); });
-  }
-  MajEtiquettes();  // a calibration stays, whatever becomes of the dialog
-}
-
-void FrmPlomex::GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier) {
-  const ReglagesPlomex &plomex = session_.reglages.plomex;
-  if (avant.Imprimante != plomex.Imprimante && ImpressionConfiguree(avant))
-    imprimantes_.Garder(avant, imprimantes_.PapierDe(avant.Imprimante));
-  imprimantes_.Garder(plomex, papier);
-}
-
-void FrmPlomex::ChoisirOptions() {
-  // The list of fonts takes its time on a system with many of them.
-  auto sablier = std::make_optional<Sablier>();
-  FrmOptions dialogue(
-      session_.plateforme.boites, session_.plateforme.polices.Familles(),
-      {session_.reglages.plomex, session_.reglages.LiaisonCP, session_.reglages.norme}, this);
-  sablier.reset();
-  if (dialogue.exec() != QDialog::Accepted) return;
-  session_.reglages.plomex = dialogue.Saisie().plomex;
-  session_.reglages.LiaisonCP = dialogue.Saisie().liaisonCP;
-  const ReglagesNorme norme = std::exchange(session_.reglages.norme, dialogue.Saisie().norme);
-  zones_.Reformater();
-  MajEtiquettes();
-  if (norme != session_.reglages.norme)
-    Signaler(session_.plateforme.boites,
-             [this] { EcrireNorme(session_.dossiers.AppPath, session_.reglages.norme); });
-  EcrireLiaison(session_.dossiers.AppPath, session_.reglages);
-}
-
-void FrmPlomex::RelierVilles() {
-  Boites &boites = session_.plateforme.boites;
-  boites.Information(
-      u"Vous n'avez pas à faire cette opération si vous n'avez pas réintègré les données de la "
-      "version 1.0.19 de Plomex'Print."_s);
-  if (boites.Question(
-          Boites::Titre(),
-          u"Voulez-vous recréer les liens entre villes et codes postaux (liens détruits "
-          "suite à une erreur dans la version 1.0.19) ?"_s) != Boites::Reponse::Oui)
-    return;
-  TableVille villes(session_.base);
-  if (villes.Toutes().isEmpty()) {
-    boites.Information(u"Aucune ville n'est enregistrée !"_s);
-    return;
-  }
-  {
-    const Acte acte(session_.base, u"liens entre villes et codes postaux"_s);
-    villes.Relier();
-  }
-  boites.Information(u"Opération terminée avec succès.\nVous n'aurez pas à la renouveler."_s);
 }
 
 bool FrmPlomex::event(QEvent *evenement) {

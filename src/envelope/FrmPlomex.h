@@ -95,11 +95,6 @@ class FrmPlomex : public QMainWindow {
 
   void Imprimer();
   void Apercu();
-  void Configurer();
-  /// Keeps what was confirmed for the printer, and what held for the one before.
-  void GarderPrise(const ReglagesPlomex &avant, PapierEnveloppe papier);
-  void ChoisirOptions();
-  void RelierVilles();
 
   Session &session_;
   Repertoire &repertoire_;
