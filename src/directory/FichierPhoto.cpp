@@ -6,6 +6,8 @@
 #include <QDir>
 #include <QFileInfo>
 
+using namespace Qt::StringLiterals;
+
 std::optional<QByteArray> LirePhoto(const QString &chemin) {
   constexpr qint64 kMaximum = 64 << 20;
   if (QFileInfo(chemin).size() > kMaximum) return std::nullopt;
@@ -20,4 +22,12 @@ bool PhotoDisparue(const QString &chemin) {
   Ignorer([&] { presente = EstPresent(chemin); });
   const QDir dossier = fichier.dir();
   return !presente && dossier.isReadable() && !dossier.isEmpty();
+}
+
+QString GenreImage(const QByteArray &octets) {
+  if (octets.startsWith("\xFF\xD8\xFF")) return u"jpg"_s;
+  if (octets.startsWith("\x89PNG\r\n")) return u"png"_s;
+  if (octets.startsWith("GIF8")) return u"gif"_s;
+  if (octets.startsWith("BM")) return u"bmp"_s;
+  return {};
 }

@@ -13,3 +13,7 @@ std::optional<QByteArray> LirePhoto(const QString &chemin);
 /// Whether a file has certainly gone for good: its folder is there, can be read and holds others.
 /// A disk that is not mounted leaves no folder, or an empty one.
 bool PhotoDisparue(const QString &chemin);
+
+/// What the name of a picture's file ends with, "jpg", "png", "gif" or "bmp", told by its first
+/// bytes; empty for what is none of these, which no window shows.
+QString GenreImage(const QByteArray &octets);

@@ -14,6 +14,13 @@ QString DepuisPageDeCode(const QByteArray &octets) {
   return QStringDecoder(kNom, QStringConverter::Flag::Stateless)(octets);
 }
 
+QString DepuisUtf8OuPageDeCode(const QByteArray &octets) {
+  using Forme = QStringConverter::Flag;
+  QStringDecoder utf8(QStringDecoder::Utf8, Forme::Stateless | Forme::ConvertInitialBom);
+  const QString texte = utf8(octets);
+  return utf8.hasError() ? DepuisPageDeCode(octets) : texte;
+}
+
 QByteArray VersPageDeCode(const QString &texte) {
   QStringEncoder convertisseur(kNom, QStringConverter::Flag::Stateless);
   QByteArray octets = convertisseur(texte);

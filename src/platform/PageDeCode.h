@@ -9,3 +9,6 @@ QString DepuisPageDeCode(const QByteArray &octets);
 
 /// A character that the page lacks becomes "?".
 QByteArray VersPageDeCode(const QString &texte);
+
+/// A text that may be in UTF-8: what is no such text is in the code page.
+QString DepuisUtf8OuPageDeCode(const QByteArray &octets);

@@ -1,0 +1,701 @@
+#include "exchange/LecteurCartes.h"
+
+#include "directory/FichierPhoto.h"
+#include "exchange/Contact.h"
+#include "platform/Erreurs.h"
+#include "platform/FluxOctets.h"
+#include "platform/PageDeCode.h"
+
+#include <QHash>
+#include <QStringDecoder>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qsizetype kCarteMax = 32 << 20;  ///< bytes of one card
+constexpr qsizetype kLignesMax = 2000;     ///< properties of one card
+constexpr QByteArrayView kDebut("BEGIN:VCARD"), kFin("END:VCARD");
+
+bool Est(QByteArrayView ligne, QByteArrayView quoi) {
+  return ligne.trimmed().compare(quoi, Qt::CaseInsensitive) == 0;
+}
+
+/// A line of a card, unfolded.
+struct Propriete {
+  QByteArray groupe, nom;  ///< the name in capitals
+  QList<std::pair<QByteArray, QByteArray>> parametres;
+  QByteArray valeur;
+  bool imbriquee = false;  ///< of a card within the card
+
+  QByteArray Parametre(const char *cherche) const {
+    for (const auto &[parametre, texte] : parametres)
+      if (parametre == cherche) return texte;
+    return {};
+  }
+  bool EstEnBase64() const {
+    const QByteArray codage = Parametre("ENCODING").toUpper();
+    return codage == "B" || codage == "BASE64";
+  }
+  bool EstImprimable() const {
+    return Parametre("ENCODING").compare("QUOTED-PRINTABLE", Qt::CaseInsensitive) == 0;
+  }
+};
+
+/// Where a sign stands outside quotes, or -1.
+qsizetype Place(QByteArrayView texte, char signe, qsizetype depuis = 0) {
+  bool cite = false;
+  for (qsizetype i = depuis; i < texte.size(); ++i) {
+    if (texte[i] == '"') cite = !cite;
+    if (texte[i] == signe && !cite) return i;
+  }
+  return -1;
+}
+
+/// A parameter; in version 2.1 its value may stand alone.
+std::pair<QByteArray, QByteArray> Parametre(QByteArrayView texte) {
+  const qsizetype egal = texte.indexOf('=');
+  const auto valeur = texte.sliced(egal + 1).trimmed().toByteArray().replace('"', "");
+  if (egal >= 0) return {texte.first(egal).trimmed().toByteArray().toUpper(), valeur};
+  const QByteArray seule = valeur.toUpper();
+  const bool codage = seule == "QUOTED-PRINTABLE" || seule == "BASE64" || seule == "8BIT" ||
+                      seule == "7BIT" || seule == "B";
+  return {codage ? "ENCODING" : "TYPE", valeur};
+}
+
+/// A line that is none of a card has no name.
+Propriete Decouper(QByteArrayView ligne) {
+  Propriete propriete;
+  const qsizetype deuxPoints = Place(ligne, ':');
+  if (deuxPoints < 0) {
+    propriete.valeur = ligne.toByteArray();
+    return propriete;
+  }
+  propriete.valeur = ligne.sliced(deuxPoints + 1).toByteArray();
+  const QByteArrayView tete = ligne.first(deuxPoints);
+  qsizetype fin = Place(tete, ';');
+  QByteArrayView nom = (fin < 0 ? tete : tete.first(fin)).trimmed();
+  if (const qsizetype point = nom.lastIndexOf('.'); point >= 0) {
+    propriete.groupe = nom.first(point).toByteArray().toLower();
+    nom = nom.sliced(point + 1);
+  }
+  propriete.nom = nom.toByteArray().toUpper();
+  while (fin >= 0) {
+    const qsizetype debut = fin + 1;
+    fin = Place(tete, ';', debut);
+    propriete.parametres.append(
+        Parametre(fin < 0 ? tete.sliced(debut) : tete.sliced(debut, fin - debut)));
+  }
+  return propriete;
+}
+
+struct Carte {
+  QList<Propriete> proprietes;
+  qsizetype ligne = 0;
+  QString refus;
+};
+
+/// Cuts a file into cards and their unfolded lines.
+class Decoupage {
+ public:
+  explicit Decoupage(const QString &chemin) : flux_(chemin) { Avancer(); }
+
+  bool Suivante(Carte &carte) {
+    while (presente_ && !Est(ligne_, kDebut)) Avancer();
+    if (!presente_) return false;
+    carte = {{}, numero_, {}};
+    taille_ = 0;
+    profondeur_ = 0;
+    Avancer();
+    while (Continuer(carte)) {
+    }
+    return true;
+  }
+
+  qint64 Lu() const { return flux_.Lu(); }
+  qint64 Taille() const { return flux_.Taille(); }
+
+ private:
+  /// Takes one line of the card; false behind its last one.
+  bool Continuer(Carte &carte) {
+    if (!presente_) return Refuser(carte, u"Elle est coupée par la fin du fichier."_s), false;
+    const bool dedans = profondeur_ > 0;
+    if (Est(ligne_, kDebut)) {
+      const bool agent = !carte.proprietes.isEmpty() && carte.proprietes.last().nom == "AGENT" &&
+                         carte.proprietes.last().valeur.trimmed().isEmpty();
+      if (!dedans && !agent)
+        return Refuser(carte, u"Elle est coupée par le début de la suivante."_s), false;
+      ++profondeur_;
+    } else if (Est(ligne_, kFin)) {
+      if (!dedans) return Avancer(), false;
+      --profondeur_;
+    } else {
+      Prendre(carte, Deplier());
+      return true;
+    }
+    Avancer();
+    return true;
+  }
+
+  void Prendre(Carte &carte, const QByteArray &ligne) {
+    taille_ += ligne.size();
+    if (taille_ > kCarteMax) Refuser(carte, u"Elle dépasse 32 Mo."_s);
+    if (carte.proprietes.size() >= kLignesMax) Refuser(carte, u"Elle dépasse 2000 lignes."_s);
+    // A refused one keeps its first lines, which name it.
+    if (!carte.refus.isEmpty() || ligne.trimmed().isEmpty()) return;
+    carte.proprietes.append(Decouper(ligne));
+    carte.proprietes.last().imbriquee = profondeur_ > 0;
+  }
+
+  static void Refuser(Carte &carte, const QString &raison) {
+    if (carte.refus.isEmpty()) carte.refus = raison;
+  }
+
+  void Avancer() {
+    ++numero_;
+    presente_ = flux_.Ligne(ligne_, kCarteMax);
+  }
+
+  bool EstSuite() const { return ligne_.startsWith(' ') || ligne_.startsWith('\t'); }
+
+  /// The line with those that go on with it.
+  QByteArray Deplier() {
+    QByteArray entiere = std::exchange(ligne_, {});
+    Avancer();
+    const qsizetype deuxPoints = Place(entiere, ':');
+    const QByteArray tete = entiere.first(deuxPoints < 0 ? entiere.size() : deuxPoints).toUpper();
+    if (deuxPoints >= 0 && tete.contains("QUOTED-PRINTABLE")) return DeplierImprimable(entiere);
+    const bool base64 = tete.contains("BASE64") || tete.contains("ENCODING=B");
+    while (presente_ && (EstSuite() || (base64 && EstBase64(ligne_)))) {
+      if (entiere.size() <= kCarteMax)
+        entiere += EstSuite() ? QByteArrayView(ligne_).sliced(1) : QByteArrayView(ligne_);
+      Avancer();
+    }
+    return entiere;
+  }
+
+  QByteArray DeplierImprimable(QByteArray entiere) {
+    while (presente_ && !Est(ligne_, kFin) && (entiere.endsWith('=') || EstSuite())) {
+      if (entiere.endsWith('=')) entiere.chop(1);
+      if (entiere.size() <= kCarteMax) entiere += ligne_;
+      Avancer();
+    }
+    return entiere;
+  }
+
+  /// Some programs do not fold what is in base64, and end it with an empty line.
+  static bool EstBase64(const QByteArray &ligne) {
+    return !ligne.isEmpty() && !ligne.contains(':');
+  }
+
+  FluxOctets flux_;
+  QByteArray ligne_;  ///< the next one
+  bool presente_ = true;
+  qsizetype numero_ = 0, taille_ = 0;
+  int profondeur_ = 0;  ///< of cards within the card
+};
+
+// The words that notes begin with.
+
+QString Libelle(const QByteArray &nom) {
+  static const QHash<QByteArray, QString> kLibelles{
+      {"NICKNAME", u"Surnom"_s},
+      {"TITLE", u"Fonction"_s},
+      {"ROLE", u"Profession"_s},
+      {"ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"X-ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"X-EVOLUTION-ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"X-KADDRESSBOOK-X-ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"DEATHDATE", u"Décès"_s},
+      {"BIRTHPLACE", u"Lieu de naissance"_s},
+      {"GENDER", u"Genre"_s},
+      {"TZ", u"Fuseau horaire"_s},
+      {"GEO", u"Position"_s},
+      {"LANG", u"Langue"_s},
+      {"RELATED", u"Relation"_s},
+      {"X-ABRELATEDNAMES", u"Relation"_s},
+      {"X-ABDATE", u"Date"_s},
+      {"X-SPOUSE", u"Conjoint"_s},
+      {"X-EVOLUTION-SPOUSE", u"Conjoint"_s},
+      {"X-KADDRESSBOOK-X-SPOUSENAME", u"Conjoint"_s},
+      {"X-MANAGER", u"Responsable"_s},
+      {"X-EVOLUTION-MANAGER", u"Responsable"_s},
+      {"X-KADDRESSBOOK-X-MANAGERSNAME", u"Responsable"_s},
+      {"X-ASSISTANT", u"Assistant"_s},
+      {"X-EVOLUTION-ASSISTANT", u"Assistant"_s},
+      {"X-KADDRESSBOOK-X-ASSISTANTSNAME", u"Assistant"_s},
+      {"X-MAIDENNAME", u"Nom de jeune fille"_s},
+      {"X-PHONETIC-FIRST-NAME", u"Prénom phonétique"_s},
+      {"X-PHONETIC-LAST-NAME", u"Nom phonétique"_s},
+      {"IMPP", u"Messagerie instantanée"_s},
+      {"X-AIM", u"AIM"_s},
+      {"X-ICQ", u"ICQ"_s},
+      {"X-JABBER", u"Jabber"_s},
+      {"X-MSN", u"MSN"_s},
+      {"X-YAHOO", u"Yahoo"_s},
+      {"X-SKYPE", u"Skype"_s},
+      {"X-SKYPE-USERNAME", u"Skype"_s},
+      {"X-GTALK", u"Google Talk"_s},
+      {"X-SOCIALPROFILE", u"Réseau social"_s},
+      {"SOCIALPROFILE", u"Réseau social"_s},
+      {"KEY", u"Clé"_s},
+      {"LOGO", u"Logo"_s},
+      {"SOUND", u"Son"_s},
+      {"PHOTO", u"Photo"_s},
+      {"FN", u"Nom complet"_s},
+      {"N", u"Nom"_s},
+      {"ORG", u"Société"_s},
+      {"ADR", u"Adresse"_s},
+      {"LABEL", u"Adresse"_s},
+      {"X-ABADR", u"Adresse"_s},
+      {"TEL", u"Téléphone"_s},
+      {"EMAIL", u"Adresse email"_s},
+      {"URL", u"Adresse web"_s},
+      {"BDAY", u"Né(e) le"_s},
+      {"NOTE", u"Note"_s},
+      {"CATEGORIES", u"Catégories"_s},
+      {"KIND", u"Sorte"_s},
+      {"MEMBER", u"Membre"_s},
+      {"SORT-STRING", u"Classé sous"_s},
+      {"X-EVOLUTION-FILE-AS", u"Classé sous"_s},
+      {"CALURI", u"Calendrier"_s},
+      {"FBURL", u"Disponibilités"_s},
+      {"X-ABLABEL", u"Libellé"_s},
+      {"", u"Ligne sans nom"_s}};
+  return kLibelles.value(nom, QString::fromLatin1(nom));
+}
+
+/// A label of a group: the common ones in French, the user's own as they are.
+QString LibelleDeGroupe(QString libelle) {
+  static const QHash<QString, QString> kConnus{{u"Anniversary"_s, u"Anniversaire de mariage"_s},
+                                               {u"Spouse"_s, u"Conjoint"_s},
+                                               {u"Partner"_s, u"Partenaire"_s},
+                                               {u"Mother"_s, u"Mère"_s},
+                                               {u"Father"_s, u"Père"_s},
+                                               {u"Parent"_s, u"Parent"_s},
+                                               {u"Brother"_s, u"Frère"_s},
+                                               {u"Sister"_s, u"Sœur"_s},
+                                               {u"Child"_s, u"Enfant"_s},
+                                               {u"Son"_s, u"Fils"_s},
+                                               {u"Daughter"_s, u"Fille"_s},
+                                               {u"Friend"_s, u"Ami"_s},
+                                               {u"Assistant"_s, u"Assistant"_s},
+                                               {u"Manager"_s, u"Responsable"_s}};
+  if (!libelle.startsWith(u"_$!<"_s) || !libelle.endsWith(u">!$_"_s)) return libelle;
+  libelle = libelle.sliced(4).chopped(4);
+  return kConnus.value(libelle, libelle);
+}
+
+/// What tells of the card and not of the person.
+bool EstTechnique(const Propriete &p) {
+  static const QList<QByteArray> kTechniques{
+      "VERSION", "PRODID", "REV", "UID", "PROFILE", "X-ABUID", "CLIENTPIDMAP", "X-MOZILLA-HTML"};
+  const auto vaut = [&p](const char *texte) {
+    return p.valeur.trimmed().compare(texte, Qt::CaseInsensitive) == 0;
+  };
+  return kTechniques.contains(p.nom) || (p.nom == "X-ABADR" && p.valeur.trimmed().size() == 2) ||
+         (p.nom == "KIND" && vaut("individual")) || (p.nom == "CLASS" && vaut("public"));
+}
+
+/// A date with its year; anything else is none.
+QDate Date(const QString &texte) {
+  const QString jour = texte.section(u'T', 0, 0).trimmed();
+  const QDate date = QDate::fromString(jour, u"yyyy-MM-dd"_s);
+  return date.isValid() ? date : QDate::fromString(jour, u"yyyyMMdd"_s);
+}
+
+/// "--03-22", "--0322": a day without its year, as it is read.
+QString JourSansAnnee(QString texte) {
+  if (!texte.startsWith(u"--"_s)) return texte;
+  const QDate date = Date(u"2000"_s + texte.mid(2).remove(u'-'));
+  return date.isValid() ? date.toString(u"dd/MM"_s) : texte;
+}
+
+/// Makes a contact of the lines of a card.
+class Traduction {
+ public:
+  explicit Traduction(const QList<Propriete> &proprietes) : proprietes_(proprietes) {
+    for (const Propriete &p : proprietes)
+      if (p.nom == "VERSION" && !p.imbriquee) ancienne_ = p.valeur.trimmed() == "2.1";
+    for (const Propriete &p : proprietes)
+      if (p.nom == "X-ABLABEL" && !p.imbriquee) libelles_.insert(p.groupe, Texte(p).trimmed());
+  }
+
+  Contact Traduire() {
+    for (const Propriete &p : proprietes_) {
+      if (p.imbriquee)
+        NoterImbriquee(p);
+      else if (!EstTechnique(p) && !Propre(p))
+        Placer(p);
+    }
+    for (const Propriete &p : proprietes_)
+      if (p.nom == "X-ABLABEL" && libelles_.contains(p.groupe) && !dits_.contains(p.groupe))
+        c_.autres.append({Libelle(p.nom), libelles_.take(p.groupe)});
+    return std::move(c_);
+  }
+
+ private:
+  using Regle = void (Traduction::*)(const Propriete &);
+
+  void Placer(const Propriete &p) {
+    static const QHash<QByteArray, Regle> kRegles{{"N", &Traduction::Nom},
+                                                  {"FN", &Traduction::NomComplet},
+                                                  {"ORG", &Traduction::Societe},
+                                                  {"ADR", &Traduction::Adresse},
+                                                  {"LABEL", &Traduction::Redite},
+                                                  {"X-ABADR", &Traduction::Redite},
+                                                  {"SORT-STRING", &Traduction::Redite},
+                                                  {"X-EVOLUTION-FILE-AS", &Traduction::Redite},
+                                                  {"TEL", &Traduction::Telephone},
+                                                  {"EMAIL", &Traduction::Courriel},
+                                                  {"URL", &Traduction::Site},
+                                                  {"BDAY", &Traduction::Naissance},
+                                                  {"NOTE", &Traduction::Note},
+                                                  {"CATEGORIES", &Traduction::Categories},
+                                                  {"PHOTO", &Traduction::Photo},
+                                                  {"AGENT", &Traduction::Agent},
+                                                  {"KIND", &Traduction::Sorte},
+                                                  {"X-ADDRESSBOOKSERVER-KIND", &Traduction::Sorte},
+                                                  {"X-ABSHOWAS", &Traduction::MontreComme},
+                                                  {"X-ABLABEL", &Traduction::Rien}};
+    (this->*kRegles.value(p.nom, &Traduction::Autre))(p);
+  }
+
+  // Texts.
+
+  static QString Decoder(const Propriete &p, const QByteArray &octets) {
+    const QByteArray jeu = p.Parametre("CHARSET");
+    if (!jeu.isEmpty() && jeu.compare("UTF-8", Qt::CaseInsensitive) != 0)
+      if (QStringDecoder decodeur(jeu.constData()); decodeur.isValid())
+        return decodeur.decode(octets);
+    return DepuisUtf8OuPageDeCode(octets);
+  }
+
+  static QByteArray Imprimes(const QByteArray &octets) {
+    QByteArray clair;
+    for (qsizetype i = 0; i < octets.size(); ++i) {
+      bool nombre = false;
+      const int code = octets[i] == '=' && i + 2 < octets.size()
+                           ? octets.sliced(i + 1, 2).toInt(&nombre, 16)
+                           : 0;
+      clair += nombre ? static_cast<char>(code) : octets[i];
+      if (nombre) i += 2;
+    }
+    return clair;
+  }
+
+  /// Version 2.1 hides separators only; a backslash before anything else is one in all versions.
+  QString SansBarres(const QString &texte, bool propre = false) const {
+    if (!texte.contains(u'\\')) return texte;
+    QString clair;
+    for (qsizetype i = 0; i < texte.size(); ++i) {
+      const QChar suite = texte[i] == u'\\' && i + 1 < texte.size() ? texte[i + 1] : QChar();
+      const bool separateur = suite == u',' || suite == u';' || suite == u':';
+      const bool saut = !ancienne_ && (suite == u'n' || suite == u'N');
+      if (saut)
+        clair += u'\n';
+      else if (propre && suite == u'r')
+        clair += u'\r';
+      else if (separateur || (!ancienne_ && suite == u'\\'))
+        clair += suite;
+      else {
+        clair += texte[i];
+        continue;
+      }
+      ++i;
+    }
+    return clair;
+  }
+
+  QString Brut(const Propriete &p) const {
+    if (p.EstEnBase64()) return Decoder(p, QByteArray::fromBase64(p.valeur));
+    return Decoder(p, p.EstImprimable() ? Imprimes(p.valeur) : p.valeur);
+  }
+
+  QString Texte(const Propriete &p) const {
+    return SansBarres(Brut(p)).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+  }
+
+  /// The parts of a value. What separates them stands in it before the bytes are decoded.
+  QStringList Parties(const Propriete &p, char separateur) const {
+    QStringList parties;
+    qsizetype debut = 0;
+    for (qsizetype i = 0; i <= p.valeur.size(); ++i) {
+      if (i + 1 < p.valeur.size() && p.valeur[i] == '\\') {
+        ++i;
+        continue;
+      }
+      if (i < p.valeur.size() && p.valeur[i] != separateur) continue;
+      Propriete partie;
+      partie.parametres = p.parametres;
+      partie.valeur = p.valeur.sliced(debut, i - debut);
+      parties.append(Texte(partie));
+      debut = i + 1;
+    }
+    return parties;
+  }
+
+  QStringList Types(const Propriete &p) const {
+    QStringList types;
+    for (const auto &[nom, valeur] : p.parametres)
+      if (nom == "TYPE")
+        for (const QString &type : QString::fromUtf8(valeur).split(u',', Qt::SkipEmptyParts))
+          types.append(type.isUpper() ? type.trimmed().toLower() : type.trimmed());
+    return types;
+  }
+
+  Usage UsageDe(const Propriete &p) {
+    const QStringList types = Types(p);
+    Usage usage;
+    for (const QString &type : types) Fondre(usage, ::UsageDe(type));
+    bool nombre = false;
+    const int rang = p.Parametre("PREF").toInt(&nombre);
+    if (nombre) usage.rang = rang;
+    if (types.contains(u"pref"_s, Qt::CaseInsensitive)) usage.rang = 1;
+    Fondre(usage, ::UsageDe(LibellePropre(p)));
+    return usage;
+  }
+
+  static void Fondre(Usage &usage, const Usage &autre) {
+    if (autre.lieu != Lieu::Aucun) usage.lieu = autre.lieu;
+    if (autre.genre != Usage::Genre::Ordinaire) usage.genre = autre.genre;
+    if (!autre.libelle.isEmpty()) usage.libelle = autre.libelle;
+  }
+
+  /// The label of the property's group, which is said then.
+  QString LibellePropre(const Propriete &p) {
+    const QString libelle = p.groupe.isEmpty() ? QString() : libelles_.value(p.groupe);
+    if (!libelle.isEmpty()) dits_.append(p.groupe);
+    return LibelleDeGroupe(libelle);
+  }
+
+  // Each property in its place.
+
+  void Nom(const Propriete &p) {
+    const QStringList parties = Parties(p, ';');
+    if (nomme_) return Noter(p, parties.join(u' ').simplified());
+    nomme_ = true;
+    c_.famille = parties.value(0);
+    c_.prenom = parties.value(1);
+    c_.autresPrenoms = parties.value(2);
+    c_.prefixe = parties.value(3);
+    c_.suffixe = parties.value(4);
+    for (const QString &partie : parties.mid(5)) Noter(p, partie);
+  }
+
+  void NomComplet(const Propriete &p) {
+    if (c_.complet.isEmpty())
+      c_.complet = Texte(p);
+    else
+      Redite(p);
+  }
+
+  void Societe(const Propriete &p) {
+    QStringList parties = Parties(p, ';');
+    if (!c_.societe.isEmpty()) return Noter(p, parties.join(u", "_s));
+    c_.societe = parties.takeFirst();
+    for (const QString &partie : std::as_const(parties))
+      if (!partie.trimmed().isEmpty()) c_.services.append(partie.trimmed());
+  }
+
+  void Adresse(const Propriete &p) {
+    const QStringList parties = Parties(p, ';');
+    c_.adresses.append({parties.value(1), parties.value(2), parties.value(0), parties.value(3),
+                        parties.value(4), parties.value(5), parties.value(6), UsageDe(p)});
+    for (const QString &partie : parties.mid(7)) Noter(p, partie);
+    if (const QByteArray etiquette = p.Parametre("LABEL"); !etiquette.isEmpty())
+      c_.redites.append({Libelle(p.nom), SansBarres(Decoder(p, etiquette))});
+  }
+
+  void Redite(const Propriete &p) { c_.redites.append({Libelle(p.nom), Texte(p)}); }
+
+  void Telephone(const Propriete &p) {
+    QString numero = Texte(p).trimmed();
+    if (numero.startsWith(u"tel:"_s, Qt::CaseInsensitive)) numero.remove(0, 4);
+    c_.numeros.append({numero, UsageDe(p)});
+  }
+
+  void Courriel(const Propriete &p) {
+    QString adresse = Texte(p).trimmed();
+    if (adresse.startsWith(u"mailto:"_s, Qt::CaseInsensitive)) adresse.remove(0, 7);
+    c_.courriels.append({adresse, UsageDe(p)});
+  }
+
+  void Site(const Propriete &p) { c_.sites.append({Texte(p), UsageDe(p)}); }
+
+  void Naissance(const Propriete &p) {
+    const QString texte = Texte(p).trimmed();
+    const QDate date = Date(texte);
+    if (!p.Parametre("X-APPLE-OMIT-YEAR").isEmpty() && date.isValid())
+      Noter(p, date.toString(u"dd/MM"_s));
+    else if (date.isValid() && !c_.naissance.isValid())
+      c_.naissance = date;
+    else
+      Noter(p, JourSansAnnee(texte));
+  }
+
+  void Note(const Propriete &p) {
+    if (c_.note.isEmpty())
+      c_.note = Texte(p);
+    else
+      Noter(p, Texte(p));
+  }
+
+  void Categories(const Propriete &p) { c_.categories += Parties(p, ','); }
+
+  void Sorte(const Propriete &p) {
+    c_.estSociete = Est(p.valeur, "org");
+    if (!c_.estSociete) Noter(p, Texte(p));
+  }
+
+  void MontreComme(const Propriete &p) {
+    if (Est(p.valeur, "company"))
+      c_.estSociete = true;
+    else
+      Noter(p, Texte(p));
+  }
+
+  void Rien(const Propriete &) {}
+
+  void Photo(const Propriete &p) {
+    QByteArray octets;
+    const qsizetype virgule = p.valeur.indexOf(',');
+    if (p.EstEnBase64())
+      octets = QByteArray::fromBase64(p.valeur);
+    else if (p.valeur.trimmed().startsWith("data:") &&
+             p.valeur.first(std::max(virgule, qsizetype{0})).contains("base64"))
+      octets = QByteArray::fromBase64(p.valeur.sliced(virgule + 1));
+    else
+      return Noter(p, Texte(p));
+    const QString genre = GenreImage(octets);
+    if (octets.isEmpty()) return;
+    if (genre.isEmpty() || c_.photo)
+      Noter(p, u"%1, %2 octets, non reprise"_s.arg(
+                   genre.isEmpty() ? u"image d'une forme inconnue"_s : u"autre image"_s,
+                   QString::number(octets.size())));
+    else
+      c_.photo = PhotoImportee{octets, genre};
+  }
+
+  /// Whatever else; of bytes that are no text only that they are there.
+  void Autre(const Propriete &p) {
+    if (p.EstEnBase64() && !p.valeur.trimmed().isEmpty())
+      return Noter(p, u"%1 octets, non repris"_s.arg(QByteArray::fromBase64(p.valeur).size()));
+    Noter(p, Texte(p));
+  }
+
+  /// Labelled by its group's label, or by its name and use.
+  void Noter(const Propriete &p, const QString &texte) {
+    QString libelle = LibellePropre(p);
+    if (libelle.isEmpty()) {
+      QStringList types;
+      for (const QString &type : Types(p)) {
+        const Usage usage = ::UsageDe(type);
+        if (usage.lieu == Lieu::Domicile) types.append(u"domicile"_s);
+        if (usage.lieu == Lieu::Travail) types.append(u"travail"_s);
+        if (!usage.libelle.isEmpty()) types.append(usage.libelle);
+      }
+      libelle = Libelle(p.nom);
+      if (!types.isEmpty()) libelle += u" (%1)"_s.arg(types.join(u", "_s));
+    }
+    c_.autres.append({libelle, texte});
+  }
+
+  void Agent(const Propriete &p) {
+    const QString texte = Texte(p);
+    if (!texte.startsWith(kDebutAgent, Qt::CaseInsensitive)) return Noter(p, texte);
+    for (const QString &ligne : texte.split(u'\n')) NoterImbriquee(Decouper(ligne.toUtf8()));
+  }
+
+  void NoterImbriquee(const Propriete &p) {
+    static const QList<QByteArray> kBornes{"BEGIN", "END"};
+    if (EstTechnique(p) || kBornes.contains(p.nom)) return;
+    QStringList parties = Parties(p, ';');
+    parties.removeAll(QString());
+    const bool octets = p.EstEnBase64();
+    c_.autres.append(
+        {u"Agent, %1"_s.arg(Libelle(p.nom)),
+         octets ? u"%1 octets, non repris"_s.arg(p.valeur.size()) : parties.join(u", "_s)});
+  }
+
+  /// A column that a program of ours has written whole.
+  bool Propre(const Propriete &p) {
+    static const QHash<QByteArray, std::size_t> kOrdinaux = [] {
+      QHash<QByteArray, std::size_t> ordinaux;
+      for (std::size_t i = 1; i < kNombreColonnes<Correspondant>; ++i)
+        ordinaux.insert(NomPropre(i), i);
+      return ordinaux;
+    }();
+    const auto ordinal = kOrdinaux.constFind(p.nom);
+    if (ordinal == kOrdinaux.cend()) return false;
+    const QString texte = SansBarres(Brut(p), true);
+    Correspondant essai;
+    if (!LireColonne(essai, *ordinal, texte)) return false;
+    c_.colonnes.insert(*ordinal, texte);
+    return true;
+  }
+
+  static constexpr QStringView kDebutAgent = u"BEGIN:VCARD";
+
+  const QList<Propriete> &proprietes_;
+  Contact c_;
+  QHash<QByteArray, QString> libelles_;  ///< of the groups
+  QList<QByteArray> dits_;               ///< groups whose label has been used
+  bool ancienne_ = false;                ///< version 2.1
+  bool nomme_ = false;
+};
+
+class LecteurCartes : public SourcePersonnes {
+ public:
+  LecteurCartes(const QString &chemin, UsagesReprise &&usages)
+      : chemin_(chemin), usages_(std::move(usages)), decoupage_(chemin) {}
+
+  std::optional<PersonneImportee> Suivante() override {
+    Carte carte;
+    if (!decoupage_.Suivante(carte)) return std::nullopt;
+    PersonneImportee personne = PersonneDe(Traduction(carte.proprietes).Traduire(), usages_);
+    personne.origine = {chemin_, ++rang_, carte.ligne};
+    if (!carte.refus.isEmpty()) personne.refus = carte.refus;
+    return personne;
+  }
+
+  qsizetype Lu() const override { return decoupage_.Lu(); }
+  qsizetype Taille() const override { return decoupage_.Taille(); }
+
+ private:
+  const QString chemin_;
+  const UsagesReprise usages_;
+  Decoupage decoupage_;
+  qsizetype rang_ = 0;
+};
+
+}  // namespace
+
+bool SontDesCartes(QByteArrayView debut) {
+  while (!debut.isEmpty()) {
+    const qsizetype fin =
+        std::find_if(debut.begin(), debut.end(), [](char c) { return c == '\n' || c == '\r'; }) -
+        debut.begin();
+    if (Est(debut.first(fin), kDebut)) return true;
+    debut = debut.sliced(std::min(fin + 1, debut.size()));
+  }
+  return false;
+}
+
+std::unique_ptr<SourcePersonnes> OuvrirCartes(const QString &chemin, UsagesReprise usages) {
+  return std::make_unique<LecteurCartes>(chemin, std::move(usages));
+}
+
+PersonneImportee LireCarte(const QByteArrayList &lignes, const UsagesReprise &usages) {
+  QList<Propriete> proprietes;
+  for (const QByteArray &ligne : lignes) proprietes.append(Decouper(ligne));
+  return PersonneDe(Traduction(proprietes).Traduire(), usages);
+}
+
+QByteArray NomPropre(std::size_t ordinal) {
+  return "X-VELMIRA-" +
+         QString::fromUtf16(NomsColonnes<Correspondant>()[ordinal]).toLatin1().toUpper();
+}
