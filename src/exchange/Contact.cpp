@@ -199,6 +199,7 @@ class Redaction {
     if (c_.estSociete || (liste.isEmpty() && (c_.complet.isEmpty() || memeSociete))) {
       const QString nom = !societe.isEmpty() ? societe : c_.complet.isEmpty() ? liste : c_.complet;
       NomEtLigne(nom, nom);
+      nomme_ = !societe.isEmpty();
       NoterNom(!liste.isEmpty() && nom != liste);
     } else if (liste.isEmpty()) {
       NomEtLigne(NomPourListe(c_.complet, usages_.titres), c_.complet);
@@ -207,7 +208,6 @@ class Redaction {
       NomEtLigne(liste, Assembler({c_.prefixe, c_.prenom, c_.famille, c_.suffixe}, u" "_s));
     }
     Noter(u"Autres prénoms"_s, c_.autresPrenoms);
-    nomme_ = EnCapitales(f_.NomVelmira) == EnCapitales(societe);
     c_.redites.prepend({u"Nom complet"_s, c_.complet});
   }
 
@@ -251,6 +251,7 @@ class Redaction {
     if (choisie != c_.adresses.end()) {
       AdresseContact adresse = *choisie;
       c_.adresses.erase(choisie);
+      Noter(u"Libellé de l'adresse"_s, adresse.usage.libelle);
       Situer(adresse);
       derriere = Lignes(adresse.complement) + Lignes(adresse.rue) + Lignes(adresse.boitePostale);
     }
@@ -433,8 +434,10 @@ bool Prendre(const QString &texte, bool &champ) {
 bool Prendre(const QString &texte, int &champ) {
   bool nombre = false;
   const int n = texte.toInt(&nombre);
-  if (nombre && n >= 0 && n <= 255) champ = n;
-  return nombre || texte.isEmpty();
+  constexpr int kOctet = 255;
+  const bool pris = texte.isEmpty() || (nombre && n >= 0 && n <= kOctet);
+  if (pris) champ = n;
+  return pris;
 }
 bool Prendre(const QString &, Cle &) {
   return false;

@@ -241,6 +241,7 @@ QString Libelle(const QByteArray &nom) {
       {"X-GTALK", u"Google Talk"_s},
       {"X-SOCIALPROFILE", u"Réseau social"_s},
       {"SOCIALPROFILE", u"Réseau social"_s},
+      {"AGENT", u"Agent"_s},
       {"KEY", u"Clé"_s},
       {"LOGO", u"Logo"_s},
       {"SOUND", u"Son"_s},
