@@ -93,8 +93,8 @@ const QHash<QString, Champ> &EntetesConnus() {
       {Champ::Naissance,
        u"birthday|birth date|birthdate|date of birth|date de naissance|naissance|ne e le|ne le"
        "|anniversaire"},
-      {Champ::JourNaissance, u"birth day|jour de naissance"},
-      {Champ::MoisNaissance, u"birth month|mois de naissance"},
+      {Champ::JourNaissance, u"birth day|jour de naissance|jour"},
+      {Champ::MoisNaissance, u"birth month|mois de naissance|mois"},
       {Champ::AnneeNaissance, u"birth year|annee de naissance"},
       {Champ::Note, u"notes|note|remarques|commentaires|comments|memo"},
       {Champ::Categories,
@@ -102,6 +102,7 @@ const QHash<QString, Champ> &EntetesConnus() {
       {Champ::Reglage,
        u"priority|priorite|private|prive|sensitivity|critere de diffusion|gender|sexe|anniversary"
        "|anniversaire de mariage ou fete"},
+      {Champ::Region, u"pays etat"},
       {Champ::Notes, u"location|lieu|office location|emplacement|bureau"},
   });
   return kConnus;
@@ -124,7 +125,7 @@ constexpr std::array kMots{
     MotDeChamp{Champ::BoitePostale, u"box|bp"},
     MotDeChamp{Champ::Complement, u"extended|complement"},
     MotDeChamp{Champ::Redite, u"formatted"},
-    MotDeChamp{Champ::CodePostal, u"zip|zipcode|postal|postcode|cp"},
+    MotDeChamp{Champ::CodePostal, u"zip|zipcode|postal|post|postcode|cp"},
     MotDeChamp{Champ::Pays, u"country|pays"},
     MotDeChamp{Champ::Region, u"state|region|province|etat|dep|county|departement"},
     MotDeChamp{Champ::Ville, u"city|ville|town|localite|commune"},
@@ -162,9 +163,13 @@ class Reconnaissance {
     const bool fonction = plie == u"titre"_s && vus_.contains(plie);
     if (fonction) return {};
     if (plie == u"nom"_s && !prenom_) return {Champ::Complet};
-    if (const auto connu = EntetesConnus().constFind(plie); connu != EntetesConnus().cend())
-      return {*connu};
-    return ParMots(plie);
+    const auto connu = EntetesConnus().constFind(plie);
+    Destination d = connu == EntetesConnus().cend() ? ParMots(plie) : Destination{*connu};
+    // A part that says nothing belongs to the address in front of it.
+    if (!EstAdresse(d.champ) || d.groupe > 0) return d;
+    if (d.lieu == Lieu::Aucun) d.lieu = dernier_;
+    dernier_ = d.lieu;
+    return d;
   }
 
   Destination ParMots(const QString &plie) {
@@ -207,6 +212,7 @@ class Reconnaissance {
 
   QStringList plies_, groupes_;
   QSet<QString> vus_;
+  Lieu dernier_ = Lieu::Aucun;  ///< of the address that the last columns are parts of
   bool prenom_ = false;
   bool parGroupes_ = false;  ///< values stand beside columns that label them
 };

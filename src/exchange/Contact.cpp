@@ -230,7 +230,8 @@ class Redaction {
 
   /// Whoever has no name is known by what else there is.
   void NommerFauteDeMieux() {
-    if (!EstSansNom(f_.NomVelmira)) return;
+    const bool propre = c_.colonnes.contains(Ordinal(&L::NomVelmira));
+    if (!EstSansNom(f_.NomVelmira) || (propre && !f_.NomVelmira.isEmpty())) return;
     for (const auto &[libelle, valeur] : c_.autres)
       if (libelle == u"Surnom"_s) f_.NomVelmira = SurUneLigne(valeur).left(kPlusLong);
     for (const auto champ :

@@ -113,15 +113,12 @@ class Tableau {
 
   /// In one encoding for the whole record: half of it may tell nothing.
   QStringList Textes() const {
-    const bool ascii = std::ranges::none_of(octets_, [](char c) { return c < 0; });
-    const bool page = !ascii && QString::fromUtf8(octets_).contains(QChar::ReplacementCharacter);
+    const bool utf8 = DepuisUtf8(octets_).has_value();
     QStringList textes;
     qsizetype debut = 0;
     for (const qsizetype fin : fins_) {
       const QByteArray octets = octets_.sliced(debut, fin - debut);
-      textes.append(ascii  ? QString::fromLatin1(octets)
-                    : page ? DepuisUtf8OuPageDeCode(octets)
-                           : QString::fromUtf8(octets));
+      textes.append(utf8 ? DepuisUtf8OuPageDeCode(octets) : DepuisPageDeCode(octets));
       debut = fin;
     }
     return textes;
@@ -160,6 +157,7 @@ QDate DateDe(const QString &texte, bool moisDevant) {
 /// The label of notes for a head.
 QString LibelleDe(const QString &entete) {
   static const QHash<QString, QString> kFrancais{{u"Nickname"_s, u"Surnom"_s},
+                                                 {u"Titre"_s, u"Fonction"_s},
                                                  {u"Job Title"_s, u"Fonction"_s},
                                                  {u"Organization Title"_s, u"Fonction"_s},
                                                  {u"Organization 1 - Title"_s, u"Fonction"_s},
@@ -466,6 +464,19 @@ bool SontInconnus(const QStringList &entetes) {
                              [](const Destination &d) { return d.champ == Champ::Notes; });
 }
 
+/// What a column without a head may be: mails tell themselves, a name is the first text.
+void ProposerSansEntetes(const QStringList &valeurs, QList<Destination> &colonnes) {
+  bool nom = false;
+  for (qsizetype i = 0; i < valeurs.size(); ++i) {
+    const bool chiffre = std::ranges::any_of(valeurs[i], [](QChar c) { return c.isDigit(); });
+    if (valeurs[i].contains(u'@'))
+      colonnes[i] = {Champ::Courriel};
+    else if (!chiffre && !nom && !valeurs[i].isEmpty())
+      colonnes[i] = {Champ::Complet};
+    nom = nom || colonnes[i].champ == Champ::Complet;
+  }
+}
+
 }  // namespace
 
 bool EstUnTableau(QByteArrayView debut) {
@@ -501,6 +512,7 @@ Correspondances Proposer(const FormeCsv &forme) {
   static const QRegularExpression kDate(u"^(\\d{1,2})[/.-](\\d{1,2})[/.-]\\d+$"_s);
   constexpr int kMois = 12;
   Correspondances proposees = Reconnaitre(forme.entetes);
+  if (!forme.avecEntetes) ProposerSansEntetes(forme.echantillon.first(), proposees.colonnes);
   for (qsizetype i = 0; i < proposees.colonnes.size(); ++i) {
     if (proposees.colonnes[i].champ != Champ::Naissance) continue;
     for (const QStringList &valeurs : forme.echantillon) {

@@ -3,6 +3,8 @@
 #include <QStringDecoder>
 #include <QStringEncoder>
 
+#include <utility>
+
 namespace {
 
 constexpr auto kNom = "windows-1252";
@@ -14,11 +16,16 @@ QString DepuisPageDeCode(const QByteArray &octets) {
   return QStringDecoder(kNom, QStringConverter::Flag::Stateless)(octets);
 }
 
-QString DepuisUtf8OuPageDeCode(const QByteArray &octets) {
+std::optional<QString> DepuisUtf8(const QByteArray &octets) {
   using Forme = QStringConverter::Flag;
   QStringDecoder utf8(QStringDecoder::Utf8, Forme::Stateless | Forme::ConvertInitialBom);
-  const QString texte = utf8(octets);
-  return utf8.hasError() ? DepuisPageDeCode(octets) : texte;
+  QString texte = utf8(octets);
+  return utf8.hasError() ? std::nullopt : std::optional(std::move(texte));
+}
+
+QString DepuisUtf8OuPageDeCode(const QByteArray &octets) {
+  auto texte = DepuisUtf8(octets);
+  return texte ? *std::move(texte) : DepuisPageDeCode(octets);
 }
 
 QByteArray VersPageDeCode(const QString &texte) {
