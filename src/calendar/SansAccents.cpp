@@ -12,8 +12,11 @@ static_assert(kAccentuees.size() == kSimples.size());
 }  // namespace
 
 QString SansAccents(QString texte) {
-  for (QChar &lettre : texte)
+  constexpr char16_t kPremiere = u'À';
+  for (QChar &lettre : texte) {
+    if (lettre < kPremiere) continue;
     if (const auto place = kAccentuees.find(lettre.unicode()); place != kAccentuees.npos)
       lettre = kSimples[place];
+  }
   return texte;
 }

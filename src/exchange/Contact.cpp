@@ -25,7 +25,7 @@ constexpr qsizetype kPlusLong = 255;
 /// On one line, without blanks at its ends.
 QString SurUneLigne(QString texte) {
   for (QChar &c : texte)
-    if (c.category() == QChar::Other_Control) c = u' ';
+    if (c < u' ' || (c >= u'\x7F' && c <= u'\x9F')) c = u' ';
   return texte.simplified();
 }
 
@@ -208,7 +208,8 @@ class Redaction {
       NomEtLigne(liste, Assembler({c_.prefixe, c_.prenom, c_.famille, c_.suffixe}, u" "_s));
     }
     Noter(u"Autres prénoms"_s, c_.autresPrenoms);
-    c_.redites.prepend({u"Nom complet"_s, c_.complet});
+    const bool dit = c_.complet == f_.Ligne1 || c_.complet == c_.prenom + u' ' + c_.famille;
+    if (!dit) c_.redites.prepend({u"Nom complet"_s, c_.complet});
   }
 
   void NomEtLigne(QString liste, const QString &ligne) {
@@ -386,6 +387,7 @@ class Redaction {
   }
 
   void NoterRedites() {
+    if (c_.redites.isEmpty()) return;
     QSet<QString> dits;
     const auto dire = [&dits](const QString &texte) {
       for (const QString &mot : Mots(texte)) dits.insert(mot);
@@ -474,6 +476,7 @@ bool AdresseContact::EstVide() const {
 Usage UsageDe(const QString &libelle) {
   const MotsUsage &connus = MotsConnus();
   Usage usage;
+  if (libelle.isEmpty()) return usage;
   for (const QString &nom : Mots(libelle)) {
     const auto mot = connus.constFind(nom);
     const bool rare = mot == connus.cend() || mot->genre == Usage::Genre::Divers;

@@ -18,7 +18,7 @@ namespace {
 
 constexpr qsizetype kCarteMax = 32 << 20;  ///< bytes of one card
 constexpr qsizetype kLignesMax = 2000;     ///< properties of one card
-constexpr QByteArrayView kDebut("BEGIN:VCARD"), kFin("END:VCARD");
+constexpr QByteArrayView kDebut("BEGIN:VCARD"), kFin("END:VCARD"), kPropre("X-VELMIRA-");
 
 bool Est(QByteArrayView ligne, QByteArrayView quoi) {
   return ligne.trimmed().compare(quoi, Qt::CaseInsensitive) == 0;
@@ -301,11 +301,13 @@ bool EstTechnique(const Propriete &p) {
          (p.nom == "KIND" && vaut("individual")) || (p.nom == "CLASS" && vaut("public"));
 }
 
-/// A date with its year; anything else is none.
+/// A date with its year, "1980-03-22" or "19800322", a time behind it or none.
 QDate Date(const QString &texte) {
-  const QString jour = texte.section(u'T', 0, 0).trimmed();
-  const QDate date = QDate::fromString(jour, u"yyyy-MM-dd"_s);
-  return date.isValid() ? date : QDate::fromString(jour, u"yyyyMMdd"_s);
+  QString jour = texte.section(u'T', 0, 0).trimmed();
+  if (jour.size() == 10 && jour[4] == u'-' && jour[7] == u'-') jour.remove(7, 1).remove(4, 1);
+  bool nombre = false;
+  const int n = jour.size() == 8 ? jour.toInt(&nombre) : 0;
+  return nombre ? QDate(n / 10000, n / 100 % 100, n % 100) : QDate();
 }
 
 /// "--03-22", "--0322": a day without its year, as it is read.
@@ -411,14 +413,17 @@ class Traduction {
     return clair;
   }
 
-  QString Brut(const Propriete &p) const {
-    if (p.EstEnBase64()) return Decoder(p, QByteArray::fromBase64(p.valeur));
-    return Decoder(p, p.EstImprimable() ? Imprimes(p.valeur) : p.valeur);
+  static QString Brut(const Propriete &p, const QByteArray &valeur) {
+    if (p.EstEnBase64()) return Decoder(p, QByteArray::fromBase64(valeur));
+    return Decoder(p, p.EstImprimable() ? Imprimes(valeur) : valeur);
   }
 
-  QString Texte(const Propriete &p) const {
-    return SansBarres(Brut(p)).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+  QString Texte(const Propriete &p, const QByteArray &valeur) const {
+    QString texte = SansBarres(Brut(p, valeur));
+    if (texte.contains(u'\r')) texte.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+    return texte;
   }
+  QString Texte(const Propriete &p) const { return Texte(p, p.valeur); }
 
   /// The parts of a value. What separates them stands in it before the bytes are decoded.
   QStringList Parties(const Propriete &p, char separateur) const {
@@ -430,10 +435,7 @@ class Traduction {
         continue;
       }
       if (i < p.valeur.size() && p.valeur[i] != separateur) continue;
-      Propriete partie;
-      partie.parametres = p.parametres;
-      partie.valeur = p.valeur.sliced(debut, i - debut);
-      parties.append(Texte(partie));
+      parties.append(Texte(p, p.valeur.sliced(debut, i - debut)));
       debut = i + 1;
     }
     return parties;
@@ -624,6 +626,7 @@ class Traduction {
 
   /// A column that a program of ours has written whole.
   bool Propre(const Propriete &p) {
+    if (!p.nom.startsWith(kPropre)) return false;
     static const QHash<QByteArray, std::size_t> kOrdinaux = [] {
       QHash<QByteArray, std::size_t> ordinaux;
       for (std::size_t i = 1; i < kNombreColonnes<Correspondant>; ++i)
@@ -632,7 +635,7 @@ class Traduction {
     }();
     const auto ordinal = kOrdinaux.constFind(p.nom);
     if (ordinal == kOrdinaux.cend()) return false;
-    const QString texte = SansBarres(Brut(p), true);
+    const QString texte = SansBarres(Brut(p, p.valeur), true);
     Correspondant essai;
     if (!LireColonne(essai, *ordinal, texte)) return false;
     c_.colonnes.insert(*ordinal, texte);
@@ -697,6 +700,6 @@ PersonneImportee LireCarte(const QByteArrayList &lignes, const UsagesReprise &us
 }
 
 QByteArray NomPropre(std::size_t ordinal) {
-  return "X-VELMIRA-" +
+  return kPropre.toByteArray() +
          QString::fromUtf16(NomsColonnes<Correspondant>()[ordinal]).toLatin1().toUpper();
 }

@@ -17,10 +17,12 @@ QString DepuisPageDeCode(const QByteArray &octets) {
 }
 
 std::optional<QString> DepuisUtf8(const QByteArray &octets) {
-  using Forme = QStringConverter::Flag;
-  QStringDecoder utf8(QStringDecoder::Utf8, Forme::Stateless | Forme::ConvertInitialBom);
-  QString texte = utf8(octets);
-  return utf8.hasError() ? std::nullopt : std::optional(std::move(texte));
+  constexpr char16_t kMarque = 0xFEFF;
+  if (!QUtf8StringView(octets).isValidUtf8()) return std::nullopt;
+  QString texte = QString::fromUtf8(octets);
+  // The conversion leaves out a mark at the front.
+  if (octets.startsWith("\xEF\xBB\xBF")) texte.prepend(QChar(kMarque));
+  return texte;
 }
 
 QString DepuisUtf8OuPageDeCode(const QByteArray &octets) {
