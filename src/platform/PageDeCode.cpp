@@ -13,7 +13,9 @@ constexpr char kSubstitut = '\x1A';  // what the converter puts for a character 
 }  // namespace
 
 QString DepuisPageDeCode(const QByteArray &octets) {
-  return QStringDecoder(kNom, QStringConverter::Flag::Stateless)(octets);
+  // Finding the converter takes longer than a line of text.
+  thread_local QStringDecoder convertisseur(kNom, QStringConverter::Flag::Stateless);
+  return convertisseur(octets);
 }
 
 std::optional<QString> DepuisUtf8(const QByteArray &octets) {
