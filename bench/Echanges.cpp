@@ -3,6 +3,8 @@
 #include "Nu.h"
 #include "exchange/ClasseurVelmiras.h"
 #include "exchange/EchangeTexte.h"
+#include "exchange/ExportPersonnes.h"
+#include "exchange/LecteurCartes.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "platform/linux/ClasseurSysteme.h"
@@ -268,6 +270,14 @@ std::map<QByteArray, QByteArray> Parties(const QByteArray &zip) {
   return parties;
 }
 
+/// How many can be taken.
+qsizetype CompterCartes(const Envoi &envoi) {
+  qsizetype lues = 0;
+  const auto source = OuvrirCartes(envoi.Cartes(), {u" "_s, {}});
+  while (const auto personne = source->Suivante()) lues += personne->refus.isEmpty();
+  return lues;
+}
+
 void Exiger(bool vrai, const char *quoi) {
   if (!vrai) qFatal("the two halves differ: %s", quoi);
 }
@@ -290,6 +300,7 @@ Envoi::Envoi(const Donnees &donnees)
   CreerBaseVide(Base(true));
   base.Ouvrir(Base(true));
   Importer(base, *this);
+  ExporterPersonnes(base, {Cartes(), FormatExport::Cartes3, {}, {}, {}, {u" "_s, {}}}, SansArret);
   Transaction transaction(base);
   Requete(base, uR"(UPDATE "Adresse" SET "Ville"='', "Tel"='', "Mail"='' WHERE "Index" % 10 = 0)"_s)
       .Executer();
@@ -329,6 +340,14 @@ void ImporterNu(benchmark::State &etat, const Envoi &envoi, bool connus) {
     const Atelier atelier;
     BaseNue base(atelier.CopierBase(envoi.Base(connus)));
     Chronometrer(etat, [&] { Importer(base, fiches, connus); });
+  }
+}
+
+void LireCartes(benchmark::State &etat, const Envoi &envoi) {
+  for (auto _ : etat) {
+    qsizetype lues = 0;
+    Chronometrer(etat, [&] { lues = CompterCartes(envoi); });
+    if (lues != envoi.Nombre()) etat.SkipWithError("cards are missing");
   }
 }
 

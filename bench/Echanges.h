@@ -18,6 +18,8 @@ class Envoi {
 
   qsizetype Nombre() const { return nombre_; }
   QString Fichier() const { return dossier_.filePath(QStringLiteral("Velmira.txt")); }
+  /// The same correspondents as address cards.
+  QString Cartes() const { return dossier_.filePath(QStringLiteral("cartes.vcf")); }
   /// The lines of the file, 24 a record; the name without its star.
   std::vector<QStringList> Fiches() const;
 
@@ -35,6 +37,9 @@ class Envoi {
 /// Each turn has a fresh table. `garde`: as a command that can be taken back.
 void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus, bool garde = false);
 void ImporterNu(benchmark::State &etat, const Envoi &envoi, bool connus);
+
+/// The cards of the same correspondents, each made a record.
+void LireCartes(benchmark::State &etat, const Envoi &envoi);
 
 /// From the table to the file on the disk.
 void ExporterVelmira(benchmark::State &etat, const Donnees &donnees);

@@ -358,6 +358,11 @@ void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Do
                : u"Kept for undo: import of %1 into an empty table"_s.arg(kGrande),
         [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus, true); },
         [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus); }, kLongue);
+  const Envoi &envoi = envois.at(kFiches);
+  Ligne(
+      u"Cards of %1, beside our own file's import"_s.arg(kFiches),
+      [&envoi](State &etat) { LireCartes(etat, envoi); },
+      [&envoi](State &etat) { ImporterVelmira(etat, envoi, false); }, kBreve);
   const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
   Ligne(
       u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
