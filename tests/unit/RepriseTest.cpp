@@ -62,7 +62,7 @@ TEST_F(Reprise, Cartes) {
     2.1 | N;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:Lef=E8vre=3B;Zo=¶=E9¶NOTE;ENCODING=QUOTED-PRINTABLE:a=0D=0Ab=¶ c¶X-A;BASE64:¶ QUJD¶ REVG¶¶BDAY:19800322 | Ligne1=Zoé Lefèvre;; NomVelmira=Lefèvre; Zoé; Commentaires=a/b c/X-A : 6 octets, non repris; DDN=22/03/1980
     2.1 | N:A;B¶NOTE:C:\new\;x¶AGENT:¶BEGIN:VCARD¶N:C;D¶TEL:01¶END:VCARD¶EMAIL;PREF:b@b | Ligne1=B A; NomVelmira=A B; Mail=b@b; Commentaires=C:\new;x/Agent, Nom : C, D/Agent, Téléphone : 01
     3.0 | N:A¶NOTE:C:\temp\\new\nb¶AGENT:BEGIN:VCARD\nFN:Su\;E\nEND:VCARD¶EMAIL:a@a¶EMAIL;TYPE=pref:b@b | Ligne1=A; NomVelmira=A; Mail=b@b; Commentaires=C:\temp\new/b/Adresse email : a@a/Agent, Nom complet : Su, E
-    3.0 | N:A¶TEL;TYPE=CELL:+33 (0)6 12.34.56.78¶TEL;TYPE=HOME:0033240123456¶TEL;TYPE="work,voice":+44 20 7946¶TEL;TYPE=FAX:1¶TEL:01 poste 2¶TEL;TYPE=PAGER:0102 | Ligne1=A; NomVelmira=A; Tel=02 40 12 34 56; Fax=1; Commentaires=Téléphone : 01 poste 2/pager : 01 02; Portable=06 12 34 56 78; TelTravail=+44 20 7946
+    3.0 | N:A¶TEL;TYPE=CELL:+33 (0)6 12.34.56.78¶TEL;TYPE=HOME:0033240123456¶TEL;TYPE="work,voice":0044 20 7946¶TEL;TYPE=FAX:1¶TEL:01 poste 2¶TEL;TYPE=PAGER:0102 | Ligne1=A; NomVelmira=A; Tel=02 40 12 34 56; Fax=1; Commentaires=Téléphone : 01 poste 2/pager : 01 02; Portable=06 12 34 56 78; TelTravail=0044 20 7946
     3.0 | N:A¶TEL;TYPE=CELL:06¶TEL;TYPE=CELL:07¶TEL;TYPE=CELL:06¶i.TEL:08¶i.X-ABLabel:Mer¶j.X-ABLabel:Seul¶k.X-ABDATE:d¶k.X-ABLabel:_$!<Anniversary>!$_ | Ligne1=A; NomVelmira=A; Tel=07; Commentaires=Mer : 08/Anniversaire de mariage : d/Libellé : Seul; Portable=06; TelTravail=08
     3.0 | N:A¶ADR;TYPE=WORK:;;w;W;;1;¶ADR;TYPE=HOME:;Rés. B\n3 rue C\n44000 Nantes\nFrance;;;;;¶LABEL:3 rue C, Nantes¶CATEGORIES:Am*is,Toutes catégories | Ligne1=A; Ligne2=Rés. B; Ligne3=3 rue C; CodePostal=44000; Ville=Nantes; Categories=*Am is*; NomVelmira=A; Commentaires=Adresse (travail) : w, 1 W/Catégorie : Toutes catégories
     3.0 | N:;;;M.;¶NICKNAME:Jojo¶TEL:3639¶quoi | NomVelmira=Jojo; Tel=36 39; Commentaires=Civilité : M./Surnom : Jojo/Ligne sans nom : quoi
@@ -70,7 +70,9 @@ TEST_F(Reprise, Cartes) {
     3.0 | N:A¶X-VELMIRA-OPTIONADRESSE:300¶X-VELMIRA-LISTEROUGETEL:peut-être | Ligne1=A; NomVelmira=A; Commentaires=X-VELMIRA-OPTIONADRESSE : 300/X-VELMIRA-LISTEROUGETEL : peut-être
   )",
       [this](Rangee c) { return Une(Carte(c[0].toLatin1(), c[1])); });
-  const QString long_(256, u'x');
+  const QString plein(255, u'y'), long_(256, u'x');
+  EXPECT_EQ(Une(Carte("3.0", u"N:A\r\nEMAIL:%1"_s.arg(plein))),
+            u"Ligne1=A; NomVelmira=A; Mail=%1"_s.arg(plein));
   EXPECT_EQ(Une(Carte("3.0", u"N:A\r\nEMAIL:%1\r\nADR:;;%1;V"_s.arg(long_))),
             u"Ligne1=A; Ville=V; NomVelmira=A; Commentaires=Adresse : %1/Adresse email : %1"_s.arg(
                 long_));
@@ -100,7 +102,10 @@ TEST_F(Reprise, RienNeSePerd) {
         ligne += QStringList{u";TYPE=HOME"_s, u";TYPE=work"_s, u";PREF=2"_s, u";X-Y=z"_s}[tirer(4)];
       QString valeur = jeton();
       const int parties = nom == u"ADR"_s ? 7 : nom == u"N"_s ? 5 : nom == u"ORG"_s ? 3 : 1;
-      for (int i = 1; i < parties; ++i) valeur += u';' + (tirer(2) != 0 ? jeton() : QString());
+      for (int i = 1; i < parties; ++i) {
+        valeur += u';' + (tirer(2) != 0 ? jeton() : QString());
+        if (i == 2 && version != "2.1") valeur += u"\\n"_s + jeton();
+      }
       if (parties == 1 && tirer(2) == 0) valeur += u"\\, "_s + jeton();
       const bool imprimable = version == "2.1" && tirer(3) == 0;
       const bool page = version == "2.1" && tirer(3) == 0;
@@ -260,11 +265,25 @@ TEST_F(Reprise, AllerEtRetour) {
     }
     EXPECT_FALSE(source->Suivante());
   }
+  L fiche;
+  fiche.NomVelmira = QString(100, u'é');
   for (const QByteArray &ligne :
-       EcrireCarte(*TableAdresse(base).Lire(1), PhotoImportee{Image(), u"jpg"_s},
-                   FormatExport::Cartes3, kUsages)
-           .split('\n'))
+       EcrireCarte(fiche, image, FormatExport::Cartes3, kUsages).split('\n')) {
     EXPECT_LE(ligne.size(), 76);
+    EXPECT_TRUE(QUtf8StringView(ligne).isValidUtf8()) << "a character is cut";
+  }
+  // What a spreadsheet gets.
+  Cas(R"(
+    =1+1 | '=1+1 || '=1 | ''=1 || 'a | 'a || +33 6 12 | +33 6 12 || -x | '-x || @a | '@a || - | -
+  )",
+      [&](Rangee c) {
+        fiche.Ville = c[0];
+        return EcrireCellule(fiche, Ordinal(&L::Ville));
+      });
+  Cas("*a*b* | a, b || Amis | *Amis || *a, b*c* | **a, b*c* || | ", [&](Rangee c) {
+    fiche.Categories = c[0];
+    return EcrireCellule(fiche, Ordinal(&L::Categories));
+  });
   // A part of them; a stop leaves the file as it was.
   Sql(u"b"_s, u"UPDATE Adresse SET Categories='*Amis*', DataProt='' WHERE [Index] < 4"_s);
   Sql(u"b"_s, u"UPDATE Adresse SET DataProt='lui' WHERE [Index]=3"_s);
