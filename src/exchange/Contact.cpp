@@ -253,6 +253,7 @@ class Redaction {
     if (choisie != c_.adresses.end()) {
       AdresseContact adresse = *choisie;
       c_.adresses.erase(choisie);
+      adresse_ = EnUneLigne(adresse);
       Noter(u"Libellé de l'adresse"_s, adresse.usage.libelle);
       Situer(adresse);
       derriere = Lignes(adresse.complement) + Lignes(adresse.rue) + Lignes(adresse.boitePostale);
@@ -396,6 +397,7 @@ class Redaction {
                              &L::Ligne5, &L::CodePostal, &L::Ville, &L::Pays, &L::Mail})
       dire(f_.*champ);
     for (const QString &note : std::as_const(personne_.auxNotes)) dire(note);
+    dire(adresse_);
     QStringList dites;
     for (const auto &[libelle, valeur] : std::as_const(c_.redites)) {
       const QStringList mots = Mots(valeur);
@@ -423,6 +425,7 @@ class Redaction {
   const UsagesReprise &usages_;
   PersonneImportee personne_;
   L &f_ = personne_.fiche;
+  QString adresse_;     ///< the one of the columns, its country too
   bool nomme_ = false;  ///< the record bears the name of the firm
 };
 

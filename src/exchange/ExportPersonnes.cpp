@@ -74,7 +74,7 @@ NomCompose Composer(const L &fiche) {
 class Carte {
  public:
   Carte(const L &fiche, FormatExport format) : f_(fiche), quatre_(format == FormatExport::Cartes4) {
-    lignes_ = {"BEGIN:VCARD", quatre_ ? "VERSION:4.0" : "VERSION:3.0"};
+    lignes_ = {quatre_ ? "VERSION:4.0" : "VERSION:3.0"};
     Nommer();
     Adresser();
     Ecrire("TEL" + Type("home"), f_.Tel);
@@ -98,7 +98,7 @@ class Carte {
   }
 
   QByteArray Octets(const std::optional<PhotoImportee> &photo) const {
-    QByteArray octets;
+    QByteArray octets("BEGIN:VCARD\r\n");
     for (const QByteArray &ligne : lignes_) octets += Plier(ligne);
     if (photo) octets += Plier(LignePhoto(*photo));
     return octets + "END:VCARD\r\n";
@@ -144,7 +144,7 @@ class Carte {
 
   const L &f_;
   const bool quatre_;
-  QByteArrayList lignes_;
+  QByteArrayList lignes_;  ///< between BEGIN and END
 };
 
 QByteArray Ligne(const QStringList &cellules) {

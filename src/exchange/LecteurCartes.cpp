@@ -7,6 +7,7 @@
 #include "platform/PageDeCode.h"
 
 #include <QHash>
+#include <QSet>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -55,8 +56,25 @@ qsizetype Place(QByteArrayView texte, char signe, qsizetype depuis = 0) {
   return -1;
 }
 
+/// What quoted-printable stands for.
+QByteArray Imprimes(const QByteArray &octets) {
+  QByteArray clair;
+  for (qsizetype i = 0; i < octets.size(); ++i) {
+    bool nombre = false;
+    const int code =
+        octets[i] == '=' && i + 2 < octets.size() ? octets.sliced(i + 1, 2).toInt(&nombre, 16) : 0;
+    clair += nombre ? static_cast<char>(code) : octets[i];
+    if (nombre) i += 2;
+  }
+  return clair;
+}
+
 /// A parameter; in version 2.1 its value may stand alone.
 std::pair<QByteArray, QByteArray> Parametre(QByteArrayView texte) {
+  // How telephones write a label of the user's own: X-CUSTOM(CHARSET=...,ENCODING=...,text).
+  if (texte.startsWith("X-CUSTOM("))
+    return {"TYPE",
+            Imprimes(texte.sliced(texte.lastIndexOf(',') + 1).toByteArray().replace(")", ""))};
   const qsizetype egal = texte.indexOf('=');
   const auto valeur = texte.sliced(egal + 1).trimmed().toByteArray().replace('"', "");
   if (egal >= 0) return {texte.first(egal).trimmed().toByteArray().toUpper(), valeur};
@@ -178,8 +196,10 @@ class Decoupage {
   }
 
   QByteArray DeplierImprimable(QByteArray entiere) {
-    while (presente_ && !Est(ligne_, kFin) && (entiere.endsWith('=') || EstSuite())) {
-      if (entiere.endsWith('=')) entiere.chop(1);
+    for (;;) {
+      const bool coupee = entiere.endsWith('=');
+      if (coupee) entiere.chop(1);
+      if (!presente_ || Est(ligne_, kFin) || !(coupee || EstSuite())) break;
       if (entiere.size() <= kCarteMax) entiere += ligne_;
       Avancer();
     }
@@ -209,6 +229,13 @@ QString Libelle(const QByteArray &nom) {
       {"X-ANNIVERSARY", u"Anniversaire de mariage"_s},
       {"X-EVOLUTION-ANNIVERSARY", u"Anniversaire de mariage"_s},
       {"X-KADDRESSBOOK-X-ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"X-MS-ANNIVERSARY", u"Anniversaire de mariage"_s},
+      {"X-MS-SPOUSE", u"Conjoint"_s},
+      {"X-MS-CHILD", u"Enfant"_s},
+      {"X-MS-MANAGER", u"Responsable"_s},
+      {"X-MS-ASSISTANT", u"Assistant"_s},
+      {"X-MS-INTERESTS", u"Loisirs"_s},
+      {"X-MS-IMADDRESS", u"Messagerie instantanée"_s},
       {"DEATHDATE", u"Décès"_s},
       {"BIRTHPLACE", u"Lieu de naissance"_s},
       {"GENDER", u"Genre"_s},
@@ -292,8 +319,20 @@ QString LibelleDeGroupe(QString libelle) {
 
 /// What tells of the card and not of the person.
 bool EstTechnique(const Propriete &p) {
-  static const QList<QByteArray> kTechniques{
-      "VERSION", "PRODID", "REV", "UID", "PROFILE", "X-ABUID", "CLIENTPIDMAP", "X-MOZILLA-HTML"};
+  static const QSet<QByteArray> kTechniques{"VERSION",
+                                            "PRODID",
+                                            "REV",
+                                            "UID",
+                                            "PROFILE",
+                                            "CLIENTPIDMAP",
+                                            "X-ABUID",
+                                            "X-MOZILLA-HTML",
+                                            "X-EVOLUTION-WEBDAV-ETAG",
+                                            "X-IMAGETYPE",
+                                            "X-IMAGEHASH",
+                                            "X-SHARED-PHOTO-DISPLAY-PREF",
+                                            "X-MS-OL-DEFAULT-POSTAL-ADDRESS",
+                                            "X-MS-OL-DESIGN"};
   const auto vaut = [&p](const char *texte) {
     return p.valeur.trimmed().compare(texte, Qt::CaseInsensitive) == 0;
   };
@@ -363,6 +402,7 @@ class Traduction {
                                                   {"KIND", &Traduction::Sorte},
                                                   {"X-ADDRESSBOOKSERVER-KIND", &Traduction::Sorte},
                                                   {"X-ABSHOWAS", &Traduction::MontreComme},
+                                                  {"X-ANDROID-CUSTOM", &Traduction::Androide},
                                                   {"X-ABLABEL", &Traduction::Rien}};
     (this->*kRegles.value(p.nom, &Traduction::Autre))(p);
   }
@@ -375,19 +415,6 @@ class Traduction {
       if (QStringDecoder decodeur(jeu.constData()); decodeur.isValid())
         return decodeur.decode(octets);
     return DepuisUtf8OuPageDeCode(octets);
-  }
-
-  static QByteArray Imprimes(const QByteArray &octets) {
-    QByteArray clair;
-    for (qsizetype i = 0; i < octets.size(); ++i) {
-      bool nombre = false;
-      const int code = octets[i] == '=' && i + 2 < octets.size()
-                           ? octets.sliced(i + 1, 2).toInt(&nombre, 16)
-                           : 0;
-      clair += nombre ? static_cast<char>(code) : octets[i];
-      if (nombre) i += 2;
-    }
-    return clair;
   }
 
   /// Version 2.1 hides separators only; a backslash before anything else is one in all versions.
@@ -562,6 +589,20 @@ class Traduction {
   }
 
   void Rien(const Propriete &) {}
+
+  /// A thing, its values and the numbers of their kinds:
+  /// "vnd.android.cursor.item/nickname;Jo;1;;".
+  void Androide(const Propriete &p) {
+    static const QHash<QString, QString> kChoses{{u"nickname"_s, u"Surnom"_s},
+                                                 {u"contact_event"_s, u"Date"_s},
+                                                 {u"relation"_s, u"Relation"_s}};
+    const QStringList parties = Parties(p, ';');
+    const QString chose = parties.first().section(u'/', -1);
+    QStringList valeurs;
+    for (const QString &partie : parties.mid(1))
+      if (partie.size() > 1) valeurs.append(partie);
+    c_.autres.append({kChoses.value(chose, chose), valeurs.join(u", "_s)});
+  }
 
   void Photo(const Propriete &p) {
     QByteArray octets;

@@ -3,9 +3,11 @@
 // programs write them: folded lines, quoted-printable, groups with labels, bare parameters, a card
 // within a card, lines that the standards do not allow.
 //
-// All that a card says of a person goes into the record or its notes. What tells of the card alone
-// is left out: VERSION, PRODID, REV, UID, CLIENTPIDMAP, PROFILE, the layout of an address (X-ABADR
-// with two letters), X-ABUID, X-MOZILLA-HTML, a KIND "individual", a CLASS "PUBLIC".
+// All that a card says of a person goes into the record or its notes. What tells of the card, of
+// its picture's fingerprint or of its looks in another program is left out: VERSION, PRODID, REV,
+// UID, CLIENTPIDMAP, PROFILE, X-ABUID, the layout of an address (X-ABADR with two letters),
+// X-MOZILLA-HTML, X-EVOLUTION-WEBDAV-ETAG, X-IMAGETYPE, X-IMAGEHASH, X-SHARED-PHOTO-DISPLAY-PREF,
+// X-MS-OL-DESIGN, X-MS-OL-DEFAULT-POSTAL-ADDRESS, a KIND "individual", a CLASS "PUBLIC".
 
 #include "exchange/PersonneImportee.h"
 
@@ -23,7 +25,7 @@ bool SontDesCartes(QByteArrayView debut);
 /// cannot be read.
 std::unique_ptr<SourcePersonnes> OuvrirCartes(const QString &chemin, UsagesReprise usages);
 
-/// The person of one card, of its lines as they are unfolded.
+/// The person of one card, of its unfolded lines between BEGIN and END.
 PersonneImportee LireCarte(const QByteArrayList &lignes, const UsagesReprise &usages);
 
 /// How a column of a record is called in a card of ours that says it whole, in capitals.

@@ -60,19 +60,20 @@ TEST_F(Reprise, Cartes) {
     4.0 | FN:Paul Le Gall¶BDAY:--0322¶PHOTO:http://a/b.jpg¶PHOTO:data:image/png;base64,AAAA | Ligne1=Paul Le Gall; NomVelmira=Le Gall Paul; Commentaires=Né(e) le : 22/03/Photo : http://a/b.jpg/Photo : image d'une forme inconnue, 3 octets, non reprise
     3.0 | ORG:Garage "du" Port¶TITLE:x¶UID:u¶REV:r¶X-ABSHOWAS:COMPANY | Ligne1=Garage "du" Port; NomVelmira=Garage du Port; Commentaires=Fonction : x
     2.1 | N;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:Lef=E8vre=3B;Zo=¶=E9¶NOTE;ENCODING=QUOTED-PRINTABLE:a=0D=0Ab=¶ c¶X-A;BASE64:¶ QUJD¶ REVG¶¶BDAY:19800322 | Ligne1=Zoé Lefèvre;; NomVelmira=Lefèvre; Zoé; Commentaires=a/b c/X-A : 6 octets, non repris; DDN=22/03/1980
-    2.1 | N:A;B¶NOTE:C:\new\;x¶AGENT:¶BEGIN:VCARD¶N:C;D¶TEL:01¶END:VCARD¶EMAIL;PREF:b@b | Ligne1=B A; NomVelmira=A B; Mail=b@b; Commentaires=C:\new;x/Agent, Nom : C, D/Agent, Téléphone : 01
+    2.1 | N:A;B¶NOTE:C:\new\;x\\y¶AGENT:¶BEGIN:VCARD¶N:C;D¶TEL:01¶END:VCARD¶EMAIL;PREF:b@b | Ligne1=B A; NomVelmira=A B; Mail=b@b; Commentaires=C:\new;x\\y/Agent, Nom : C, D/Agent, Téléphone : 01
     3.0 | N:A¶NOTE:C:\temp\\new\nb¶AGENT:BEGIN:VCARD\nFN:Su\;E\nEND:VCARD¶EMAIL:a@a¶EMAIL;TYPE=pref:b@b | Ligne1=A; NomVelmira=A; Mail=b@b; Commentaires=C:\temp\new/b/Adresse email : a@a/Agent, Nom complet : Su, E
     3.0 | N:A¶TEL;TYPE=CELL:+33 (0)6 12.34.56.78¶TEL;TYPE=HOME:0033240123456¶TEL;TYPE="work,voice":0044 20 7946¶TEL;TYPE=FAX:1¶TEL:01 poste 2¶TEL;TYPE=PAGER:0102 | Ligne1=A; NomVelmira=A; Tel=02 40 12 34 56; Fax=1; Commentaires=Téléphone : 01 poste 2/pager : 01 02; Portable=06 12 34 56 78; TelTravail=0044 20 7946
     3.0 | N:A¶TEL;TYPE=CELL:06¶TEL;TYPE=CELL:07¶TEL;TYPE=CELL:06¶i.TEL:08¶i.X-ABLabel:Mer¶j.X-ABLabel:Seul¶k.X-ABDATE:d¶k.X-ABLabel:_$!<Anniversary>!$_ | Ligne1=A; NomVelmira=A; Tel=07; Commentaires=Mer : 08/Anniversaire de mariage : d/Libellé : Seul; Portable=06; TelTravail=08
     3.0 | N:A¶ADR;TYPE=WORK:;;w;W;;1;¶ADR;TYPE=HOME:;Rés. B\n3 rue C\n44000 Nantes\nFrance;;;;;¶LABEL:3 rue C, Nantes¶CATEGORIES:Am*is,Toutes catégories | Ligne1=A; Ligne2=Rés. B; Ligne3=3 rue C; CodePostal=44000; Ville=Nantes; Categories=*Am is*; NomVelmira=A; Commentaires=Adresse (travail) : w, 1 W/Catégorie : Toutes catégories
     3.0 | N:;;;M.;¶NICKNAME:Jojo¶TEL:3639¶quoi | NomVelmira=Jojo; Tel=36 39; Commentaires=Civilité : M./Surnom : Jojo/Ligne sans nom : quoi
+    2.1 | N:A¶i.ADR:;;r;V;;1;France¶i.X-ABADR:fr¶LABEL:r V France x¶LABEL:r V France x¶CATEGORIES:a,a¶PHOTO;ENCODING=b:¶X-MS-OL-DESIGN:<x>¶X-ANDROID-CUSTOM:v/nickname;Jo;1;;¶TEL;X-CUSTOM(CHARSET=UTF-8,ENCODING=QUOTED-PRINTABLE,=C3=A9t=C3=A9):9¶NOTE;QUOTED-PRINTABLE:n= | Ligne1=A; Ligne2=r; CodePostal=1; Ville=V; Categories=*a*; NomVelmira=A; Tel=9; Commentaires=n/été : 9/Surnom : Jo/Adresse : r V France x
     3.0 | NOTE:n | Commentaires=nLa fiche ne porte ni nom, ni adresse, ni numéro.
     3.0 | N:A¶X-VELMIRA-OPTIONADRESSE:300¶X-VELMIRA-LISTEROUGETEL:peut-être | Ligne1=A; NomVelmira=A; Commentaires=X-VELMIRA-OPTIONADRESSE : 300/X-VELMIRA-LISTEROUGETEL : peut-être
   )",
       [this](Rangee c) { return Une(Carte(c[0].toLatin1(), c[1])); });
   const QString plein(255, u'y'), long_(256, u'x');
-  EXPECT_EQ(Une(Carte("3.0", u"N:A\r\nEMAIL:%1"_s.arg(plein))),
-            u"Ligne1=A; NomVelmira=A; Mail=%1"_s.arg(plein));
+  EXPECT_EQ(Une(Carte("3.0", u"N:A\r\nADR:;;%1"_s.arg(plein))),
+            u"Ligne1=A; Ligne2=%1; NomVelmira=A"_s.arg(plein));
   EXPECT_EQ(Une(Carte("3.0", u"N:A\r\nEMAIL:%1\r\nADR:;;%1;V"_s.arg(long_))),
             u"Ligne1=A; Ville=V; NomVelmira=A; Commentaires=Adresse : %1/Adresse email : %1"_s.arg(
                 long_));
@@ -141,6 +142,7 @@ TEST_F(Reprise, Tableaux) {
     First Name,Last Name,Primary Email,Work Phone,Fax Number,Mobile Number,Home Address,Home Address 2,Home City,Home County,Home Post Code,Home Country,Organisation,Web Page 1,Birth Year,Birth Month,Birth Day¶A,B,c@d,1,2,3,4 St,b,C,R,P,UK,Org,w.fr,1980,,3 | Ligne1=A B; Ligne2=Org; Ligne3=4 St; Ligne4=b; CodePostal=P; Ville=C; Pays=UK; NomVelmira=B A; Fax=2; Mail=c@d; Commentaires=Région : R/Année de naissance : 1980/Jour de naissance : 3; Portable=3; Web=w.fr; TelTravail=1
     First name,Last name,Company,Mobile,Home phone,Home email,Work email,Home street,Home city,Home zip,Birthday,Note¶A,B,Co,1,2,c@d,e@f,3 r,V,4,1980-03-14,n | Ligne1=A B; Ligne2=Co; Ligne3=3 r; CodePostal=4; Ville=V; NomVelmira=B A; Tel=2; Mail=c@d; Commentaires=n/Adresse email (travail) : e@f; Portable=1; DDN=14/03/1980
     sep=;¶Nom;Adresse;CP;Ville;Né(e) le;Truc¶Jo Fay;=1+1;01000;Bourg;14.3.80;x;y¶ | Ligne1=Jo Fay; Ligne2==1+1; CodePostal=01000; Ville=Bourg; NomVelmira=Fay Jo; Commentaires=Truc : x/Colonne 7 : y; DDN=14/03/1980
+    First Name,Birthday¶A,13/02/80 | Ligne1=A; NomVelmira=A; DDN=13/02/1980
     Jo;a@b;0102¶ | Ligne1=Jo; NomVelmira=Jo; Mail=a@b; Commentaires=Colonne 3 : 0102
   )",
       [this](Rangee c) { return Une(c[0].toUtf8()); });
@@ -265,7 +267,20 @@ TEST_F(Reprise, AllerEtRetour) {
     }
     EXPECT_FALSE(source->Suivante());
   }
+  // Other programs read of a usual record all that they have a place for.
   L fiche;
+  fiche.Ligne1 = u"M. Paul Durand"_s;
+  fiche.Ligne2 = u"3 rue A"_s;
+  fiche.Ligne3 = u"Bât. B"_s;
+  fiche.NomVelmira = u"Durand Paul"_s;
+  fiche.Portable = u"06 12"_s;
+  fiche.DDN = u"01/02/1980"_s;
+  fiche.Categories = u"*Amis*"_s;
+  EXPECT_EQ(
+      QString::fromUtf8(EcrireCarte(fiche, {}, FormatExport::Cartes3, kUsages)),
+      u"BEGIN:VCARD\r\nVERSION:3.0\r\nN:Durand;Paul;;M.;\r\nFN:Paul Durand\r\nADR;TYPE=HOME:;;"
+      "3 rue A\\nBât. B;;;;\r\nTEL;TYPE=CELL:06 12\r\nBDAY:1980-02-01\r\nCATEGORIES:Amis\r\n"
+      "END:VCARD\r\n"_s);
   fiche.NomVelmira = QString(100, u'é');
   for (const QByteArray &ligne :
        EcrireCarte(fiche, image, FormatExport::Cartes3, kUsages).split('\n')) {
@@ -314,6 +329,7 @@ TEST_F(Reprise, FichiersHostiles) {
   EXPECT_EQ(refus("Nom;Notes\nA;" + QByteArray(1000, ';')),
             u"La ligne compte plus de 1000 valeurs."_s);
   EXPECT_EQ(refus("Nom;Notes\n"), u"aucune"_s);
+  EXPECT_EQ(Lire("Nom;Ville\r\nA;\"x\r\ny\"\r\n\r\nB;z")[1].origine.ligne, 5);
   EXPECT_EQ(Une("Nom" + QByteArray(299, ';') + "\nA" + QByteArray(299, ';') + "z"),
             u"Ligne1=A; NomVelmira=A; Commentaires=Colonne 300 : z"_s);
   EXPECT_TRUE(Echec([&] { Lire("Nom" + QByteArray(1001, ';') + "\nA"); }).contains(u"1000"_s));
