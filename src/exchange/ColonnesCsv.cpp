@@ -132,6 +132,18 @@ constexpr std::array kMots{
     MotDeChamp{Champ::Rue, u"street|rue|adresse|address|voie"},
 };
 
+/// The place of each word in that list.
+const QHash<QString, std::size_t> &RangsDesMots() {
+  static const QHash<QString, std::size_t> kRangs = [] {
+    QHash<QString, std::size_t> rangs;
+    for (std::size_t rang = 0; rang < kMots.size(); ++rang)
+      for (const QString &mot : QString::fromUtf16(kMots[rang].mots).split(u'|'))
+        rangs.insert(mot, rang);
+    return rangs;
+  }();
+  return kRangs;
+}
+
 bool EstAdresse(Champ champ) {
   return champ >= Champ::Complement && champ <= Champ::Pays;
 }
@@ -193,10 +205,9 @@ class Reconnaissance {
   }
 
   static Champ ChampDe(const QStringList &mots) {
-    for (const auto &[champ, noms] : kMots)
-      for (const QString &nom : QString::fromUtf16(noms).split(u'|'))
-        if (mots.contains(nom)) return champ;
-    return Champ::Notes;
+    std::size_t rang = kMots.size();
+    for (const QString &mot : mots) rang = std::min(rang, RangsDesMots().value(mot, rang));
+    return rang < kMots.size() ? kMots[rang].champ : Champ::Notes;
   }
 
   /// Of "Phone 2 - Value" and "Address 1 - City": one for each thing and its number.
@@ -285,9 +296,9 @@ Correspondances Reconnaitre(const QStringList &entetes) {
     return Reconnaissance(entetes).Toutes();
   Correspondances propres;
   for (const QString &entete : entetes) {
-    const auto colonne = std::ranges::find(kColonnesPropres, entete, [](const ColonnePropre &c) {
-      return QString::fromUtf16(c.entete);
-    });
+    const auto colonne = std::ranges::find_if(
+        kColonnesPropres,
+        [&entete](const ColonnePropre &propre) { return QStringView(propre.entete) == entete; });
     propres.colonnes.append(
         colonne == kColonnesPropres.end()
             ? Destination{}
