@@ -28,7 +28,7 @@ static QString Montrer(const PersonneImportee &personne) {
   return champs.join(u"; "_s).replace(u'\n', u'/') + personne.refus;
 }
 
-class Reprise : public DansUnDossier {
+class AutresProgrammes : public DansUnDossier {
  protected:
   QList<PersonneImportee> Lire(const QByteArray &octets) {
     Poser(u"f"_s, octets);
@@ -54,7 +54,7 @@ class Reprise : public DansUnDossier {
 };
 
 // Version; lines; the record.
-TEST_F(Reprise, Cartes) {
+TEST_F(AutresProgrammes, Cartes) {
   Cas(R"(
     3.0 | N:Doe;Jo;Al,Bo;Dr;Sr¶FN:Dr Jo Al Bo Doe Sr¶ORG:Aé;Paie¶ADR:BP 1;;rue *$ A\nÉt. 2;V;R;44000;France | Ligne1=Dr Jo Doe Sr; Ligne2=Aé; Ligne3=rue A; Ligne4=Ét. 2; Ligne5=BP 1; CodePostal=44000; Ville=V; NomVelmira=Doe Jo; Commentaires=Autres prénoms : Al,Bo/Région : R/Service : Paie
     4.0 | FN:Paul Le Gall¶BDAY:--0322¶PHOTO:http://a/b.jpg¶PHOTO:data:image/png;base64,AAAA | Ligne1=Paul Le Gall; NomVelmira=Le Gall Paul; Commentaires=Né(e) le : 22/03/Photo : http://a/b.jpg/Photo : image d'une forme inconnue, 3 octets, non reprise
@@ -80,7 +80,7 @@ TEST_F(Reprise, Cartes) {
 }
 
 // Any text of a card that no rule knows, in any dress, is found; the file may be of any encoding.
-TEST_F(Reprise, RienNeSePerd) {
+TEST_F(AutresProgrammes, RienNeSePerd) {
   std::mt19937 hasard(20261122);
   const auto tirer = [&](std::size_t n) { return static_cast<int>(hasard() % n); };
   const QStringList noms{u"N"_s,     u"FN"_s,     u"ORG"_s,   u"ADR"_s,      u"TEL"_s,
@@ -132,7 +132,7 @@ TEST_F(Reprise, RienNeSePerd) {
 }
 
 // The heads of other programs with one person; what becomes of it.
-TEST_F(Reprise, Tableaux) {
+TEST_F(AutresProgrammes, Tableaux) {
   Cas(R"(
     Titre,Prénom,Nom,Société,Service,Titre,Rue (bureau),Rue (bureau) 2,Ville (bureau),Dép/Région (bureau),Code postal (bureau),Pays/Région (bureau),Rue (domicile),Ville (domicile),Télécopie (domicile),Téléphone (bureau),Téléphone (domicile),Tél. mobile,Téléphone société,Adresse de messagerie,Type de messagerie,Nom complet de l'adresse de messagerie,Adresse de messagerie 2,Anniversaire,Critère de diffusion,Privé,Page Web,Catégories,B.P. professionnelle¶Mme,Léa,Roy,Sté,Paie,Chef,1 rue B,bât. 2,Nantes,PdL,44000,France,3 rue D,Rezé,01,02,03,04,05,a@b,SMTP,Léa Roy (a@b),c@d,3/4/1980,Normale,Faux,w.fr,Amis;Club,BP 9 | Ligne1=Mme Léa Roy; Ligne2=Sté; Ligne3=Paie; Ligne4=3 rue D; Ville=Rezé; Categories=*Amis*Club*; NomVelmira=Roy Léa; Tel=03; Fax=01; Mail=a@b; Commentaires=Adresse (travail) : 1 rue B, bât. 2, BP 9, 44000 Nantes, PdL, France/Téléphone (travail) : 05/Adresse email : c@d/Fonction : Chef; Portable=04; Web=w.fr; TelTravail=02; DDN=03/04/1980
     Title,First Name,Last Name,Suffix,Company,Department,Job Title,Home Street,Home City,Home State,Home Postal Code,Home Country/Region,Home Phone,Home Phone 2,Mobile Phone,Pager,Birthday,E-mail Address,E-mail Type,Anniversary,Gender,Spouse¶Mr,Al,Fox,Jr,Co,,Boss,"2 ""H"" St↵Flat",Bath,Avon,BA1,UK,1,2,3,4,3/14/1980,a@b,SMTP,0/0/00,Unspecified,Jo | Ligne1=Mr Al Fox Jr; Ligne2=Co; Ligne3=2 "H" St; Ligne4=Flat; CodePostal=BA1; Ville=Bath; Pays=UK; NomVelmira=Fox Al; Tel=1; Mail=a@b; Commentaires=Région : Avon/Fonction : Boss/Pager : 4/Conjoint : Jo; Portable=3; TelTravail=2; DDN=14/03/1980
@@ -149,7 +149,7 @@ TEST_F(Reprise, Tableaux) {
 }
 
 // A choice that is kept comes back; another row of heads has none.
-TEST_F(Reprise, CorrespondancesGardees) {
+TEST_F(AutresProgrammes, CorrespondancesGardees) {
   Correspondances choix = Reconnaitre({u"Nom"_s, u"Phone 1 - Value"_s, u"Home Street"_s});
   choix.colonnes[0] = {Champ::Ignorer};
   choix.moisDevant = true;
@@ -228,7 +228,7 @@ static L Hasard(std::mt19937 &hasard, const QString &photo) {
 }
 
 // What is written comes back as it was, field by field; 100,000 of them in the long tests.
-TEST_F(Reprise, AllerEtRetour) {
+TEST_F(AutresProgrammes, AllerEtRetour) {
   const int demandees = qEnvironmentVariableIntValue("VELMIRA_FICHES");
   const int nombre = demandees > 0 ? demandees : 2000;
   CreerBase(u"b"_s);
@@ -313,7 +313,7 @@ TEST_F(Reprise, AllerEtRetour) {
 }
 
 // Each ends in a sentence or in whole records, whatever it holds.
-TEST_F(Reprise, FichiersHostiles) {
+TEST_F(AutresProgrammes, FichiersHostiles) {
   const auto refus = [this](const QByteArray &octets) {
     const auto personnes = Lire(octets);
     return personnes.isEmpty() ? u"aucune"_s : personnes.last().refus;
