@@ -46,7 +46,7 @@ char SeparateurDe(QByteArrayView debut) {
 /// Reads record after record; blank lines are none.
 class Tableau {
  public:
-  Tableau(const QString &chemin) : flux_(chemin) {
+  explicit Tableau(const QString &chemin) : flux_(chemin) {
     if (flux_.Debut().startsWith(kDirective)) {
       QByteArray ligne;
       flux_.Ligne(ligne, kColonnesMax);
@@ -69,7 +69,6 @@ class Tableau {
     return true;
   }
 
-  char Separateur() const { return separateur_; }
   qsizetype Ligne() const { return debut_; }
   qint64 Lu() const { return flux_.Lu(); }
   qint64 Taille() const { return flux_.Taille(); }
@@ -495,7 +494,6 @@ FormeCsv AnalyserCsv(const QString &chemin) {
   QString refus;
   tableau.Suivant(forme.entetes, refus);
   if (!refus.isEmpty()) throw Aucun(chemin, u"sa première ligne est illisible. "_s + refus);
-  forme.separateur = tableau.Separateur();
   if (EstUnePersonne(forme.entetes) && SontInconnus(forme.entetes)) {
     forme.avecEntetes = false;
     forme.echantillon.append(forme.entetes);

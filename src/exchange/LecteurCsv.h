@@ -12,9 +12,8 @@
 
 #include <memory>
 
-/// How a table is written.
+/// How a table is laid out; its separator, ";", "," or a tab, is found at each reading.
 struct FormeCsv {
-  char separateur = ';';           ///< or "," or a tab
   QStringList entetes;             ///< invented ones where the first line holds a person already
   bool avecEntetes = true;         ///< the first line is one of heads
   QList<QStringList> echantillon;  ///< the first records, as they stand
