@@ -1,0 +1,98 @@
+#pragma once
+// Persons of other programs' files are taken into the directory, where some of them may stand
+// already: somebody is known by the name, in upper or lower case, as of the exchange file.
+
+#include "exchange/PersonneImportee.h"
+#include "storage/Avance.h"
+#include "storage/Base.h"
+#include "storage/Lignes.h"
+
+#include <QHash>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <utility>
+
+/// What becomes of somebody who is there already.
+enum class Deja {
+  Completer,  ///< what is empty there is filled, nothing else changes
+  Garder,     ///< stays as it is there
+  Prendre,    ///< what the file says holds
+  Deux,       ///< the person of the file is added beside
+};
+
+/// A record of the directory beside the person of a file that bears its name. An address is one
+/// value: it is filled where nothing of it contradicts, or taken whole. Of notes and categories
+/// only what is not there yet counts, and is added to them: they are never replaced. The name, the
+/// protection and the mark of the alerts are those of the directory.
+struct Confrontation {
+  ChoixColonnes<Correspondant> manques;  ///< empty there, the file fills them
+  ChoixColonnes<Correspondant> ecarts;   ///< the file says otherwise
+
+  bool Pareils() const { return (manques | ecarts).none(); }
+};
+
+Confrontation Confronter(const Correspondant &presente, const PersonneImportee &personne);
+
+/// The record with these columns of the person. A picture that came along is not among them: it
+/// needs a file first.
+Correspondant Fondre(Correspondant presente, const PersonneImportee &personne,
+                     const ChoixColonnes<Correspondant> &prises);
+
+/// The answer for one person of a file.
+struct ReponseReprise {
+  Deja deja = Deja::Completer;
+  /// These columns of those that differ or are missing, whatever `deja` says.
+  std::optional<ChoixColonnes<Correspondant>> prises = {};
+};
+
+struct DemandeReprise {
+  Deja deja = Deja::Completer;  ///< for all that have no answer of their own
+  /// By file and rank of the person, see `Origine`.
+  QHash<std::pair<QString, qsizetype>, ReponseReprise> reponses = {};
+  QString utilisateur;    ///< records hidden from whom are not there
+  QString dossierPhotos;  ///< where the pictures go, made where it is missing
+};
+
+/// What a taking over has done. Of each list there are `kLignes` at most, so that memory does not
+/// grow with the files; `tus` counts what it leaves out.
+struct BilanReprise {
+  static constexpr qsizetype kLignes = 10'000;
+  struct Chapitre {
+    QStringList lignes;
+    qsizetype tus = 0;
+
+    void Ajouter(const QString &ligne);
+  };
+
+  qsizetype ajoutes = 0;
+  qsizetype completes = 0;   ///< gaps of whom were filled
+  qsizetype remplaces = 0;   ///< values of whom were replaced
+  qsizetype identiques = 0;  ///< who stood there with all that the file says
+  qsizetype gardes = 0;      ///< who stood there otherwise, and has not changed
+  qsizetype refuses = 0;
+  Chapitre refus;        ///< place, name and reason
+  Chapitre notes;        ///< name and value that has no field of its own
+  Chapitre ecarts;       ///< name, field, value of the directory and of the file, not taken
+  Chapitre memeAdresse;  ///< two names with the same mail or number
+  bool arrete = false;   ///< nothing has changed then, and nothing is counted
+
+  qsizetype Pris() const { return ajoutes + completes + remplaces + identiques + gardes; }
+};
+
+/// Opens a file once its turn has come.
+using OuvertureSource = std::function<std::unique_ptr<SourcePersonnes>()>;
+
+/// Takes all of them over in one transaction: a stop or a failure leaves the directory as it was,
+/// and no picture behind. Who is there with all that the file says is never added again. A record
+/// answers for one person: of two of one name that contradict each other the second is added, those
+/// that do not are one. Throws `ErreurBase` and `ErreurFichier`.
+BilanReprise ReprendrePersonnes(Base &base, const QList<OuvertureSource> &sources,
+                                const DemandeReprise &demande, const Avance &avance);
+
+/// The report as a text of lines, for a window, a file or a terminal.
+QString TexteBilan(const BilanReprise &bilan);

@@ -1,0 +1,148 @@
+// Persons of other programs' files beside those who are there: who is known, what each answer does,
+// what is told, and that a stop or a failure leaves nothing behind.
+
+#include "Outils.h"
+#include "exchange/LecteurCartes.h"
+#include "exchange/Reprise.h"
+
+#include <QDir>
+
+using L = Correspondant;
+
+static const UsagesReprise kUsages{u" "_s, {}};
+static const Avance kSansArret = [](qsizetype, qsizetype) { return true; };
+static const QByteArray kImage = QByteArray("\xFF\xD8\xFF", 3) + QByteArray(200, 'x');
+
+class VenusDAilleurs : public DansUnDossier {
+ protected:
+  void SetUp() override {
+    CreerBase(u"b"_s);
+    base_.Ouvrir(Chemin(u"b"_s));
+  }
+
+  DemandeReprise Demande(Deja deja = Deja::Completer) const {
+    return {.deja = deja, .utilisateur = u"moi"_s, .dossierPhotos = Chemin(u"Photos"_s)};
+  }
+  BilanReprise Reprendre(const QString &cartes, const DemandeReprise &demande,
+                         const Avance &avance = kSansArret) {
+    QByteArray octets;
+    for (const QString &carte : cartes.split(u"++"_s))
+      octets += "BEGIN:VCARD\nVERSION:3.0\n" + carte.trimmed().replace(u'~', u'\n').toUtf8() +
+                "\nEND:VCARD\n";
+    Poser(u"c.vcf"_s, octets);
+    return ReprendrePersonnes(base_, {[this] { return OuvrirCartes(Chemin(u"c.vcf"_s), kUsages); }},
+                              demande, avance);
+  }
+  static QString Comptes(const BilanReprise &b) {
+    return u"%1 %2 %3 %4 %5 %6"_s.arg(b.ajoutes)
+        .arg(b.completes)
+        .arg(b.remplaces)
+        .arg(b.identiques)
+        .arg(b.gardes)
+        .arg(b.refuses);
+  }
+  QString Fiches() const {
+    QString texte = u"NomVelmira"_s;
+    for (const QString &champ : {u"Ligne2"_s, u"Ville"_s, u"Tel"_s, u"Mail"_s, u"Categories"_s,
+                                 u"replace(Commentaires, char(10), '/')"_s})
+      texte += u" || coalesce(',' || NULLIF(%1, ''), '')"_s.arg(champ);
+    return Sql(u"b"_s, u"SELECT %1 FROM Adresse ORDER BY [Index]"_s.arg(texte));
+  }
+  QStringList Images() const {
+    return QDir(Chemin(u"Photos"_s)).entryList(QDir::Files, QDir::Name);
+  }
+
+  Base base_;
+};
+
+// Answer; who is there; the cards; added, completed, replaced, same, kept, refused; the records.
+TEST_F(VenusDAilleurs, DejaLa) {
+  const QHash<QString, Deja> reponses{{u"C"_s, Deja::Completer},
+                                      {u"G"_s, Deja::Garder},
+                                      {u"P"_s, Deja::Prendre},
+                                      {u"D"_s, Deja::Deux}};
+  const QString la = u"N:Durand;Paul~TEL;TYPE=HOME:0102030405~NOTE:vu~CATEGORIES:Amis"_s;
+  Cas(R"(
+    C | N:DURAND;PAUL~TEL;TYPE=HOME:01.02.03.04.05~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
+    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
+    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406 | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    C | N:Durand;Paul~NOTE:vu~CATEGORIES:Amis | 0 0 0 1 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    C | N:Durand;Paul~NOTE:dit~NICKNAME:Jo~CATEGORIES:Pro,Amis | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*Pro*,vu/dit/Surnom : Jo
+    G | N:Durand;Paul~EMAIL:p@a | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    P | N:Durand;Paul~TEL;TYPE=HOME:06~NOTE:dit | 0 0 1 0 0 0 | Durand Paul,06,*Amis*,vu/dit
+    D | N:Durand;Paul~EMAIL:p@a | 1 0 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu Durand Paul,p@a
+    D | N:Durand;Paul~NOTE:vu | 0 0 0 1 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    C | N:A~TEL;TYPE=HOME:1++N:a~EMAIL:a@a++N:A~TEL;TYPE=HOME:2++NOTE:personne | 2 1 0 0 0 1 | Durand Paul,01 02 03 04 05,*Amis*,vu A,1,a@a A,2
+    C | N:Durand;Paul~EMAIL:p@a++N:Durand;Paul~EMAIL:q@a | 1 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu Durand Paul,q@a
+  )",
+      [&](Rangee c) {
+        Sql(u"b"_s, u"DELETE FROM Adresse"_s);
+        Reprendre(la, Demande());
+        EXPECT_EQ(Comptes(Reprendre(c[1], Demande(reponses[c[0]]))), c[2]);
+        const QString une = Fiches();
+        Reprendre(c[1], Demande(reponses[c[0]]));
+        EXPECT_EQ(Fiches(), une) << "the same file again changes nothing";
+        return une;
+      });
+}
+
+// An address is one value, a number is one however it is written, an answer may be by field.
+TEST_F(VenusDAilleurs, ChampParChamp) {
+  const QString la = u"N:B;A~ADR:;;3 rue A;Nantes;;44000;~EMAIL:a@a"_s;
+  const auto apres = [&](const QString &carte, const DemandeReprise &demande) {
+    Sql(u"b"_s, u"DELETE FROM Adresse"_s);
+    Reprendre(la, Demande());
+    const BilanReprise bilan = Reprendre(u"N:B;A~"_s + carte, demande);
+    return Fiches() + u" / "_s + bilan.ecarts.lignes.join(u" / "_s);
+  };
+  Cas(R"(
+    C | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a / B A, Adresse, ligne 2 : « 3 rue A » gardé, « 9 rue B » dans le fichier / B A, Code postal : « 44000 » gardé, « 29200 » dans le fichier / B A, Ville : « Nantes » gardé, « Brest » dans le fichier
+    P | ADR:;;;Brest;;; | B A,Brest,a@a /
+    C | ADR:;;3 RUE A;;;;Belgique | B A,3 rue A,Nantes,a@a /
+  )",
+      [&](Rangee c) {
+        return apres(c[1], Demande(c[0] == u"P"_s ? Deja::Prendre : Deja::Completer)).trimmed();
+      });
+  DemandeReprise choisie = Demande(Deja::Garder);
+  choisie.reponses.insert({Chemin(u"c.vcf"_s), 1}, {Deja::Completer, Seulement(&L::Mail)});
+  EXPECT_EQ(apres(u"EMAIL:b@b~TEL:0102030405"_s, choisie).section(u" / "_s, 0, 0),
+            u"B A,3 rue A,Nantes,b@b"_s);
+}
+
+// Whom the user does not see is not there; others with the same mail or number are told.
+TEST_F(VenusDAilleurs, CachesEtPartages) {
+  CreerBase(u"b"_s, {u"A"_s, u"B"_s});
+  base_.Ouvrir(Chemin(u"b"_s));
+  Sql(u"b"_s, u"UPDATE Adresse SET DataProt='lui', Mail='a@a.fr' WHERE NomVelmira='A'"_s);
+  Sql(u"b"_s, u"UPDATE Adresse SET DataProt='', Tel='01 02 03 04 05' WHERE NomVelmira='B'"_s);
+  const BilanReprise bilan = Reprendre(
+      u"N:A~EMAIL:a@a.fr~TEL:3639++N:C~TEL:0102030405~NICKNAME:Jo++N:D~TEL:3639"_s, Demande());
+  EXPECT_EQ(Comptes(bilan), u"3 0 0 0 0 0"_s);
+  EXPECT_EQ(
+      TexteBilan(bilan),
+      u"3 ajouté(s)\n\nMis dans les notes, faute de champ :\n  C, Surnom : Jo\n\nMême adresse "
+      "ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n"_s);
+}
+
+TEST_F(VenusDAilleurs, ToutOuRien) {
+  const QString image = u"~PHOTO;ENCODING=b:"_s + QString::fromLatin1(kImage.toBase64());
+  const QString deux = u"N:A"_s + image + u"++N:A~TEL:1"_s + image + u"++N:A~TEL:2"_s + image;
+  EXPECT_TRUE(Reprendre(deux, Demande(), [](qsizetype, qsizetype) { return false; }).arrete);
+  EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
+  {
+    const OuvertureSource absente = [this] { return OuvrirCartes(Chemin(u"absent"_s), kUsages); };
+    const OuvertureSource presente = [this] { return OuvrirCartes(Chemin(u"c.vcf"_s), kUsages); };
+    EXPECT_THROW(ReprendrePersonnes(base_, {presente, absente}, Demande(), kSansArret),
+                 ErreurFichier);
+  }
+  EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
+
+  Poser(u"Photos/A.jpg"_s, "another one's");
+  Reprendre(deux, Demande());
+  EXPECT_EQ(Images(), QStringList({u"A 2.jpg"_s, u"A 3.jpg"_s, u"A.jpg"_s}));
+  EXPECT_EQ(Octets(u"Photos/A 3.jpg"_s), kImage);
+  EXPECT_EQ(Sql(u"b"_s, u"SELECT Photo FROM Adresse"_s),
+            Chemin(u"Photos/A 2.jpg"_s) + u' ' + Chemin(u"Photos/A 3.jpg"_s));
+  Reprendre(deux, Demande());
+  EXPECT_EQ(Images().size(), 3) << "the same picture needs no second file";
+}
