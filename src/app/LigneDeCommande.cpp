@@ -46,6 +46,21 @@ const QString kAideBrikel =
     "Le programme finit par 0 quand toutes les lignes ont été gardées, par 1 quand\n"
     "il en manque, par 2 quand rien n'a pu être fait.\n"_s;
 
+const QString kAideSauvan =
+    u"Sauvan reprend dans Velmira les fichiers d'autres programmes\n\n"
+    "Usage : Sauvan --vers BASE [--deja CHOIX] FICHIER...\n\n"
+    "  --vers BASE    la base de Velmira où ajouter les correspondants\n"
+    "  --deja CHOIX   ce que deviennent ceux qui y sont déjà, au même nom :\n"
+    "                   completer  remplir ce qui est vide (sans option)\n"
+    "                   garder     les laisser comme ils sont\n"
+    "                   prendre    mettre ce que dit le fichier\n"
+    "                   deux       garder les deux\n"
+    "  -h, --help     affiche cette aide\n"
+    "  -v, --version  affiche la version\n\n"
+    "Un FICHIER contient des cartes de visite (vCard) ou un tableau (CSV).\n"
+    "Le programme finit par 0 quand tout a été repris, par 1 quand des fiches ont\n"
+    "été refusées, par 2 quand rien n'a pu être fait.\n"_s;
+
 struct Portrait {
   QString nom, commande, aide;
   QStringList options;
@@ -59,6 +74,8 @@ Portrait PortraitDe(Executable programme) {
       return {u"Memora"_s, u"Memora"_s, kAideMemora, {u"auto"_s}};
     case Executable::Brikel:
       return {u"Brikel"_s, u"Brikel"_s, kAideBrikel, {}};
+    case Executable::Sauvan:
+      return {u"Sauvan"_s, u"Sauvan"_s, kAideSauvan, {}};
     case Executable::Velmira:
       break;
   }

@@ -12,7 +12,7 @@ struct Reponse {
 };
 
 /// A program that is started by a command of its own.
-enum class Executable { Velmira, Vigilo, Memora, Brikel };
+enum class Executable { Velmira, Vigilo, Memora, Brikel, Sauvan };
 
 /// What "--help" and "--version" ask for; nothing where `mots` has none of them. Needs no screen.
 std::optional<Reponse> RepondreAuxOptions(const QStringList &mots,

@@ -4,6 +4,9 @@
 #include "directory/LibellesFiche.h"
 #include "directory/Protection.h"
 #include "exchange/Contact.h"
+#include "exchange/GenreFichier.h"
+#include "exchange/LecteurCartes.h"
+#include "exchange/LecteurCsv.h"
 #include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/Saisie.h"
@@ -381,6 +384,21 @@ void BilanReprise::Chapitre::Ajouter(const QString &ligne) {
     lignes.append(ligne);
   else
     ++tus;
+}
+
+std::unique_ptr<SourcePersonnes> OuvrirPersonnes(const QString &chemin,
+                                                 const UsagesReprise &usages) {
+  switch (GenreDe(chemin)) {
+    case GenreFichier::Cartes:
+      return OuvrirCartes(chemin, usages);
+    case GenreFichier::Tableau: {
+      const FormeCsv forme = AnalyserCsv(chemin);
+      return OuvrirCsv(chemin, forme, Proposer(forme), usages);
+    }
+    case GenreFichier::Inconnu:
+      break;
+  }
+  throw ErreurFichier(TexteInconnu(chemin));
 }
 
 BilanReprise ReprendrePersonnes(Base &base, const QList<OuvertureSource> &sources,

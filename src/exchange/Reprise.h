@@ -84,6 +84,11 @@ struct BilanReprise {
   qsizetype Pris() const { return ajoutes + completes + remplaces + identiques + gardes; }
 };
 
+/// Opens a file by what it holds, a table as its heads tell. Throws `ErreurFichier`, also for a
+/// file of which nothing can be taken.
+std::unique_ptr<SourcePersonnes> OuvrirPersonnes(const QString &chemin,
+                                                 const UsagesReprise &usages);
+
 /// Opens a file once its turn has come.
 using OuvertureSource = std::function<std::unique_ptr<SourcePersonnes>()>;
 

@@ -2,6 +2,7 @@
 // what is told, and that a stop or a failure leaves nothing behind.
 
 #include "Outils.h"
+#include "app/Sauvan.h"
 #include "exchange/LecteurCartes.h"
 #include "exchange/Reprise.h"
 
@@ -145,4 +146,52 @@ TEST_F(VenusDAilleurs, ToutOuRien) {
             Chemin(u"Photos/A 2.jpg"_s) + u' ' + Chemin(u"Photos/A 3.jpg"_s));
   Reprendre(deux, Demande());
   EXPECT_EQ(Images().size(), 3) << "the same picture needs no second file";
+}
+
+// The command; what of it is refused; how it ends, and what stands in the base then.
+TEST_F(VenusDAilleurs, SansFenetre) {
+  Cas(R"(
+    --help                           | 0 | Usage
+    --version                        | 0 | Sauvan
+    x.vcf                            | 2 | « --vers »
+    --vers                           | 2 | nom d'une base
+    --vers b                         | 2 | un fichier
+    --vers b --deja autre x.vcf      | 2 | « completer »
+    --vers b --force x.vcf           | 2 | « --force »
+  )",
+      [](Rangee c) {
+        const auto reponse = LireDemandeSauvan(c[0].split(u' ')).reponse;
+        ASSERT_TRUE(reponse);
+        EXPECT_EQ(QString::number(reponse->statut), c[1]);
+        EXPECT_TRUE(reponse->texte.contains(c[2])) << reponse->texte.toStdString();
+      });
+  Poser(u"bon"_s, "Nom;Ville\nA;Nantes\n");
+  Poser(u"--mal"_s, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\nBEGIN:VCARD\nFN:B\nEND:VCARD\n");
+  Poser(u"vide"_s, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\n");
+  Poser(u"autre"_s, "rien");
+  Poser(u"Civilite.txt"_s, "M. \r\n");
+  Cas(R"(
+    /b bon                    | 0 | 1 ajouté(s)    | A
+    /b bon autre              | 2 | vCard          |
+    /b bon absent             | 2 | absent         |
+    /b bon --mal              | 1 | 1 refusé(s)    | A B
+    /b vide                   | 2 | 1 refusé(s)    |
+    /ailleurs bon             | 2 | n'existe pas   |
+    /bon bon                  | 2 | Rien n'a changé |
+    /b bon bon                | 0 | 1 déjà là      | A
+  )",
+      [this](Rangee c) {
+        Sql(u"b"_s, u"DELETE FROM Adresse"_s);
+        QStringList mots = c[0].split(u' ');
+        for (QString &mot : mots) mot = Chemin(mot.startsWith(u'/') ? mot.mid(1) : mot);
+        mots.prepend(u"--vers"_s);
+        const Reponse fin = ReprendreSansFenetre(LireDemandeSauvan(mots), Chemin(), u"moi"_s);
+        EXPECT_EQ(QString::number(fin.statut), c[1]);
+        EXPECT_TRUE(fin.texte.contains(c[2])) << fin.texte.toStdString();
+        EXPECT_EQ(Noms(u"b"_s), c[3]);
+      });
+  const auto demande =
+      LireDemandeSauvan({u"--deja"_s, u"prendre"_s, u"--vers"_s, u"b c"_s, u"--"_s, u"--x"_s});
+  EXPECT_TRUE(demande.deja == Deja::Prendre && demande.base == u"b c"_s);
+  EXPECT_EQ(demande.fichiers, QStringList(u"--x"_s));
 }
