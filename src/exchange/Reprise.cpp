@@ -241,16 +241,16 @@ class Repreneur {
         photos_(demande.dossierPhotos) {}
 
   void Integrer(PersonneImportee &&personne) {
-    const L &fiche = personne.fiche;
     if (!personne.refus.isEmpty()) {
       ++bilan_.refuses;
       bilan_.refus.Ajouter(u"%1 : %2"_s.arg(Place(personne), personne.refus));
       return;
     }
-    for (const QString &note : std::as_const(personne.auxNotes))
-      bilan_.notes.Ajouter(u"%1, %2"_s.arg(fiche.NomVelmira, note.simplified()));
     if (!Retrouver(personne)) Ajouter(personne);
   }
+
+  /// Who was of the former file is one who was there already.
+  void FichierSuivant() { roles_.clear(); }
 
   void Garder() { photos_.Garder(); }
   const BilanReprise &Bilan() const { return bilan_; }
@@ -317,6 +317,8 @@ class Repreneur {
       bilan_.ecarts.Ajouter(u"%1, %2 : « %3 » gardé, « %4 » dans le fichier"_s.arg(
           presente.NomVelmira, champ.nom, champ.sienne.simplified(), champ.mienne.simplified()));
     if (prises.none()) return;
+    if (prises[Ordinal(&L::Commentaires)])
+      DireNotes(personne, NotesNouvelles(presente.Commentaires, personne));
     ModifierLigne(base_, fondue, prises);
     presents_.NoterAdresses(fondue);
   }
@@ -327,10 +329,17 @@ class Repreneur {
     if (const auto autre = presents_.MemeAdresse(fiche))
       bilan_.memeAdresse.Ajouter(
           u"%1 et %2 : %3"_s.arg(fiche.NomVelmira, autre->first, autre->second));
+    DireNotes(personne, personne.auxNotes);
     const Cle cle = AjouterLigne(base_, fiche);
     presents_.Noter(fiche, cle);
     roles_.insert(cle, Role::Ajoutee);
     ++bilan_.ajoutes;
+  }
+
+  void DireNotes(const PersonneImportee &personne, const QStringList &ecrites) {
+    for (const QString &note : personne.auxNotes)
+      if (ecrites.contains(note))
+        bilan_.notes.Ajouter(u"%1, %2"_s.arg(personne.fiche.NomVelmira, note.simplified()));
   }
 
   /// The picture of the person gets its file, where the record takes it.
@@ -347,7 +356,7 @@ class Repreneur {
   const DemandeReprise &demande_;
   Presents presents_;
   Photos photos_;
-  QHash<Cle, Role> roles_;  ///< of the records that somebody of this run is
+  QHash<Cle, Role> roles_;  ///< of the records that somebody of this file is
   BilanReprise bilan_;
 };
 
@@ -412,6 +421,7 @@ BilanReprise ReprendrePersonnes(Base &base, const QList<OuvertureSource> &source
   qsizetype fait = 0, lues = 0;
   for (const OuvertureSource &ouvrir : sources) {
     const auto source = ouvrir();
+    repreneur.FichierSuivant();
     while (auto personne = source->Suivante()) {
       repreneur.Integrer(std::move(*personne));
       const qsizetype taille = std::max<qsizetype>(source->Taille(), 1);

@@ -94,8 +94,8 @@ using OuvertureSource = std::function<std::unique_ptr<SourcePersonnes>()>;
 
 /// Takes all of them over in one transaction: a stop or a failure leaves the directory as it was,
 /// and no picture behind. Who is there with all that the file says is never added again. A record
-/// answers for one person: of two of one name that contradict each other the second is added, those
-/// that do not are one. Throws `ErreurBase` and `ErreurFichier`.
+/// answers for one person of a file: of two of one name that contradict each other the second is
+/// added, those that do not are one. Throws `ErreurBase` and `ErreurFichier`.
 BilanReprise ReprendrePersonnes(Base &base, const QList<OuvertureSource> &sources,
                                 const DemandeReprise &demande, const Avance &avance);
 

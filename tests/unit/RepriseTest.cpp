@@ -168,6 +168,7 @@ TEST_F(VenusDAilleurs, SansFenetre) {
   Poser(u"bon"_s, "Nom;Ville\nA;Nantes\n");
   Poser(u"--mal"_s, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\nBEGIN:VCARD\nFN:B\nEND:VCARD\n");
   Poser(u"vide"_s, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\n");
+  Poser(u"suite"_s, "Nom;Ville\nA;Brest\n");
   Poser(u"autre"_s, "rien");
   Poser(u"Civilite.txt"_s, "M. \r\n");
   Cas(R"(
@@ -179,6 +180,7 @@ TEST_F(VenusDAilleurs, SansFenetre) {
     /ailleurs bon             | 2 | n'existe pas   |
     /bon bon                  | 2 | Rien n'a changé |
     /b bon bon                | 0 | 1 déjà là      | A
+    /b bon suite              | 0 | Nantes » gardé, « Brest | A
   )",
       [this](Rangee c) {
         Sql(u"b"_s, u"DELETE FROM Adresse"_s);
