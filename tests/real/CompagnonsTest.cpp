@@ -26,6 +26,8 @@ class Compagnons : public testing::Test {
     Poser(QStringLiteral(VIGILO), u"Vigilo"_s);
     Poser(QStringLiteral(MEMORA), u"Memora"_s);
     Poser(QStringLiteral(BRIKEL), u"Brikel"_s);
+    Poser(QStringLiteral(SAUVAN), u"Sauvan"_s);
+    RemplacerFichier(Chemin(u"Civilite.txt"_s), "");
     RemplacerFichier(Chemin(u"Velmira.portable"_s), "");
     CreerDossier(Chemin(u"run"_s), Acces::Prive);
     QFile::setPermissions(Chemin({}), QFile::Permissions(0x7755));  // another user's too
@@ -101,13 +103,18 @@ TEST_F(Compagnons, Statuts) {
             u"0 due\t%1\taujourd'hui\tZoé\tFête\t\n"_s.arg(jour));
   const QString base = FichierBase(Chemin(u"DataTrevona/DataVelmira"_s));
   EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"0 La base"_s));
+  const QString carte = Chemin(u"c.vcf"_s), vers = u"Sauvan --vers %1 %2"_s.arg(base, carte);
+  RemplacerFichier(carte, "BEGIN:VCARD\nFN:A\nPHOTO;ENCODING=b:/9j/4AAQ\nEND:VCARD\n");
+  EXPECT_TRUE(Fin(*Lancer(vers, u""_s)).startsWith(u"0 1 ajouté"_s));
+  EXPECT_TRUE(QFile::exists(Chemin(u"Photos/A.jpg"_s)));
+  EXPECT_TRUE(Fin(*Lancer(vers + u" absent"_s, u""_s)).startsWith(u"2 "_s));
   RemplacerFichier(base, LireFichierPresent(base).replace(4096, 4096, QByteArray(4096, '\0')));
   EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"1 La base"_s));
   EXPECT_TRUE(Fin(*Lancer(u"Brikel"_s, u""_s)).startsWith(u"2 Brikel a besoin"_s));
   for (const QString &sans : {u"Vigilo"_s, u"Memora"_s, u"Velmira --fiche 1"_s})
     EXPECT_TRUE(Fin(*Lancer(sans, u""_s)).startsWith(u"1 "_s)) << qPrintable(sans);
   for (const QString &faux :
-       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s})
+       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s, u"Sauvan x.vcf"_s})
     EXPECT_TRUE(Fin(*Lancer(faux)).startsWith(u"2 "_s)) << qPrintable(faux);
   // The base of another user.
   const bool tout = ::geteuid() == 0;
