@@ -20,7 +20,7 @@ if(NOT CMAKE_INSTALL_PREFIX STREQUAL "/usr")
   message(FATAL_ERROR "The package is built with -DCMAKE_INSTALL_PREFIX=/usr")
 endif()
 
-foreach(programme Velmira Vigilo Memora Brikel velmira_jet)
+foreach(programme Velmira Vigilo Memora Brikel Sauvan velmira_jet)
   target_link_options(${programme} PRIVATE LINKER:-z,relro,-z,now)
 endforeach()
 
@@ -50,7 +50,7 @@ function(comprimer source nom destination)
 endfunction()
 
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/velmira)
-foreach(nom velmira Vigilo Memora Brikel)
+foreach(nom velmira Vigilo Memora Brikel Sauvan)
   comprimer(${ressources}/${nom}.1 ${nom}.1.gz ${CMAKE_INSTALL_MANDIR}/man1/${nom}.1.gz)
   comprimer(${ressources}/${nom}.fr.1 ${nom}.fr.1.gz ${CMAKE_INSTALL_MANDIR}/fr/man1/${nom}.1.gz)
 endforeach()
