@@ -8,6 +8,7 @@
 #include "calendar/CommandesFetes.h"
 #include "directory/FrmVelmira.h"
 #include "envelope/FrmPlomex.h"
+#include "exchange/CommandesAutresProgrammes.h"
 #include "exchange/CommandesEchange.h"
 #include "exchange/SelectionClasseur.h"
 #include "help/CommandesAide.h"
@@ -175,6 +176,8 @@ void Programme::PoserCommandes() {
   const FrmVelmira::Actions a = velmira->LesActions();
   new CommandesEchange(session_, {a.mnuExport, a.mnuImport, a.mnuVelmira, a.mnuEnvoyer},
                        velmira->LeRepertoire(), velmira->LeCompteRendu(), velmira);
+  new CommandesAutresProgrammes(session_, {a.mnuImporterAutre, a.mnuExporterAutre},
+                                velmira->LeRepertoire(), velmira->LeCompteRendu(), velmira);
   new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
                     {[velmira] { velmira->Liste().CliquerRacine(); },

@@ -273,10 +273,11 @@ ListeVelmiras &FrmVelmira::Liste() const {
 }
 
 FrmVelmira::Actions FrmVelmira::LesActions() const {
-  return {ui_->mnuExport,    ui_->mnuImport,      ui_->mnuVelmira, ui_->mnuEnvoyer,
-          ui_->mnuJF,        ui_->mnuFete,        ui_->mnuDate,    ui_->mnuLiaison,
-          ui_->mnuChemin,    ui_->mnuTransfert,   ui_->mnuRepComp, ui_->mnuRecup,
-          ui_->mnuRestaurer, ui_->mnuSauvegardes, ui_->mnuMasquer, ui_->mnuAide};
+  return {ui_->mnuExport,        ui_->mnuImport,        ui_->mnuVelmira,   ui_->mnuEnvoyer,
+          ui_->mnuImporterAutre, ui_->mnuExporterAutre, ui_->mnuJF,        ui_->mnuFete,
+          ui_->mnuDate,          ui_->mnuLiaison,       ui_->mnuChemin,    ui_->mnuTransfert,
+          ui_->mnuRepComp,       ui_->mnuRecup,         ui_->mnuRestaurer, ui_->mnuSauvegardes,
+          ui_->mnuMasquer,       ui_->mnuAide};
 }
 
 void FrmVelmira::PoserMenuMemora(QMenu *menu) {

@@ -43,8 +43,9 @@ class FrmVelmira : public QMainWindow {
 
   /// The items of its menus whose commands the program brings.
   struct Actions {
-    QAction *mnuExport, *mnuImport, *mnuVelmira, *mnuEnvoyer;                ///< exchange
-    QAction *mnuJF, *mnuFete, *mnuDate;                                      ///< calendar
+    QAction *mnuExport, *mnuImport, *mnuVelmira, *mnuEnvoyer;  ///< exchange
+    QAction *mnuImporterAutre, *mnuExporterAutre;              ///< exchange with other programs
+    QAction *mnuJF, *mnuFete, *mnuDate;                        ///< calendar
     QAction *mnuLiaison, *mnuChemin, *mnuTransfert, *mnuRepComp, *mnuRecup;  ///< the base
     QAction *mnuRestaurer, *mnuSauvegardes, *mnuMasquer;                     ///< its copies
     QMenu *mnuAide;

@@ -2,6 +2,7 @@
 // Persons of other programs' files are taken into the directory, where some of them may stand
 // already: somebody is known by the name, in upper or lower case, as of the exchange file.
 
+#include "exchange/Confrontation.h"
 #include "exchange/PersonneImportee.h"
 #include "storage/Avance.h"
 #include "storage/Base.h"
@@ -24,24 +25,6 @@ enum class Deja {
   Prendre,    ///< what the file says holds
   Deux,       ///< the person of the file is added beside
 };
-
-/// A record of the directory beside the person of a file that bears its name. An address is one
-/// value: it is filled where nothing of it contradicts, or taken whole. Of notes and categories
-/// only what is not there yet counts, and is added to them: they are never replaced. The name, the
-/// protection and the mark of the alerts are those of the directory.
-struct Confrontation {
-  ChoixColonnes<Correspondant> manques;  ///< empty there, the file fills them
-  ChoixColonnes<Correspondant> ecarts;   ///< the file says otherwise
-
-  bool Pareils() const { return (manques | ecarts).none(); }
-};
-
-Confrontation Confronter(const Correspondant &presente, const PersonneImportee &personne);
-
-/// The record with these columns of the person. A picture that came along is not among them: it
-/// needs a file first.
-Correspondant Fondre(Correspondant presente, const PersonneImportee &personne,
-                     const ChoixColonnes<Correspondant> &prises);
 
 /// The answer for one person of a file.
 struct ReponseReprise {

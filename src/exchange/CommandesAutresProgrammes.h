@@ -1,0 +1,31 @@
+#pragma once
+
+#include "directory/Repertoire.h"
+#include "session/Session.h"
+
+#include <QObject>
+
+class CompteRendu;
+class QAction;
+
+/// The commands that take persons over from files of other programs, and write them for these.
+class CommandesAutresProgrammes : public QObject {
+  Q_OBJECT
+
+ public:
+  struct Actions {
+    QAction *mnuImporterAutre, *mnuExporterAutre;
+  };
+
+  CommandesAutresProgrammes(Session &session, const Actions &actions, Repertoire &repertoire,
+                            CompteRendu &fait, QWidget *fenetre);
+
+ private:
+  void Importer();
+  void Exporter();
+
+  Session &session_;
+  Repertoire &repertoire_;
+  CompteRendu &fait_;
+  QWidget *fenetre_;
+};
