@@ -2,6 +2,7 @@
 // Message boxes and pickers. Each call waits for the user's answer.
 
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -48,6 +49,14 @@ class Boites {
   /// A file that exists, picked from `dossier` on; `filtre` names the kinds of files as
   /// "Images (*.jpg *.bmp)". Empty when the user cancels.
   virtual QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) = 0;
+  /// The same of several; none when the user cancels.
+  virtual QStringList Fichiers(const QString &invite, const QString &dossier,
+                               const QString &filtre) = 0;
+
+  /// A file to be written, `propose` at first; a name without an ending gets that of `propose`. Of
+  /// one that exists the user has agreed to its end. Empty when he cancels.
+  virtual QString FichierAEcrire(const QString &invite, const QString &propose,
+                                 const QString &filtre) = 0;
 
   /// A colour; `depart` is the present one. Nothing when the user cancels.
   virtual std::optional<Couleur> ChoixCouleur(const Couleur &depart) = 0;

@@ -19,6 +19,8 @@ class BoitesMuettes : public Boites {
   }
   Choix QuestionAnnulable(const QString &, const QString &) override { return Choix::Annuler; }
   QString Fichier(const QString &, const QString &, const QString &) override { return {}; }
+  QStringList Fichiers(const QString &, const QString &, const QString &) override { return {}; }
+  QString FichierAEcrire(const QString &, const QString &, const QString &) override { return {}; }
   std::optional<Couleur> ChoixCouleur(const Couleur &) override { return {}; }
   QString Dossier(const QString &) override { return {}; }
 };

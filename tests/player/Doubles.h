@@ -119,6 +119,18 @@ class BoitesScenario : public Boites {
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override {
     return Chemin(Demander({u"fichier"_s, invite, filtre, dossier}, u"annuler *"_s));
   }
+  QStringList Fichiers(const QString &invite, const QString &dossier,
+                       const QString &filtre) override {
+    const auto reponse = Demander({u"fichier"_s, invite, filtre, dossier}, u"annuler *"_s);
+    QStringList chemins;
+    if (reponse.cite)
+      for (const QString &nom : reponse.texte.split(u'\n')) chemins.append(monde_.Chemin(nom));
+    return chemins;
+  }
+  QString FichierAEcrire(const QString &invite, const QString &propose,
+                         const QString &filtre) override {
+    return Chemin(Demander({u"fichier"_s, invite, filtre, propose}, u"annuler *"_s));
+  }
   QString Dossier(const QString &invite) override {
     return Chemin(Demander({u"dossier"_s, Titre(), invite, {}}, u"annuler *"_s));
   }

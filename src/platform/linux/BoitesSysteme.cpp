@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QEventLoop>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QRegularExpression>
@@ -134,6 +135,21 @@ bool BoitesSysteme::Confirmation(const QString &titre, const QString &texte) {
 QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
                                const QString &filtre) {
   return QFileDialog::getOpenFileName(Devant(), invite, dossier, filtre);
+}
+
+QStringList BoitesSysteme::Fichiers(const QString &invite, const QString &dossier,
+                                    const QString &filtre) {
+  return QFileDialog::getOpenFileNames(Devant(), invite, dossier, filtre);
+}
+
+QString BoitesSysteme::FichierAEcrire(const QString &invite, const QString &propose,
+                                      const QString &filtre) {
+  const QFileInfo fichier(propose);
+  QFileDialog dialogue(Devant(), invite, fichier.path(), filtre);
+  dialogue.setAcceptMode(QFileDialog::AcceptSave);
+  dialogue.setDefaultSuffix(fichier.suffix());
+  dialogue.selectFile(fichier.fileName());
+  return dialogue.exec() == QDialog::Accepted ? dialogue.selectedFiles().value(0) : QString();
 }
 
 std::optional<Boites::Couleur> BoitesSysteme::ChoixCouleur(const Couleur &depart) {

@@ -13,6 +13,10 @@ class BoitesSysteme : public Boites {
   bool Confirmation(const QString &titre, const QString &texte) override;
   Choix QuestionAnnulable(const QString &titre, const QString &texte) override;
   QString Fichier(const QString &invite, const QString &dossier, const QString &filtre) override;
+  QStringList Fichiers(const QString &invite, const QString &dossier,
+                       const QString &filtre) override;
+  QString FichierAEcrire(const QString &invite, const QString &propose,
+                         const QString &filtre) override;
   std::optional<Couleur> ChoixCouleur(const Couleur &depart) override;
   void Erreur(const QString &texte) override;
   QString Dossier(const QString &invite) override;
