@@ -33,6 +33,19 @@ int Statut(const BilanReprise &bilan) {
   return bilan.Pris() > 0 ? kFichesRefusees : kRienRepris;
 }
 
+/// Nobody can be asked whether what is left of a damaged one is wanted.
+QList<FichierRepris> RegarderTous(const QStringList &chemins, const ReglesCopie &regles) {
+  QList<FichierRepris> fichiers;
+  for (const QString &chemin : chemins) {
+    fichiers.append(Regarder(chemin, regles));
+    if (const QString constat = fichiers.constLast().Constat(); !constat.isEmpty())
+      throw ErreurFichier(
+          u"La base de données « %1 » est endommagée. Ce qui a pu en être lu :\n%2"_s.arg(
+              QDir::toNativeSeparators(chemin), constat));
+  }
+  return fichiers;
+}
+
 }  // namespace
 
 DemandeSauvan LireDemandeSauvan(const QStringList &mots) {
@@ -76,11 +89,10 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
       throw ErreurFichier(
           u"La base « %1 » n'existe pas."_s.arg(QDir::toNativeSeparators(demande.base)));
     const UsagesReprise usages{LireSeparateurTel(appPath), LireTitres(appPath)};
-    QList<OuvertureSource> sources;
-    for (const QString &fichier : demande.fichiers)
-      sources.append([fichier, &usages] { return OuvrirPersonnes(fichier, usages); });
+    const QList<FichierRepris> fichiers =
+        RegarderTous(demande.fichiers, LireReglesCopie(appPath, usages.separateurTel));
     const BilanReprise bilan = ReprendrePersonnes(
-        base, sources,
+        base, fichiers, usages,
         {.deja = demande.deja,
          .utilisateur = utilisateur,
          .dossierPhotos =

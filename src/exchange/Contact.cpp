@@ -19,9 +19,6 @@ namespace {
 
 using L = Correspondant;
 
-// What a text column of the older databases holds: a record may still have to go into one.
-constexpr qsizetype kPlusLong = 255;
-
 /// On one line, without blanks at its ends.
 QString SurUneLigne(QString texte) {
   for (QChar &c : texte)
@@ -166,7 +163,7 @@ class Redaction {
     Annexer();
     NommerFauteDeMieux();
     personne_.photo = std::move(c_.photo);
-    SansNul();
+    SansNul(f_);
     return std::move(personne_);
   }
 
@@ -239,8 +236,7 @@ class Redaction {
          {&L::Ligne1, &L::Mail, &L::Portable, &L::Tel, &L::TelTravail, &L::Fax, &L::Web})
       if (EstSansNom(f_.NomVelmira)) f_.NomVelmira = f_.*champ;
     f_.NomVelmira.remove(u'"');
-    if (EstSansNom(f_.NomVelmira))
-      personne_.refus = u"La fiche ne porte ni nom, ni adresse, ni numéro."_s;
+    if (EstSansNom(f_.NomVelmira)) personne_.refus = RefusSansNom();
   }
 
   void Adresser() {
@@ -410,17 +406,6 @@ class Redaction {
     }
   }
 
-  /// A null mark of protection would hide the record from everybody.
-  void SansNul() {
-    std::apply([this](const auto &...colonne) { (SansNul(f_.*colonne.champ), ...); },
-               Table<L>::colonnes);
-  }
-  static void SansNul(QString &texte) {
-    if (texte.isNull()) texte = u""_s;
-  }
-  template <typename Champ>
-  static void SansNul(Champ &) {}
-
   Contact c_;
   const UsagesReprise &usages_;
   PersonneImportee personne_;
@@ -428,6 +413,12 @@ class Redaction {
   QString adresse_;     ///< the one of the columns, its country too
   bool nomme_ = false;  ///< the record bears the name of the firm
 };
+
+void RemplirNul(QString &texte) {
+  if (texte.isNull()) texte = u""_s;
+}
+template <typename Champ>
+void RemplirNul(Champ &) {}
 
 bool Prendre(const QString &texte, QString &champ) {
   champ = texte;
@@ -493,6 +484,15 @@ Usage UsageDe(const QString &libelle) {
 
 PersonneImportee PersonneDe(Contact contact, const UsagesReprise &usages) {
   return Redaction(std::move(contact), usages).Rediger();
+}
+
+void SansNul(Correspondant &fiche) {
+  std::apply([&](const auto &...colonne) { (RemplirNul(fiche.*colonne.champ), ...); },
+             Table<L>::colonnes);
+}
+
+QString RefusSansNom() {
+  return u"La fiche ne porte ni nom, ni adresse, ni numéro."_s;
 }
 
 QString EcrireColonne(const Correspondant &fiche, std::size_t ordinal) {

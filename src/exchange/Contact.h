@@ -68,6 +68,14 @@ struct Contact {
 /// whole to the notes.
 PersonneImportee PersonneDe(Contact contact, const UsagesReprise &usages);
 
+/// What a text column of the older databases holds: a record may still have to go into one.
+inline constexpr qsizetype kPlusLong = 255;
+/// Every text that is null becomes an empty one: a null mark of protection would hide the record
+/// from everybody.
+void SansNul(Correspondant &fiche);
+/// Why a record that nothing names is refused.
+QString RefusSansNom();
+
 /// A column as a text that `LireColonne` takes back, and whether it could.
 QString EcrireColonne(const Correspondant &fiche, std::size_t ordinal);
 bool LireColonne(Correspondant &fiche, std::size_t ordinal, const QString &texte);

@@ -26,19 +26,24 @@ struct EtudeReprise {
     qsizetype refusees = 0;
   };
   QList<DuFichier> fichiers;
-  qsizetype nouvelles = 0;   ///< whose name is not there yet
+  qsizetype nouvelles = 0;   ///< whom the directory has no record for
   qsizetype identiques = 0;  ///< who stand there with all that the file says
+  /// Of the new ones, those whose name an earlier one of the files bears: they become one record
+  /// where they do not contradict each other.
+  qsizetype repetees = 0;
   /// The others, the first `kRencontres`; `tues` counts what is left out.
   QList<Rencontre> rencontres;
   qsizetype tues = 0;
-  /// The first `kPremieres` of each file, without those that are refused: a picture with its bytes.
+  /// The first `kPremieres` of each file, a picture with its bytes; without those that are refused
+  /// or hidden from the user.
   QList<PersonneImportee> premieres;
   BilanReprise::Chapitre refus;        ///< place, name and reason
   BilanReprise::Chapitre memeAdresse;  ///< two names with the same mail or number
   bool arretee = false;                ///< nothing is counted then
 };
 
-/// Reads the files and the directory, and writes nothing. Throws `ErreurBase` and `ErreurFichier`.
+/// Reads the files and the directory, and writes nothing, nor keeps anybody from writing. Throws
+/// `ErreurBase` and `ErreurFichier`.
 EtudeReprise EtudierReprise(Base &base, const QList<FichierRepris> &fichiers,
                             const UsagesReprise &usages, const QString &utilisateur,
                             const Avance &avance);

@@ -5,10 +5,13 @@
 #include "exchange/GenreFichier.h"
 #include "exchange/LecteurCsv.h"
 #include "exchange/PersonneImportee.h"
+#include "storage/Avance.h"
 #include "storage/MiseAJour.h"
 
+#include <QList>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 class AncienneBase;
@@ -19,7 +22,7 @@ struct FichierRepris {
   GenreFichier genre = GenreFichier::Inconnu;
   FormeCsv forme = {};                            ///< of a table
   Correspondances colonnes = {};                  ///< of a table, as its heads tell; may be changed
-  std::shared_ptr<const AncienneBase> base = {};  ///< of an older database, read whole
+  std::shared_ptr<const AncienneBase> base = {};  ///< of an older database, read and converted
 
   /// Of an older database that is damaged: what could be read, a line for each table; whoever takes
   /// that over must have asked the user. Empty for any other file.
@@ -33,3 +36,14 @@ FichierRepris Regarder(const QString &chemin, const ReglesCopie &regles);
 
 /// Its persons, from the first one.
 std::unique_ptr<SourcePersonnes> Ouvrir(const FichierRepris &fichier, const UsagesReprise &usages);
+
+/// What is done with files, one after another.
+struct Parcours {
+  std::function<void(const FichierRepris &)> avant;  ///< each
+  std::function<void(PersonneImportee &&)> chacune;
+  std::function<void(const FichierRepris &)> apres;
+};
+
+/// Goes through the persons of all of them, and tells how much is done; false when it was stopped.
+bool Parcourir(const QList<FichierRepris> &fichiers, const UsagesReprise &usages,
+               const Parcours &parcours, const Avance &avance);

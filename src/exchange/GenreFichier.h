@@ -7,6 +7,7 @@ enum class GenreFichier {
   Inconnu,
   Cartes,   ///< see LecteurCartes.h
   Tableau,  ///< see LecteurCsv.h
+  Base,     ///< see AncienneBase.h
 };
 
 /// Throws `ErreurFichier` for what cannot be read, or is no file.

@@ -2,7 +2,7 @@
 // Persons of other programs' files are taken into the directory, where some of them may stand
 // already: somebody is known by the name, in upper or lower case, as of the exchange file.
 
-#include "exchange/Confrontation.h"
+#include "exchange/FichierRepris.h"
 #include "exchange/PersonneImportee.h"
 #include "storage/Avance.h"
 #include "storage/Base.h"
@@ -13,8 +13,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <functional>
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -67,20 +65,17 @@ struct BilanReprise {
   qsizetype Pris() const { return ajoutes + completes + remplaces + identiques + gardes; }
 };
 
-/// Opens a file by what it holds, a table as its heads tell. Throws `ErreurFichier`, also for a
-/// file of which nothing can be taken.
-std::unique_ptr<SourcePersonnes> OuvrirPersonnes(const QString &chemin,
-                                                 const UsagesReprise &usages);
-
-/// Opens a file once its turn has come.
-using OuvertureSource = std::function<std::unique_ptr<SourcePersonnes>()>;
-
 /// Takes all of them over in one transaction: a stop or a failure leaves the directory as it was,
 /// and no picture behind. Who is there with all that the file says is never added again. A record
 /// answers for one person of a file: of two of one name that contradict each other the second is
 /// added, those that do not are one. Throws `ErreurBase` and `ErreurFichier`.
-BilanReprise ReprendrePersonnes(Base &base, const QList<OuvertureSource> &sources,
-                                const DemandeReprise &demande, const Avance &avance);
+BilanReprise ReprendrePersonnes(Base &base, const QList<FichierRepris> &fichiers,
+                                const UsagesReprise &usages, const DemandeReprise &demande,
+                                const Avance &avance);
+
+/// The lines of a report: place, name and reason; two names with what they share.
+QString TexteRefus(const PersonneImportee &personne);
+QString TexteMemeAdresse(const Correspondant &fiche, const std::pair<QString, QString> &autre);
 
 /// The report as a text of lines, for a window, a file or a terminal.
 QString TexteBilan(const BilanReprise &bilan);

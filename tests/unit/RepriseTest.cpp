@@ -3,7 +3,7 @@
 
 #include "Outils.h"
 #include "app/Sauvan.h"
-#include "exchange/LecteurCartes.h"
+#include "exchange/EtudeReprise.h"
 #include "exchange/Reprise.h"
 
 #include <QDir>
@@ -24,15 +24,29 @@ class VenusDAilleurs : public DansUnDossier {
   DemandeReprise Demande(Deja deja = Deja::Completer) const {
     return {.deja = deja, .utilisateur = u"moi"_s, .dossierPhotos = Chemin(u"Photos"_s)};
   }
-  BilanReprise Reprendre(const QString &cartes, const DemandeReprise &demande,
-                         const Avance &avance = kSansArret) {
+  QList<FichierRepris> Cartes(const QString &cartes) const {
     QByteArray octets;
     for (const QString &carte : cartes.split(u"++"_s))
       octets += "BEGIN:VCARD\nVERSION:3.0\n" + carte.trimmed().replace(u'~', u'\n').toUtf8() +
                 "\nEND:VCARD\n";
     Poser(u"c.vcf"_s, octets);
-    return ReprendrePersonnes(base_, {[this] { return OuvrirCartes(Chemin(u"c.vcf"_s), kUsages); }},
-                              demande, avance);
+    return {Regarder(Chemin(u"c.vcf"_s), {})};
+  }
+  BilanReprise Reprendre(const QString &cartes, const DemandeReprise &demande,
+                         const Avance &avance = kSansArret) {
+    return ReprendrePersonnes(base_, Cartes(cartes), kUsages, demande, avance);
+  }
+  /// As it would be met: of the file, refused, new, of these twice, the same, otherwise.
+  QString Etude(const QString &cartes) {
+    FichierNu autre(Chemin(u"b"_s));
+    autre.Executer(u"BEGIN IMMEDIATE"_s);  // somebody is writing
+    const auto e = EtudierReprise(base_, Cartes(cartes), kUsages, u"moi"_s, kSansArret);
+    return u"%1 %2 %3 %4 %5 %6"_s.arg(e.fichiers[0].fiches)
+        .arg(e.refus.lignes.size())
+        .arg(e.nouvelles)
+        .arg(e.repetees)
+        .arg(e.identiques)
+        .arg(e.rencontres.size());
   }
   static QString Comptes(const BilanReprise &b) {
     return u"%1 %2 %3 %4 %5 %6"_s.arg(b.ajoutes)
@@ -56,7 +70,7 @@ class VenusDAilleurs : public DansUnDossier {
   Base base_;
 };
 
-// Answer; who is there; the cards; added, completed, replaced, same, kept, refused; the records.
+// Answer; the cards; added, completed, replaced, same, kept, refused; the study; the records.
 TEST_F(VenusDAilleurs, DejaLa) {
   const QHash<QString, Deja> reponses{{u"C"_s, Deja::Completer},
                                       {u"G"_s, Deja::Garder},
@@ -67,18 +81,21 @@ TEST_F(VenusDAilleurs, DejaLa) {
     C | N:DURAND;PAUL~TEL;TYPE=HOME:01.02.03.04.05~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
     C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
     C | N:Durand;Paul~TEL;TYPE=HOME:0102030406 | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
-    C | N:Durand;Paul~NOTE:vu~CATEGORIES:Amis | 0 0 0 1 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    C | N:Durand;Paul~NOTE:vu~CATEGORIES:Amis | 0 0 0 1 0 0 | 1 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     C | N:Durand;Paul~NOTE:dit~NICKNAME:Jo~CATEGORIES:Pro,Amis | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*Pro*,vu/dit/Surnom : Jo
     G | N:Durand;Paul~EMAIL:p@a | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     P | N:Durand;Paul~TEL;TYPE=HOME:06~NOTE:dit | 0 0 1 0 0 0 | Durand Paul,06,*Amis*,vu/dit
     D | N:Durand;Paul~EMAIL:p@a | 1 0 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu Durand Paul,p@a
     D | N:Durand;Paul~NOTE:vu | 0 0 0 1 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
-    C | N:A~TEL;TYPE=HOME:1++N:a~EMAIL:a@a++N:A~TEL;TYPE=HOME:2++NOTE:personne | 2 1 0 0 0 1 | Durand Paul,01 02 03 04 05,*Amis*,vu A,1,a@a A,2
-    C | N:Durand;Paul~EMAIL:p@a++N:Durand;Paul~EMAIL:q@a | 1 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu Durand Paul,q@a
+    C | N:A~TEL;TYPE=HOME:1++N:a~EMAIL:a@a++N:A~TEL;TYPE=HOME:2++NOTE:personne | 2 1 0 0 0 1 | 4 1 3 2 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu A,1,a@a A,2
+    C | N:Durand;Paul~EMAIL:p@a++N:Durand;Paul~EMAIL:q@a | 1 1 0 0 0 0 | 2 0 0 0 0 2 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu Durand Paul,q@a
   )",
       [&](Rangee c) {
         Sql(u"b"_s, u"DELETE FROM Adresse"_s);
         Reprendre(la, Demande());
+        if (c.size() > 4) {
+          EXPECT_EQ(Etude(c[1]), c[3]);
+        }
         EXPECT_EQ(Comptes(Reprendre(c[1], Demande(reponses[c[0]]))), c[2]);
         const QString une = Fiches();
         Reprendre(c[1], Demande(reponses[c[0]]));
@@ -130,12 +147,11 @@ TEST_F(VenusDAilleurs, ToutOuRien) {
   const QString deux = u"N:A"_s + image + u"++N:A~TEL:1"_s + image + u"++N:A~TEL:2"_s + image;
   EXPECT_TRUE(Reprendre(deux, Demande(), [](qsizetype, qsizetype) { return false; }).arrete);
   EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
-  {
-    const OuvertureSource absente = [this] { return OuvrirCartes(Chemin(u"absent"_s), kUsages); };
-    const OuvertureSource presente = [this] { return OuvrirCartes(Chemin(u"c.vcf"_s), kUsages); };
-    EXPECT_THROW(ReprendrePersonnes(base_, {presente, absente}, Demande(), kSansArret),
-                 ErreurFichier);
-  }
+  const FichierRepris present = Regarder(Chemin(u"c.vcf"_s), {});
+  FichierRepris parti = present;
+  parti.chemin = Chemin(u"absent"_s);
+  EXPECT_THROW(ReprendrePersonnes(base_, {present, parti}, kUsages, Demande(), kSansArret),
+               ErreurFichier);
   EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
 
   Poser(u"Photos/A.jpg"_s, "another one's");

@@ -1,0 +1,115 @@
+#include "exchange/Reconnaissance.h"
+
+#include "directory/Protection.h"
+#include "platform/Saisie.h"
+#include "storage/ExtraitAdresse.h"
+#include "storage/Noms.h"
+#include "storage/Tables.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace {
+
+using L = Correspondant;
+
+constexpr std::array kAdresses{&L::Mail, &L::Tel, &L::TelTravail, &L::Portable, &L::Fax};
+
+/// Short ones are those of services, which many have.
+QString Nue(const L &fiche, QString L::*champ) {
+  constexpr qsizetype kPlusCourt = 6;
+  const QString nue = champ == &L::Mail ? SansEcriture(fiche.*champ) : NumeroNu(fiche.*champ);
+  return nue.size() < kPlusCourt ? QString() : nue;
+}
+
+QString NomConnu(const QString &nom) {
+  return EnCapitales(SansBlancs(nom));
+}
+
+}  // namespace
+
+Reconnaissance::Reconnaissance(Base &base, const QString &utilisateur)
+    : base_(base), utilisateur_(utilisateur) {
+  constexpr std::array kLues{
+      Ordinal(&L::Index), Ordinal(&L::NomVelmira), Ordinal(&L::DataProt), Ordinal(&L::Mail),
+      Ordinal(&L::Tel),   Ordinal(&L::TelTravail), Ordinal(&L::Portable), Ordinal(&L::Fax)};
+  ExtraitAdresse(base, kLues).PourChaque([&](const LigneStockee &ligne) {
+    L fiche;
+    fiche.NomVelmira = ligne.Texte(1);
+    fiche.DataProt = ligne.Texte(2);
+    int place = 3;
+    for (const auto champ : kAdresses) fiche.*champ = ligne.Texte(place++);
+    const bool visible = EstVisible(fiche.DataProt, utilisateur_);
+    noms_[CleNom(fiche, !visible)].append(ligne.Texte(0).toLongLong());
+    if (visible) NoterAdresses(fiche);
+    return true;
+  });
+}
+
+void Reconnaissance::Commencer(const FichierRepris &fichier) {
+  roles_.clear();
+  ligneALigne_ = fichier.base != nullptr;
+}
+
+bool Reconnaissance::EstCachee(const L &fiche) const {
+  return ligneALigne_ && !EstVisible(fiche.DataProt, utilisateur_);
+}
+
+QString Reconnaissance::Marque(const L &fiche) const {
+  return ligneALigne_ || EstVisible(fiche.DataProt, utilisateur_) ? fiche.DataProt : utilisateur_;
+}
+
+QString Reconnaissance::CleNom(const L &fiche, bool cachee) const {
+  return (cachee ? fiche.DataProt : QString()) + QChar::Null + NomConnu(fiche.NomVelmira);
+}
+
+QList<Cle> Reconnaissance::DeCeNom(const L &fiche) const {
+  return noms_.value(CleNom(fiche, EstCachee(fiche)));
+}
+
+std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personne, bool joindre) {
+  std::optional<Reconnue> libre, prise;
+  for (const Cle cle : DeCeNom(personne.fiche)) {
+    const auto role = roles_.constFind(cle);
+    const bool occupee = role != roles_.cend();
+    if (occupee && ligneALigne_) continue;
+    const auto presente = TableAdresse(base_).Lire(cle);
+    if (!presente) continue;
+    const Confrontation faite = Confronter(*presente, personne);
+    if (faite.Pareils()) {
+      if (!occupee) Prendre(cle);
+      return Reconnue{Reconnue::Lien::Pareille, *presente, faite};
+    }
+    if (!occupee) {
+      if (!libre) libre = {Reconnue::Lien::Libre, *presente, faite};
+    } else if (!prise && faite.ecarts.none() && (*role == Role::Ajoutee || joindre)) {
+      prise = {Reconnue::Lien::Prise, *presente, faite};
+    }
+  }
+  return libre ? libre : prise;
+}
+
+void Reconnaissance::Ajouter(const L &fiche, Cle cle) {
+  const bool cachee = EstCachee(fiche);
+  noms_[CleNom(fiche, cachee)].append(cle);
+  if (!cachee) NoterAdresses(fiche);
+  roles_.insert(cle, Role::Ajoutee);
+}
+
+std::optional<std::pair<QString, QString>> Reconnaissance::MemeAdresse(const L &fiche) const {
+  const QString nom = NomConnu(fiche.NomVelmira);
+  for (const auto champ : kAdresses) {
+    const auto autre = adresses_.constFind(Nue(fiche, champ));
+    if (autre != adresses_.cend() && NomConnu(*autre) != nom)
+      return std::pair(*autre, fiche.*champ);
+  }
+  return std::nullopt;
+}
+
+void Reconnaissance::NoterAdresses(const L &fiche) {
+  for (const auto champ : kAdresses)
+    if (const QString adresse = Nue(fiche, champ);
+        !adresse.isEmpty() && !adresses_.contains(adresse))
+      adresses_.insert(adresse, fiche.NomVelmira);
+}
