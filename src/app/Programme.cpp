@@ -177,7 +177,8 @@ void Programme::PoserCommandes() {
   new CommandesEchange(session_, {a.mnuExport, a.mnuImport, a.mnuVelmira, a.mnuEnvoyer},
                        velmira->LeRepertoire(), velmira->LeCompteRendu(), velmira);
   new CommandesAutresProgrammes(session_, {a.mnuImporterAutre, a.mnuExporterAutre},
-                                velmira->LeRepertoire(), velmira->LeCompteRendu(), velmira);
+                                velmira->LeRepertoire(), velmira->Liste(), velmira->LeCompteRendu(),
+                                velmira);
   new CommandesFetes(session_, a.mnuJF, a.mnuFete, a.mnuDate, velmira);
   new CommandesBase(session_, {a.mnuLiaison, a.mnuChemin, a.mnuTransfert, a.mnuRepComp, a.mnuRecup},
                     {[velmira] { velmira->Liste().CliquerRacine(); },

@@ -1,14 +1,26 @@
 #include "exchange/CommandesAutresProgrammes.h"
 
+#include "directory/Categories.h"
+#include "directory/Liste.h"
+#include "exchange/FrmExport.h"
+#include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
 
 #include <QWidget>
 
+using namespace Qt::StringLiterals;
+
 CommandesAutresProgrammes::CommandesAutresProgrammes(Session &session, const Actions &actions,
-                                                     Repertoire &repertoire, CompteRendu &fait,
+                                                     Repertoire &repertoire,
+                                                     const ListeVelmiras &liste, CompteRendu &fait,
                                                      QWidget *fenetre)
-    : QObject(fenetre), session_(session), repertoire_(repertoire), fait_(fait), fenetre_(fenetre) {
+    : QObject(fenetre),
+      session_(session),
+      repertoire_(repertoire),
+      liste_(liste),
+      fait_(fait),
+      fenetre_(fenetre) {
   const Brancheur brancher(session_.plateforme.boites, this);
   brancher(actions.mnuImporterAutre, &CommandesAutresProgrammes::Importer);
   brancher(actions.mnuExporterAutre, &CommandesAutresProgrammes::Exporter);
@@ -16,4 +28,12 @@ CommandesAutresProgrammes::CommandesAutresProgrammes(Session &session, const Act
 
 void CommandesAutresProgrammes::Importer() {}
 
-void CommandesAutresProgrammes::Exporter() {}
+void CommandesAutresProgrammes::Exporter() {
+  if (ListerVelmiras(TableAdresse(session_.base),
+                     {ToutesCategories(), {}, session_.plateforme.utilisateur})
+          .empty()) {
+    session_.plateforme.boites.Information(u"Il n'y a encore aucun correspondant à exporter."_s);
+    return;
+  }
+  FrmExport(session_, liste_, fait_, fenetre_).exec();
+}

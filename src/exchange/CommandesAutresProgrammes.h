@@ -6,6 +6,7 @@
 #include <QObject>
 
 class CompteRendu;
+class ListeVelmiras;
 class QAction;
 
 /// The commands that take persons over from files of other programs, and write them for these.
@@ -18,7 +19,7 @@ class CommandesAutresProgrammes : public QObject {
   };
 
   CommandesAutresProgrammes(Session &session, const Actions &actions, Repertoire &repertoire,
-                            CompteRendu &fait, QWidget *fenetre);
+                            const ListeVelmiras &liste, CompteRendu &fait, QWidget *fenetre);
 
  private:
   void Importer();
@@ -26,6 +27,7 @@ class CommandesAutresProgrammes : public QObject {
 
   Session &session_;
   Repertoire &repertoire_;
+  const ListeVelmiras &liste_;
   CompteRendu &fait_;
   QWidget *fenetre_;
 };

@@ -258,3 +258,25 @@ BilanExport ExporterPersonnes(Base &base, const DemandeExport &demande, const Av
   }
   return bilan;
 }
+
+QString TexteBilan(const BilanExport &bilan, const QString &chemin) {
+  const auto compter = [](qsizetype nombre, const QString &un, const QString &plusieurs) {
+    return nombre > 1 ? plusieurs.arg(nombre) : un;
+  };
+  QString texte = compter(bilan.ecrits, u"Un correspondant a été écrit"_s,
+                          u"%1 correspondants ont été écrits"_s) +
+                  u" dans le fichier « %1 »."_s.arg(QDir::toNativeSeparators(chemin));
+  if (bilan.caches > 0)
+    texte += compter(bilan.caches,
+                     u"\n\nUn correspondant masqué, que la liste ne montre pas, n'y est pas."_s,
+                     u"\n\n%1 correspondants masqués, que la liste ne montre pas, n'y sont pas."_s);
+  if (bilan.sansPhoto > 0)
+    texte += compter(
+        bilan.sansPhoto, u"\n\nUne photo n'a pas pu être lue : la fiche est partie sans elle."_s,
+        u"\n\n%1 photos n'ont pas pu être lues : les fiches sont parties sans elles."_s);
+  return texte +
+         u"\n\nCe que ce format ne prévoit pas, comme la liste rouge ou la protection, y est sous "
+         "des noms propres à Velmira (X-VELMIRA dans une carte) : les autres programmes "
+         "l'ignorent, "
+         "Velmira le reprend."_s;
+}

@@ -8,6 +8,7 @@
 #include "storage/Base.h"
 
 #include <QSet>
+#include <QString>
 
 #include <optional>
 
@@ -44,3 +45,6 @@ struct BilanExport {
 /// Writes the records in the order of the table. Throws `ErreurBase` and `ErreurFichier`; the file
 /// is as it was then.
 BilanExport ExporterPersonnes(Base &base, const DemandeExport &demande, const Avance &avance);
+
+/// What the user reads of a file that has been written.
+QString TexteBilan(const BilanExport &bilan, const QString &chemin);

@@ -26,6 +26,8 @@ QString PageAide(const QString &fenetre) {
       {u"FrmCalendrier"_s, u"calendrier.html#mois"_s},
       {u"FrmImprime"_s, u"echanges.html#imprimer"_s},
       {u"FrmAvancement"_s, u"echanges.html#importer"_s},
+      {u"FrmReprise"_s, u"venir.html"_s},
+      {u"FrmExport"_s, u"venir.html#repartir"_s},
       {u"FrmLiaison"_s, u"telephone.html#separateur"_s},
       {u"FrmBilan"_s, u"maintenance.html#reparation"_s},
       {u"FrmRestaurer"_s, u"maintenance.html#restaurer"_s},
