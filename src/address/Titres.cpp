@@ -2,6 +2,7 @@
 
 #include "address/ChaineAdresse.h"
 #include "platform/Enregistrable.h"
+#include "platform/Erreurs.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "storage/Noms.h"
@@ -52,6 +53,12 @@ void Ecrire(const QString &appPath, QStringList titres) {
 
 QStringList LireTitres(const QString &appPath) {
   return Lignes(LireFichierPresent(Fichier(appPath)));
+}
+
+QStringList TitresLus(const QString &appPath) {
+  QStringList titres;
+  Ignorer([&] { titres = LireTitres(appPath); });
+  return titres;
 }
 
 void TrierTitres(QStringList &titres) {

@@ -7,6 +7,9 @@
 /// The titles of the file. Throws `ErreurFichier` when it is missing or cannot be read.
 QStringList LireTitres(const QString &appPath);
 
+/// The same for what goes without them where the file cannot be read.
+QStringList TitresLus(const QString &appPath);
+
 /// Sorts titles like names.
 void TrierTitres(QStringList &titres);
 

@@ -88,7 +88,7 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
     if (!base.Ouverte())
       throw ErreurFichier(
           u"La base « %1 » n'existe pas."_s.arg(QDir::toNativeSeparators(demande.base)));
-    const UsagesReprise usages{LireSeparateurTel(appPath), LireTitres(appPath)};
+    const UsagesReprise usages{LireSeparateurTel(appPath), TitresLus(appPath)};
     const QList<FichierRepris> fichiers =
         RegarderTous(demande.fichiers, LireReglesCopie(appPath, usages.separateurTel));
     const BilanReprise bilan = ReprendrePersonnes(

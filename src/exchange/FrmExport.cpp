@@ -122,13 +122,13 @@ QString FrmExport::Propose() const {
 
 DemandeExport FrmExport::Demande(const QString &chemin) const {
   const QList<Cle> coches = ui_->TV->Coches();
-  DemandeExport demande{.chemin = chemin,
-                        .format = Format(),
-                        .categorie = ui_->CboCat->currentText(),
-                        .cochees = {},
-                        .utilisateur = session_.plateforme.utilisateur,
-                        .usages = {session_.reglages.SeparateurTel, {}}};
-  Ignorer([&] { demande.usages.titres = LireTitres(session_.dossiers.AppPath); });
+  DemandeExport demande{
+      .chemin = chemin,
+      .format = Format(),
+      .categorie = ui_->CboCat->currentText(),
+      .cochees = {},
+      .utilisateur = session_.plateforme.utilisateur,
+      .usages = {session_.reglages.SeparateurTel, TitresLus(session_.dossiers.AppPath)}};
   if (coches.size() < ui_->TV->Modele().NombreEnfants())
     demande.cochees = QSet<Cle>(coches.begin(), coches.end());
   return demande;

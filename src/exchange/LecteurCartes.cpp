@@ -628,7 +628,18 @@ class Traduction {
   void Autre(const Propriete &p) {
     if (p.EstEnBase64() && !p.valeur.trimmed().isEmpty())
       return Noter(p, u"%1 octets, non repris"_s.arg(QByteArray::fromBase64(p.valeur).size()));
-    Noter(p, Texte(p));
+    const QString texte = Texte(p);
+    Noter(p, EstDuTexte(texte) ? texte : u"%1 octets, non repris"_s.arg(texte.size()));
+  }
+
+  /// Bytes that were written as a text have control characters, and hardly a letter.
+  static bool EstDuTexte(const QString &texte) {
+    const auto commande = [](QChar c) {
+      return c.category() == QChar::Other_Control && c != u'\n' && c != u'\t';
+    };
+    const auto parlant = [](QChar c) { return c.isLetterOrNumber() || c == u' '; };
+    return std::ranges::none_of(texte, commande) ||
+           2 * std::ranges::count_if(texte, parlant) >= texte.size();
   }
 
   /// Labelled by its group's label, or by its name and use.

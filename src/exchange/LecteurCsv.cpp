@@ -479,8 +479,9 @@ void ProposerSansEntetes(const QStringList &valeurs, QList<Destination> &colonne
 }  // namespace
 
 bool EstUnTableau(QByteArrayView debut) {
+  const bool balise = debut.trimmed().startsWith('<');  // a page of the web
   return debut.startsWith(kDirective) ||
-         (!debut.contains('\0') && NombreDe(SeparateurDe(debut), debut) > 0);
+         (!balise && !debut.contains('\0') && NombreDe(SeparateurDe(debut), debut) > 0);
 }
 
 FormeCsv AnalyserCsv(const QString &chemin) {

@@ -59,7 +59,7 @@ TEST_F(AutresProgrammes, Cartes) {
     3.0 | N:Doe;Jo;Al,Bo;Dr;Sr¶FN:Dr Jo Al Bo Doe Sr¶ORG:Aé;Paie¶ADR:BP 1;;rue *$ A\nÉt. 2;V;R;44000;France | Ligne1=Dr Jo Doe Sr; Ligne2=Aé; Ligne3=rue A; Ligne4=Ét. 2; Ligne5=BP 1; CodePostal=44000; Ville=V; NomVelmira=Doe Jo; Commentaires=Autres prénoms : Al,Bo/Région : R/Service : Paie
     4.0 | FN:Paul Le Gall¶BDAY:--0322¶PHOTO:http://a/b.jpg¶PHOTO:data:image/png;base64,AAAA | Ligne1=Paul Le Gall; NomVelmira=Le Gall Paul; Commentaires=Né(e) le : 22/03/Photo : http://a/b.jpg/Photo : image d'une forme inconnue, 3 octets, non reprise
     3.0 | ORG:Garage "du" Port¶TITLE:x¶UID:u¶REV:r¶X-ABSHOWAS:COMPANY | Ligne1=Garage "du" Port; NomVelmira=Garage du Port; Commentaires=Fonction : x
-    2.1 | N;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:Lef=E8vre=3B;Zo=¶=E9¶NOTE;ENCODING=QUOTED-PRINTABLE:a=0D=0Ab=¶ c¶X-A;BASE64:¶ QUJD¶ REVG¶¶BDAY:19800322 | Ligne1=Zoé Lefèvre;; NomVelmira=Lefèvre; Zoé; Commentaires=a/b c/X-A : 6 octets, non repris; DDN=22/03/1980
+    2.1 | N;CHARSET=ISO-8859-1;ENCODING=QUOTED-PRINTABLE:Lef=E8vre=3B;Zo=¶=E9¶NOTE;ENCODING=QUOTED-PRINTABLE:a=0D=0Ab=¶ c¶X-A;BASE64:¶ QUJD¶ REVG¶¶FBURL;QUOTED-PRINTABLE:??s?=0C¶BDAY:19800322 | Ligne1=Zoé Lefèvre;; NomVelmira=Lefèvre; Zoé; Commentaires=a/b c/X-A : 6 octets, non repris/Disponibilités : 5 octets, non repris; DDN=22/03/1980
     2.1 | N:A;B¶NOTE:C:\new\;x\\y¶AGENT:¶BEGIN:VCARD¶N:C;D¶TEL:01¶END:VCARD¶EMAIL;PREF:b@b | Ligne1=B A; NomVelmira=A B; Mail=b@b; Commentaires=C:\new;x\\y/Agent, Nom : C, D/Agent, Téléphone : 01
     3.0 | N:A¶NOTE:C:\temp\\new\nb¶AGENT:BEGIN:VCARD\nFN:Su\;E\nEND:VCARD¶EMAIL:a@a¶EMAIL;TYPE=pref:b@b | Ligne1=A; NomVelmira=A; Mail=b@b; Commentaires=C:\temp\new/b/Adresse email : a@a/Agent, Nom complet : Su, E
     3.0 | N:A¶TEL;TYPE=CELL:+33 (0)6 12.34.56.78¶TEL;TYPE=HOME:0033240123456¶TEL;TYPE="work,voice":0044 20 7946¶TEL;TYPE=FAX:1¶TEL:01 poste 2¶TEL;TYPE=PAGER:0102 | Ligne1=A; NomVelmira=A; Tel=02 40 12 34 56; Fax=1; Commentaires=Téléphone : 01 poste 2/pager : 01 02; Portable=06 12 34 56 78; TelTravail=0044 20 7946
@@ -333,8 +333,8 @@ TEST_F(AutresProgrammes, FichiersHostiles) {
   EXPECT_EQ(Une("Nom" + QByteArray(299, ';') + "\nA" + QByteArray(299, ';') + "z"),
             u"Ligne1=A; NomVelmira=A; Commentaires=Colonne 300 : z"_s);
   EXPECT_TRUE(Echec([&] { Lire("Nom" + QByteArray(1001, ';') + "\nA"); }).contains(u"1000"_s));
-  for (const QByteArray &autre :
-       {QByteArray(), QByteArray("mots"), QByteArray("a;b\0c", 5), QByteArray("une\ndeux;")}) {
+  for (const QByteArray &autre : {QByteArray(), QByteArray("mots"), QByteArray("a;b\0c", 5),
+                                  QByteArray("une\ndeux;"), QByteArray("\n<p>a;b</p>")}) {
     Poser(u"f"_s, autre);
     EXPECT_EQ(GenreDe(Chemin(u"f"_s)), GenreFichier::Inconnu) << autre.toStdString();
   }

@@ -186,7 +186,6 @@ TEST_F(VenusDAilleurs, SansFenetre) {
   Poser(u"vide"_s, "BEGIN:VCARD\nNOTE:x\nEND:VCARD\n");
   Poser(u"suite"_s, "Nom;Ville\nA;Brest\n");
   Poser(u"autre"_s, "rien");
-  Poser(u"Civilite.txt"_s, "M. \r\n");
   Cas(R"(
     /b bon                    | 0 | 1 ajouté(s)    | A
     /b bon autre              | 2 | vCard          |
