@@ -24,6 +24,12 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+constexpr Cle kAucuneTable = -1;  ///< of a record that no table holds
+
+}  // namespace
+
 FicheAffichee::FicheAffichee(Session &session, PanneauFiche &panneau)
     : session_(session), panneau_(panneau) {
   Ignorer(
@@ -39,6 +45,14 @@ bool FicheAffichee::Montrer(Cle index) {
   MontrerTextes(*fiche);
   MontrerPhoto(*fiche);
   return true;
+}
+
+void FicheAffichee::Apercevoir(Correspondant fiche, const std::optional<QByteArray> &photo) {
+  montree_ = {};
+  fiche.Index = kAucuneTable;
+  const bool lue = photo ? panneau_.MontrerPhoto(*photo) : panneau_.MontrerPhoto(fiche.Photo);
+  if (!lue) panneau_.MontrerPhoto(QString());
+  MontrerTextes(std::move(fiche));
 }
 
 std::optional<Correspondant> FicheAffichee::Relire() const {

@@ -19,6 +19,9 @@ class FicheAffichee {
   /// that another user has deleted meanwhile: nothing is on display then. Throws `ErreurBase`.
   bool Montrer(Cle index);
 
+  /// Shows one that stands in no table yet, with its picture as its file would hold it.
+  void Apercevoir(Correspondant fiche, const std::optional<QByteArray> &photo);
+
   /// The record on display as the table has it now; nothing where it has gone. Throws `ErreurBase`.
   std::optional<Correspondant> Relire() const;
   /// Shows what another user has made of the record on display. What has not changed is not

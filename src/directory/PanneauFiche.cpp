@@ -58,6 +58,11 @@ void Poser(QWidget &partie, QBoxLayout *colonne, int place, QGridLayout &grille,
     grille.addWidget(&partie, rangee, 0, 1, 2);
 }
 
+void NePlusEtreUnLien(QWidget &lien) {
+  lien.setAttribute(Qt::WA_TransparentForMouseEvents);
+  lien.setFocusPolicy(Qt::NoFocus);
+}
+
 /// The portrait's column takes what the address under it needs, or the portrait alone.
 void PartagerColonnes(QGridLayout &grille, bool large) {
   grille.setColumnStretch(0, large ? kPartGauche : 1);
@@ -122,7 +127,8 @@ void PanneauFiche::PreparerAccueil() {
 }
 
 void PanneauFiche::Colorier() {
-  const QColor discrete = EncreDiscrete(palette()), lien = EncreLien(palette());
+  const QColor discrete = EncreDiscrete(palette());
+  const QColor lien = lecture_ ? palette().color(QPalette::WindowText) : EncreLien(palette());
   for (QWidget *libelle : std::initializer_list<QWidget *>{
            ui_->LblAge, ui_->LblAVenir, ui_->LblFete, ui_->LblDomicile, ui_->LblTravail,
            ui_->LblPortable, ui_->LblTelecopie, ui_->LblCourriel, ui_->LblSite, ui_->LblCategories,
@@ -197,7 +203,7 @@ void PanneauFiche::MajAccueil() {
 
 void PanneauFiche::Vider() {
   Montrer({}, {});
-  MontrerPhoto({});
+  MontrerPhoto(QString());
   MontrerNotes({});
   ui_->TxtComments->setReadOnly(true);
 }
@@ -239,8 +245,11 @@ void PanneauFiche::MontrerCategories(const QString &categories) {
     auto *lien = new EtiquetteLien(ui_->Categories);
     lien->setObjectName(u"LblCategorie_%1"_s.arg(rang->count()));
     lien->setText(nom);
-    lien->setToolTip(u"Afficher cette catégorie"_s);
-    Colorer(lien, EncreLien(palette()));
+    if (lecture_)
+      NePlusEtreUnLien(*lien);
+    else
+      lien->setToolTip(u"Afficher cette catégorie"_s);
+    Colorer(lien, lecture_ ? palette().color(QPalette::WindowText) : EncreLien(palette()));
     connect(lien, &QLabel::linkActivated, this, &PanneauFiche::CategorieDemandee);
     rang->addWidget(lien);
     setTabOrder(precedent, lien);
@@ -251,8 +260,15 @@ void PanneauFiche::MontrerCategories(const QString &categories) {
 }
 
 bool PanneauFiche::MontrerPhoto(const QString &chemin) {
-  const bool lue = ui_->Img->Montrer(chemin);
-  const bool montree = lue && !chemin.isEmpty();
+  return MontrerPortrait(ui_->Img->Montrer(chemin), chemin.isEmpty());
+}
+
+bool PanneauFiche::MontrerPhoto(const QByteArray &octets) {
+  return MontrerPortrait(ui_->Img->Montrer(octets), false);
+}
+
+bool PanneauFiche::MontrerPortrait(bool lue, bool vide) {
+  const bool montree = lue && !vide;
   ui_->Img->setVisible(montree);
   ui_->Shp->setVisible(montree);
   ui_->LblSansPhoto->hide();
@@ -287,6 +303,13 @@ void PanneauFiche::ChangerTaillePolice(int points) {
   ui_->TxtComments->setFont(font);
 }
 
+void PanneauFiche::MettreEnLecture() {
+  lecture_ = true;
+  ui_->TxtComments->setReadOnly(true);
+  for (QWidget *lien : {ui_->LblMail, ui_->LblWeb}) NePlusEtreUnLien(*lien);
+  Colorier();
+}
+
 void PanneauFiche::ActiverNumerotation(bool active) {
   numerotation_ = active;
   MajAffichage();
@@ -295,7 +318,7 @@ void PanneauFiche::ActiverNumerotation(bool active) {
 
 void PanneauFiche::MontrerNotes(const QString &notes) {
   MontrerTexte(*ui_->TxtComments, notes);
-  ui_->TxtComments->setReadOnly(false);
+  ui_->TxtComments->setReadOnly(lecture_);
 }
 
 QString PanneauFiche::Notes() const {

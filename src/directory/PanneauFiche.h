@@ -45,6 +45,8 @@ class PanneauFiche : public QWidget {
   void Montrer(const Correspondant &fiche, const Affichage &affichage);
   /// Gives false when the file is no picture; the frame is then empty. An empty path is no failure.
   bool MontrerPhoto(const QString &chemin);
+  /// The same of what the picture's file would hold.
+  bool MontrerPhoto(const QByteArray &octets);
   /// Says in the place of the portrait that it cannot be read; until the next one is shown.
   void AnnoncerPhotoAbsente(const QString &chemin);
 
@@ -53,6 +55,8 @@ class PanneauFiche : public QWidget {
   void MettreAdresseEnGras(bool gras);
   /// Size in points of the notes' font.
   void ChangerTaillePolice(int points);
+  /// A record that is only looked at: nothing of it is a link, and its notes take no typing.
+  void MettreEnLecture();
   /// Whether the numbers have their dial buttons.
   void ActiverNumerotation(bool active);
 
@@ -92,6 +96,8 @@ class PanneauFiche : public QWidget {
   void Colorier();
   void ColorierNumeros();
   void MontrerCategories(const QString &categories);
+  /// Of a portrait that could be read, or not.
+  bool MontrerPortrait(bool lue, bool vide);
   void CopierAdresse();
   /// Hides what is empty.
   void MajAffichage();
@@ -112,4 +118,5 @@ class PanneauFiche : public QWidget {
   bool rougeTel_ = false, rougeTravail_ = false;
   bool adresseImportee_ = false;
   bool numerotation_ = false;
+  bool lecture_ = false;
 };

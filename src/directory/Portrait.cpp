@@ -11,8 +11,7 @@
 namespace {
 
 /// A picture that fits a frame; none for what is no picture.
-QImage LireImage(const QString &chemin, const QSize &cadre) {
-  std::optional<QByteArray> octets = LirePhoto(chemin);
+QImage LireImage(std::optional<QByteArray> octets, const QSize &cadre) {
   if (!octets) return {};
   QBuffer contenu(&*octets);
   QImageReader lecteur(&contenu);
@@ -32,19 +31,31 @@ QSize Portrait::Cadre() const {
 }
 
 bool Portrait::Montrer(const QString &chemin) {
+  lire_ = nullptr;
+  if (!chemin.isEmpty()) lire_ = [chemin] { return LirePhoto(chemin); };
+  Dessiner();
+  return chemin.isEmpty() || lire_;
+}
+
+bool Portrait::Montrer(const QByteArray &octets) {
+  lire_ = [octets] { return octets; };
+  Dessiner();
+  return bool(lire_);
+}
+
+void Portrait::Dessiner() {
   cadre_ = Cadre();
   QImage image;
-  if (!chemin.isEmpty()) image = LireImage(chemin, cadre_);
-  chemin_ = image.isNull() ? QString() : chemin;
+  if (lire_) image = LireImage(lire_(), cadre_);
+  if (image.isNull()) lire_ = nullptr;
   image.setDevicePixelRatio(devicePixelRatioF());
   setPixmap(QPixmap::fromImage(image));
-  return chemin.isEmpty() || !image.isNull();
 }
 
 void Portrait::showEvent(QShowEvent *evenement) {
   QLabel::showEvent(evenement);
   // The window has been scaled since.
-  if (!chemin_.isEmpty() && cadre_ != Cadre()) Montrer(chemin_);
+  if (lire_ && cadre_ != Cadre()) Dessiner();
 }
 
 void Portrait::dragEnterEvent(QDragEnterEvent *evenement) {

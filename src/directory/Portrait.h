@@ -1,8 +1,12 @@
 #pragma once
 
+#include <QByteArray>
 #include <QLabel>
 #include <QList>
 #include <QUrl>
+
+#include <functional>
+#include <optional>
 
 /// The picture of a correspondent, as large as the label's maximum size allows.
 class Portrait : public QLabel {
@@ -14,6 +18,8 @@ class Portrait : public QLabel {
   /// False when the file is no picture that can be read here; nothing is shown then. An empty path
   /// shows nothing, and is no failure.
   bool Montrer(const QString &chemin);
+  /// The same of what such a file would hold.
+  bool Montrer(const QByteArray &octets);
 
   /// Never, though its text may be broken: it would make a form that scrolls higher than it needs.
   bool hasHeightForWidth() const override { return false; }
@@ -31,7 +37,8 @@ class Portrait : public QLabel {
  private:
   /// The room for the picture, in pixels of the screen.
   QSize Cadre() const;
+  void Dessiner();
 
-  QString chemin_;  ///< of the picture that is shown
-  QSize cadre_;     ///< it was made for
+  std::function<std::optional<QByteArray>()> lire_;  ///< the picture that is shown; null for none
+  QSize cadre_;                                      ///< it was made for
 };
