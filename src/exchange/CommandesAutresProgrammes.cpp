@@ -3,6 +3,8 @@
 #include "directory/Categories.h"
 #include "directory/Liste.h"
 #include "exchange/FrmExport.h"
+#include "exchange/FrmReprise.h"
+#include "exchange/TextesReprise.h"
 #include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
@@ -26,7 +28,13 @@ CommandesAutresProgrammes::CommandesAutresProgrammes(Session &session, const Act
   brancher(actions.mnuExporterAutre, &CommandesAutresProgrammes::Exporter);
 }
 
-void CommandesAutresProgrammes::Importer() {}
+void CommandesAutresProgrammes::Importer() {
+  FrmReprise fenetre(session_, true, fenetre_);
+  fenetre.exec();
+  if (!fenetre.Bilan()) return;
+  repertoire_.AfficherTous();
+  fait_.Dire(PhraseBilan(*fenetre.Bilan()));
+}
 
 void CommandesAutresProgrammes::Exporter() {
   if (ListerVelmiras(TableAdresse(session_.base),

@@ -14,8 +14,6 @@ namespace {
 using L = Correspondant;
 using Choix = ChoixColonnes<L>;
 
-constexpr std::array kAdresse{&L::Ligne2,     &L::Ligne3, &L::Ligne4, &L::Ligne5,
-                              &L::CodePostal, &L::Ville,  &L::Pays};
 constexpr std::array kRouges{&L::ListeRougeTel, &L::ListeRougeTravail};
 
 QString FinsSimples(QString texte) {

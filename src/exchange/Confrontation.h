@@ -28,6 +28,12 @@ Confrontation Confronter(const Correspondant &presente, const PersonneImportee &
 Correspondant Fondre(Correspondant presente, const PersonneImportee &personne,
                      const ChoixColonnes<Correspondant> &prises);
 
+/// What is one value, the address, with `OptionAdresse`.
+inline constexpr std::array kAdresse{&Correspondant::Ligne2,     &Correspondant::Ligne3,
+                                     &Correspondant::Ligne4,     &Correspondant::Ligne5,
+                                     &Correspondant::CodePostal, &Correspondant::Ville,
+                                     &Correspondant::Pays};
+
 inline constexpr std::array kNumeros{&Correspondant::Tel, &Correspondant::TelTravail,
                                      &Correspondant::Portable, &Correspondant::Fax};
 

@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QStyle>
+#include <QTabWidget>
 
 #include <cmath>
 
@@ -73,6 +74,8 @@ void EchelleProgramme::MettreControle(QWidget &controle) const {
     const int petite = liste->style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, liste);
     liste->setIconSize(
         Taille(liste->iconSize().isValid() ? liste->iconSize() : QSize(petite, petite)));
+  } else if (auto *onglets = qobject_cast<QTabWidget *>(&controle)) {
+    onglets->setIconSize(Taille(onglets->iconSize()));
   } else if (auto *etiquette = qobject_cast<QLabel *>(&controle)) {
     MettreIcone(*etiquette, echelle_);
   }

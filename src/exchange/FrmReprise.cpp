@@ -1,0 +1,417 @@
+#include "exchange/FrmReprise.h"
+
+#include "address/Titres.h"
+#include "exchange/ColonnesRetenues.h"
+#include "exchange/FichiersRegardes.h"
+#include "exchange/TextesReprise.h"
+#include "platform/Enumeration.h"
+#include "session/SauvegardePrealable.h"
+#include "storage/Historique.h"
+#include "ui/Abandon.h"
+#include "ui/Brancheur.h"
+#include "ui/Debrancher.h"
+#include "ui/EchelleProgramme.h"
+#include "ui/Grandir.h"
+#include "ui/Icones.h"
+#include "ui/Travail.h"
+#include "ui_FrmReprise.h"
+
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QScopeGuard>
+#include <QUrl>
+
+#include <algorithm>
+#include <utility>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int kNom = 0, kQuoi = 1, kFiches = 2, kRefusees = 3;
+
+void Enumerer(QTreeWidget &liste, const QString &titre, const BilanReprise::Chapitre &chapitre) {
+  if (chapitre.lignes.isEmpty()) return;
+  auto *groupe = new QTreeWidgetItem(&liste, {titre});
+  QFont police = liste.font();
+  police.setBold(true);
+  groupe->setFont(0, police);
+  for (const QString &texte : chapitre.lignes) {
+    auto *ligne = new QTreeWidgetItem(groupe, {texte});
+    ligne->setToolTip(0, texte);
+  }
+  if (chapitre.tus > 0) new QTreeWidgetItem(groupe, {u"... et %1 autres"_s.arg(chapitre.tus)});
+  groupe->setExpanded(true);
+}
+
+/// As high as its lines need, within bounds.
+void TenirLignes(QTreeWidget &liste) {
+  constexpr int kMoins = 3, kPlus = 5;
+  const int lignes = std::clamp(liste.topLevelItemCount(), kMoins, kPlus);
+  const int haute = std::max(liste.sizeHintForRow(0), liste.fontMetrics().lineSpacing());
+  liste.setFixedHeight(liste.header()->sizeHint().height() + lignes * haute +
+                       2 * liste.frameWidth());
+}
+
+}  // namespace
+
+FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
+    : QDialog(parent),
+      session_(session),
+      annulable_(annulable),
+      ui_(std::make_unique<Ui::FrmReprise>()) {
+  constexpr int kDepart = 64;
+  ui_->setupUi(this);
+  ui_->Pages->layout()->setSpacing(0);
+  if (parent == nullptr) setWindowFlags(Qt::Window);
+  setWindowIcon(IconeProgramme());
+  setAcceptDrops(true);
+  PoserIcone(ui_->IcoDepart, Icone(u"document-import"), kDepart);
+  Grandir(ui_->LblDepart, 1.4, true);
+  ui_->CmdChoisir->setIcon(Icone(u"document-open"));
+  QHeaderView &titres = *ui_->LstFichiers->header();
+  titres.setSectionsMovable(false);
+  titres.setStretchLastSection(false);
+  titres.setSectionResizeMode(QHeaderView::ResizeToContents);
+  titres.setSectionResizeMode(kNom, QHeaderView::Stretch);
+  for (const int colonne : {kFiches, kRefusees})
+    ui_->LstFichiers->headerItem()->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
+  ui_->LstFichiers->installEventFilter(this);
+  ui_->Onglets->installEventFilter(this);
+  GarderTaille(ui_->LstFichiers);
+  Brancher();
+  Recommencer();
+}
+
+FrmReprise::~FrmReprise() {
+  DebrancherEnfants(*this);
+}
+
+void FrmReprise::Brancher() {
+  Boites &boites = session_.plateforme.boites;
+  const Brancheur brancher(boites, this);
+  brancher(ui_->CmdChoisir, &FrmReprise::ChoisirFichiers);
+  brancher(ui_->CmdAjouter, &FrmReprise::ChoisirFichiers);
+  brancher(ui_->CmdRetirer, &FrmReprise::Retirer);
+  brancher(ui_->CmdReprendre, &FrmReprise::Reprendre);
+  brancher(ui_->CmdEnregistrer, &FrmReprise::Enregistrer);
+  brancher(ui_->CmdAutres, &FrmReprise::Recommencer);
+  connect(ui_->CmdFermer, &QPushButton::clicked, this, &QDialog::reject);
+  brancher(ui_->LstFichiers, &QTreeWidget::currentItemChanged, [this] {
+    if (colonnes_)
+      Etudier();
+    else
+      MontrerFichier();
+  });
+  brancher(ui_->Onglets, &QTabWidget::currentChanged, [this] {
+    if (colonnes_ && ui_->Onglets->currentWidget() != ui_->OngletColonnes) Etudier();
+  });
+  ui_->OngletApercu->Relier(session_);
+  ui_->OngletColonnes->Relier(boites);
+  ui_->OngletDeja->Relier(boites);
+  brancher(ui_->OngletColonnes, &PageColonnes::Changees, &FrmReprise::ChangerColonnes);
+  connect(ui_->OngletDeja, &PageDeja::Repondu, this, &FrmReprise::MajBoutons);
+}
+
+void FrmReprise::dragEnterEvent(QDragEnterEvent *evenement) {
+  if (!evenement->mimeData()->hasUrls()) return;
+  evenement->setDropAction(Qt::CopyAction);
+  evenement->accept();
+  ui_->PageDepart->Survoler(true);
+}
+
+void FrmReprise::dragLeaveEvent(QDragLeaveEvent *) {
+  ui_->PageDepart->Survoler(false);
+}
+
+void FrmReprise::dropEvent(QDropEvent *evenement) {
+  evenement->setDropAction(Qt::CopyAction);
+  evenement->accept();
+  ui_->PageDepart->Survoler(false);
+  // Later: reading now would hold up the program that the files come from.
+  QMetaObject::invokeMethod(
+      this,
+      Garde(session_.plateforme.boites,
+            [this, adresses = evenement->mimeData()->urls()] { Deposer(adresses); }),
+      Qt::QueuedConnection);
+}
+
+void FrmReprise::Deposer(const QList<QUrl> &adresses) {
+  QStringList chemins, lointaines;
+  for (const QUrl &adresse : adresses)
+    if (adresse.isLocalFile())
+      chemins.append(adresse.toLocalFile());
+    else
+      lointaines.append(
+          u"« %1 » n'est pas un fichier de cet ordinateur. Copiez-le d'abord ici, "
+          "puis recommencez."_s.arg(adresse.toDisplayString()));
+  if (!lointaines.isEmpty())
+    session_.plateforme.boites.Attention(Abreger(lointaines).join(u"\n\n"_s));
+  Ajouter(chemins);
+}
+
+bool FrmReprise::eventFilter(QObject *objet, QEvent *evenement) {
+  if (objet == ui_->LstFichiers && evenement->type() == QEvent::KeyPress &&
+      static_cast<QKeyEvent *>(evenement)->key() == Qt::Key_Delete) {
+    ui_->CmdRetirer->click();
+    return true;
+  }
+  // The toolkit's tabs keep to themselves that a page needs more room.
+  if (objet == ui_->Onglets && evenement->type() == QEvent::LayoutRequest)
+    ui_->Onglets->updateGeometry();
+  return QDialog::eventFilter(objet, evenement);
+}
+
+UsagesReprise FrmReprise::Usages() const {
+  return {session_.reglages.SeparateurTel, LireTitres(session_.dossiers.AppPath)};
+}
+
+qsizetype FrmReprise::Choisi() const {
+  return ui_->LstFichiers->indexOfTopLevelItem(ui_->LstFichiers->currentItem());
+}
+
+void FrmReprise::ChoisirFichiers() {
+  Ajouter(session_.plateforme.boites.Fichiers(
+      u"Choisissez les fichiers à reprendre"_s, dossier_,
+      u"Cartes, tableaux et anciennes bases (*.vcf *.vcard *.csv *.txt *.tsv *.mdb);;"
+      "Tous les fichiers (*)"_s));
+}
+
+void FrmReprise::Ajouter(const QStringList &chemins) {
+  QStringList nouveaux;
+  for (const QString &chemin : chemins) {
+    const QString entier = QFileInfo(chemin).absoluteFilePath();
+    if (!nouveaux.contains(entier) &&
+        std::ranges::none_of(fichiers_, [&](const FichierRepris &f) { return f.chemin == entier; }))
+      nouveaux.append(entier);
+  }
+  if (nouveaux.isEmpty()) return;
+  dossier_ = QFileInfo(nouveaux.constLast()).absolutePath();
+  const QString &appPath = session_.dossiers.AppPath;
+  const auto regardes =
+      Travail(this, u"Lecture des fichiers"_s)
+          .ExecuterOuLaisser(
+              session_.plateforme.abandons,
+              [nouveaux, regles = LireReglesCopie(appPath, session_.reglages.SeparateurTel)](
+                  const Avance &avance, const std::stop_token &) {
+                return RegarderFichiers(nouveaux, regles, avance);
+              });
+  if (!regardes || regardes->arrete) return;
+  if (!regardes->refus.isEmpty())
+    session_.plateforme.boites.Attention(Abreger(regardes->refus).join(u"\n\n"_s));
+  const qsizetype premier = ui_->Pages->currentWidget() == ui_->Bilan ? 0 : fichiers_.size();
+  QList<FichierRepris> pris = fichiers_.first(premier);
+  for (FichierRepris fichier : regardes->fichiers) {
+    if (!Accepte(fichier)) continue;
+    if (fichier.genre == GenreFichier::Tableau)
+      fichier.colonnes = ColonnesRetenues(appPath, fichier.forme);
+    pris.append(fichier);
+  }
+  if (pris.size() == premier) return;
+  fichiers_ = pris;
+  MontrerFichiers();
+  ui_->LstFichiers->setCurrentItem(ui_->LstFichiers->topLevelItem(static_cast<int>(premier)));
+  AllerA(ui_->PageFichiers);
+  Etudier();
+}
+
+bool FrmReprise::Accepte(const FichierRepris &fichier) {
+  const QString constat = fichier.Constat();
+  return constat.isEmpty() ||
+         session_.plateforme.boites.Question(
+             Boites::Titre(),
+             u"L'ancienne base de données « %1 » est endommagée. Voici ce qui a pu en être lu :"
+             "\n\n%2\n\nVoulez-vous reprendre cela ?"_s.arg(
+                 QDir::toNativeSeparators(fichier.chemin), constat),
+             Boites::Reponse::Non) == Boites::Reponse::Oui;
+}
+
+void FrmReprise::Retirer() {
+  const qsizetype choisi = Choisi();
+  if (choisi < 0) return;
+  fichiers_.removeAt(choisi);
+  if (fichiers_.isEmpty()) return Recommencer();
+  MontrerFichiers();
+  ui_->LstFichiers->setCurrentItem(
+      ui_->LstFichiers->topLevelItem(static_cast<int>(std::min(choisi, fichiers_.size() - 1))));
+  Etudier();
+}
+
+void FrmReprise::ChangerColonnes(const Correspondances &colonnes) {
+  fichiers_[Choisi()].colonnes = colonnes;
+  perimee_ = colonnes_ = true;
+  MajBoutons();
+}
+
+void FrmReprise::Etudier() {
+  perimee_ = true;
+  const auto montrer = qScopeGuard([this] { MontrerEtude(); });
+  if (std::exchange(colonnes_, false))
+    for (const FichierRepris &fichier : std::as_const(fichiers_))
+      if (fichier.genre == GenreFichier::Tableau)
+        RetenirColonnes(session_.dossiers.AppPath, fichier.forme, fichier.colonnes);
+  EtudeReprise etude =
+      Travail(this, u"Lecture des fichiers"_s)
+          .Executer(session_.base, [&, usages = Usages()](Base &base, const Avance &avance) {
+            return EtudierReprise(base, fichiers_, usages, session_.plateforme.utilisateur, avance);
+          });
+  if (etude.arretee) return;
+  etude_ = std::move(etude);
+  perimee_ = false;
+}
+
+void FrmReprise::MontrerFichiers() {
+  const QSignalBlocker muette(ui_->LstFichiers);
+  const qsizetype choisi = std::max<qsizetype>(Choisi(), 0);
+  ui_->LstFichiers->clear();
+  for (qsizetype i = 0; i < fichiers_.size(); ++i) {
+    const QFileInfo fichier(fichiers_[i].chemin);
+    auto *ligne =
+        new QTreeWidgetItem(ui_->LstFichiers, {fichier.fileName(), TexteGenre(fichiers_[i].genre)});
+    ligne->setToolTip(kNom, QDir::toNativeSeparators(fichier.filePath()));
+    for (const int colonne : {kFiches, kRefusees})
+      ligne->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
+    if (perimee_ || i >= etude_.fichiers.size()) continue;
+    ligne->setText(kFiches, QString::number(etude_.fichiers[i].fiches));
+    ligne->setText(kRefusees, QString::number(etude_.fichiers[i].refusees));
+  }
+  ui_->LstFichiers->setCurrentItem(
+      ui_->LstFichiers->topLevelItem(static_cast<int>(std::min(choisi, fichiers_.size() - 1))));
+  TenirLignes(*ui_->LstFichiers);
+}
+
+void FrmReprise::MontrerEtude() {
+  MontrerFichiers();
+  ui_->OngletDeja->Montrer(etude_.rencontres, etude_.tues);
+  ui_->Onglets->setTabText(ui_->Onglets->indexOf(ui_->OngletDeja),
+                           u"&Déjà là (%1)"_s.arg(etude_.rencontres.size() + etude_.tues));
+  MontrerSavoir();
+  MontrerFichier();
+  MajBoutons();
+}
+
+void FrmReprise::MontrerSavoir() {
+  const qsizetype nombre = etude_.refus.lignes.size() + etude_.refus.tus +
+                           etude_.memeAdresse.lignes.size() + etude_.memeAdresse.tus;
+  const int place = ui_->Onglets->indexOf(ui_->OngletSavoir);
+  ui_->LstSavoir->clear();
+  Enumerer(*ui_->LstSavoir, u"Ne peuvent pas être repris"_s, etude_.refus);
+  Enumerer(*ui_->LstSavoir,
+           u"Même adresse ou même numéro sous deux noms : les deux seront gardés"_s,
+           etude_.memeAdresse);
+  ui_->Onglets->setTabVisible(place, nombre > 0);
+  ui_->Onglets->setTabText(place, u"À sa&voir (%1)"_s.arg(nombre));
+}
+
+void FrmReprise::MontrerFichier() {
+  const qsizetype choisi = Choisi();
+  if (choisi < 0) return;
+  const FichierRepris &fichier = fichiers_[choisi];
+  QList<PersonneImportee> siennes = etude_.premieres;
+  siennes.removeIf([&](const PersonneImportee &p) { return p.origine.fichier != fichier.chemin; });
+  ui_->OngletApercu->Montrer(siennes);
+  MontrerColonnes(fichier);
+}
+
+void FrmReprise::MontrerColonnes(const FichierRepris &fichier) {
+  const bool tableau = fichier.genre == GenreFichier::Tableau;
+  if (tableau) ui_->OngletColonnes->Montrer(fichier.forme, fichier.colonnes);
+  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletColonnes), tableau);
+}
+
+void FrmReprise::MajBoutons() {
+  const QWidget *page = ui_->Pages->currentWidget();
+  const bool fichiers = page == ui_->PageFichiers, bilan = page == ui_->Bilan;
+  ui_->CmdReprendre->setVisible(fichiers);
+  ui_->CmdEnregistrer->setVisible(bilan);
+  ui_->CmdAutres->setVisible(bilan);
+  const qsizetype nombre = etude_.nouvelles + ui_->OngletDeja->Choix().Nombre() +
+                           (ui_->OngletDeja->Choix().PourTous() == Deja::Garder ? 0 : etude_.tues);
+  const bool base = std::ranges::any_of(
+      fichiers_, [](const FichierRepris &f) { return f.genre == GenreFichier::Base; });
+  ui_->CmdReprendre->setEnabled(perimee_ || nombre > 0 || base);
+  ui_->CmdReprendre->setText(perimee_      ? u"&Relire les fichiers"_s
+                             : nombre == 0 ? u"&Reprendre"_s
+                             : nombre == 1 ? u"&Reprendre 1 fiche"_s
+                                           : u"&Reprendre %1 fiches"_s.arg(nombre));
+  ui_->LblEtude->setText(!perimee_   ? PhraseEtude(etude_)
+                         : colonnes_ ? u"Les colonnes ont changé : relisez les fichiers."_s
+                                     : u"Les fichiers n'ont pas été lus jusqu'au bout."_s);
+}
+
+void FrmReprise::AllerA(QWidget *page) {
+  ui_->Pages->setCurrentWidget(page);
+  MajBoutons();
+  QPushButton *defaut = page == ui_->PageDepart     ? ui_->CmdChoisir
+                        : page == ui_->PageFichiers ? ui_->CmdReprendre
+                                                    : ui_->CmdFermer;
+  defaut->setDefault(true);
+  if (page == ui_->PageFichiers)
+    ui_->LstFichiers->setFocus();
+  else
+    defaut->setFocus();
+}
+
+void FrmReprise::Reprendre() {
+  if (perimee_) return Etudier();
+  if (!SauverAvant(session_, this, MotifSauvegarde::Import, session_.dossiers.Base())) return;
+  const BilanReprise bilan = Executer();
+  if (bilan.arrete) {
+    session_.plateforme.boites.Information(u"Reprise arrêtée : rien n'a été changé."_s);
+    return;
+  }
+  bilan_ = bilan;
+  MontrerBilan();
+  emit Repris(bilan);
+}
+
+BilanReprise FrmReprise::Executer() {
+  const ChoixRencontres &choix = ui_->OngletDeja->Choix();
+  const DemandeReprise demande{.deja = choix.PourTous(),
+                               .reponses = choix.Propres(),
+                               .utilisateur = session_.plateforme.utilisateur,
+                               .dossierPhotos = session_.dossiers.Photos()};
+  Acte acte(session_.base, u"reprise de fichiers"_s);
+  const BilanReprise bilan =
+      Travail(this, u"Reprise"_s)
+          .Executer(session_.base, [&, usages = Usages()](Base &base, const Avance &avance) {
+            return ReprendrePersonnes(base, fichiers_, usages, demande, avance);
+          });
+  acte.Nommer(u"reprise de %1 fiche(s)"_s.arg(bilan.ajoutes + bilan.completes + bilan.remplaces));
+  return bilan;
+}
+
+void FrmReprise::MontrerBilan() {
+  ui_->Bilan->Montrer(
+      *bilan_, annulable_ && session_.base.LHistorique().TropGrande().isEmpty()
+                   ? u"Pour revenir en arrière : « Annuler » du menu « Fiche »."_s
+                   : u"Pour revenir en arrière : « Restaurer une sauvegarde » du menu « Options » "
+                     "de Velmira. La base de données vient d'être sauvegardée."_s);
+  AllerA(ui_->Bilan);
+}
+
+void FrmReprise::Enregistrer() {
+  const QString jour = session_.plateforme.horloge.Maintenant().date().toString(u"dd-MM-yyyy"_s);
+  const QString chemin = session_.plateforme.boites.FichierAEcrire(
+      u"Enregistrer le compte rendu"_s, u"%1/Reprise du %2.txt"_s.arg(dossier_, jour),
+      u"Textes (*.txt)"_s);
+  if (!chemin.isEmpty()) EcrireCompteRendu(chemin, *bilan_);
+}
+
+void FrmReprise::Recommencer() {
+  fichiers_.clear();
+  etude_ = {};
+  perimee_ = colonnes_ = false;
+  ui_->OngletDeja->Vider();
+  AllerA(ui_->PageDepart);
+}
+
+void FrmReprise::reject() {
+  const bool choisi = ui_->Pages->currentWidget() == ui_->PageFichiers &&
+                      (colonnes_ || ui_->OngletDeja->Choix().Choisi());
+  if (PeutAbandonner(session_.plateforme.boites, choisi)) QDialog::reject();
+}

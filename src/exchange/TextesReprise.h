@@ -1,0 +1,29 @@
+#pragma once
+// What the user reads of a taking over: of the files, of what it would meet, and of what it has
+// done.
+
+#include "exchange/EtudeReprise.h"
+#include "exchange/GenreFichier.h"
+#include "exchange/Reprise.h"
+
+#include <QString>
+
+/// "Tableau CSV".
+QString TexteGenre(GenreFichier genre);
+
+/// Who would come, one sentence.
+QString PhraseEtude(const EtudeReprise &etude);
+/// How many records there are something to take of.
+qsizetype NombreAPrendre(const EtudeReprise &etude);
+
+/// What has been done, one sentence.
+QString PhraseBilan(const BilanReprise &bilan);
+
+/// The same with the whole report, as a text file in the place of whatever bears that name. Throws
+/// `ErreurFichier`.
+void EcrireCompteRendu(const QString &chemin, const BilanReprise &bilan);
+
+/// What an answer does, for a person or for all.
+QString TexteDeja(Deja deja);
+/// The same beside a name.
+QString TexteReponse(const ReponseReprise &reponse);
