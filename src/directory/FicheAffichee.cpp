@@ -125,8 +125,7 @@ QString FicheAffichee::LigneAVenir(const QString &ddn) const {
 }
 
 QString FicheAffichee::LigneFete(const Correspondant &fiche) const {
-  QStringList titres;
-  Ignorer([&] { titres = LireTitres(session_.dossiers.AppPath); });
+  const QStringList titres = TitresLus(session_.dossiers.AppPath);
   const QString prenom =
       PrenomCertain(fiche.NomVelmira, fiche.Ligne1, DateSaisie(fiche.DDN).isValid(), titres);
   const auto fete = prenom.isEmpty() ? std::nullopt : ChercherFete(saints_, prenom);

@@ -167,7 +167,7 @@ bool FrmReprise::eventFilter(QObject *objet, QEvent *evenement) {
 }
 
 UsagesReprise FrmReprise::Usages() const {
-  return {session_.reglages.SeparateurTel, LireTitres(session_.dossiers.AppPath)};
+  return {session_.reglages.SeparateurTel, TitresLus(session_.dossiers.AppPath)};
 }
 
 qsizetype FrmReprise::Choisi() const {

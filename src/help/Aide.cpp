@@ -25,7 +25,6 @@ QString PageAide(const QString &fenetre) {
       {u"FrmTaillepg"_s, u"apparence.html"_s},
       {u"FrmCalendrier"_s, u"calendrier.html#mois"_s},
       {u"FrmImprime"_s, u"echanges.html#imprimer"_s},
-      {u"FrmReprise"_s, u"echanges.html#importer"_s},
       {u"FrmAvancement"_s, u"echanges.html#importer"_s},
       {u"FrmReprise"_s, u"venir.html"_s},
       {u"FrmExport"_s, u"venir.html#repartir"_s},
