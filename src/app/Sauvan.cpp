@@ -5,6 +5,7 @@
 #include "storage/Base.h"
 #include "storage/Dossiers.h"
 #include "storage/Reglages.h"
+#include "storage/Sauvegardes.h"
 
 #include <QDir>
 #include <QHash>
@@ -30,7 +31,19 @@ std::optional<Deja> LireDeja(const QString &mot) {
 
 int Statut(const BilanReprise &bilan) {
   if (bilan.refuses == 0) return kToutRepris;
-  return bilan.Pris() > 0 ? kFichesRefusees : kRienRepris;
+  return bilan.Pris() + bilan.tables.Ajoutees() > 0 ? kFichesRefusees : kRienRepris;
+}
+
+/// What else there is to be told of a taking over that is done.
+QString Reserves(const BilanReprise &bilan, const SauvegardeFaite &copie, const QString &appPath) {
+  QString texte;
+  if (!copie.panne.isEmpty()) texte += u'\n' + copie.panne + u'\n';
+  try {
+    if (bilan.ancienneBase) NoterRecuperation(appPath, bilan.adressesImportees);
+  } catch (const ErreurFichier &erreur) {
+    texte += u'\n' + erreur.Texte() + u'\n';
+  }
+  return texte;
 }
 
 /// Nobody can be asked whether what is left of a damaged one is wanted.
@@ -81,7 +94,7 @@ DemandeSauvan LireDemandeSauvan(const QStringList &mots) {
 }
 
 Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPath,
-                             const QString &utilisateur) {
+                             const QString &utilisateur, const QDateTime &maintenant) {
   try {
     Base base;
     base.Ouvrir(demande.base);
@@ -91,6 +104,8 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
     const UsagesReprise usages{LireSeparateurTel(appPath), TitresLus(appPath)};
     const QList<FichierRepris> fichiers =
         RegarderTous(demande.fichiers, LireReglesCopie(appPath, usages.separateurTel));
+    const SauvegardeFaite copie = Sauvegarder({base.Chemin(), LireDossierChoisi(appPath)},
+                                              maintenant, MotifSauvegarde::Import);
     const BilanReprise bilan = ReprendrePersonnes(
         base, fichiers, usages,
         {.deja = demande.deja,
@@ -100,7 +115,7 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
                  .AppPath = appPath, .CheminData = {}, .CheminBase = {}, .CheminBaseConfig = {}}
                  .Photos()},
         [](qsizetype, qsizetype) { return true; });
-    return {TexteBilan(bilan), Statut(bilan), true};
+    return {TexteBilan(bilan) + Reserves(bilan, copie, appPath), Statut(bilan), true};
   } catch (const Erreur &erreur) {
     return {erreur.Texte() + u"\nRien n'a changé dans l'annuaire.\n"_s, kRienRepris};
   }

@@ -5,6 +5,7 @@
 #include "app/LigneDeCommande.h"
 #include "exchange/Reprise.h"
 
+#include <QDateTime>
 #include <QString>
 #include <QStringList>
 
@@ -22,8 +23,8 @@ struct DemandeSauvan {
 /// `mots`: the command line without the program's own name.
 DemandeSauvan LireDemandeSauvan(const QStringList &mots);
 
-/// Takes the files into the base and gives the report, or why nothing could be done, with the end
-/// of the program. The application folder gives the form of the numbers and the titles, and takes
-/// the pictures.
+/// Keeps a copy of the base, takes the files into it and gives the report, or why nothing could be
+/// done, with the end of the program. The application folder gives the form of the numbers and the
+/// titles, takes the pictures, and notes that an older database has been taken over.
 Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPath,
-                             const QString &utilisateur);
+                             const QString &utilisateur, const QDateTime &maintenant);

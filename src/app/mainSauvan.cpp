@@ -3,6 +3,7 @@
 #include "app/Lancement.h"
 #include "app/Sauvan.h"
 #include "platform/Erreurs.h"
+#include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/Utilisateur.h"
 
 #include <QCoreApplication>
@@ -12,7 +13,8 @@ int main(int argc, char *argv[]) {
   if (demande.reponse) return Repondre(*demande.reponse);
   const QCoreApplication application(argc, argv);
   try {
-    return Repondre(ReprendreSansFenetre(demande, AppPathDuPoste(), NomUtilisateur()));
+    return Repondre(ReprendreSansFenetre(demande, AppPathDuPoste(), NomUtilisateur(),
+                                         HorlogeSysteme().Maintenant()));
   } catch (const Erreur &erreur) {
     return Repondre({erreur.Texte() + u'\n', kRienRepris});
   }

@@ -1,6 +1,7 @@
 #include "exchange/AncienneBase.h"
 
 #include "address/NomsProposes.h"
+#include "address/Titres.h"
 #include "exchange/Contact.h"
 #include "platform/Pannes.h"
 #include "storage/Noms.h"
@@ -54,10 +55,14 @@ class SourceBase : public SourcePersonnes {
   void Nommer(PersonneImportee &personne) const {
     L &fiche = personne.fiche;
     if (!EstSansNom(fiche.NomVelmira)) return;
+    // Without a title nobody can tell which word is the family's: these tables mostly began with
+    // it.
+    const bool titre = RemplacerTitre(fiche.Ligne1, usages_.titres, {}) != fiche.Ligne1;
     for (const QString &connu :
-         {NomPourListe(fiche.Ligne1, usages_.titres), fiche.Ligne1, fiche.Ligne2, fiche.Ligne3,
-          fiche.Ligne4, fiche.Ligne5, fiche.Mail, fiche.Portable, fiche.Tel, fiche.TelTravail,
-          fiche.Fax, fiche.Web, fiche.Ville, fiche.AdresseImportee, fiche.Commentaires})
+         {titre ? NomPourListe(fiche.Ligne1, usages_.titres) : QString(), fiche.Ligne1,
+          fiche.Ligne2, fiche.Ligne3, fiche.Ligne4, fiche.Ligne5, fiche.Mail, fiche.Portable,
+          fiche.Tel, fiche.TelTravail, fiche.Fax, fiche.Web, fiche.Ville, fiche.AdresseImportee,
+          fiche.Commentaires})
       if (EstSansNom(fiche.NomVelmira)) fiche.NomVelmira = NomDapres(connu);
     if (EstSansNom(fiche.NomVelmira)) personne.refus = RefusSansNom();
   }
@@ -86,8 +91,10 @@ AncienneBase::AncienneBase(const QString &chemin, const ReglesCopie &regles) {
                        u"Rien n'a changé dans l'annuaire."_s, ENOSPC, dossier_.errorString());
   const auto convertir = [&](SourceAncienne &source) {
     ConvertirBase(source, Convertie(), regles, [](qsizetype) {});
+    cles_ = LireClesAlertes(source);
   };
-  if (EstJet(chemin)) {
+  jet_ = EstJet(chemin);
+  if (jet_) {
     SourceJet source(chemin);
     if (!source.Entiere()) constat_ = source.Constat();
     convertir(source);

@@ -3,6 +3,7 @@
 
 #include "exchange/PersonneImportee.h"
 #include "storage/MiseAJour.h"
+#include "storage/ReunionTables.h"
 
 #include <QString>
 #include <QTemporaryDir>
@@ -19,12 +20,18 @@ class AncienneBase {
 
   /// Of one that is damaged what could be read, a line for each table; empty for a whole one.
   const QString &Constat() const { return constat_; }
+  /// Whether it is one of the first years, and no copy of one of ours.
+  bool EstDesDebuts() const { return jet_; }
+  /// By which its events name people and kinds of event of the converted one.
+  const ClesAlertes &Cles() const { return cles_; }
   /// The database with the converted rows.
   QString Convertie() const { return dossier_.filePath(QStringLiteral("convertie.mdb")); }
 
  private:
   QTemporaryDir dossier_;
   QString constat_;
+  ClesAlertes cles_;
+  bool jet_ = false;
 };
 
 /// Its correspondents, each with its mark of protection; `chemin` is the file they come from. One

@@ -15,12 +15,6 @@ namespace {
 using L = Correspondant;
 using Choix = ChoixColonnes<L>;
 
-Choix ColonnesAdresse() {
-  Choix adresse = Seulement(&L::OptionAdresse);
-  for (const auto champ : kAdresse) adresse.set(Ordinal(champ));
-  return adresse;
-}
-
 struct Groupe {
   QString nom;
   Choix colonnes;
@@ -103,12 +97,17 @@ void ChoixRencontres::RepondreCommeTous(qsizetype rang) {
   propres_.remove(CleDe(rang));
 }
 
+Deja ChoixRencontres::DejaDe(qsizetype rang) const {
+  const ReponseReprise *propre = Propre(rang);
+  return propre == nullptr ? pourTous_ : propre->deja;
+}
+
 Choix ChoixRencontres::Prises(qsizetype rang) const {
   const Confrontation &faite = rencontres_[rang].faite;
   const Choix tout = faite.manques | faite.ecarts;
   const ReponseReprise *propre = Propre(rang);
   if (propre != nullptr && propre->prises) return *propre->prises & tout;
-  switch (propre == nullptr ? pourTous_ : propre->deja) {
+  switch (DejaDe(rang)) {
     case Deja::Completer:
       return faite.manques;
     case Deja::Prendre:
@@ -122,7 +121,7 @@ Choix ChoixRencontres::Prises(qsizetype rang) const {
 
 void ChoixRencontres::Prendre(qsizetype rang, const Choix &champ, bool prend) {
   const Choix prises = Prises(rang);
-  Repondre(rang, {.prises = prend ? prises | champ : prises & ~champ});
+  Repondre(rang, {.deja = DejaDe(rang), .prises = prend ? prises | champ : prises & ~champ});
 }
 
 qsizetype ChoixRencontres::Nombre(const Choix &champ) const {
@@ -134,9 +133,12 @@ qsizetype ChoixRencontres::Nombre(const Choix &champ) const {
 qsizetype ChoixRencontres::Nombre() const {
   qsizetype nombre = 0;
   for (qsizetype rang = 0; rang < rencontres_.size(); ++rang) {
+    const Confrontation &faite = rencontres_[rang].faite;
+    const bool note = DejaDe(rang) == Deja::Completer &&
+                      (faite.ecarts & ~Prises(rang) & ~faite.notees & Notables()).any();
     const ReponseReprise *propre = Propre(rang);
-    const bool deux = (propre == nullptr ? pourTous_ : propre->deja) == Deja::Deux;
-    if (deux || Prises(rang).any()) ++nombre;
+    const bool deux = DejaDe(rang) == Deja::Deux && (propre == nullptr || !propre->prises);
+    if (deux || note || Prises(rang).any()) ++nombre;
   }
   return nombre;
 }

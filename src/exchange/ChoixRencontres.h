@@ -57,6 +57,7 @@ class ChoixRencontres {
 
  private:
   std::pair<QString, qsizetype> CleDe(qsizetype rang) const;
+  Deja DejaDe(qsizetype rang) const;
 
   QList<Rencontre> rencontres_;
   Deja pourTous_ = Deja::Completer;

@@ -1,6 +1,5 @@
 #include "exchange/Confrontation.h"
 
-#include "directory/FichierPhoto.h"
 #include "exchange/Contact.h"
 #include "storage/Conflits.h"
 
@@ -20,6 +19,39 @@ QString FinsSimples(QString texte) {
   return texte.replace(u"\r\n"_s, u"\n"_s);
 }
 
+struct Notable {
+  QString L::*champ;
+  const char16_t *libelle;
+};
+/// The labels are those that the readers give to what has no column.
+constexpr std::array kNotables{Notable{&L::Mail, u"Adresse email"},
+                               Notable{&L::Web, u"Adresse web"},
+                               Notable{&L::Tel, u"Téléphone (domicile)"},
+                               Notable{&L::TelTravail, u"Téléphone (travail)"},
+                               Notable{&L::Portable, u"Portable"},
+                               Notable{&L::Fax, u"Fax"},
+                               Notable{&L::DDN, u"Né(e) le"},
+                               Notable{&L::AdresseImportee, u"Adresse importée"}};
+
+QString AdresseEnUneLigne(const L &fiche) {
+  const QString ville = (fiche.OptionAdresse == 1 ? fiche.Ville + u' ' + fiche.CodePostal
+                                                  : fiche.CodePostal + u' ' + fiche.Ville)
+                            .trimmed();
+  QStringList lignes;
+  for (const QString &ligne :
+       {fiche.Ligne2, fiche.Ligne3, fiche.Ligne4, fiche.Ligne5, ville, fiche.Pays})
+    if (!ligne.trimmed().isEmpty()) lignes.append(ligne.simplified());
+  return lignes.join(u", "_s);
+}
+
+/// Whether a line of the notes says a value, whatever its label.
+bool EstNotee(const QString &notes, const QString &valeur) {
+  const QString cherche = NumeroNu(valeur);
+  return std::ranges::any_of(notes.split(u'\n'), [&](const QString &ligne) {
+    return NumeroNu(ligne.section(u" : "_s, 1)) == cherche;
+  });
+}
+
 QStringList CategoriesNouvelles(const L &presente, const L &fiche) {
   const QStringList la = NomsCategories(presente.Categories);
   QStringList nouvelles = NomsCategories(fiche.Categories);
@@ -32,7 +64,7 @@ class Comparaison {
   Comparaison(const L &presente, const PersonneImportee &personne)
       : presente_(presente), personne_(personne), fiche_(personne.fiche) {}
 
-  Confrontation Faire() {
+  Confrontation Faire(const LecturePhoto &lirePhoto) {
     for (const auto champ : kNumeros) Ranger(champ, NumeroNu);
     for (const auto champ : {&L::Mail, &L::Web, &L::Ligne1, &L::AdresseImportee, &L::DDN})
       Ranger(champ, SansEcriture);
@@ -43,7 +75,8 @@ class Comparaison {
       faite_.manques.set(Ordinal(&L::Commentaires));
     if (!CategoriesNouvelles(presente_, fiche_).isEmpty())
       faite_.manques.set(Ordinal(&L::Categories));
-    Portrait();
+    Portrait(lirePhoto);
+    ChercherDansLesNotes();
     return faite_;
   }
 
@@ -71,14 +104,24 @@ class Comparaison {
     (autre ? faite_.ecarts : faite_.manques) |= adresse;
   }
 
-  void Portrait() {
+  void ChercherDansLesNotes() {
+    if (presente_.Commentaires.isEmpty() || faite_.ecarts.none()) return;
+    for (const auto &[champ, libelle] : kNotables)
+      if (faite_.ecarts[Ordinal(champ)] && EstNotee(presente_.Commentaires, fiche_.*champ))
+        faite_.notees.set(Ordinal(champ));
+    const Choix adresse = faite_.ecarts & ColonnesAdresse();
+    if (adresse.any() && EstNotee(presente_.Commentaires, AdresseEnUneLigne(fiche_)))
+      faite_.notees |= adresse;
+  }
+
+  void Portrait(const LecturePhoto &lirePhoto) {
     if (!personne_.photo && fiche_.Photo.isEmpty()) return;
     if (presente_.Photo.isEmpty()) {
       faite_.manques.set(Ordinal(&L::Photo));
       return;
     }
     const bool meme = presente_.Photo == fiche_.Photo ||
-                      (personne_.photo && LirePhoto(presente_.Photo) == personne_.photo->octets);
+                      (personne_.photo && lirePhoto(presente_.Photo) == personne_.photo->octets);
     if (!meme) faite_.ecarts.set(Ordinal(&L::Photo));
   }
 
@@ -117,8 +160,32 @@ QStringList NotesNouvelles(const QString &presentes, const PersonneImportee &per
   return morceaux;
 }
 
-Confrontation Confronter(const Correspondant &presente, const PersonneImportee &personne) {
-  return Comparaison(presente, personne).Faire();
+ChoixColonnes<Correspondant> ColonnesAdresse() {
+  Choix adresse;
+  for (const auto champ : kAdresse) adresse.set(Ordinal(champ));
+  return adresse.set(Ordinal(&L::OptionAdresse));
+}
+
+ChoixColonnes<Correspondant> Notables() {
+  Choix notables = ColonnesAdresse();
+  for (const Notable &notable : kNotables) notables.set(Ordinal(notable.champ));
+  return notables;
+}
+
+QStringList NotesDesEcarts(const PersonneImportee &personne, const Choix &ecarts) {
+  QStringList notes;
+  const auto noter = [&](const QString &libelle, const QString &valeur) {
+    notes.append(u"%1 : %2"_s.arg(libelle, valeur.simplified()));
+  };
+  for (const auto &[champ, libelle] : kNotables)
+    if (ecarts[Ordinal(champ)]) noter(QString::fromUtf16(libelle), personne.fiche.*champ);
+  if ((ecarts & ColonnesAdresse()).any()) noter(u"Adresse"_s, AdresseEnUneLigne(personne.fiche));
+  return notes;
+}
+
+Confrontation Confronter(const Correspondant &presente, const PersonneImportee &personne,
+                         const LecturePhoto &lirePhoto) {
+  return Comparaison(presente, personne).Faire(lirePhoto);
 }
 
 Correspondant Fondre(Correspondant presente, const PersonneImportee &personne,
@@ -127,9 +194,8 @@ Correspondant Fondre(Correspondant presente, const PersonneImportee &personne,
   const QStringList plus = CategoriesNouvelles(presente, personne.fiche);
   Recopier(presente, personne.fiche, prises);
   if (prises[Ordinal(&L::Commentaires)]) {
-    QStringList morceaux = NotesNouvelles(notes, personne);
-    if (!notes.isEmpty()) morceaux.prepend(notes);
-    presente.Commentaires = morceaux.join(u'\n');
+    presente.Commentaires = notes;
+    Annexer(presente.Commentaires, NotesNouvelles(notes, personne));
   }
   if (prises[Ordinal(&L::Categories)])
     presente.Categories = u'*' + (NomsCategories(categories) + plus).join(u'*') + u'*';

@@ -160,7 +160,7 @@ class Redaction {
     NoterRedites();
     for (auto [ordinal, texte] : c_.colonnes.asKeyValueRange()) LireColonne(f_, ordinal, texte);
     f_.Commentaires = c_.note;
-    Annexer();
+    Annexer(f_.Commentaires, personne_.auxNotes);
     NommerFauteDeMieux();
     personne_.photo = std::move(c_.photo);
     SansNul(f_);
@@ -171,12 +171,6 @@ class Redaction {
   void Noter(const QString &libelle, const QString &valeur) {
     const QString texte = valeur.trimmed();
     if (!texte.isEmpty()) personne_.auxNotes.append(u"%1 : %2"_s.arg(libelle, texte));
-  }
-
-  void Annexer() {
-    if (personne_.auxNotes.isEmpty()) return;
-    if (!f_.Commentaires.isEmpty() && !f_.Commentaires.endsWith(u'\n')) f_.Commentaires += u'\n';
-    f_.Commentaires += personne_.auxNotes.join(u'\n');
   }
 
   /// Into the column, or whole to the notes where it is too long for one.
@@ -489,6 +483,12 @@ PersonneImportee PersonneDe(Contact contact, const UsagesReprise &usages) {
 void SansNul(Correspondant &fiche) {
   std::apply([&](const auto &...colonne) { (RemplirNul(fiche.*colonne.champ), ...); },
              Table<L>::colonnes);
+}
+
+void Annexer(QString &notes, const QStringList &lignes) {
+  if (lignes.isEmpty()) return;
+  if (!notes.isEmpty() && !notes.endsWith(u'\n')) notes += u'\n';
+  notes += lignes.join(u'\n');
 }
 
 QString RefusSansNom() {

@@ -73,6 +73,8 @@ inline constexpr qsizetype kPlusLong = 255;
 /// Every text that is null becomes an empty one: a null mark of protection would hide the record
 /// from everybody.
 void SansNul(Correspondant &fiche);
+/// Lines behind the notes that are there.
+void Annexer(QString &notes, const QStringList &lignes);
 /// Why a record that nothing names is refused.
 QString RefusSansNom();
 

@@ -1,5 +1,6 @@
 #include "exchange/EtudeReprise.h"
 
+#include "directory/FichierPhoto.h"
 #include "exchange/Reconnaissance.h"
 #include "storage/Noms.h"
 
@@ -11,7 +12,7 @@ namespace {
 
 class Examen {
  public:
-  Examen(Base &base, const QString &utilisateur) : connus_(base, utilisateur) {}
+  Examen(Base &base, const QString &utilisateur) : connus_(base, utilisateur, LirePhoto) {}
 
   void Commencer(const FichierRepris &fichier) {
     connus_.Commencer(fichier);
@@ -32,7 +33,7 @@ class Examen {
       ++montrees_;
       etude_.premieres.append(personne);
     }
-    const auto trouvee = connus_.Chercher(personne, true);
+    const auto trouvee = connus_.Chercher(personne, Deja::Completer);
     if (!trouvee) {
       Annoncer(personne.fiche, cachee);
     } else if (trouvee->lien == Reconnue::Lien::Pareille) {

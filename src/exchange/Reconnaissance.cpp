@@ -9,6 +9,7 @@
 #include <QStringList>
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -29,8 +30,8 @@ QString NomConnu(const QString &nom) {
 
 }  // namespace
 
-Reconnaissance::Reconnaissance(Base &base, const QString &utilisateur)
-    : base_(base), utilisateur_(utilisateur) {
+Reconnaissance::Reconnaissance(Base &base, const QString &utilisateur, LecturePhoto lirePhoto)
+    : base_(base), utilisateur_(utilisateur), lirePhoto_(std::move(lirePhoto)) {
   constexpr std::array kLues{
       Ordinal(&L::Index), Ordinal(&L::NomVelmira), Ordinal(&L::DataProt), Ordinal(&L::Mail),
       Ordinal(&L::Tel),   Ordinal(&L::TelTravail), Ordinal(&L::Portable), Ordinal(&L::Fax)};
@@ -68,7 +69,7 @@ QList<Cle> Reconnaissance::DeCeNom(const L &fiche) const {
   return noms_.value(CleNom(fiche, EstCachee(fiche)));
 }
 
-std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personne, bool joindre) {
+std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personne, Deja deja) {
   std::optional<Reconnue> libre, prise;
   for (const Cle cle : DeCeNom(personne.fiche)) {
     const auto role = roles_.constFind(cle);
@@ -76,14 +77,15 @@ std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personn
     if (occupee && ligneALigne_) continue;
     const auto presente = TableAdresse(base_).Lire(cle);
     if (!presente) continue;
-    const Confrontation faite = Confronter(*presente, personne);
-    if (faite.Pareils()) {
+    const Confrontation faite = Confronter(*presente, personne, lirePhoto_);
+    if (faite.Pareils() && (deja != Deja::Prendre || faite.ecarts.none())) {
       if (!occupee) Prendre(cle);
       return Reconnue{Reconnue::Lien::Pareille, *presente, faite};
     }
     if (!occupee) {
       if (!libre) libre = {Reconnue::Lien::Libre, *presente, faite};
-    } else if (!prise && faite.ecarts.none() && (*role == Role::Ajoutee || joindre)) {
+    } else if (!prise && (faite.ecarts & ~faite.notees).none() &&
+               (*role == Role::Ajoutee || deja == Deja::Completer)) {
       prise = {Reconnue::Lien::Prise, *presente, faite};
     }
   }

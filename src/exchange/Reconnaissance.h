@@ -18,7 +18,7 @@
 /// A record that the person of a file may be.
 struct Reconnue {
   enum class Lien {
-    Pareille,  ///< it holds all that the file says
+    Pareille,  ///< it holds all that the file says, and where it is asked for, in its columns
     Libre,     ///< nobody of this file is it yet
     Prise,     ///< another one of this file is it, and this one does not contradict it
   };
@@ -31,7 +31,7 @@ struct Reconnue {
 /// files are gone through. Every verb throws `ErreurBase`.
 class Reconnaissance {
  public:
-  Reconnaissance(Base &base, const QString &utilisateur);
+  Reconnaissance(Base &base, const QString &utilisateur, LecturePhoto lirePhoto);
 
   /// Whoever came of the former file is one who was there already. A row of an older database is a
   /// record of its own, whoever shares its name, and keeps its mark of protection.
@@ -45,8 +45,9 @@ class Reconnaissance {
   QString Marque(const Correspondant &fiche) const;
 
   /// The record that holds all of it, else the first one that nobody of this file is, else one that
-  /// another of this file has added, or any of them with `joindre`. Nothing: the person is new.
-  std::optional<Reconnue> Chercher(const PersonneImportee &personne, bool joindre);
+  /// another of this file has added, or any of them where gaps are completed. Nothing: the person
+  /// is new.
+  std::optional<Reconnue> Chercher(const PersonneImportee &personne, Deja deja);
   /// Somebody of this file is the record, or has been added as it.
   void Prendre(Cle cle) { roles_.insert(cle, Role::Reconnue); }
   void Ajouter(const Correspondant &fiche, Cle cle);
@@ -66,6 +67,7 @@ class Reconnaissance {
 
   Base &base_;
   QString utilisateur_;
+  LecturePhoto lirePhoto_;
   bool ligneALigne_ = false;
   QHash<QString, QList<Cle>> noms_;
   QHash<QString, QString> adresses_;  ///< the name of the first who has it

@@ -1,15 +1,20 @@
 #include "exchange/Reprise.h"
 
-#include "directory/FichierPhoto.h"
 #include "directory/LibellesFiche.h"
-#include "exchange/Confrontation.h"
+#include "exchange/AncienneBase.h"
+#include "exchange/Contact.h"
+#include "exchange/PhotosReprises.h"
 #include "exchange/Reconnaissance.h"
-#include "platform/Erreurs.h"
-#include "platform/Fichiers.h"
 #include "storage/Conflits.h"
+#include "storage/Noms.h"
 #include "storage/Tables.h"
+#include "storage/TablesAlertes.h"
 
 #include <QFileInfo>
+#include <QSet>
+
+#include <optional>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -18,49 +23,27 @@ namespace {
 using L = Correspondant;
 using Choix = ChoixColonnes<L>;
 
-/// The pictures of one run, which go again unless they are kept.
-class Photos {
- public:
-  explicit Photos(const QString &dossier) : dossier_(dossier) {}
-  ~Photos() {
-    for (const QString &chemin : ecrites_) Ignorer([&] { EffacerFichier(chemin); });
-  }
-  Photos(const Photos &) = delete;
-  Photos &operator=(const Photos &) = delete;
-
-  void Garder() { ecrites_.clear(); }
-
-  /// The path of the picture's file.
-  QString Ecrire(const QString &nom, const PhotoImportee &photo) {
-    if (ecrites_.isEmpty()) CreerDossier(dossier_);
-    QString debut = DebutNomFichier(nom);
-    if (debut.isEmpty()) debut = u"Photo"_s;
-    QString chemin;
-    int &numero = numeros_[debut];
-    do {
-      ++numero;
-      const QString suite = numero == 1 ? QString() : u' ' + QString::number(numero);
-      chemin = u"%1/%2%3.%4"_s.arg(dossier_, debut, suite, photo.genre);
-    } while (!CreerFichier(chemin, photo.octets));
-    ecrites_.append(chemin);
-    return chemin;
-  }
-
- private:
-  QString dossier_;
-  QStringList ecrites_;
-  QHash<QString, int> numeros_;  ///< the last one of each beginning
-};
+/// What goes to the notes for want of a field.
+QStringList AnnexesNouvelles(const QString &presentes, const PersonneImportee &personne) {
+  QStringList nouvelles = NotesNouvelles(presentes, personne);
+  nouvelles.removeIf([&](const QString &note) { return !personne.auxNotes.contains(note); });
+  return nouvelles;
+}
 
 class Repreneur {
  public:
   Repreneur(Base &base, const DemandeReprise &demande)
       : base_(base),
         demande_(demande),
-        connus_(base, demande.utilisateur),
-        photos_(demande.dossierPhotos) {}
+        photos_(demande.dossierPhotos),
+        connus_(base, demande.utilisateur,
+                [this](const QString &chemin) { return photos_.Lire(chemin); }) {}
 
-  void Commencer(const FichierRepris &fichier) { connus_.Commencer(fichier); }
+  void Commencer(const FichierRepris &fichier) {
+    connus_.Commencer(fichier);
+    ancienne_ = fichier.base != nullptr;
+    desDebuts_ = ancienne_ && fichier.base->EstDesDebuts();
+  }
 
   void Integrer(const PersonneImportee &personne) {
     if (!personne.refus.isEmpty()) {
@@ -70,16 +53,29 @@ class Repreneur {
     }
     tue_ = connus_.EstCachee(personne.fiche);
     const ReponseReprise reponse = Reponse(personne.origine);
-    const auto trouvee = connus_.Chercher(personne, reponse.deja == Deja::Completer);
+    const auto trouvee = connus_.Chercher(personne, reponse.deja);
     if (trouvee && trouvee->lien == Reconnue::Lien::Pareille)
-      ++bilan_.identiques;
+      NoterIdentique(trouvee->presente);
     else if (!trouvee || (reponse.deja == Deja::Deux && !reponse.prises))
       Ajouter(personne);
     else
       Unir(*trouvee, personne, reponse);
   }
 
-  void Garder() { photos_.Garder(); }
+  /// The other tables of an older database.
+  void Finir(const FichierRepris &fichier) {
+    if (!ancienne_) return;
+    Base ancienne;
+    ancienne.Ouvrir(fichier.base->Convertie());
+    bilan_.tables += ReunirTables(ancienne, fichier.base->Cles(), base_);
+    for (const PersonneEvenements &alertee : TablesAlertes(ancienne).Personnes())
+      MarquerAlertes(alertee.personne.Nom);
+    const bool vide = TableAdresse(ancienne).EstVide() && bilan_.tables.Ajoutees() == 0;
+    if (desDebuts_ && !vide) bilan_.ancienneBase = true;
+  }
+
+  void NommerPhotos() const { photos_.Nommer(); }
+  void GarderPhotos() { photos_.Garder(); }
   const BilanReprise &Bilan() const { return bilan_; }
 
  private:
@@ -102,58 +98,105 @@ class Repreneur {
     return reponse.deja == Deja::Prendre ? faite.manques | faite.ecarts : faite.manques;
   }
 
+  void NoterIdentique(const L &presente) {
+    ++bilan_.identiques;
+    NoterAdresseImportee(presente);
+  }
+
+  void NoterAdresseImportee(const L &fiche) {
+    if (desDebuts_ && !fiche.AdresseImportee.isEmpty()) bilan_.adressesImportees = true;
+  }
+
+  /// A card brings no place among the alerts along.
+  bool EstDesAlertes(const QString &nom) {
+    if (!alertes_) {
+      alertes_.emplace();
+      for (const PersonneEvenements &p : TablesAlertes(base_).Personnes())
+        alertes_->insert(EnCapitales(p.personne.Nom));
+    }
+    return alertes_->contains(EnCapitales(nom));
+  }
+
+  /// The mark of a record goes with the person's place among the alerts.
+  void MarquerAlertes(const QString &nom) {
+    L fiche;
+    fiche.NomVelmira = nom;
+    fiche.DataProt = u""_s;
+    fiche.AlerteActive = true;
+    for (const Cle cle : connus_.DeCeNom(fiche)) {
+      fiche.Index = cle;
+      ModifierLigne(base_, fiche, Seulement(&L::AlerteActive));
+    }
+  }
+
   void Unir(const Reconnue &trouvee, const PersonneImportee &personne,
             const ReponseReprise &reponse) {
     const auto &[lien, presente, faite] = trouvee;
     if (lien == Reconnue::Lien::Libre) connus_.Prendre(presente.Index);
-    const Choix prises = Prises(trouvee, reponse);
+    const bool noter = reponse.deja == Deja::Completer;
+    Choix prises = Prises(trouvee, reponse);
+    Choix laissees = (faite.manques | faite.ecarts) & ~(prises | faite.notees);
+    const QStringList ecarts = noter ? NotesDesEcarts(personne, laissees) : QStringList();
+    if (noter) laissees &= ~Notables();
     L fondue = Fondre(presente, personne, prises);
     Situer(fondue, personne, prises[Ordinal(&L::Photo)]);
+    DireEcarts(presente, personne, laissees);
     const bool remplace = (prises & faite.ecarts).any();
+    if (prises[Ordinal(&L::Commentaires)])
+      DireNotes(personne, AnnexesNouvelles(presente.Commentaires, personne));
+    DireNotes(personne, ecarts);
+    if (!ecarts.isEmpty()) {
+      Annexer(fondue.Commentaires, ecarts);
+      prises.set(Ordinal(&L::Commentaires));
+    }
     ++(prises.none() ? bilan_.gardes : remplace ? bilan_.remplaces : bilan_.completes);
-    for (const ChampEnConflit &champ : ChampsEnConflit((faite.manques | faite.ecarts) & ~prises,
-                                                       personne.fiche, presente, LibellesFiche()))
+    if (prises.any()) ModifierLigne(base_, fondue, prises);
+    NoterAdresseImportee(fondue);
+    if (!tue_) connus_.NoterAdresses(fondue);
+  }
+
+  void DireEcarts(const L &presente, const PersonneImportee &personne, const Choix &laissees) {
+    for (const ChampEnConflit &champ :
+         ChampsEnConflit(laissees, personne.fiche, presente, LibellesFiche()))
       Dire(bilan_.ecarts, u"%1, %2 : « %3 » gardé, « %4 » dans le fichier"_s.arg(
                               presente.NomVelmira, champ.nom, champ.sienne.simplified(),
                               champ.mienne.simplified()));
-    if (prises.none()) return;
-    if (prises[Ordinal(&L::Commentaires)])
-      DireNotes(personne, NotesNouvelles(presente.Commentaires, personne));
-    ModifierLigne(base_, fondue, prises);
-    if (!tue_) connus_.NoterAdresses(fondue);
   }
 
   void Ajouter(const PersonneImportee &personne) {
     L fiche = personne.fiche;
     fiche.DataProt = connus_.Marque(fiche);
+    fiche.AlerteActive = fiche.AlerteActive && (ancienne_ || EstDesAlertes(fiche.NomVelmira));
     Situer(fiche, personne, true);
     if (const auto autre = connus_.MemeAdresse(fiche))
       Dire(bilan_.memeAdresse, TexteMemeAdresse(fiche, *autre));
     DireNotes(personne, personne.auxNotes);
     connus_.Ajouter(fiche, AjouterLigne(base_, fiche));
+    NoterAdresseImportee(fiche);
     ++bilan_.ajoutes;
   }
 
-  void DireNotes(const PersonneImportee &personne, const QStringList &ecrites) {
-    for (const QString &note : personne.auxNotes)
-      if (ecrites.contains(note))
-        Dire(bilan_.notes, u"%1, %2"_s.arg(personne.fiche.NomVelmira, note.simplified()));
+  void DireNotes(const PersonneImportee &personne, const QStringList &notes) {
+    for (const QString &note : notes)
+      Dire(bilan_.notes, u"%1, %2"_s.arg(personne.fiche.NomVelmira, note.simplified()));
   }
 
   /// The picture of the person gets its file, where the record takes it.
   void Situer(L &fiche, const PersonneImportee &personne, bool prise) {
     if (!prise || !personne.photo) return;
     const QString &la = personne.fiche.Photo;
-    const bool encore = !la.isEmpty() && LirePhoto(la) == personne.photo->octets;
+    const bool encore = !la.isEmpty() && photos_.Lire(la) == personne.photo->octets;
     fiche.Photo = encore ? la : photos_.Ecrire(fiche.NomVelmira, *personne.photo);
   }
 
   Base &base_;
   const DemandeReprise &demande_;
+  PhotosReprises photos_;
   Reconnaissance connus_;
-  Photos photos_;
   BilanReprise bilan_;
-  bool tue_ = false;  ///< the person at work is not told of
+  std::optional<QSet<QString>> alertes_;       ///< who is among them, in capitals
+  bool ancienne_ = false, desDebuts_ = false;  ///< the file at work
+  bool tue_ = false;                           ///< the person at work is not told of
 };
 
 void Enumerer(QString &texte, const QString &titre, const BilanReprise::Chapitre &chapitre) {
@@ -193,14 +236,15 @@ BilanReprise ReprendrePersonnes(Base &base, const QList<FichierRepris> &fichiers
   const Parcours parcours{
       .avant = [&](const FichierRepris &fichier) { repreneur.Commencer(fichier); },
       .chacune = [&](PersonneImportee &&personne) { repreneur.Integrer(personne); },
-      .apres = [](const FichierRepris &) {}};
+      .apres = [&](const FichierRepris &fichier) { repreneur.Finir(fichier); }};
   if (!Parcourir(fichiers, usages, parcours, avance)) {
     BilanReprise arret;
     arret.arrete = true;
     return arret;
   }
+  repreneur.NommerPhotos();
   transaction.Valider();
-  repreneur.Garder();
+  repreneur.GarderPhotos();
   return repreneur.Bilan();
 }
 
@@ -216,6 +260,13 @@ QString TexteBilan(const BilanReprise &bilan) {
   compter(bilan.identiques, u"déjà là, sans rien de nouveau"_s);
   compter(bilan.gardes, u"déjà là, gardé(s) sans changement"_s);
   compter(bilan.refuses, u"refusé(s)"_s);
+  const Reunion &tables = bilan.tables;
+  compter(tables.villes, u"ville(s) ajoutée(s)"_s);
+  compter(tables.expediteurs, u"expéditeur(s) ajouté(s)"_s);
+  compter(tables.types, u"type(s) d'évènement ajouté(s)"_s);
+  compter(tables.personnes, u"personne(s) ajoutée(s) aux alertes"_s);
+  compter(tables.evenements, u"évènement(s) ajouté(s)"_s);
+  compter(tables.laisses, u"évènement(s) sans personne ou sans type, laissé(s)"_s);
   if (texte.isEmpty()) texte = u"Aucun correspondant dans ces fichiers.\n"_s;
   Enumerer(texte, u"Refusés :"_s, bilan.refus);
   Enumerer(texte, u"Gardé de l'annuaire, autrement dans le fichier :"_s, bilan.ecarts);

@@ -2,11 +2,13 @@
 // Persons of other programs' files are taken into the directory, where some of them may stand
 // already: somebody is known by the name, in upper or lower case, as of the exchange file.
 
+#include "exchange/Confrontation.h"
 #include "exchange/FichierRepris.h"
 #include "exchange/PersonneImportee.h"
 #include "storage/Avance.h"
 #include "storage/Base.h"
 #include "storage/Lignes.h"
+#include "storage/ReunionTables.h"
 
 #include <QHash>
 #include <QList>
@@ -16,18 +18,11 @@
 #include <optional>
 #include <utility>
 
-/// What becomes of somebody who is there already.
-enum class Deja {
-  Completer,  ///< what is empty there is filled, nothing else changes
-  Garder,     ///< stays as it is there
-  Prendre,    ///< what the file says holds
-  Deux,       ///< the person of the file is added beside
-};
-
 /// The answer for one person of a file.
 struct ReponseReprise {
   Deja deja = Deja::Completer;
-  /// These columns of those that differ or are missing, whatever `deja` says.
+  /// These columns of those that differ or are missing, whatever `deja` says; nothing of the
+  /// others.
   std::optional<ChoixColonnes<Correspondant>> prises = {};
 };
 
@@ -57,10 +52,14 @@ struct BilanReprise {
   qsizetype gardes = 0;      ///< who stood there otherwise, and has not changed
   qsizetype refuses = 0;
   Chapitre refus;        ///< place, name and reason
-  Chapitre notes;        ///< name and value that has no field of its own
+  Chapitre notes;        ///< name and value that has gone to the notes
   Chapitre ecarts;       ///< name, field, value of the directory and of the file, not taken
   Chapitre memeAdresse;  ///< two names with the same mail or number
   bool arrete = false;   ///< nothing has changed then, and nothing is counted
+
+  Reunion tables;  ///< what else the older databases have brought
+  /// One of the first years has been taken over, and imported addresses with it.
+  bool ancienneBase = false, adressesImportees = false;
 
   qsizetype Pris() const { return ajoutes + completes + remplaces + identiques + gardes; }
 };

@@ -59,19 +59,26 @@ void SynchroniserDossierDe(const QString &chemin) {
                        {}, errno);
 }
 
-/// Lets a new file beside `chemin` be filled, brings it to the disk and lets it be renamed. It goes
-/// unless it was.
-void Ecrire(const QString &chemin, const Remplissage &remplir, const Remplissage &renommer) {
+/// Lets a new file of a name in use until it is whole be filled, and brings it to the disk; it goes
+/// where that fails. `chemin` is the one that the user knows.
+QString Remplir(const QString &dossier, const QString &chemin, const Remplissage &remplir) {
   const QString provisoire =
-      QFileInfo(chemin).absolutePath() + u'/' + PrefixeProvisoire() +
+      dossier + u'/' + PrefixeProvisoire() +
       QString::number(QRandomGenerator::system()->generate64(), 36).rightJustified(13, u'0');
-  const auto effacer = qScopeGuard([&] { QFile::remove(provisoire); });
+  auto effacer = qScopeGuard([&] { QFile::remove(provisoire); });
   QFile fichier(provisoire);
   errno = 0;
   if (!fichier.open(QIODevice::NewOnly)) throw NonEcrit(chemin, errno);
   remplir(provisoire);
   if (!SynchroniserFichier(fichier.handle())) throw NonEcrit(chemin, errno);
-  fichier.close();
+  effacer.dismiss();
+  return provisoire;
+}
+
+/// The same beside `chemin`, and lets it be renamed. It goes unless it was.
+void Ecrire(const QString &chemin, const Remplissage &remplir, const Remplissage &renommer) {
+  const QString provisoire = Remplir(QFileInfo(chemin).absolutePath(), chemin, remplir);
+  const auto effacer = qScopeGuard([&] { QFile::remove(provisoire); });
   renommer(provisoire);
 }
 
@@ -151,6 +158,16 @@ QString DebutNomFichier(const QString &texte) {
 
 QString PrefixeProvisoire() {
   return u".velmira-"_s;
+}
+
+QString CreerProvisoire(const QString &dossier, const QByteArray &contenu) {
+  return Remplir(dossier, dossier, Ecrivain(dossier, contenu));
+}
+
+void NommerProvisoires(const QList<std::pair<QString, QString>> &noms) {
+  for (const auto &[provisoire, nom] : noms)
+    if (RenommerSansRemplacer(provisoire, nom) != Renommage::Fait) throw NonEcrit(nom, errno);
+  if (!noms.isEmpty()) SynchroniserDossierDe(noms.constFirst().second);
 }
 
 void RemplacerFichier(const QString &chemin, const QByteArray &contenu) {

@@ -3,10 +3,12 @@
 // What fails throws `ErreurFichier`, a French sentence with the file's name and what can be done.
 
 #include <QByteArray>
+#include <QList>
 #include <QString>
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 /// Whether anything, a file or a folder stands there. A folder on the way that may not be entered
 /// and a disk that does not answer are no absence: they throw `ErreurFichier`.
@@ -40,6 +42,11 @@ bool CreerFichier(const QString &chemin, const QByteArray &contenu);
 bool CreerFichierPar(const QString &chemin, const Remplissage &remplir);
 /// How the names begin that files bear until they are whole: what a kill leaves of them.
 QString PrefixeProvisoire();
+/// Writes a file under such a name in a folder, and gives its path. Throws `ErreurFichier`.
+QString CreerProvisoire(const QString &dossier, const QByteArray &contenu);
+/// Gives files of one folder, by their paths, the names that they are to bear. Throws
+/// `ErreurFichier`, also where one is taken; those before it bear theirs then.
+void NommerProvisoires(const QList<std::pair<QString, QString>> &noms);
 
 /// What of a text can begin the name of a file, on the disks of other systems too: one line without
 /// the signs that they refuse, cut to what leaves room for a date and an ending. Empty where

@@ -110,7 +110,8 @@ void BalayerRestes(const Dossiers &dossiers, const QDateTime &maintenant) {
   // The toolkit made six letters of both cases; what a person calls a copy is hardly so.
   Effacer(Anciens(dossiers.AppPath,
                   u".*\\.(ini|cfg|txt)\\.(?![A-Z]*[a-z]*([A-Z][a-z]*)?$)[A-Za-z]{6}"_s, limite));
-  const QSet<QString> ou{dossiers.AppPath, dossiers.CheminData, dossiers.CheminBase};
+  const QSet<QString> ou{dossiers.AppPath, dossiers.Photos(), dossiers.CheminData,
+                         dossiers.CheminBase};
   for (const QString &dossier : ou) {
     BalayerProvisoires(dossier, maintenant);
     BalayerSuperJournaux(dossier, limite);

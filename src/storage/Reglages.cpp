@@ -235,7 +235,7 @@ Lecture LireEnregistrement(const QString &chemin, Structure &cible,
 template <typename Structure, typename... Membres>
 void EcrireEnregistrement(const QString &chemin, const Structure &source,
                           const std::tuple<Membres...> &membres) {
-  ExigerLu(!source.NonLu, chemin);
+  if constexpr (requires { source.NonLu; }) ExigerLu(!source.NonLu, chemin);
   RedacteurEnregistrement redacteur;
   std::apply([&](auto... membre) { (EcrireValeur(redacteur, source.*membre), ...); }, membres);
   RemplacerFichier(chemin, redacteur.Octets());
@@ -350,6 +350,16 @@ void EcrireNorme(const QString &appPath, const ReglagesNorme &norme) {
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor) {
   EcrireEnregistrement(Fichier(appPath, u"RTColor.ini"), rtcolor, kValeursRTColor);
+}
+
+void NoterRecuperation(const QString &appPath, bool adresses) {
+  const QString chemin = Fichier(appPath, u"Sauvan.cfg");
+  ReglagesSauvan sauvan;
+  if (const auto octets = LireFichier(chemin))
+    PrendreEnregistrement(*octets, sauvan, kValeursSauvan);
+  sauvan.RecuperationFaite = true;
+  if (adresses) sauvan.AdressesPresentes = true;
+  EcrireEnregistrement(chemin, sauvan, kValeursSauvan);
 }
 
 void EcrireMemora(const QString &appPath, const ReglagesMemora &memora) {

@@ -176,6 +176,9 @@ void EcrireReglages(const QString &appPath, const ReglagesPlomex &plomex);
 
 void EcrireRTColor(const QString &appPath, const ReglagesRTColor &rtcolor);
 void EcrireNorme(const QString &appPath, const ReglagesNorme &norme);
+/// `Sauvan.cfg`, once an older database has been taken over, with or without imported addresses:
+/// what it says already stays said. Written by the companion that takes over, and nobody else.
+void NoterRecuperation(const QString &appPath, bool adresses);
 void EcrireMemora(const QString &appPath, const ReglagesMemora &memora);
 
 /// Read again while the program runs: the companion writes it too.

@@ -26,6 +26,13 @@ void Visiter(Requete &requete, const std::function<void(EntreeListe &&)> &visite
     visiteur({requete.Entier(0), requete.Texte(1), requete.Texte(2), requete.Texte(3)});
 }
 
+void EcrireLiens(Base &base, const QList<VilleCode> &lignes, const QString &liens) {
+  for (VilleCode ligne : lignes) {
+    ligne.Liens = liens;
+    ModifierLigne(base, ligne, Seulement(&VilleCode::Liens));
+  }
+}
+
 void AjouterPersonne(Base &base, const Correspondant &fiche) {
   if (fiche.NomVelmira.trimmed().isEmpty()) return;
   AjouterLigne(
@@ -362,27 +369,25 @@ void TableVille::Enregistrer(const QString &ville, const QString &code) {
     cles.append(QString::number(nouvelle.Index));
     memes.append(nouvelle);
   }
-  EcrireLiens(memes, cles.size() > 1 ? cles.join(u'*') : u""_s);
+  EcrireLiens(base_, memes, cles.size() > 1 ? cles.join(u'*') : u""_s);
   transaction.Valider();
 }
 
 void TableVille::Relier() {
   Transaction transaction(base_);
-  Requete(base_, u"UPDATE Ville SET Liens=''"_s).Executer();
+  RelierVilles(base_);
+  transaction.Valider();
+}
+
+void RelierVilles(Base &base) {
+  Requete(base, u"UPDATE Ville SET Liens=''"_s).Executer();
   QMap<QString, QList<VilleCode>> villes;
-  for (const VilleCode &ligne : Toutes()) villes[EnCapitales(ligne.Ville)].append(ligne);
+  for (const VilleCode &ligne : TableVille(base).Toutes())
+    villes[EnCapitales(ligne.Ville)].append(ligne);
   for (auto ville = villes.cbegin(); ville != villes.cend(); ++ville) {
     if (ville->size() < 2 || ville.key().contains(u'"')) continue;
     QStringList cles;
     for (const VilleCode &ligne : *ville) cles.append(QString::number(ligne.Index));
-    EcrireLiens(*ville, cles.join(u'*'));
-  }
-  transaction.Valider();
-}
-
-void TableVille::EcrireLiens(const QList<VilleCode> &lignes, const QString &liens) {
-  for (VilleCode ligne : lignes) {
-    ligne.Liens = liens;
-    ModifierLigne(base_, ligne, Seulement(&VilleCode::Liens));
+    EcrireLiens(base, *ville, cles.join(u'*'));
   }
 }

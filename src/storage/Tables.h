@@ -50,6 +50,10 @@ QString TexteExpediteurDisparu();
 /// mark is touched. Stands in the caller's transaction. Throws `ErreurBase`.
 void EcrireMarques(Base &base, const QString &utilisateur, bool masquer);
 
+/// Makes the links of all towns anew; a town whose name holds a double quote keeps none. Stands in
+/// the caller's transaction. Throws `ErreurBase`.
+void RelierVilles(Base &base);
+
 /// Table `Adresse`. Every verb throws `ErreurBase`; one that writes is one transaction.
 class TableAdresse {
  public:
@@ -129,12 +133,10 @@ class TableVille {
   /// is known already, or is empty, adds nothing to a known town.
   void Enregistrer(const QString &ville, const QString &code);
 
-  /// Makes the links of all towns anew; a town whose name holds a double quote keeps none.
+  /// `RelierVilles` as a transaction.
   void Relier();
 
  private:
-  void EcrireLiens(const QList<VilleCode> &lignes, const QString &liens);
-
   Base &base_;
 };
 

@@ -105,8 +105,15 @@ TEST_F(Compagnons, Statuts) {
   EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"0 La base"_s));
   const QString carte = Chemin(u"c.vcf"_s), vers = u"Sauvan --vers %1 %2"_s.arg(base, carte);
   RemplacerFichier(carte, "BEGIN:VCARD\nFN:A\nPHOTO;ENCODING=b:/9j/4AAQ\nEND:VCARD\n");
+  const auto velmira = Lancer(u"Velmira"_s);  // works on the base meanwhile
+  AttendrePrise(u"fiche"_s);
   EXPECT_TRUE(Fin(*Lancer(vers, u""_s)).startsWith(u"0 1 ajouté"_s));
   EXPECT_TRUE(QFile::exists(Chemin(u"Photos/A.jpg"_s)));
+  const QStringList copies{u"*_import.mdb"_s};
+  EXPECT_EQ(QDir(QFileInfo(base).path() + u"/Sauvegardes"_s).entryList(copies).size(), 1);
+  EXPECT_EQ(velmira->state(), QProcess::Running);
+  velmira->kill();
+  velmira->waitForFinished(-1);
   EXPECT_TRUE(Fin(*Lancer(vers + u" absent"_s, u""_s)).startsWith(u"2 "_s));
   RemplacerFichier(base, LireFichierPresent(base).replace(4096, 4096, QByteArray(4096, '\0')));
   EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"1 La base"_s));

@@ -3,6 +3,7 @@
 
 #include "Outils.h"
 #include "app/Demarrage.h"
+#include "app/Sauvan.h"
 #include "commun/BoitesMuettes.h"
 #include "storage/EmplacementDonnees.h"
 #include "storage/MiseAJour.h"
@@ -11,6 +12,7 @@
 #include "storage/TransfertBase.h"
 
 #include <QElapsedTimer>
+#include <QRegularExpression>
 #include <QtEndian>
 
 #include <algorithm>
@@ -82,6 +84,15 @@ class Jet : public DansUnDossier {
     BoitesNotees boites(reponse);
     Demarrage(boites, dossiers, {[](const QString &) {}}).Executer();
     return boites.vues;
+  }
+  /// Takes a sample into the base `reprise`: how it ends and what is told.
+  QString Sauvan(const QString &nom) const {
+    const DemandeSauvan demande{
+        .base = Chemin(u"reprise"_s),
+        .fichiers = {QDir(qEnvironmentVariable("VELMIRA_JET")).filePath(nom)}};
+    const auto fin = ReprendreSansFenetre(demande, Chemin(u"app"_s), u"moi"_s,
+                                          QDateTime(QDate(2026, 3, 1), QTime(9, 0)));
+    return u"%1 %2"_s.arg(fin.statut).arg(fin.texte);
   }
   static QByteArray Lire(const QString &nom) {
     QFile fichier(Exemple(nom));
@@ -217,35 +228,66 @@ TEST_F(Jet, ExemplesSains) {
 // The same rows become the same, whichever format they lay in; a start upgrades them by itself.
 TEST_F(Jet, MiseAJourDesExemples) {
   if (!qEnvironmentVariableIsSet("VELMIRA_JET")) GTEST_SKIP() << "VELMIRA_JET names no folder";
-  Cas("petit || evolue || ancien || vide || protege || jet3 || jet3-ancien", [this](Rangee c) {
-    const QMap<QString, int> colonnes{
-        {u"Adresse"_s, 24}, {u"Alerte"_s, 2}, {u"Listecoal"_s, 3}, {u"ListeAlerte"_s, 6}};
-    CreerBaseAncienne(Chemin(u"ancien"_s),
-                      c[0].contains(u"ancien") ? colonnes : QMap<QString, int>());
-    PourChaqueTable([&](auto table) {
-      const QString nom = Nom(table);
-      for (const QString &ligne :
-           Lignes(Exemple(u"csv/%1/%2.csv"_s.arg(c[0], nom.sliced(1).chopped(1)))))
-        Sql(u"ancien"_s, u"INSERT INTO %1 VALUES (%2)"_s.arg(nom, ligne));
-    });
-    SourceSqlite source(Chemin(u"ancien"_s));
-    ConvertirBase(source, Chemin(u"attendu"_s), {u" "_s, 7}, [](qsizetype) {});
-    Poser(u"app/Alarme.ini"_s, "7,1,0,1,2\r\n");
-    const QStringList vues = Demarrer(Lire(c[0] + u".mdb"_s));
-    EXPECT_EQ(vues.constLast(), u"Mise à jour de la base terminée."_s);
-    EXPECT_EQ(Tout(u"DataVelmira/Velmira.mdb"_s), Tout(u"attendu"_s));
-    EXPECT_EQ(Octets(u"DataVelmira/Ancien_Velmira.mdb"_s), Lire(c[0] + u".mdb"_s));
-    EXPECT_FALSE(Existe(u"DataVelmira/Velmira_base.mdb"_s));
-    // A transfer makes the same of it, over a base and over nothing.
-    SourceJet jet(Exemple(c[0] + u".mdb"_s));
-    CreerBase(u"cible"_s, {u"Luc"_s});
-    for (const QString &cible : {u"cible"_s, u"neuve"_s}) {
-      TransfererBaseJet(jet, Chemin(cible), {u" "_s, 7});
-      EXPECT_EQ(Tout(cible), Tout(u"attendu"_s));
-    }
-    QFile::remove(Chemin(u"neuve"_s));
-    return c[0];
-  });
+  Cas(R"(
+    petit | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10 || evolue | 0 27 6 3 1 1 8 || vide | 0
+    ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12 || jet3 | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10
+    protege | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10 || jet3-ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12
+  )",
+      [this](Rangee c) {
+        const QMap<QString, int> colonnes{
+            {u"Adresse"_s, 24}, {u"Alerte"_s, 2}, {u"Listecoal"_s, 3}, {u"ListeAlerte"_s, 6}};
+        CreerBaseAncienne(Chemin(u"ancien"_s),
+                          c[0].contains(u"ancien") ? colonnes : QMap<QString, int>());
+        PourChaqueTable([&](auto table) {
+          const QString nom = Nom(table);
+          for (const QString &ligne :
+               Lignes(Exemple(u"csv/%1/%2.csv"_s.arg(c[0], nom.sliced(1).chopped(1)))))
+            Sql(u"ancien"_s, u"INSERT INTO %1 VALUES (%2)"_s.arg(nom, ligne));
+        });
+        SourceSqlite source(Chemin(u"ancien"_s));
+        ConvertirBase(source, Chemin(u"attendu"_s), {u" "_s, 7}, [](qsizetype) {});
+        Poser(u"app/Alarme.ini"_s, "7,1,0,1,2\r\n");
+        const QStringList vues = Demarrer(Lire(c[0] + u".mdb"_s));
+        EXPECT_EQ(vues.constLast(), u"Mise à jour de la base terminée."_s);
+        EXPECT_EQ(Tout(u"DataVelmira/Velmira.mdb"_s), Tout(u"attendu"_s));
+        EXPECT_EQ(Octets(u"DataVelmira/Ancien_Velmira.mdb"_s), Lire(c[0] + u".mdb"_s));
+        EXPECT_FALSE(Existe(u"DataVelmira/Velmira_base.mdb"_s));
+        // A transfer makes the same of it, over a base and over nothing.
+        SourceJet jet(Exemple(c[0] + u".mdb"_s));
+        CreerBase(u"cible"_s, {u"Luc"_s});
+        for (const QString &cible : {u"cible"_s, u"neuve"_s}) {
+          TransfererBaseJet(jet, Chemin(cible), {u" "_s, 7});
+          EXPECT_EQ(Tout(cible), Tout(u"attendu"_s));
+        }
+        QFile::remove(Chemin(u"neuve"_s));
+        // A taking over adds the same to what is there, once; a row without a name gets one.
+        CreerBase(u"reprise"_s, {u"Luc"_s});
+        Sql(u"reprise"_s, u"INSERT INTO Alerte VALUES (9, 'anniversaire', 1)"_s);
+        Sql(u"reprise"_s, u"INSERT INTO Listecoal VALUES (9, 'ŒUVRARD François', '', 0)"_s);
+        QFile::remove(Chemin(u"app/Sauvan.cfg"_s));
+        const QString bilan = Sauvan(c[0] + u".mdb"_s).section(u"\n\n"_s, 0, 0);
+        const auto fiches = [&](const QString &base) {
+          QString colonnes;
+          for (const QString &nom : ListeColonnes(Table<Correspondant>{}, 1).split(u", "_s))
+            if (nom != u"[AlerteActive]" && nom != u"[NomVelmira]")
+              colonnes += u"|| '/' || coalesce(%1, '')"_s.arg(nom);
+          return Sql(base, u"SELECT '' %1 FROM Adresse WHERE ifnull(NomVelmira, '')<>'Luc'"_s.arg(
+                               colonnes));
+        };
+        EXPECT_EQ(fiches(u"reprise"_s), fiches(u"attendu"_s));
+        EXPECT_EQ(Sql(u"reprise"_s, u"SELECT count(*) FROM Adresse WHERE NomVelmira=''"_s), u"0"_s);
+        EXPECT_EQ(Octets(u"app/Sauvan.cfg"_s),
+                  QByteArray(c[0] == u"vide"_s ? "(no file)" : "1,1\r\n"));
+        const QStringList une = Tout(u"reprise"_s);
+        EXPECT_TRUE(Sauvan(c[0] + u".mdb"_s).startsWith(u"0 "_s));
+        EXPECT_EQ(Tout(u"reprise"_s), une);
+        const QString evenements = Sql(u"reprise"_s,
+                                       u"SELECT substr(p.Nom, 1, 2) || substr(e.Date, 1, 5) FROM "
+                                       "ListeAlerte e JOIN Listecoal p ON e.Nom=p.ID "
+                                       "JOIN Alerte t ON t.ID=e.Alerte ORDER BY e.ID"_s);
+        return (QString(bilan).replace(QRegularExpression(u"\\D+"_s), u" "_s) + evenements)
+            .trimmed();
+      });
 }
 
 // What a damaged sample shows, and the correspondents and notes that are there once it is accepted.
@@ -266,6 +308,12 @@ TEST_F(Jet, ExemplesAbimes) {
         const QString constat = QString(c[1]).replace(u"\\u202f"_s, u"\u202f"_s);
         EXPECT_TRUE(Demarrer(octets).constLast().contains(constat));
         EXPECT_TRUE(Octets(base) == octets && !Existe(u"DataVelmira/Velmira_base.mdb"_s));
+        CreerBase(u"reprise"_s);
+        const QByteArray avant = Octets(u"reprise"_s);
+        Poser(u"seule"_s, octets);
+        const QString fin = Sauvan(Chemin(u"seule"_s));
+        EXPECT_TRUE(fin.startsWith(u"2 "_s) && fin.contains(constat)) << fin.toStdString();
+        EXPECT_TRUE(Octets(u"reprise"_s) == avant && !Existe(u"app/Sauvan.cfg"_s));
         const QStringList vues = Demarrer(octets, Boites::Reponse::Oui);
         if (vues.size() == 1) return QString();
         EXPECT_EQ(Octets(u"DataVelmira/Ancien_Velmira.mdb"_s), octets);

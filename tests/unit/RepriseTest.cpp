@@ -5,13 +5,21 @@
 #include "app/Sauvan.h"
 #include "exchange/EtudeReprise.h"
 #include "exchange/Reprise.h"
+#include "storage/Balayage.h"
 
 #include <QDir>
+
+#include <csignal>
 
 using L = Correspondant;
 
 static const UsagesReprise kUsages{u" "_s, {}};
+static const QDateTime kMaintenant(QDate(2026, 3, 1), QTime(9, 0));
 static const Avance kSansArret = [](qsizetype, qsizetype) { return true; };
+static const QHash<QString, Deja> kReponses{{u"C"_s, Deja::Completer},
+                                            {u"G"_s, Deja::Garder},
+                                            {u"P"_s, Deja::Prendre},
+                                            {u"D"_s, Deja::Deux}};
 static const QByteArray kImage = QByteArray("\xFF\xD8\xFF", 3) + QByteArray(200, 'x');
 
 class VenusDAilleurs : public DansUnDossier {
@@ -72,15 +80,12 @@ class VenusDAilleurs : public DansUnDossier {
 
 // Answer; the cards; added, completed, replaced, same, kept, refused; the study; the records.
 TEST_F(VenusDAilleurs, DejaLa) {
-  const QHash<QString, Deja> reponses{{u"C"_s, Deja::Completer},
-                                      {u"G"_s, Deja::Garder},
-                                      {u"P"_s, Deja::Prendre},
-                                      {u"D"_s, Deja::Deux}};
   const QString la = u"N:Durand;Paul~TEL;TYPE=HOME:0102030405~NOTE:vu~CATEGORIES:Amis"_s;
   Cas(R"(
     C | N:DURAND;PAUL~TEL;TYPE=HOME:01.02.03.04.05~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
-    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
-    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406 | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
+    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu/Téléphone (domicile) : 01 02 03 04 06
+    C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~NICKNAME:Jo | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu/Surnom : Jo/Téléphone (domicile) : 01 02 03 04 06
+    C | N:Durand;Paul~PHOTO;ENCODING=b:/9j/4AAQ++N:Durand;Paul~PHOTO;ENCODING=b:/9j/4AAR | 1 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu Durand Paul
     C | N:Durand;Paul~NOTE:vu~CATEGORIES:Amis | 0 0 0 1 0 0 | 1 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     C | N:Durand;Paul~NOTE:dit~NICKNAME:Jo~CATEGORIES:Pro,Amis | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*Pro*,vu/dit/Surnom : Jo
     G | N:Durand;Paul~EMAIL:p@a | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
@@ -96,9 +101,9 @@ TEST_F(VenusDAilleurs, DejaLa) {
         if (c.size() > 4) {
           EXPECT_EQ(Etude(c[1]), c[3]);
         }
-        EXPECT_EQ(Comptes(Reprendre(c[1], Demande(reponses[c[0]]))), c[2]);
+        EXPECT_EQ(Comptes(Reprendre(c[1], Demande(kReponses[c[0]]))), c[2]);
         const QString une = Fiches();
-        Reprendre(c[1], Demande(reponses[c[0]]));
+        Reprendre(c[1], Demande(kReponses[c[0]]));
         EXPECT_EQ(Fiches(), une) << "the same file again changes nothing";
         return une;
       });
@@ -114,13 +119,12 @@ TEST_F(VenusDAilleurs, ChampParChamp) {
     return Fiches() + u" / "_s + bilan.ecarts.lignes.join(u" / "_s);
   };
   Cas(R"(
-    C | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a / B A, Adresse, ligne 2 : « 3 rue A » gardé, « 9 rue B » dans le fichier / B A, Code postal : « 44000 » gardé, « 29200 » dans le fichier / B A, Ville : « Nantes » gardé, « Brest » dans le fichier
+    C | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a,Adresse : 9 rue B, 29200 Brest /
+    G | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a / B A, Adresse, ligne 2 : « 3 rue A » gardé, « 9 rue B » dans le fichier / B A, Code postal : « 44000 » gardé, « 29200 » dans le fichier / B A, Ville : « Nantes » gardé, « Brest » dans le fichier
     P | ADR:;;;Brest;;; | B A,Brest,a@a /
     C | ADR:;;3 RUE A;;;;Belgique | B A,3 rue A,Nantes,a@a /
   )",
-      [&](Rangee c) {
-        return apres(c[1], Demande(c[0] == u"P"_s ? Deja::Prendre : Deja::Completer)).trimmed();
-      });
+      [&](Rangee c) { return apres(c[1], Demande(kReponses[c[0]])).trimmed(); });
   DemandeReprise choisie = Demande(Deja::Garder);
   choisie.reponses.insert({Chemin(u"c.vcf"_s), 1}, {Deja::Completer, Seulement(&L::Mail)});
   EXPECT_EQ(apres(u"EMAIL:b@b~TEL:0102030405"_s, choisie).section(u" / "_s, 0, 0),
@@ -142,6 +146,24 @@ TEST_F(VenusDAilleurs, CachesEtPartages) {
       "ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n"_s);
 }
 
+// A record that was hidden in another directory, by a card or as a row of an older base; twice.
+TEST_F(VenusDAilleurs, MarquesVenuesDAilleurs) {
+  CreerBase(u"vieille"_s, {u"Cachée"_s, u"Vue"_s, u"Vue"_s});
+  Sql(u"vieille"_s, u"UPDATE Adresse SET DataProt=iif([Index]=1, 'lui', 'lui$'), Mail='a@a.fr'"_s);
+  Sql(u"vieille"_s, u"INSERT INTO Listecoal (Nom, DDN, Disponible) VALUES ('VUE', '', 1)"_s);
+  const QList<FichierRepris> base{Regarder(Chemin(u"vieille"_s), {})};
+  for (const QString &comptes : {u"3 0 0 0 0 0"_s, u"0 0 0 3 0 0"_s}) {
+    const auto e = EtudierReprise(base_, base, kUsages, u"moi"_s, kSansArret);
+    EXPECT_EQ(e.premieres.size(), 2) << "nobody is shown what is hidden from him";
+    const BilanReprise bilan = ReprendrePersonnes(base_, base, kUsages, Demande(), kSansArret);
+    EXPECT_EQ(Comptes(bilan), comptes);
+    EXPECT_TRUE(!bilan.ancienneBase && bilan.memeAdresse.lignes.isEmpty());
+    Reprendre(u"N:Carte~X-VELMIRA-DATAPROT:lui~X-VELMIRA-ALERTEACTIVE:oui"_s, Demande());
+    EXPECT_EQ(Sql(u"b"_s, u"SELECT NomVelmira || DataProt || AlerteActive FROM Adresse"_s),
+              u"Cachéelui0 Vuelui$1 Vuelui$1 Cartemoi0"_s);
+  }
+}
+
 TEST_F(VenusDAilleurs, ToutOuRien) {
   const QString image = u"~PHOTO;ENCODING=b:"_s + QString::fromLatin1(kImage.toBase64());
   const QString deux = u"N:A"_s + image + u"++N:A~TEL:1"_s + image + u"++N:A~TEL:2"_s + image;
@@ -153,6 +175,18 @@ TEST_F(VenusDAilleurs, ToutOuRien) {
   EXPECT_THROW(ReprendrePersonnes(base_, {present, parti}, kUsages, Demande(), kSansArret),
                ErreurFichier);
   EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
+
+  if (const pid_t enfant = ::fork(); enfant == 0) {
+    Base base;
+    base.Ouvrir(Chemin(u"b"_s));
+    ReprendrePersonnes(base, {present}, kUsages, Demande(),
+                       [](qsizetype, qsizetype) { return ::kill(::getpid(), SIGKILL) == 0; });
+  } else {
+    ASSERT_EQ(::waitpid(enfant, nullptr, 0), enfant);
+  }
+  BalayerProvisoires(Chemin(u"Photos"_s), QDateTime::currentDateTime().addDays(2));
+  EXPECT_EQ(QDir(Chemin(u"Photos"_s)).entryList(QDir::Files | QDir::Hidden), QStringList());
+  EXPECT_EQ(Fiches(), u""_s);
 
   Poser(u"Photos/A.jpg"_s, "another one's");
   Reprendre(deux, Demande());
@@ -195,14 +229,15 @@ TEST_F(VenusDAilleurs, SansFenetre) {
     /ailleurs bon             | 2 | n'existe pas   |
     /bon bon                  | 2 | Rien n'a changé |
     /b bon bon                | 0 | 1 déjà là      | A
-    /b bon suite              | 0 | Nantes » gardé, « Brest | A
+    /b bon suite              | 0 | A, Adresse : Brest | A
   )",
       [this](Rangee c) {
         Sql(u"b"_s, u"DELETE FROM Adresse"_s);
         QStringList mots = c[0].split(u' ');
         for (QString &mot : mots) mot = Chemin(mot.startsWith(u'/') ? mot.mid(1) : mot);
         mots.prepend(u"--vers"_s);
-        const Reponse fin = ReprendreSansFenetre(LireDemandeSauvan(mots), Chemin(), u"moi"_s);
+        const Reponse fin =
+            ReprendreSansFenetre(LireDemandeSauvan(mots), Chemin(), u"moi"_s, kMaintenant);
         EXPECT_EQ(QString::number(fin.statut), c[1]);
         EXPECT_TRUE(fin.texte.contains(c[2])) << fin.texte.toStdString();
         EXPECT_EQ(Noms(u"b"_s), c[3]);
