@@ -39,6 +39,8 @@ class ChoixRencontres {
   void Repondre(qsizetype rang, const ReponseReprise &reponse);
   void RepondreCommeTous(qsizetype rang);
 
+  /// The answer that holds for a person, whatever was chosen field by field.
+  Deja DejaDe(qsizetype rang) const;
   /// What is taken of the file for a person as things are.
   ChoixColonnes<Correspondant> Prises(qsizetype rang) const;
   /// Takes or leaves a field; all else stays as it is.
@@ -57,7 +59,6 @@ class ChoixRencontres {
 
  private:
   std::pair<QString, qsizetype> CleDe(qsizetype rang) const;
-  Deja DejaDe(qsizetype rang) const;
 
   QList<Rencontre> rencontres_;
   Deja pourTous_ = Deja::Completer;

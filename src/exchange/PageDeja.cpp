@@ -194,7 +194,7 @@ void PageDeja::Repondre(int choix) {
   if (choix == kCommeTous)
     choix_.RepondreCommeTous(rang);
   else if (choix == kChampParChamp)
-    choix_.Repondre(rang, {.prises = choix_.Prises(rang)});
+    choix_.Repondre(rang, {.deja = choix_.DejaDe(rang), .prises = choix_.Prises(rang)});
   else
     choix_.Repondre(rang, {kReponses[static_cast<std::size_t>(choix - 1)]});
   MajLignes();

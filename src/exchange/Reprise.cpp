@@ -136,8 +136,9 @@ class Repreneur {
     const bool noter = reponse.deja == Deja::Completer;
     Choix prises = Prises(trouvee, reponse);
     Choix laissees = (faite.manques | faite.ecarts) & ~(prises | faite.notees);
-    const QStringList ecarts = noter ? NotesDesEcarts(personne, laissees) : QStringList();
-    if (noter) laissees &= ~Notables();
+    const Choix notees = noter ? laissees & faite.ecarts & Notables() : Choix();
+    const QStringList ecarts = NotesDesEcarts(personne, notees);
+    laissees &= ~notees;
     L fondue = Fondre(presente, personne, prises);
     Situer(fondue, personne, prises[Ordinal(&L::Photo)]);
     DireEcarts(presente, personne, laissees);

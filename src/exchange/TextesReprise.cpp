@@ -77,7 +77,7 @@ void EcrireCompteRendu(const QString &chemin, const BilanReprise &bilan) {
 QString TexteDeja(Deja deja) {
   switch (deja) {
     case Deja::Completer:
-      return u"Remplir ce qui est vide dans Velmira"_s;
+      return u"Remplir ce qui est vide, noter ce qui diffère"_s;
     case Deja::Garder:
       return u"Garder la fiche de Velmira telle quelle"_s;
     case Deja::Prendre:
