@@ -271,7 +271,7 @@ QString TexteBilan(const BilanReprise &bilan) {
   if (texte.isEmpty()) texte = u"Aucun correspondant dans ces fichiers.\n"_s;
   Enumerer(texte, u"Refusés :"_s, bilan.refus);
   Enumerer(texte, u"Gardé de l'annuaire, autrement dans le fichier :"_s, bilan.ecarts);
-  Enumerer(texte, u"Mis dans les notes, faute de champ :"_s, bilan.notes);
+  Enumerer(texte, u"Mis dans les notes :"_s, bilan.notes);
   Enumerer(texte, u"Même adresse ou même numéro sous deux noms, à regarder :"_s, bilan.memeAdresse);
   return texte;
 }

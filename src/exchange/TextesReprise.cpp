@@ -67,6 +67,10 @@ QString PhraseBilan(const BilanReprise &bilan) {
   const qsizetype intacts = bilan.identiques + bilan.gardes;
   parties.Ajouter(intacts, u"déjà là et resté tel quel"_s, u"déjà là et restés tels quels"_s);
   parties.Ajouter(bilan.refuses, u"fiche refusée"_s, u"fiches refusées"_s);
+  const Reunion &tables = bilan.tables;
+  parties.Ajouter(tables.villes, u"ville ajoutée"_s, u"villes ajoutées"_s);
+  parties.Ajouter(tables.expediteurs, u"expéditeur ajouté"_s, u"expéditeurs ajoutés"_s);
+  parties.Ajouter(tables.evenements, u"évènement ajouté"_s, u"évènements ajoutés"_s);
   return parties.Phrase(u"Il n'y avait aucun correspondant à reprendre."_s);
 }
 

@@ -140,10 +140,9 @@ TEST_F(VenusDAilleurs, CachesEtPartages) {
   const BilanReprise bilan = Reprendre(
       u"N:A~EMAIL:a@a.fr~TEL:3639++N:C~TEL:0102030405~NICKNAME:Jo++N:D~TEL:3639"_s, Demande());
   EXPECT_EQ(Comptes(bilan), u"3 0 0 0 0 0"_s);
-  EXPECT_EQ(
-      TexteBilan(bilan),
-      u"3 ajouté(s)\n\nMis dans les notes, faute de champ :\n  C, Surnom : Jo\n\nMême adresse "
-      "ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n"_s);
+  EXPECT_EQ(TexteBilan(bilan),
+            u"3 ajouté(s)\n\nMis dans les notes :\n  C, Surnom : Jo\n\nMême adresse "
+            "ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n"_s);
 }
 
 // A record that was hidden in another directory, by a card or as a row of an older base; twice.
