@@ -122,10 +122,10 @@ class Repreneur {
     L fiche;
     fiche.NomVelmira = nom;
     fiche.DataProt = u""_s;
-    fiche.AlerteActive = true;
     for (const Cle cle : connus_.DeCeNom(fiche)) {
-      fiche.Index = cle;
-      ModifierLigne(base_, fiche, Seulement(&L::AlerteActive));
+      auto presente = TableAdresse(base_).Lire(cle);
+      if (!presente || std::exchange(presente->AlerteActive, true)) continue;
+      ModifierLigne(base_, *presente, Seulement(&L::AlerteActive));
     }
   }
 

@@ -166,9 +166,11 @@ TEST_F(VenusDAilleurs, MarquesVenuesDAilleurs) {
 TEST_F(VenusDAilleurs, ToutOuRien) {
   const QString image = u"~PHOTO;ENCODING=b:"_s + QString::fromLatin1(kImage.toBase64());
   const QString deux = u"N:A"_s + image + u"++N:A~TEL:1"_s + image + u"++N:A~TEL:2"_s + image;
-  EXPECT_TRUE(Reprendre(deux, Demande(), [](qsizetype, qsizetype) { return false; }).arrete);
+  const Avance arret = [](qsizetype, qsizetype) { return false; };
+  EXPECT_TRUE(Reprendre(deux, Demande(), arret).arrete);
   EXPECT_EQ(Fiches() + Images().join(u' '), u""_s);
   const FichierRepris present = Regarder(Chemin(u"c.vcf"_s), {});
+  EXPECT_TRUE(EtudierReprise(base_, {present}, kUsages, {}, arret).arretee);
   FichierRepris parti = present;
   parti.chemin = Chemin(u"absent"_s);
   EXPECT_THROW(ReprendrePersonnes(base_, {present, parti}, kUsages, Demande(), kSansArret),
