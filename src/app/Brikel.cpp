@@ -1,8 +1,6 @@
 #include "app/Brikel.h"
 
 #include "platform/Erreurs.h"
-#include "storage/Dossiers.h"
-#include "storage/EmplacementDonnees.h"
 #include "storage/Reparation.h"
 
 using namespace Qt::StringLiterals;
@@ -37,15 +35,4 @@ Reponse ReparerSansFenetre(const QString &base, const QDateTime &maintenant,
   } catch (const Erreur &erreur) {
     return {erreur.Texte() + u'\n', kRienFait};
   }
-}
-
-QString BaseDeVelmira(const QString &appPath) {
-  const auto donnees = LireCheminData(appPath);
-  if (!donnees)
-    throw ErreurFichier(
-        u"Velmira n'a pas encore de base de données à réparer.\nLancez Velmira, puis "
-        "recommencez."_s);
-  const EmplacementBase emplacement = TrouverBase(appPath, *donnees);
-  if (emplacement.etat == EtatChemin::Inaccessible) throw ErreurFichier(emplacement.raison);
-  return FichierBase(emplacement.dossier);
 }

@@ -27,7 +27,3 @@ DemandeBrikel LireDemandeBrikel(const QStringList &mots);
 /// Repairs a base and gives the report, or why nothing could be done, with the end of the program.
 Reponse ReparerSansFenetre(const QString &base, const QDateTime &maintenant,
                            std::chrono::milliseconds attente);
-
-/// The base that Velmira would work on with this application folder. Throws `ErreurFichier`, also
-/// where Velmira has never been started.
-QString BaseDeVelmira(const QString &appPath);

@@ -11,6 +11,7 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <cstdlib>
 
 using namespace Qt::StringLiterals;
 
@@ -60,6 +61,12 @@ QString NomDeVoisin(const QString &programme, const QString &appPath) {
   const QByteArray empreinte =
       QCryptographicHash::hash(appPath.toUtf8(), QCryptographicHash::Sha256);
   return programme + u'-' + QString::fromLatin1(empreinte.toHex().left(12));
+}
+
+int FinirAvec(const Abandons &abandons, int statut) {
+  if (abandons.EnCours() == 0) return statut;
+  std::fflush(nullptr);
+  std::_Exit(statut);
 }
 
 bool LancerVelmira(Coquille &coquille, const QString &dossier, const QStringList &arguments) {

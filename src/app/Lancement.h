@@ -3,6 +3,7 @@
 
 #include "app/Application.h"
 #include "app/LigneDeCommande.h"
+#include "platform/Abandons.h"
 #include "platform/Boites.h"
 #include "platform/Coquille.h"
 #include "ui/PaletteLisible.h"
@@ -43,6 +44,10 @@ QString AppPathDuPoste();
 
 /// The name by which the programs of one application folder know each other in a session.
 QString NomDeVoisin(const QString &programme, const QString &appPath);
+
+/// Ends a program with that status. Where a work that was given up still hangs in the system
+/// nothing is taken away under it, and it ends at once; what the run had to write is written.
+int FinirAvec(const Abandons &abandons, int statut);
 
 /// Starts Velmira, from a folder or from beside this program. False when it is at neither.
 bool LancerVelmira(Coquille &coquille, const QString &dossier, const QStringList &arguments);

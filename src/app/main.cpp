@@ -3,22 +3,12 @@
 #include "app/Lancement.h"
 #include "app/Programme.h"
 #include "platform/Erreurs.h"
-#include "platform/linux/BoitesSysteme.h"
-#include "platform/linux/ClasseurSysteme.h"
-#include "platform/linux/CoquilleSysteme.h"
-#include "platform/linux/HorlogeSysteme.h"
-#include "platform/linux/ImprimanteSysteme.h"
-#include "platform/linux/ListeDemarrageSysteme.h"
-#include "platform/linux/PolicesSysteme.h"
-#include "platform/linux/PortSerieSysteme.h"
-#include "platform/linux/Utilisateur.h"
+#include "platform/linux/PlateformeSysteme.h"
 #include "platform/linux/VoisinageSysteme.h"
 
-#include <QStandardPaths>
 #include <QTimer>
 
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 
 using namespace Qt::StringLiterals;
@@ -32,22 +22,12 @@ int main(int argc, char *argv[]) {
   if (const auto refus = RefuserDeDemarrer(mots, ecran)) return Repondre(*refus);
   const Allure allure(u"Velmira"_s, u"velmira"_s);
 
-  HorlogeSysteme horloge;
-  BoitesSysteme boites;
-  CoquilleSysteme coquille;
-  ImprimanteSysteme imprimante(horloge);
-  PolicesSysteme polices;
-  ListeDemarrageSysteme demarrage;
-  PortSerieSysteme port;
-  ClasseurSysteme classeur;
-  const QString cache =
-      QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + u"/Velmira"_s;
-  Plateforme plateforme{horloge, boites,   coquille,         imprimante,        polices, demarrage,
-                        port,    classeur, NomUtilisateur(), LangueDuSysteme(), cache};
-  application.SignalerPar(&boites);
+  PlateformeSysteme systeme(LangueDuSysteme());
+  Plateforme &plateforme = systeme.LaPlateforme();
+  application.SignalerPar(&plateforme.boites);
 
   QString appPath;
-  if (!Signaler(boites, [&] { appPath = AppPathDuPoste(); })) return EXIT_FAILURE;
+  if (!Signaler(plateforme.boites, [&] { appPath = AppPathDuPoste(); })) return EXIT_FAILURE;
 
   VoisinageSysteme voisinage;
   const QString nom = NomDeVoisin(u"fiche"_s, appPath);
@@ -72,10 +52,5 @@ int main(int argc, char *argv[]) {
   QTimer::singleShot(0, &programme, [&] {
     if (!programme.Demarrer()) Application::exit(EXIT_FAILURE);
   });
-  const int statut = Application::exec();
-  if (plateforme.abandons.EnCours() == 0) return statut;
-  // A printing that was given up still hangs in the system: nothing is taken away under it. What
-  // the run had to write is written.
-  std::fflush(nullptr);
-  std::_Exit(statut);
+  return FinirAvec(plateforme.abandons, Application::exec());
 }

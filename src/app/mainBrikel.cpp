@@ -8,6 +8,7 @@
 #include "platform/linux/CoquilleSysteme.h"
 #include "platform/linux/HorlogeSysteme.h"
 #include "platform/linux/VoisinageSysteme.h"
+#include "storage/EmplacementDonnees.h"
 #include "storage/Reglages.h"
 #include "ui/EchelleProgramme.h"
 
@@ -44,7 +45,7 @@ int Reparer(bool demander) {
   Reglages reglages;
   if (!Signaler(boites, [&] {
         appPath = AppPathDuPoste();
-        base = BaseDeVelmira(appPath);
+        base = DossiersDeVelmira(appPath).Base();
         LireReglages(appPath, reglages);
       }))
     return kRienFait;

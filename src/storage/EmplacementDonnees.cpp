@@ -88,6 +88,21 @@ EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData) {
   }
 }
 
+Dossiers DossiersDeVelmira(const QString &appPath) {
+  const auto donnees = LireCheminData(appPath);
+  if (!donnees) throw ErreurFichier(TexteSansBase());
+  const EmplacementBase emplacement = TrouverBase(appPath, *donnees);
+  if (emplacement.etat == EtatChemin::Inaccessible) throw ErreurFichier(emplacement.raison);
+  return {.AppPath = appPath,
+          .CheminData = *donnees,
+          .CheminBase = emplacement.dossier,
+          .CheminBaseConfig = emplacement.choisi};
+}
+
+QString TexteSansBase() {
+  return u"Velmira n'a pas encore de base de données.\nLancez Velmira, puis recommencez."_s;
+}
+
 bool EstCheminDeDonnees(const QString &chemin) {
   return chemin.contains(NomDossierDonnees()) && QDir(chemin).dirName() != NomDossierSauvegardes();
 }

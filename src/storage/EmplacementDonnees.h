@@ -41,6 +41,12 @@ struct EmplacementBase {
 /// Only looks: no file changes.
 EmplacementBase TrouverBase(const QString &appPath, const QString &cheminData);
 
+/// The folders of a run of Velmira with this application folder, for its companions. Throws
+/// `ErreurFichier`, also where Velmira has never been started.
+Dossiers DossiersDeVelmira(const QString &appPath);
+/// What the user of a companion reads where Velmira has no database.
+QString TexteSansBase();
+
 /// These look at the disk, and throw `ErreurFichier` where it does not let them.
 /// Whether a path is one of data: it bears their word, and is not that of their copies.
 bool EstCheminDeDonnees(const QString &chemin);

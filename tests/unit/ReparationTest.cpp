@@ -298,9 +298,9 @@ TEST_F(Reparation, SansFenetre) {
   Poser(kBase, {});
   EXPECT_EQ(reparer(), 2);
   // The base is the one of Velmira.
-  EXPECT_TRUE(Echec([this] { BaseDeVelmira(Chemin()); }).contains(u"pas encore"_s));
+  EXPECT_TRUE(Echec([this] { DossiersDeVelmira(Chemin()); }).contains(u"pas encore"_s));
   EcrireCheminData(Chemin(), Chemin(u"DataVelmira"_s));
-  EXPECT_EQ(BaseDeVelmira(Chemin()), Chemin(u"DataVelmira/Velmira.mdb"_s));
+  EXPECT_EQ(DossiersDeVelmira(Chemin()).Base(), Chemin(u"DataVelmira/Velmira.mdb"_s));
 }
 
 // What is not ours to repair, or cannot be, is as it was, and no copy of it is left.
