@@ -5,7 +5,7 @@ option(VELMIRA_PAQUET "Prepare the Debian package" OFF)
 
 set(ressources ${PROJECT_SOURCE_DIR}/resources)
 install(FILES ${ressources}/velmira.desktop ${ressources}/vigilo.desktop ${ressources}/memora.desktop
-  ${ressources}/brikel.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
+  ${ressources}/brikel.desktop ${ressources}/sauvan.desktop DESTINATION ${CMAKE_INSTALL_DATADIR}/applications)
 install(FILES ${ressources}/velmira.metainfo.xml
   DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo RENAME example.velmira.Velmira.metainfo.xml)
 install(FILES ${ressources}/velmira.svg

@@ -48,7 +48,9 @@ const QString kAideBrikel =
 
 const QString kAideSauvan =
     u"Sauvan reprend dans Velmira les fichiers d'autres programmes\n\n"
-    "Usage : Sauvan --vers BASE [--deja CHOIX] FICHIER...\n\n"
+    "Usage : Sauvan [--fenetre] [FICHIER...]\n"
+    "        Sauvan --vers BASE [--deja CHOIX] FICHIER...\n\n"
+    "  --fenetre      ouvre sa fenêtre, sans ouvrir Velmira ensuite\n"
     "  --vers BASE    la base de Velmira où ajouter les correspondants\n"
     "  --deja CHOIX   ce que deviennent ceux qui y sont déjà, au même nom :\n"
     "                   completer  remplir ce qui est vide (sans option)\n"
@@ -57,6 +59,7 @@ const QString kAideSauvan =
     "                   deux       garder les deux\n"
     "  -h, --help     affiche cette aide\n"
     "  -v, --version  affiche la version\n\n"
+    "Sans option ni fichier, la fenêtre de Sauvan s'ouvre, puis Velmira.\n"
     "Un FICHIER contient des cartes de visite (vCard) ou un tableau (CSV).\n"
     "Le programme finit par 0 quand tout a été repris, par 1 quand des fiches ont\n"
     "été refusées, par 2 quand rien n'a pu être fait.\n"_s;

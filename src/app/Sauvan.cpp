@@ -29,11 +29,6 @@ std::optional<Deja> LireDeja(const QString &mot) {
   return lu == kMots.cend() ? std::nullopt : std::optional(*lu);
 }
 
-int Statut(const BilanReprise &bilan) {
-  if (bilan.refuses == 0) return kToutRepris;
-  return bilan.Pris() + bilan.tables.Ajoutees() > 0 ? kFichesRefusees : kRienRepris;
-}
-
 /// What else there is to be told of a taking over that is done.
 QString Reserves(const BilanReprise &bilan, const SauvegardeFaite &copie, const QString &appPath) {
   QString texte;
@@ -64,8 +59,10 @@ QList<FichierRepris> RegarderTous(const QStringList &chemins, const ReglesCopie 
 DemandeSauvan LireDemandeSauvan(const QStringList &mots) {
   if (const auto reponse = RepondreAuxOptions(mots, Executable::Sauvan))
     return {.reponse = reponse};
-  DemandeSauvan demande;
-  qsizetype place = 0;
+  DemandeSauvan demande{.retour = mots.isEmpty()};
+  bool choisi = false;
+  qsizetype place = mots.value(0) == u"--fenetre"_s ? 1 : 0;
+  const bool fenetre = place == 1;
   for (; place < mots.size() && mots[place].startsWith(u"--"_s); place += 2) {
     const QString &option = mots[place], valeur = mots.value(place + 1);
     if (option == u"--"_s) {
@@ -81,6 +78,7 @@ DemandeSauvan LireDemandeSauvan(const QStringList &mots) {
             .reponse = Refus(
                 u"« --deja » est suivi de « completer », « garder », « prendre » ou « deux »."_s)};
       demande.deja = *deja;
+      choisi = true;
     } else if (option == u"--vers"_s) {
       return {.reponse = Refus(u"« --vers » est suivi du nom d'une base."_s)};
     } else {
@@ -88,9 +86,16 @@ DemandeSauvan LireDemandeSauvan(const QStringList &mots) {
     }
   }
   demande.fichiers = mots.sliced(std::min(place, mots.size()));
-  if (demande.base.isEmpty()) return {.reponse = Refus(u"il manque « --vers » et une base."_s)};
+  if (demande.base.isEmpty())
+    return choisi ? DemandeSauvan{.reponse = Refus(u"« --deja » va avec « --vers »."_s)} : demande;
+  if (fenetre) return {.reponse = Refus(u"« --fenetre » va sans « --vers »."_s)};
   if (demande.fichiers.isEmpty()) return {.reponse = Refus(u"il manque un fichier à reprendre."_s)};
   return demande;
+}
+
+int StatutDe(const BilanReprise &bilan) {
+  if (bilan.refuses == 0) return kToutRepris;
+  return bilan.Pris() + bilan.tables.Ajoutees() > 0 ? kFichesRefusees : kRienRepris;
 }
 
 Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPath,
@@ -115,7 +120,7 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
                  .AppPath = appPath, .CheminData = {}, .CheminBase = {}, .CheminBaseConfig = {}}
                  .Photos()},
         [](qsizetype, qsizetype) { return true; });
-    return {TexteBilan(bilan) + Reserves(bilan, copie, appPath), Statut(bilan), true};
+    return {TexteBilan(bilan) + Reserves(bilan, copie, appPath), StatutDe(bilan), true};
   } catch (const Erreur &erreur) {
     return {erreur.Texte() + u"\nRien n'a changé dans l'annuaire.\n"_s, kRienRepris};
   }

@@ -16,12 +16,16 @@ inline constexpr int kToutRepris = 0, kFichesRefusees = 1, kRienRepris = 2;
 
 struct DemandeSauvan {
   std::optional<Reponse> reponse = {};  ///< to give and to end with: help, version, a refusal
-  QString base = {};                    ///< the one that takes them
+  QString base = {};                    ///< the one that takes them; empty for the window
+  bool retour = false;                  ///< Velmira is opened once the window has closed
   Deja deja = Deja::Completer;
   QStringList fichiers = {};
 };
 /// `mots`: the command line without the program's own name.
 DemandeSauvan LireDemandeSauvan(const QStringList &mots);
+
+/// The end of the program that goes with a report.
+int StatutDe(const BilanReprise &bilan);
 
 /// Keeps a copy of the base, takes the files into it and gives the report, or why nothing could be
 /// done, with the end of the program. The application folder gives the form of the numbers and the

@@ -313,7 +313,10 @@ void FrmReprise::MontrerFichier() {
   const FichierRepris &fichier = fichiers_[choisi];
   QList<PersonneImportee> siennes = etude_.premieres;
   siennes.removeIf([&](const PersonneImportee &p) { return p.origine.fichier != fichier.chemin; });
-  ui_->OngletApercu->Montrer(siennes);
+  ui_->OngletApercu->Montrer(
+      siennes, fichier.genre == GenreFichier::Tableau
+                   ? u"Aucune fiche à montrer. Dites, dans « Colonnes », laquelle porte le nom."_s
+                   : u"Aucune fiche à montrer."_s);
   MontrerColonnes(fichier);
 }
 

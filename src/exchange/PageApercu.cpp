@@ -28,7 +28,7 @@ void PageApercu::Relier(Session &session) {
                                              &PageApercu::Choisir);
 }
 
-void PageApercu::Montrer(const QList<PersonneImportee> &personnes) {
+void PageApercu::Montrer(const QList<PersonneImportee> &personnes, const QString &vide) {
   personnes_ = personnes;
   {
     const QSignalBlocker muette(ui_->LstApercu);
@@ -38,7 +38,7 @@ void PageApercu::Montrer(const QList<PersonneImportee> &personnes) {
     ui_->LstApercu->setCurrentItem(ui_->LstApercu->topLevelItem(0));
   }
   ui_->LblApercu->setText(
-      personnes.isEmpty() ? u"Aucune fiche à montrer."_s
+      personnes.isEmpty() ? vide
       : personnes.size() < EtudeReprise::kPremieres
           ? u"Comme elles seront dans Velm&ira :"_s
           : u"Les %1 premières, comme elles seront dans Velm&ira :"_s.arg(personnes.size()));

@@ -24,7 +24,8 @@ class PageApercu : public QWidget {
   /// Before the first ones.
   void Relier(Session &session);
 
-  void Montrer(const QList<PersonneImportee> &personnes);
+  /// `vide`: what is said where there are none.
+  void Montrer(const QList<PersonneImportee> &personnes, const QString &vide);
 
  private:
   void Choisir();

@@ -117,11 +117,12 @@ TEST_F(Compagnons, Statuts) {
   EXPECT_TRUE(Fin(*Lancer(vers + u" absent"_s, u""_s)).startsWith(u"2 "_s));
   RemplacerFichier(base, LireFichierPresent(base).replace(4096, 4096, QByteArray(4096, '\0')));
   EXPECT_TRUE(Fin(*Lancer(u"Brikel --sans-fenetre "_s + base, u""_s)).startsWith(u"1 La base"_s));
-  EXPECT_TRUE(Fin(*Lancer(u"Brikel"_s, u""_s)).startsWith(u"2 Brikel a besoin"_s));
+  for (const QString &nom : {u"Brikel"_s, u"Sauvan"_s})
+    EXPECT_TRUE(Fin(*Lancer(nom, u""_s)).startsWith(u"2 %1 a besoin"_s.arg(nom)));
   for (const QString &sans : {u"Vigilo"_s, u"Memora"_s, u"Velmira --fiche 1"_s})
     EXPECT_TRUE(Fin(*Lancer(sans, u""_s)).startsWith(u"1 "_s)) << qPrintable(sans);
   for (const QString &faux :
-       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s, u"Sauvan x.vcf"_s})
+       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s, u"Sauvan --vers"_s})
     EXPECT_TRUE(Fin(*Lancer(faux)).startsWith(u"2 "_s)) << qPrintable(faux);
   // The base of another user.
   const bool tout = ::geteuid() == 0;

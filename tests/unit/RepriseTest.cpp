@@ -204,7 +204,8 @@ TEST_F(VenusDAilleurs, SansFenetre) {
   Cas(R"(
     --help                           | 0 | Usage
     --version                        | 0 | Sauvan
-    x.vcf                            | 2 | « --vers »
+    --deja prendre x.vcf             | 2 | « --vers »
+    --fenetre --vers b x.vcf         | 2 | « --fenetre »
     --vers                           | 2 | nom d'une base
     --vers b                         | 2 | un fichier
     --vers b --deja autre x.vcf      | 2 | « completer »
@@ -243,6 +244,8 @@ TEST_F(VenusDAilleurs, SansFenetre) {
         EXPECT_TRUE(fin.texte.contains(c[2])) << fin.texte.toStdString();
         EXPECT_EQ(Noms(u"b"_s), c[3]);
       });
+  EXPECT_TRUE(LireDemandeSauvan({}).retour && !LireDemandeSauvan({u"--fenetre"_s}).retour);
+  EXPECT_EQ(LireDemandeSauvan({u"--fenetre"_s, u"x"_s}).fichiers, QStringList(u"x"_s));
   const auto demande =
       LireDemandeSauvan({u"--deja"_s, u"prendre"_s, u"--vers"_s, u"b c"_s, u"--"_s, u"--x"_s});
   EXPECT_TRUE(demande.deja == Deja::Prendre && demande.base == u"b c"_s);
