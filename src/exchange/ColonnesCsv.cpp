@@ -307,6 +307,15 @@ Correspondances Reconnaitre(const QStringList &entetes) {
   return propres;
 }
 
+bool DonnentUnNom(const Correspondances &correspondances) {
+  return std::ranges::any_of(correspondances.colonnes, [](const Destination &destination) {
+    static const QSet<Champ> kNoms{Champ::Prenom, Champ::Famille, Champ::Complet, Champ::Societe};
+    return kNoms.contains(destination.champ) ||
+           (destination.champ == Champ::Colonne &&
+            static_cast<std::size_t>(destination.groupe) == Ordinal(&Correspondant::NomVelmira));
+  });
+}
+
 QList<Destination> DestinationsProposees() {
   QList<Destination> choix{{Champ::Ignorer}, {Champ::Notes}};
   for (int champ = static_cast<int>(Champ::Prefixe); champ <= kDernier; ++champ) {

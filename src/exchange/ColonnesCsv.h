@@ -67,6 +67,9 @@ struct Correspondances {
 /// French and English, and the usual words of other tables. An unknown one goes to the notes.
 Correspondances Reconnaitre(const QStringList &entetes);
 
+/// Whether any of the columns names the persons.
+bool DonnentUnNom(const Correspondances &correspondances);
+
 /// The choices for a column, in the order in which they are offered, and how each is read.
 QList<Destination> DestinationsProposees();
 QString LibelleDestination(const Destination &destination);

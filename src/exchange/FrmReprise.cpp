@@ -217,6 +217,11 @@ void FrmReprise::Ajouter(const QStringList &chemins) {
   ui_->LstFichiers->setCurrentItem(ui_->LstFichiers->topLevelItem(static_cast<int>(premier)));
   AllerA(ui_->PageFichiers);
   Etudier();
+  const FichierRepris &premiere = fichiers_[premier];
+  ui_->Onglets->setCurrentWidget(premiere.genre == GenreFichier::Tableau &&
+                                         !DonnentUnNom(premiere.colonnes)
+                                     ? static_cast<QWidget *>(ui_->OngletColonnes)
+                                     : ui_->OngletApercu);
 }
 
 bool FrmReprise::Accepte(const FichierRepris &fichier) {

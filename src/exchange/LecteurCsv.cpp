@@ -463,16 +463,25 @@ bool SontInconnus(const QStringList &entetes) {
                              [](const Destination &d) { return d.champ == Champ::Notes; });
 }
 
-/// What a column without a head may be: mails tell themselves, a name is the first text.
-void ProposerSansEntetes(const QStringList &valeurs, QList<Destination> &colonnes) {
-  bool nom = false;
+/// Whether a column, of which no head tells, holds mails only.
+bool SontDesCourriels(const FormeCsv &forme, qsizetype colonne) {
+  static const QRegularExpression kCourriel(u"^[^\\s@]+@[^\\s@]+$"_s);
+  bool unSeul = false;
+  for (const QStringList &valeurs : forme.echantillon) {
+    const QString valeur = valeurs.value(colonne).trimmed();
+    if (!valeur.isEmpty() && !kCourriel.match(valeur).hasMatch()) return false;
+    unSeul = unSeul || !valeur.isEmpty();
+  }
+  return unSeul;
+}
+
+/// Of columns without heads the first text is a name.
+void NommerSansEntetes(const QStringList &valeurs, QList<Destination> &colonnes) {
   for (qsizetype i = 0; i < valeurs.size(); ++i) {
     const bool chiffre = std::ranges::any_of(valeurs[i], [](QChar c) { return c.isDigit(); });
-    if (valeurs[i].contains(u'@'))
-      colonnes[i] = {Champ::Courriel};
-    else if (!chiffre && !nom && !valeurs[i].isEmpty())
-      colonnes[i] = {Champ::Complet};
-    nom = nom || colonnes[i].champ == Champ::Complet;
+    if (chiffre || valeurs[i].isEmpty() || colonnes[i].champ == Champ::Courriel) continue;
+    colonnes[i] = {Champ::Complet};
+    return;
   }
 }
 
@@ -511,7 +520,10 @@ Correspondances Proposer(const FormeCsv &forme) {
   static const QRegularExpression kDate(u"^(\\d{1,2})[/.-](\\d{1,2})[/.-]\\d+$"_s);
   constexpr int kMois = 12;
   Correspondances proposees = Reconnaitre(forme.entetes);
-  if (!forme.avecEntetes) ProposerSansEntetes(forme.echantillon.first(), proposees.colonnes);
+  for (qsizetype i = 0; i < proposees.colonnes.size(); ++i)
+    if (proposees.colonnes[i] == Destination() && SontDesCourriels(forme, i))
+      proposees.colonnes[i] = {Champ::Courriel};
+  if (!forme.avecEntetes) NommerSansEntetes(forme.echantillon.first(), proposees.colonnes);
   for (qsizetype i = 0; i < proposees.colonnes.size(); ++i) {
     if (proposees.colonnes[i].champ != Champ::Naissance) continue;
     for (const QStringList &valeurs : forme.echantillon) {

@@ -81,6 +81,16 @@ void PageColonnes::Montrer(const FormeCsv &forme, const Correspondances &colonne
   for (int i = 0; i < forme.entetes.size() && i < colonnes.colonnes.size(); ++i)
     Ajouter(i, Exemple(forme, i));
   ui_->LstColonnes->setCurrentItem(ui_->LstColonnes->topLevelItem(0));
+  Conseiller();
+}
+
+void PageColonnes::Conseiller() {
+  ui_->LblColonnes->setText(
+      DonnentUnNom(colonnes_)
+          ? u"Ce que devient chaque colonne. Votre choix est retenu pour le prochain fichier qui "
+            "aura les mêmes titres."_s
+          : u"Aucune colonne ne donne le nom des personnes : choisissez ci-dessous laquelle "
+            "devient « %1 »."_s.arg(LibelleDestination({Destination::Champ::Complet})));
 }
 
 void PageColonnes::Ajouter(int colonne, const QString &exemple) {
@@ -104,8 +114,9 @@ void PageColonnes::Ajouter(int colonne, const QString &exemple) {
 }
 
 void PageColonnes::Choisir(int colonne, const Destination &destination) {
-  if (std::exchange(colonnes_.colonnes[colonne], destination) != destination)
-    emit Changees(colonnes_);
+  if (std::exchange(colonnes_.colonnes[colonne], destination) == destination) return;
+  Conseiller();
+  emit Changees(colonnes_);
 }
 
 void PageColonnes::Proposees() {

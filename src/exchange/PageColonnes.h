@@ -33,6 +33,7 @@ class PageColonnes : public QWidget {
   void Ajouter(int colonne, const QString &exemple);
   void Choisir(int colonne, const Destination &destination);
   void Proposees();
+  void Conseiller();
 
   std::unique_ptr<Ui::PageColonnes> ui_;
   FormeCsv forme_;
