@@ -13,7 +13,9 @@ namespace {
 using L = Correspondant;
 using Choix = ChoixColonnes<L>;
 
-constexpr std::array kRouges{&L::ListeRougeTel, &L::ListeRougeTravail};
+/// A mark of a number goes with it.
+constexpr std::array kRouges{std::pair{&L::ListeRougeTel, &L::Tel},
+                             std::pair{&L::ListeRougeTravail, &L::TelTravail}};
 
 QString FinsSimples(QString texte) {
   return texte.replace(u"\r\n"_s, u"\n"_s);
@@ -44,11 +46,17 @@ QString AdresseEnUneLigne(const L &fiche) {
   return lignes.join(u", "_s);
 }
 
+/// Two writings of a number are one.
+QString Nue(QString L::*champ, const QString &valeur) {
+  const bool numero = std::ranges::find(kNumeros, champ) != kNumeros.end();
+  return numero && !NumeroNu(valeur).isEmpty() ? NumeroNu(valeur) : SansEcriture(valeur);
+}
+
 /// Whether a line of the notes says a value, whatever its label.
-bool EstNotee(const QString &notes, const QString &valeur) {
-  const QString cherche = NumeroNu(valeur);
+bool EstNotee(const QString &notes, QString L::*champ, const QString &valeur) {
+  const QString cherche = Nue(champ, valeur);
   return std::ranges::any_of(notes.split(u'\n'), [&](const QString &ligne) {
-    return NumeroNu(ligne.section(u" : "_s, 1)) == cherche;
+    return ligne.contains(u" : "_s) && Nue(champ, ligne.section(u" : "_s, 1)) == cherche;
   });
 }
 
@@ -69,8 +77,9 @@ class Comparaison {
     for (const auto champ : {&L::Mail, &L::Web, &L::Ligne1, &L::AdresseImportee, &L::DDN})
       Ranger(champ, SansEcriture);
     Situer();
-    for (const auto champ : kRouges)
-      if (fiche_.*champ && !(presente_.*champ)) faite_.ecarts.set(Ordinal(champ));
+    for (const auto &[rouge, numero] : kRouges)
+      if (fiche_.*rouge && !(presente_.*rouge))
+        (faite_.ecarts[Ordinal(numero)] ? faite_.ecarts : faite_.manques).set(Ordinal(rouge));
     if (!NotesNouvelles(presente_.Commentaires, personne_).isEmpty())
       faite_.manques.set(Ordinal(&L::Commentaires));
     if (!CategoriesNouvelles(presente_, fiche_).isEmpty())
@@ -107,10 +116,13 @@ class Comparaison {
   void ChercherDansLesNotes() {
     if (presente_.Commentaires.isEmpty() || faite_.ecarts.none()) return;
     for (const auto &[champ, libelle] : kNotables)
-      if (faite_.ecarts[Ordinal(champ)] && EstNotee(presente_.Commentaires, fiche_.*champ))
+      if (faite_.ecarts[Ordinal(champ)] && EstNotee(presente_.Commentaires, champ, fiche_.*champ))
         faite_.notees.set(Ordinal(champ));
+    for (const auto &[rouge, numero] : kRouges)
+      if (faite_.notees[Ordinal(numero)] && faite_.ecarts[Ordinal(rouge)])
+        faite_.notees.set(Ordinal(rouge));
     const Choix adresse = faite_.ecarts & ColonnesAdresse();
-    if (adresse.any() && EstNotee(presente_.Commentaires, AdresseEnUneLigne(fiche_)))
+    if (adresse.any() && EstNotee(presente_.Commentaires, &L::Ligne2, AdresseEnUneLigne(fiche_)))
       faite_.notees |= adresse;
   }
 
@@ -169,6 +181,7 @@ ChoixColonnes<Correspondant> ColonnesAdresse() {
 ChoixColonnes<Correspondant> Notables() {
   Choix notables = ColonnesAdresse();
   for (const Notable &notable : kNotables) notables.set(Ordinal(notable.champ));
+  for (const auto &[rouge, numero] : kRouges) notables.set(Ordinal(rouge));
   return notables;
 }
 

@@ -88,6 +88,7 @@ TEST_F(VenusDAilleurs, DejaLa) {
     C | N:Durand;Paul~PHOTO;ENCODING=b:/9j/4AAQ++N:Durand;Paul~PHOTO;ENCODING=b:/9j/4AAR | 1 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu Durand Paul
     C | N:Durand;Paul~NOTE:vu~CATEGORIES:Amis | 0 0 0 1 0 0 | 1 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     C | N:Durand;Paul~NOTE:dit~NICKNAME:Jo~CATEGORIES:Pro,Amis | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*Pro*,vu/dit/Surnom : Jo
+    C | N:Durand;Paul~X-VELMIRA-LISTEROUGETEL:oui | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     G | N:Durand;Paul~EMAIL:p@a | 0 0 0 0 1 0 | Durand Paul,01 02 03 04 05,*Amis*,vu
     P | N:Durand;Paul~TEL;TYPE=HOME:06~NOTE:dit | 0 0 1 0 0 0 | Durand Paul,06,*Amis*,vu/dit
     D | N:Durand;Paul~EMAIL:p@a | 1 0 0 0 0 0 | Durand Paul,01 02 03 04 05,*Amis*,vu Durand Paul,p@a
@@ -121,6 +122,7 @@ TEST_F(VenusDAilleurs, ChampParChamp) {
   Cas(R"(
     C | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a,Adresse : 9 rue B, 29200 Brest /
     G | ADR:;;9 rue B;Brest;;29200; | B A,3 rue A,Nantes,a@a / B A, Adresse, ligne 2 : « 3 rue A » gardé, « 9 rue B » dans le fichier / B A, Code postal : « 44000 » gardé, « 29200 » dans le fichier / B A, Ville : « Nantes » gardé, « Brest » dans le fichier
+    C | EMAIL:a.@a~X-VELMIRA-LISTEROUGETEL:oui | B A,3 rue A,Nantes,a@a,Adresse email : a.@a /
     P | ADR:;;;Brest;;; | B A,Brest,a@a /
     C | ADR:;;3 RUE A;;;;Belgique | B A,3 rue A,Nantes,a@a /
   )",
