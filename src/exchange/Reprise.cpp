@@ -175,6 +175,7 @@ class Repreneur {
     connus_.Ajouter(fiche, AjouterLigne(base_, fiche));
     NoterAdresseImportee(fiche);
     ++bilan_.ajoutes;
+    if (tue_) ++bilan_.caches;
   }
 
   void DireNotes(const PersonneImportee &personne, const QStringList &notes) {
@@ -256,6 +257,7 @@ QString TexteBilan(const BilanReprise &bilan) {
     if (nombre > 0) texte += u"%1 %2\n"_s.arg(nombre).arg(quoi);
   };
   compter(bilan.ajoutes, u"ajouté(s)"_s);
+  compter(bilan.caches, u"de ceux-là protégé(s) par un autre utilisateur, et caché(s) pour vous"_s);
   compter(bilan.completes, u"complété(s)"_s);
   compter(bilan.remplaces, u"modifié(s) d'après le fichier"_s);
   compter(bilan.identiques, u"déjà là, sans rien de nouveau"_s);

@@ -46,6 +46,7 @@ struct BilanReprise {
   };
 
   qsizetype ajoutes = 0;
+  qsizetype caches = 0;      ///< of these, who is hidden from the user
   qsizetype completes = 0;   ///< gaps of whom were filled
   qsizetype remplaces = 0;   ///< values of whom were replaced
   qsizetype identiques = 0;  ///< who stood there with all that the file says

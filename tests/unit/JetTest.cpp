@@ -229,9 +229,9 @@ TEST_F(Jet, ExemplesSains) {
 TEST_F(Jet, MiseAJourDesExemples) {
   if (!qEnvironmentVariableIsSet("VELMIRA_JET")) GTEST_SKIP() << "VELMIRA_JET names no folder";
   Cas(R"(
-    petit | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10 || evolue | 0 27 6 3 1 1 8 || vide | 0
-    ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12 || jet3 | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10
-    protege | 0 25 6 3 1 4 2 5 DU14/07 ŒU04/10 || jet3-ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12
+    petit | 0 25 3 6 3 1 4 2 5 DU14/07 ŒU04/10 || evolue | 0 27 6 3 1 1 8 || vide | 0
+    ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12 || jet3 | 0 25 3 6 3 1 4 2 5 DU14/07 ŒU04/10
+    protege | 0 25 3 6 3 1 4 2 5 DU14/07 ŒU04/10 || jet3-ancien | 0 25 6 3 2 5 3 4 DU14/07 ŒU04/10 Ta31/12
   )",
       [this](Rangee c) {
         const QMap<QString, int> colonnes{

@@ -158,6 +158,7 @@ TEST_F(VenusDAilleurs, MarquesVenuesDAilleurs) {
     EXPECT_EQ(e.premieres.size(), 2) << "nobody is shown what is hidden from him";
     const BilanReprise bilan = ReprendrePersonnes(base_, base, kUsages, Demande(), kSansArret);
     EXPECT_EQ(Comptes(bilan), comptes);
+    EXPECT_EQ(bilan.caches, bilan.ajoutes / 3);
     EXPECT_TRUE(!bilan.ancienneBase && bilan.memeAdresse.lignes.isEmpty());
     Reprendre(u"N:Carte~X-VELMIRA-DATAPROT:lui~X-VELMIRA-ALERTEACTIVE:oui"_s, Demande());
     EXPECT_EQ(Sql(u"b"_s, u"SELECT NomVelmira || DataProt || AlerteActive FROM Adresse"_s),
