@@ -89,8 +89,8 @@ void PageColonnes::Conseiller() {
       DonnentUnNom(colonnes_)
           ? u"Ce que devient chaque colonne. Votre choix est retenu pour le prochain fichier qui "
             "aura les mêmes titres."_s
-          : u"Aucune colonne ne donne le nom des personnes : choisissez ci-dessous laquelle "
-            "devient « %1 »."_s.arg(LibelleDestination({Destination::Champ::Complet})));
+          : u"Aucune colonne ne donne le nom des personnes : choisissez ci-dessous celle qui le "
+            "donne."_s);
 }
 
 void PageColonnes::Ajouter(int colonne, const QString &exemple) {
