@@ -40,6 +40,17 @@ qsizetype MotsDeFamille(const QStringList &mots) {
   return n + 1;
 }
 
+/// Whether the family name stands in front already, and says so by its capitals; two of them may be
+/// initials.
+bool CommencentParFamille(const QStringList &mots) {
+  qsizetype lettres = 0;
+  for (const QString &mot : mots) {
+    if (!EstEnCapitales(mot)) return lettres > 2;
+    lettres += mot.size();
+  }
+  return false;
+}
+
 /// Where the family name begins in words that end with it.
 qsizetype DebutDeFamille(const QStringList &mots) {
   const auto capitales = std::ranges::find_if(mots, EstEnCapitales);
@@ -65,7 +76,7 @@ QString NomPourListe(const QString &enveloppe, const QStringList &titres) {
   const QString nom = RemplacerTitre(SansParentheses(enveloppe), titres, u""_s);
   const QStringList mots = nom.split(u' ', Qt::SkipEmptyParts);
   const bool societe = enveloppe.startsWith(u"Société "_s);
-  if (mots.size() < 2 || societe) return nom;
+  if (mots.size() < 2 || societe || CommencentParFamille(mots)) return nom;
   const qsizetype debut = DebutDeFamille(mots);
   return Assembler(mots.mid(debut), mots.first(debut));
 }

@@ -83,8 +83,9 @@ const QHash<QString, Champ> &EntetesConnus() {
       {Champ::Famille, u"last name|family name|surname|lastname|nom de famille|nom"},
       {Champ::Suffixe, u"name suffix|suffix|suffixe|honorific suffix"},
       {Champ::Complet,
-       u"name|full name|display name|nom complet|nom a afficher|nom affiche|nom et prenom|nom "
-       u"prenom"},
+       u"name|full name|display name|nom complet|nom a afficher|nom affiche|prenom et nom|prenom "
+       u"nom"},
+      {Champ::NomPrenom, u"nom et prenom|nom et prenoms|nom prenom|nom prenoms|nom prenom s"},
       {Champ::Redite, u"file as|classer sous|short name"},
       {Champ::Societe,
        u"company|societe|organization|organisation|entreprise|organization name|organisation name"
@@ -255,6 +256,7 @@ constexpr std::array kLibelles{u"Ne pas reprendre",
                                u"Nom de famille",
                                u"Suffixe",
                                u"Nom complet (prénom, nom)",
+                               u"Nom complet (nom, prénom)",
                                u"Société",
                                u"Service",
                                u"Complément d'adresse",
@@ -309,7 +311,8 @@ Correspondances Reconnaitre(const QStringList &entetes) {
 
 bool DonnentUnNom(const Correspondances &correspondances) {
   return std::ranges::any_of(correspondances.colonnes, [](const Destination &destination) {
-    static const QSet<Champ> kNoms{Champ::Prenom, Champ::Famille, Champ::Complet, Champ::Societe};
+    static const QSet<Champ> kNoms{Champ::Prenom, Champ::Famille, Champ::Complet, Champ::NomPrenom,
+                                   Champ::Societe};
     return kNoms.contains(destination.champ) ||
            (destination.champ == Champ::Colonne &&
             static_cast<std::size_t>(destination.groupe) == Ordinal(&Correspondant::NomVelmira));

@@ -25,7 +25,8 @@ struct Destination {
     AutresPrenoms,
     Famille,
     Suffixe,
-    Complet,
+    Complet,    ///< given name first
+    NomPrenom,  ///< family name first
     Societe,
     Service,
     Complement,

@@ -59,8 +59,8 @@ struct Contact {
   QList<std::pair<QString, QString>> autres;
   /// What may only say again what stands in a column: noted where it says more.
   QList<std::pair<QString, QString>> redites;
-  /// Whole columns, by their ordinals, as a program of ours has written them: they hold over all
-  /// else.
+  /// Whole columns, by their ordinals, as a program of ours has written them, or the name of
+  /// the list where a file says it: they hold over all else.
   QHash<std::size_t, QString> colonnes;
 };
 

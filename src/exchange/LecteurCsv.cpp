@@ -1,5 +1,6 @@
 #include "exchange/LecteurCsv.h"
 
+#include "address/NomsProposes.h"
 #include "platform/Erreurs.h"
 #include "platform/FluxOctets.h"
 #include "platform/PageDeCode.h"
@@ -224,6 +225,9 @@ class Traduction {
     if (d.champ >= Champ::Numero && d.champ <= Champ::Site) return PlacerValeurs(d, valeur);
     if (QString *nom = Nom(d.champ)) return PlacerNom(*nom, valeur, colonne);
     switch (d.champ) {
+      case Champ::NomPrenom:
+        PlacerNomPrenom(valeur, colonne);
+        break;
       case Champ::Service:
         c_.services.append(valeur);
         break;
@@ -278,6 +282,13 @@ class Traduction {
       nom = valeur;
     else if (nom != valeur)
       Noter({}, colonne, valeur);
+  }
+
+  void PlacerNomPrenom(const QString &valeur, qsizetype colonne) {
+    const QString liste = valeur.simplified().remove(u'"');
+    if (c_.complet.isEmpty() && liste.size() <= kPlusLong)
+      c_.colonnes.insert(Ordinal(&L::NomVelmira), liste);
+    PlacerNom(c_.complet, NomPourEnveloppe(liste), colonne);
   }
 
   void PlacerColonne(const Destination &d, qsizetype colonne) {
