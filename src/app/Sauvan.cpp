@@ -122,6 +122,6 @@ Reponse ReprendreSansFenetre(const DemandeSauvan &demande, const QString &appPat
         [](qsizetype, qsizetype) { return true; });
     return {TexteBilan(bilan) + Reserves(bilan, copie, appPath), StatutDe(bilan), true};
   } catch (const Erreur &erreur) {
-    return {erreur.Texte() + u"\nRien n'a changé dans l'annuaire.\n"_s, kRienRepris};
+    return {erreur.Texte() + u"\nRien n'a changé dans Velmira.\n"_s, kRienRepris};
   }
 }

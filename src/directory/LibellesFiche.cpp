@@ -24,6 +24,9 @@ const Libelles<Correspondant> &LibellesFiche() {
         {Ordinal(&C::Web), {u"Adresse web"_s}},
         {Ordinal(&C::DDN), {u"Né(e) le"_s}},
         {Ordinal(&C::Photo), {u"Photo"_s}},
+        {Ordinal(&C::ListeRougeTel), {u"Liste rouge domicile"_s}},
+        {Ordinal(&C::ListeRougeTravail), {u"Liste rouge travail"_s}},
+        {Ordinal(&C::AdresseImportee), {u"Adresse importée"_s}},
         {Ordinal(&C::Commentaires), {u"Notes"_s}},
         {Ordinal(&C::DataProt), {u"Données protégées en cas d'utilisation réseau"_s}}};
     libelles.merge(LibellesAdresse<C>());

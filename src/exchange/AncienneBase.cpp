@@ -88,7 +88,7 @@ void ExigerConnue(const QString &chemin) {
 AncienneBase::AncienneBase(const QString &chemin, const ReglesCopie &regles) {
   if (!dossier_.isValid())
     throw EchecSysteme(u"La base de données n'a pas pu être convertie"_s,
-                       u"Rien n'a changé dans l'annuaire."_s, ENOSPC, dossier_.errorString());
+                       u"Rien n'a changé dans Velmira."_s, ENOSPC, dossier_.errorString());
   const auto convertir = [&](SourceAncienne &source) {
     ConvertirBase(source, Convertie(), regles, [](qsizetype) {});
     cles_ = LireClesAlertes(source);

@@ -23,6 +23,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScopeGuard>
+#include <QStandardPaths>
 #include <QUrl>
 
 #include <algorithm>
@@ -63,7 +64,8 @@ FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
     : QDialog(parent),
       session_(session),
       annulable_(annulable),
-      ui_(std::make_unique<Ui::FrmReprise>()) {
+      ui_(std::make_unique<Ui::FrmReprise>()),
+      dossier_(QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)) {
   constexpr int kDepart = 64;
   ui_->setupUi(this);
   ui_->Pages->layout()->setSpacing(0);

@@ -251,7 +251,7 @@ BilanReprise ReprendrePersonnes(Base &base, const QList<FichierRepris> &fichiers
 }
 
 QString TexteBilan(const BilanReprise &bilan) {
-  if (bilan.arrete) return u"Arrêté : rien n'a changé dans l'annuaire.\n"_s;
+  if (bilan.arrete) return u"Arrêté : rien n'a changé dans Velmira.\n"_s;
   QString texte;
   const auto compter = [&texte](qsizetype nombre, const QString &quoi) {
     if (nombre > 0) texte += u"%1 %2\n"_s.arg(nombre).arg(quoi);
@@ -272,7 +272,7 @@ QString TexteBilan(const BilanReprise &bilan) {
   compter(tables.laisses, u"évènement(s) sans personne ou sans type, laissé(s)"_s);
   if (texte.isEmpty()) texte = u"Aucun correspondant dans ces fichiers.\n"_s;
   Enumerer(texte, u"Refusés :"_s, bilan.refus);
-  Enumerer(texte, u"Gardé de l'annuaire, autrement dans le fichier :"_s, bilan.ecarts);
+  Enumerer(texte, u"Gardé dans Velmira, autrement dans le fichier :"_s, bilan.ecarts);
   Enumerer(texte, u"Mis dans les notes :"_s, bilan.notes);
   Enumerer(texte, u"Même adresse ou même numéro sous deux noms, à regarder :"_s, bilan.memeAdresse);
   return texte;
