@@ -67,6 +67,13 @@ QStringList CategoriesNouvelles(const L &presente, const L &fiche) {
   return nouvelles;
 }
 
+/// Whether a name has no word that another lacks: most programs know no title.
+bool DitMoins(const QString &nom, const QString &autre) {
+  const QStringList mots = SansEcriture(autre).split(u' ');
+  return std::ranges::all_of(SansEcriture(nom).split(u' '),
+                             [&](const QString &mot) { return mots.contains(mot); });
+}
+
 class Comparaison {
  public:
   Comparaison(const L &presente, const PersonneImportee &personne)
@@ -74,8 +81,9 @@ class Comparaison {
 
   Confrontation Faire(const LecturePhoto &lirePhoto) {
     for (const auto champ : kNumeros) Ranger(champ, NumeroNu);
-    for (const auto champ : {&L::Mail, &L::Web, &L::Ligne1, &L::AdresseImportee, &L::DDN})
+    for (const auto champ : {&L::Mail, &L::Web, &L::AdresseImportee, &L::DDN})
       Ranger(champ, SansEcriture);
+    if (!DitMoins(fiche_.Ligne1, presente_.Ligne1)) Ranger(&L::Ligne1, SansEcriture);
     Situer();
     for (const auto &[rouge, numero] : kRouges)
       if (fiche_.*rouge && !(presente_.*rouge))

@@ -80,7 +80,7 @@ class VenusDAilleurs : public DansUnDossier {
 
 // Answer; the cards; added, completed, replaced, same, kept, refused; the study; the records.
 TEST_F(VenusDAilleurs, DejaLa) {
-  const QString la = u"N:Durand;Paul~TEL;TYPE=HOME:0102030405~NOTE:vu~CATEGORIES:Amis"_s;
+  const QString la = u"N:Durand;Paul;;M.~TEL;TYPE=HOME:0102030405~NOTE:vu~CATEGORIES:Amis"_s;
   Cas(R"(
     C | N:DURAND;PAUL~TEL;TYPE=HOME:01.02.03.04.05~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu
     C | N:Durand;Paul~TEL;TYPE=HOME:0102030406~EMAIL:p@a | 0 1 0 0 0 0 | Durand Paul,01 02 03 04 05,p@a,*Amis*,vu/Téléphone (domicile) : 01 02 03 04 06
