@@ -405,9 +405,9 @@ void FrmReprise::MontrerBilan() {
 }
 
 void FrmReprise::Enregistrer() {
-  const QString jour = session_.plateforme.horloge.Maintenant().date().toString(u"dd-MM-yyyy"_s);
+  const QString jour = session_.plateforme.horloge.Maintenant().date().toString(u"yyyy-MM-dd"_s);
   const QString chemin = session_.plateforme.boites.FichierAEcrire(
-      u"Enregistrer le compte rendu"_s, u"%1/Reprise du %2.txt"_s.arg(dossier_, jour),
+      u"Enregistrer le compte rendu"_s, u"%1/Reprise %2.txt"_s.arg(dossier_, jour),
       u"Textes (*.txt)"_s);
   if (!chemin.isEmpty()) EcrireCompteRendu(chemin, *bilan_);
 }
