@@ -1,11 +1,8 @@
 #include "exchange/CommandesAutresProgrammes.h"
 
-#include "directory/Categories.h"
-#include "directory/Liste.h"
 #include "exchange/FrmExport.h"
 #include "exchange/FrmReprise.h"
 #include "exchange/TextesReprise.h"
-#include "storage/Tables.h"
 #include "ui/Brancheur.h"
 #include "ui/CompteRendu.h"
 
@@ -37,11 +34,9 @@ void CommandesAutresProgrammes::Importer() {
 }
 
 void CommandesAutresProgrammes::Exporter() {
-  if (ListerVelmiras(TableAdresse(session_.base),
-                     {ToutesCategories(), {}, session_.plateforme.utilisateur})
-          .empty()) {
+  FrmExport fenetre(session_, liste_, fait_, fenetre_);
+  if (fenetre.EstSansPersonne())
     session_.plateforme.boites.Information(u"Il n'y a encore aucun correspondant à exporter."_s);
-    return;
-  }
-  FrmExport(session_, liste_, fait_, fenetre_).exec();
+  else
+    fenetre.exec();
 }

@@ -83,10 +83,17 @@ void FrmExport::Reprendre(const QList<Cle> &coches) {
     if (const QModelIndex noeud = modele.Enfant(cle); noeud.isValid()) modele.Basculer(noeud);
 }
 
+std::vector<NoeudListe> FrmExport::Lire(const QString &categorie) const {
+  return ListerVelmiras(TableAdresse(session_.base),
+                        {categorie, {}, session_.plateforme.utilisateur});
+}
+
+bool FrmExport::EstSansPersonne() const {
+  return ui_->TV->Modele().NombreEnfants() == 0 && Lire(ToutesCategories()).empty();
+}
+
 void FrmExport::Lister(const QString &categorie) {
-  ui_->TV->Remplir(categorie.toUpper(),
-                   ListerVelmiras(TableAdresse(session_.base),
-                                  {categorie, {}, session_.plateforme.utilisateur}));
+  ui_->TV->Remplir(categorie.toUpper(), Lire(categorie));
   ui_->TV->MontrerCoches(true);
   ui_->TV->CocherTous(true);
   Compter();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "directory/Liste.h"
 #include "exchange/ExportPersonnes.h"
 #include "session/Session.h"
 #include "storage/Preferences.h"
@@ -9,6 +10,7 @@
 
 #include <array>
 #include <memory>
+#include <vector>
 
 class CompteRendu;
 class ListeVelmiras;
@@ -28,10 +30,14 @@ class FrmExport : public QDialog {
   FrmExport(Session &session, const ListeVelmiras &liste, CompteRendu &fait, QWidget *parent);
   ~FrmExport() override;
 
+  /// Whether there is nobody at all whom it could write. Throws `ErreurBase`.
+  bool EstSansPersonne() const;
+
  private:
   void Brancher();
   /// Ticks those who are ticked in the directory, and nobody else.
   void Reprendre(const QList<Cle> &coches);
+  std::vector<NoeudListe> Lire(const QString &categorie) const;
   void Lister(const QString &categorie);
   void Compter();
   /// Asks for the file and writes it; the window stays where that comes to nothing.
