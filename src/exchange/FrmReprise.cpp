@@ -82,6 +82,8 @@ FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
   titres.setSectionResizeMode(kNom, QHeaderView::Stretch);
   for (const int colonne : {kFiches, kRefusees})
     ui_->LstFichiers->headerItem()->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
+  for (QWidget *page : {static_cast<QWidget *>(ui_->OngletColonnes), ui_->OngletSavoir})
+    ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(page), false);
   ui_->LstFichiers->installEventFilter(this);
   ui_->Onglets->installEventFilter(this);
   GarderTaille(ui_->LstFichiers);
@@ -184,13 +186,14 @@ void FrmReprise::ChoisirFichiers() {
 }
 
 void FrmReprise::Ajouter(const QStringList &chemins) {
-  QStringList nouveaux;
-  for (const QString &chemin : chemins) {
-    const QString entier = QFileInfo(chemin).absoluteFilePath();
-    if (!nouveaux.contains(entier) &&
-        std::ranges::none_of(fichiers_, [&](const FichierRepris &f) { return f.chemin == entier; }))
+  const bool recommence = ui_->Pages->currentWidget() == ui_->Bilan;
+  QStringList connus, nouveaux;
+  if (!recommence)
+    for (const FichierRepris &fichier : std::as_const(fichiers_)) connus.append(fichier.chemin);
+  for (const QString &chemin : chemins)
+    if (const QString entier = QFileInfo(chemin).absoluteFilePath();
+        !connus.contains(entier) && !nouveaux.contains(entier))
       nouveaux.append(entier);
-  }
   if (nouveaux.isEmpty()) return;
   dossier_ = QFileInfo(nouveaux.constLast()).absolutePath();
   const QString &appPath = session_.dossiers.AppPath;
@@ -205,25 +208,26 @@ void FrmReprise::Ajouter(const QStringList &chemins) {
   if (!regardes || regardes->arrete) return;
   if (!regardes->refus.isEmpty())
     session_.plateforme.boites.Attention(Abreger(regardes->refus).join(u"\n\n"_s));
-  const qsizetype premier = ui_->Pages->currentWidget() == ui_->Bilan ? 0 : fichiers_.size();
-  QList<FichierRepris> pris = fichiers_.first(premier);
-  for (FichierRepris fichier : regardes->fichiers) {
-    if (!Accepte(fichier)) continue;
+  QList<FichierRepris> pris = regardes->fichiers;
+  pris.removeIf([this](const FichierRepris &fichier) { return !Accepte(fichier); });
+  for (FichierRepris &fichier : pris)
     if (fichier.genre == GenreFichier::Tableau)
       fichier.colonnes = ColonnesRetenues(appPath, fichier.forme);
-    pris.append(fichier);
-  }
-  if (pris.size() == premier) return;
-  fichiers_ = pris;
+  if (pris.isEmpty()) return;
+  if (recommence) Recommencer();
+  fichiers_ += pris;
+  MontrerNouveaux(fichiers_.size() - pris.size());
+}
+
+void FrmReprise::MontrerNouveaux(qsizetype premier) {
   MontrerFichiers();
   ui_->LstFichiers->setCurrentItem(ui_->LstFichiers->topLevelItem(static_cast<int>(premier)));
   AllerA(ui_->PageFichiers);
   Etudier();
-  const FichierRepris &premiere = fichiers_[premier];
-  ui_->Onglets->setCurrentWidget(premiere.genre == GenreFichier::Tableau &&
-                                         !DonnentUnNom(premiere.colonnes)
-                                     ? static_cast<QWidget *>(ui_->OngletColonnes)
-                                     : ui_->OngletApercu);
+  const FichierRepris &fichier = fichiers_[premier];
+  const bool sansNom = fichier.genre == GenreFichier::Tableau && !DonnentUnNom(fichier.colonnes);
+  ui_->Onglets->setCurrentWidget(sansNom ? static_cast<QWidget *>(ui_->OngletColonnes)
+                                         : ui_->OngletApercu);
 }
 
 bool FrmReprise::Accepte(const FichierRepris &fichier) {
@@ -256,6 +260,7 @@ void FrmReprise::ChangerColonnes(const Correspondances &colonnes) {
 
 void FrmReprise::Etudier() {
   perimee_ = true;
+  ui_->LblEtude->setText(u"Lecture des fichiers..."_s);
   const auto montrer = qScopeGuard([this] { MontrerEtude(); });
   if (std::exchange(colonnes_, false))
     for (const FichierRepris &fichier : std::as_const(fichiers_))

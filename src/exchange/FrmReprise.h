@@ -49,6 +49,8 @@ class FrmReprise : public QDialog {
   void Brancher();
   void Deposer(const QList<QUrl> &adresses);
   void ChoisirFichiers();
+  /// Those from that one on.
+  void MontrerNouveaux(qsizetype premier);
   void Retirer();
   /// Asks whether what is left of a damaged database is wanted.
   bool Accepte(const FichierRepris &fichier);

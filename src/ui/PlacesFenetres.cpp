@@ -199,7 +199,8 @@ void PlacesFenetres::Montrer(QWidget &fenetre) {
 
 void PlacesFenetres::Retenir(QWidget &fenetre) {
   for (const QSplitter *partage : Partages(fenetre))
-    laissees_[CleDe(fenetre, *partage)] = partage->sizes();
+    if (partage->testAttribute(Qt::WA_WState_Created))  // one that nobody has seen has no sizes
+      laissees_[CleDe(fenetre, *partage)] = partage->sizes();
   QRect place = fenetre.isMaximized() ? fenetre.normalGeometry() : fenetre.geometry();
   if (!place.isValid()) return;
   if (const QWidget *porteuse = Porteuse(fenetre)) {
