@@ -10,7 +10,6 @@
 #include "ui/Abandon.h"
 #include "ui/Brancheur.h"
 #include "ui/Debrancher.h"
-#include "ui/EchelleProgramme.h"
 #include "ui/Grandir.h"
 #include "ui/Icones.h"
 #include "ui/Travail.h"
@@ -19,8 +18,6 @@
 #include <QDir>
 #include <QDragEnterEvent>
 #include <QFileInfo>
-#include <QHeaderView>
-#include <QKeyEvent>
 #include <QMimeData>
 #include <QScopeGuard>
 #include <QStandardPaths>
@@ -30,35 +27,6 @@
 #include <utility>
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-constexpr int kNom = 0, kQuoi = 1, kFiches = 2, kRefusees = 3;
-
-void Enumerer(QTreeWidget &liste, const QString &titre, const BilanReprise::Chapitre &chapitre) {
-  if (chapitre.lignes.isEmpty()) return;
-  auto *groupe = new QTreeWidgetItem(&liste, {titre});
-  QFont police = liste.font();
-  police.setBold(true);
-  groupe->setFont(0, police);
-  for (const QString &texte : chapitre.lignes) {
-    auto *ligne = new QTreeWidgetItem(groupe, {texte});
-    ligne->setToolTip(0, texte);
-  }
-  if (chapitre.tus > 0) new QTreeWidgetItem(groupe, {u"... et %1 autres"_s.arg(chapitre.tus)});
-  groupe->setExpanded(true);
-}
-
-/// As high as its lines need, within bounds.
-void TenirLignes(QTreeWidget &liste) {
-  constexpr int kMoins = 3, kPlus = 5;
-  const int lignes = std::clamp(liste.topLevelItemCount(), kMoins, kPlus);
-  const int haute = std::max(liste.sizeHintForRow(0), liste.fontMetrics().lineSpacing());
-  liste.setFixedHeight(liste.header()->sizeHint().height() + lignes * haute +
-                       2 * liste.frameWidth());
-}
-
-}  // namespace
 
 FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
     : QDialog(parent),
@@ -75,18 +43,10 @@ FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
   PoserIcone(ui_->IcoDepart, Icone(u"document-import"), kDepart);
   Grandir(ui_->LblDepart, 1.4, true);
   ui_->CmdChoisir->setIcon(Icone(u"document-open"));
-  QHeaderView &titres = *ui_->LstFichiers->header();
-  titres.setSectionsMovable(false);
-  titres.setStretchLastSection(false);
-  titres.setSectionResizeMode(QHeaderView::ResizeToContents);
-  titres.setSectionResizeMode(kNom, QHeaderView::Stretch);
-  for (const int colonne : {kFiches, kRefusees})
-    ui_->LstFichiers->headerItem()->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
-  for (QWidget *page : {static_cast<QWidget *>(ui_->OngletColonnes), ui_->OngletSavoir})
+  for (QWidget *page :
+       {static_cast<QWidget *>(ui_->OngletColonnes), static_cast<QWidget *>(ui_->OngletSavoir)})
     ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(page), false);
-  ui_->LstFichiers->installEventFilter(this);
   ui_->Onglets->installEventFilter(this);
-  GarderTaille(ui_->LstFichiers);
   Brancher();
   Recommencer();
 }
@@ -99,13 +59,13 @@ void FrmReprise::Brancher() {
   Boites &boites = session_.plateforme.boites;
   const Brancheur brancher(boites, this);
   brancher(ui_->CmdChoisir, &FrmReprise::ChoisirFichiers);
-  brancher(ui_->CmdAjouter, &FrmReprise::ChoisirFichiers);
-  brancher(ui_->CmdRetirer, &FrmReprise::Retirer);
+  brancher(ui_->Fichiers, &ListeFichiers::AjoutDemande, &FrmReprise::ChoisirFichiers);
+  brancher(ui_->Fichiers, &ListeFichiers::RetraitDemande, &FrmReprise::Retirer);
   brancher(ui_->CmdReprendre, &FrmReprise::Reprendre);
   brancher(ui_->CmdEnregistrer, &FrmReprise::Enregistrer);
   brancher(ui_->CmdAutres, &FrmReprise::Recommencer);
   connect(ui_->CmdFermer, &QPushButton::clicked, this, &QDialog::reject);
-  brancher(ui_->LstFichiers, &QTreeWidget::currentItemChanged, [this] {
+  brancher(ui_->Fichiers, &ListeFichiers::Change, [this] {
     if (colonnes_)
       Etudier();
     else
@@ -159,11 +119,6 @@ void FrmReprise::Deposer(const QList<QUrl> &adresses) {
 }
 
 bool FrmReprise::eventFilter(QObject *objet, QEvent *evenement) {
-  if (objet == ui_->LstFichiers && evenement->type() == QEvent::KeyPress &&
-      static_cast<QKeyEvent *>(evenement)->key() == Qt::Key_Delete) {
-    ui_->CmdRetirer->click();
-    return true;
-  }
   // The toolkit's tabs keep to themselves that a page needs more room.
   if (objet == ui_->Onglets && evenement->type() == QEvent::LayoutRequest)
     ui_->Onglets->updateGeometry();
@@ -172,10 +127,6 @@ bool FrmReprise::eventFilter(QObject *objet, QEvent *evenement) {
 
 UsagesReprise FrmReprise::Usages() const {
   return {session_.reglages.SeparateurTel, TitresLus(session_.dossiers.AppPath)};
-}
-
-qsizetype FrmReprise::Choisi() const {
-  return ui_->LstFichiers->indexOfTopLevelItem(ui_->LstFichiers->currentItem());
 }
 
 void FrmReprise::ChoisirFichiers() {
@@ -220,8 +171,8 @@ void FrmReprise::Ajouter(const QStringList &chemins) {
 }
 
 void FrmReprise::MontrerNouveaux(qsizetype premier) {
-  MontrerFichiers();
-  ui_->LstFichiers->setCurrentItem(ui_->LstFichiers->topLevelItem(static_cast<int>(premier)));
+  ui_->Fichiers->Montrer(fichiers_, {});
+  ui_->Fichiers->Choisir(premier);
   AllerA(ui_->PageFichiers);
   Etudier();
   const FichierRepris &fichier = fichiers_[premier];
@@ -242,18 +193,16 @@ bool FrmReprise::Accepte(const FichierRepris &fichier) {
 }
 
 void FrmReprise::Retirer() {
-  const qsizetype choisi = Choisi();
+  const qsizetype choisi = ui_->Fichiers->Choisi();
   if (choisi < 0) return;
   fichiers_.removeAt(choisi);
   if (fichiers_.isEmpty()) return Recommencer();
-  MontrerFichiers();
-  ui_->LstFichiers->setCurrentItem(
-      ui_->LstFichiers->topLevelItem(static_cast<int>(std::min(choisi, fichiers_.size() - 1))));
+  ui_->Fichiers->Montrer(fichiers_, {});
   Etudier();
 }
 
 void FrmReprise::ChangerColonnes(const Correspondances &colonnes) {
-  fichiers_[Choisi()].colonnes = colonnes;
+  fichiers_[ui_->Fichiers->Choisi()].colonnes = colonnes;
   perimee_ = colonnes_ = true;
   MajBoutons();
 }
@@ -264,7 +213,8 @@ void FrmReprise::Etudier() {
   const auto montrer = qScopeGuard([this] { MontrerEtude(); });
   if (std::exchange(colonnes_, false))
     for (const FichierRepris &fichier : std::as_const(fichiers_))
-      if (fichier.genre == GenreFichier::Tableau)
+      if (fichier.genre == GenreFichier::Tableau &&
+          fichier.colonnes != ColonnesRetenues(session_.dossiers.AppPath, fichier.forme))
         RetenirColonnes(session_.dossiers.AppPath, fichier.forme, fichier.colonnes);
   EtudeReprise etude =
       Travail(this, u"Lecture des fichiers"_s)
@@ -276,51 +226,21 @@ void FrmReprise::Etudier() {
   perimee_ = false;
 }
 
-void FrmReprise::MontrerFichiers() {
-  const QSignalBlocker muette(ui_->LstFichiers);
-  const qsizetype choisi = std::max<qsizetype>(Choisi(), 0);
-  ui_->LstFichiers->clear();
-  for (qsizetype i = 0; i < fichiers_.size(); ++i) {
-    const QFileInfo fichier(fichiers_[i].chemin);
-    auto *ligne =
-        new QTreeWidgetItem(ui_->LstFichiers, {fichier.fileName(), TexteGenre(fichiers_[i].genre)});
-    ligne->setToolTip(kNom, QDir::toNativeSeparators(fichier.filePath()));
-    for (const int colonne : {kFiches, kRefusees})
-      ligne->setTextAlignment(colonne, Qt::AlignRight | Qt::AlignVCenter);
-    if (perimee_ || i >= etude_.fichiers.size()) continue;
-    ligne->setText(kFiches, QString::number(etude_.fichiers[i].fiches));
-    ligne->setText(kRefusees, QString::number(etude_.fichiers[i].refusees));
-  }
-  ui_->LstFichiers->setCurrentItem(
-      ui_->LstFichiers->topLevelItem(static_cast<int>(std::min(choisi, fichiers_.size() - 1))));
-  TenirLignes(*ui_->LstFichiers);
-}
-
 void FrmReprise::MontrerEtude() {
-  MontrerFichiers();
+  ui_->Fichiers->Montrer(fichiers_, perimee_ ? QList<EtudeReprise::DuFichier>() : etude_.fichiers);
   ui_->OngletDeja->Montrer(etude_.rencontres, etude_.tues);
   ui_->Onglets->setTabText(ui_->Onglets->indexOf(ui_->OngletDeja),
                            u"&Déjà là (%1)"_s.arg(etude_.rencontres.size() + etude_.tues));
-  MontrerSavoir();
+  const qsizetype aSavoir = ui_->OngletSavoir->Montrer(etude_);
+  const int place = ui_->Onglets->indexOf(ui_->OngletSavoir);
+  ui_->Onglets->setTabVisible(place, aSavoir > 0);
+  ui_->Onglets->setTabText(place, u"À sa&voir (%1)"_s.arg(aSavoir));
   MontrerFichier();
   MajBoutons();
 }
 
-void FrmReprise::MontrerSavoir() {
-  const qsizetype nombre = etude_.refus.lignes.size() + etude_.refus.tus +
-                           etude_.memeAdresse.lignes.size() + etude_.memeAdresse.tus;
-  const int place = ui_->Onglets->indexOf(ui_->OngletSavoir);
-  ui_->LstSavoir->clear();
-  Enumerer(*ui_->LstSavoir, u"Ne peuvent pas être repris"_s, etude_.refus);
-  Enumerer(*ui_->LstSavoir,
-           u"Même adresse ou même numéro sous deux noms : les deux seront gardés"_s,
-           etude_.memeAdresse);
-  ui_->Onglets->setTabVisible(place, nombre > 0);
-  ui_->Onglets->setTabText(place, u"À sa&voir (%1)"_s.arg(nombre));
-}
-
 void FrmReprise::MontrerFichier() {
-  const qsizetype choisi = Choisi();
+  const qsizetype choisi = ui_->Fichiers->Choisi();
   if (choisi < 0) return;
   const FichierRepris &fichier = fichiers_[choisi];
   QList<PersonneImportee> siennes = etude_.premieres;
@@ -366,7 +286,7 @@ void FrmReprise::AllerA(QWidget *page) {
                                                     : ui_->CmdFermer;
   defaut->setDefault(true);
   if (page == ui_->PageFichiers)
-    ui_->LstFichiers->setFocus();
+    ui_->Fichiers->PrendreFocus();
   else
     defaut->setFocus();
 }

@@ -57,11 +57,9 @@ class FrmReprise : public QDialog {
   /// Reads all of them again, and shows what it would come to.
   void Etudier();
   void MontrerEtude();
-  void MontrerFichiers();
   /// Of the file that is selected.
   void MontrerFichier();
   void MontrerColonnes(const FichierRepris &fichier);
-  void MontrerSavoir();
   void ChangerColonnes(const Correspondances &colonnes);
   /// What the main button does by now.
   void MajBoutons();
@@ -71,8 +69,6 @@ class FrmReprise : public QDialog {
   void MontrerBilan();
   void Enregistrer();
   void Recommencer();
-  /// Place of the selected one, -1 for none.
-  qsizetype Choisi() const;
   UsagesReprise Usages() const;
 
   Session &session_;

@@ -54,10 +54,6 @@ QString PhraseEtude(const EtudeReprise &etude) {
   return parties.Phrase(u"Aucun correspondant dans ces fichiers."_s);
 }
 
-qsizetype NombreAPrendre(const EtudeReprise &etude) {
-  return etude.nouvelles + DejaLa(etude);
-}
-
 QString PhraseBilan(const BilanReprise &bilan) {
   Enumeration parties;
   parties.Ajouter(bilan.ajoutes, u"correspondant ajouté"_s, u"correspondants ajoutés"_s);

@@ -13,9 +13,6 @@ QString TexteGenre(GenreFichier genre);
 
 /// Who would come, one sentence.
 QString PhraseEtude(const EtudeReprise &etude);
-/// How many records there are something to take of.
-qsizetype NombreAPrendre(const EtudeReprise &etude);
-
 /// What has been done, one sentence.
 QString PhraseBilan(const BilanReprise &bilan);
 
