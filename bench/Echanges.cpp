@@ -4,7 +4,6 @@
 #include "exchange/ClasseurVelmiras.h"
 #include "exchange/EchangeTexte.h"
 #include "exchange/ExportPersonnes.h"
-#include "exchange/LecteurCartes.h"
 #include "platform/Fichiers.h"
 #include "platform/PageDeCode.h"
 #include "platform/linux/ClasseurSysteme.h"
@@ -55,27 +54,6 @@ QString Selection() {
 
 bool SansArret(qsizetype, qsizetype) {
   return true;
-}
-
-/// Where a turn writes: a folder of its own in the current one.
-class Atelier {
- public:
-  QString Chemin(const QString &nom) const { return dossier_.filePath(nom); }
-  QString CopierBase(const QString &source) const {
-    RemplacerFichier(Chemin(u"Velmira.mdb"_s), LireFichier(source).value());
-    return Chemin(u"Velmira.mdb"_s);
-  }
-
- private:
-  QTemporaryDir dossier_{u"echange-XXXXXX"_s};
-};
-
-template <typename Travail>
-void Chronometrer(benchmark::State &etat, Travail &&travail) {
-  using Montre = std::chrono::steady_clock;
-  const auto debut = Montre::now();
-  travail();
-  etat.SetIterationTime(std::chrono::duration<double>(Montre::now() - debut).count());
 }
 
 // The import.
@@ -129,8 +107,8 @@ void CompleterNu(BaseNue &base, const std::vector<QStringList> &fiches) {
   base.Executer(u"COMMIT"_s);
 }
 
-void Importer(BaseNue &base, const std::vector<QStringList> &fiches, bool connus) {
-  connus ? CompleterNu(base, fiches) : AjouterNu(base, fiches);
+void Importer(BaseNue &base, const std::vector<QStringList> &fiches, Annuaire annuaire) {
+  annuaire == Annuaire::Vide ? AjouterNu(base, fiches) : CompleterNu(base, fiches);
 }
 
 /// All rows, with the difference between null and an empty text.
@@ -270,12 +248,14 @@ std::map<QByteArray, QByteArray> Parties(const QByteArray &zip) {
   return parties;
 }
 
-/// How many can be taken.
-qsizetype CompterCartes(const Envoi &envoi) {
-  qsizetype lues = 0;
-  const auto source = OuvrirCartes(envoi.Cartes(), {u" "_s, {}});
-  while (const auto personne = source->Suivante()) lues += personne->refus.isEmpty();
-  return lues;
+void EcrireCartes(Base &base, const QString &chemin) {
+  ExporterPersonnes(base, {chemin, FormatExport::Cartes3, {}, {}, {}, {u" "_s, {}}}, SansArret);
+}
+
+void Changer(Base &base, const QString &colonnes) {
+  Transaction transaction(base);
+  Requete(base, uR"(UPDATE "Adresse" SET )"_s + colonnes).Executer();
+  transaction.Valider();
 }
 
 void Exiger(bool vrai, const char *quoi) {
@@ -296,15 +276,24 @@ Envoi::Envoi(const Donnees &donnees)
   }
   RemplacerFichier(Fichier(), lignes.join('\n'));
 
-  CreerBaseVide(Base(false));
-  CreerBaseVide(Base(true));
-  base.Ouvrir(Base(true));
+  CreerBaseVide(Base(Annuaire::Vide));
+  CreerBaseVide(Base(Annuaire::Connus));
+  base.Ouvrir(Base(Annuaire::Connus));
   Importer(base, *this);
-  ExporterPersonnes(base, {Cartes(), FormatExport::Cartes3, {}, {}, {}, {u" "_s, {}}}, SansArret);
-  Transaction transaction(base);
-  Requete(base, uR"(UPDATE "Adresse" SET "Ville"='', "Tel"='', "Mail"='' WHERE "Index" % 10 = 0)"_s)
-      .Executer();
-  transaction.Valider();
+  EcrireCartes(base, Cartes());
+  EcrireAutres();
+  Changer(base, uR"("Ville"='', "Tel"='', "Mail"='' WHERE "Index" % 10 = 0)"_s);
+}
+
+void Envoi::EcrireAutres() const {
+  const QString chemin = Base(Annuaire::Autres);
+  RemplacerFichier(chemin, LireFichier(Base(Annuaire::Connus)).value());
+  class Base base;
+  base.Ouvrir(chemin);
+  Changer(base,
+          uR"("NomVelmira"='Autre ' || "NomVelmira", "Mail"='autre.' || "Mail",)"
+          uR"( "Tel"='04' || substr("Tel", 3), "Portable"='07' || substr("Portable", 3))"_s);
+  EcrireCartes(base, AutresCartes());
 }
 
 std::vector<QStringList> Envoi::Fiches() const {
@@ -317,11 +306,16 @@ std::vector<QStringList> Envoi::Fiches() const {
   return fiches;
 }
 
-void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus, bool garde) {
+QString Atelier::CopierBase(const QString &source) const {
+  RemplacerFichier(Chemin(u"Velmira.mdb"_s), LireFichier(source).value());
+  return Chemin(u"Velmira.mdb"_s);
+}
+
+void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, Annuaire annuaire, bool garde) {
   for (auto _ : etat) {
     const Atelier atelier;
     Base base;
-    base.Ouvrir(atelier.CopierBase(envoi.Base(connus)));
+    base.Ouvrir(atelier.CopierBase(envoi.Base(annuaire)));
     qsizetype traites = 0;
     Chronometrer(etat, [&] {
       std::optional<Acte> acte;
@@ -334,20 +328,12 @@ void ImporterVelmira(benchmark::State &etat, const Envoi &envoi, bool connus, bo
   }
 }
 
-void ImporterNu(benchmark::State &etat, const Envoi &envoi, bool connus) {
+void ImporterNu(benchmark::State &etat, const Envoi &envoi, Annuaire annuaire) {
   const std::vector<QStringList> fiches = envoi.Fiches();
   for (auto _ : etat) {
     const Atelier atelier;
-    BaseNue base(atelier.CopierBase(envoi.Base(connus)));
-    Chronometrer(etat, [&] { Importer(base, fiches, connus); });
-  }
-}
-
-void LireCartes(benchmark::State &etat, const Envoi &envoi) {
-  for (auto _ : etat) {
-    qsizetype lues = 0;
-    Chronometrer(etat, [&] { lues = CompterCartes(envoi); });
-    if (lues != envoi.Nombre()) etat.SkipWithError("cards are missing");
+    BaseNue base(atelier.CopierBase(envoi.Base(annuaire)));
+    Chronometrer(etat, [&] { Importer(base, fiches, annuaire); });
   }
 }
 
@@ -391,17 +377,17 @@ void ClasseurNu(benchmark::State &etat, const Donnees &donnees) {
 
 void VerifierEchanges(const Envoi &envoi, const Donnees &donnees) {
   const Atelier ici, la;
-  for (const bool connus : {false, true}) {
+  for (const Annuaire annuaire : {Annuaire::Vide, Annuaire::Connus}) {
     Base base;
-    base.Ouvrir(ici.CopierBase(envoi.Base(connus)));
+    base.Ouvrir(ici.CopierBase(envoi.Base(annuaire)));
     Importer(base, envoi);
     {
-      BaseNue nue(la.CopierBase(envoi.Base(connus)));
-      Importer(nue, envoi.Fiches(), connus);
+      BaseNue nue(la.CopierBase(envoi.Base(annuaire)));
+      Importer(nue, envoi.Fiches(), annuaire);
     }
     const auto lignes = Lignes(ici.Chemin(u"Velmira.mdb"_s));
     Exiger(lignes.size() == static_cast<std::size_t>(envoi.Nombre()) &&
-               lignes != Lignes(envoi.Base(connus)) &&
+               lignes != Lignes(envoi.Base(annuaire)) &&
                lignes == Lignes(la.Chemin(u"Velmira.mdb"_s)),
            "the import");
   }

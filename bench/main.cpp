@@ -1,6 +1,7 @@
 // velmira_bench: measures the program's work, "Velmira", and the same work without it, "bare".
 // A start is measured in a process of its own, which is this program with --start.
 
+#include "Cartes.h"
 #include "Donnees.h"
 #include "Echanges.h"
 #include "Ecran.h"
@@ -253,6 +254,34 @@ int MemoireEnveloppes() {
   return dossier.Nombre() == kEnveloppes ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
+/// Takes files of cards into a table, and tells the most that this process has held.
+int ReprendreFichiers(const QStringList &arguments) {
+  Reprendre(arguments.value(2), arguments.mid(3));
+  std::printf("%.0f\n", Memoire("VmHWM"));
+  return EXIT_SUCCESS;
+}
+
+/// Tells the number of files and correspondents, and what a process has held that took them.
+int MemoireCartes() {
+  const Donnees donnees(kFiches);
+  const Envoi envoi(donnees);
+  const Atelier lots;
+  for (const LotDeCartes &lot : LotsDeCartes(envoi, lots)) {
+    const Atelier atelier;
+    QProcess processus;
+    processus.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    processus.start(
+        QCoreApplication::applicationFilePath(),
+        QStringList{u"--take"_s, atelier.CopierBase(envoi.Base(Annuaire::Autres))} + lot.fichiers);
+    processus.waitForFinished(-1);
+    if (processus.exitCode() != 0) return EXIT_FAILURE;
+    std::printf("%lld %lld %s", static_cast<long long>(lot.fichiers.size()),
+                static_cast<long long>(lot.correspondants),
+                processus.readAllStandardOutput().constData());
+  }
+  return EXIT_SUCCESS;
+}
+
 /// How a row is measured.
 struct Facon {
   int tours = 0;        ///< of a repetition, 0 for as many as it takes
@@ -341,28 +370,36 @@ void InscrireGrandeListe(const Donnees &lues, const Donnees &ecrites, const QStr
 
 void InscrireEchanges(const std::map<Cle, Envoi> &envois, const std::map<Cle, Donnees> &toutes) {
   using benchmark::State;
-  for (const bool connus : {false, true})
+  constexpr auto kVide = Annuaire::Vide, kConnus = Annuaire::Connus, kAutres = Annuaire::Autres;
+  for (const Annuaire annuaire : {kVide, kConnus})
     for (const auto &paire : envois) {
       const Envoi &envoi = paire.second;
       Ligne(
-          connus ? u"Import %1 that are known, gaps in a tenth"_s.arg(envoi.Nombre())
-                 : u"Import %1 into an empty table"_s.arg(envoi.Nombre()),
-          [&envoi, connus](State &etat) { ImporterVelmira(etat, envoi, connus); },
-          [&envoi, connus](State &etat) { ImporterNu(etat, envoi, connus); },
+          annuaire == kConnus ? u"Import %1 that are known, gaps in a tenth"_s.arg(envoi.Nombre())
+                              : u"Import %1 into an empty table"_s.arg(envoi.Nombre()),
+          [&envoi, annuaire](State &etat) { ImporterVelmira(etat, envoi, annuaire); },
+          [&envoi, annuaire](State &etat) { ImporterNu(etat, envoi, annuaire); },
           envoi.Nombre() == kGrande ? kLongue : kBreve);
     }
   const Envoi &grand = envois.at(kGrande);
-  for (const bool connus : {false, true})
+  for (const Annuaire annuaire : {kVide, kConnus})
     Ligne(
-        connus ? u"Kept for undo: import of %1 that are known, gaps in a tenth"_s.arg(kGrande)
-               : u"Kept for undo: import of %1 into an empty table"_s.arg(kGrande),
-        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus, true); },
-        [&grand, connus](State &etat) { ImporterVelmira(etat, grand, connus); }, kLongue);
+        annuaire == kConnus
+            ? u"Kept for undo: import of %1 that are known, gaps in a tenth"_s.arg(kGrande)
+            : u"Kept for undo: import of %1 into an empty table"_s.arg(kGrande),
+        [&grand, annuaire](State &etat) { ImporterVelmira(etat, grand, annuaire, true); },
+        [&grand, annuaire](State &etat) { ImporterVelmira(etat, grand, annuaire); }, kLongue);
   const Envoi &envoi = envois.at(kFiches);
+  for (const Annuaire annuaire : {kAutres, kConnus})
+    Ligne(
+        annuaire == kAutres ? u"Cards of %1 into as many others, beside our own file"_s.arg(kFiches)
+                            : u"Cards of %1 that are known, beside our own file"_s.arg(kFiches),
+        [&envoi, annuaire](State &etat) { ReprendreCartes(etat, envoi, annuaire); },
+        [&envoi, annuaire](State &etat) { ImporterVelmira(etat, envoi, annuaire); }, kBreve);
   Ligne(
-      u"Cards of %1, beside our own file's import"_s.arg(kFiches),
-      [&envoi](State &etat) { LireCartes(etat, envoi); },
-      [&envoi](State &etat) { ImporterVelmira(etat, envoi, false); }, kBreve);
+      u"Cards of %1 into as many others, beside Evolution's data server"_s.arg(kFiches),
+      [&envoi](State &etat) { ReprendreCartes(etat, envoi, kAutres); },
+      [&envoi](State &etat) { ReprendreParEvolution(etat, envoi); }, kLongue);
   const Donnees &grande = toutes.at(kGrande), &fiches = toutes.at(kFiches);
   Ligne(
       u"Export %1"_s.arg(kGrande), [&](State &etat) { ExporterVelmira(etat, grande); },
@@ -380,6 +417,8 @@ int main(int argc, char *argv[]) {
   const QStringList arguments = QCoreApplication::arguments();
   if (arguments.value(1) == u"--start"_s) return Demarrer(arguments);
   if (arguments.value(1) == u"--envelopes"_s) return MemoireEnveloppes();
+  if (arguments.value(1) == u"--cards"_s) return MemoireCartes();
+  if (arguments.value(1) == u"--take"_s) return ReprendreFichiers(arguments);
 
   benchmark::Initialize(&argc, argv);
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return EXIT_FAILURE;
