@@ -155,6 +155,7 @@ class Comparaison {
 
 QString NumeroNu(const QString &numero) {
   QString nu;
+  nu.reserve(numero.size());
   for (const QChar c : numero)
     if (c.isLetterOrNumber()) nu += c.toLower();
   return nu;

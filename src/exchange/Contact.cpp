@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -19,11 +20,25 @@ namespace {
 
 using L = Correspondant;
 
+bool EstCommande(QChar c) {
+  return c < u' ' || (c >= u'\x7F' && c <= u'\x9F');
+}
+
+/// Most texts are: they need no copy.
+bool EstSurUneLigne(const QString &texte) {
+  bool blanc = true;
+  for (const QChar c : texte) {
+    const bool avant = std::exchange(blanc, c.isSpace());
+    if (EstCommande(c) || (blanc && (avant || c != u' '))) return false;
+  }
+  return !blanc || texte.isEmpty();
+}
+
 /// On one line, without blanks at its ends.
 QString SurUneLigne(QString texte) {
-  for (QChar &c : texte)
-    if (c < u' ' || (c >= u'\x7F' && c <= u'\x9F')) c = u' ';
-  return texte.simplified();
+  if (EstSurUneLigne(texte)) return texte;
+  std::ranges::replace_if(texte, EstCommande, QChar(u' '));
+  return std::move(texte).simplified();
 }
 
 /// Without the two signs that separate the items of an address.
