@@ -28,6 +28,12 @@ QString NomConnu(const QString &nom) {
   return EnCapitales(SansBlancs(nom));
 }
 
+std::size_t Empreinte(const QString &cleNom, const L &fiche) {
+  std::size_t empreinte = qHash(cleNom);
+  for (const auto champ : kAdresses) empreinte = qHash(NumeroNu(fiche.*champ), empreinte);
+  return empreinte;
+}
+
 }  // namespace
 
 Reconnaissance::Reconnaissance(Base &base, const QString &utilisateur, LecturePhoto lirePhoto)
@@ -42,7 +48,7 @@ Reconnaissance::Reconnaissance(Base &base, const QString &utilisateur, LecturePh
     int place = 3;
     for (const auto champ : kAdresses) fiche.*champ = ligne.Texte(place++);
     const bool visible = EstVisible(fiche.DataProt, utilisateur_);
-    noms_[CleNom(fiche, !visible)].append(ligne.Texte(0).toLongLong());
+    Noter(fiche, !visible, ligne.Texte(0).toLongLong());
     if (visible) NoterAdresses(fiche);
     return true;
   });
@@ -69,9 +75,27 @@ QList<Cle> Reconnaissance::DeCeNom(const L &fiche) const {
   return noms_.value(CleNom(fiche, EstCachee(fiche)));
 }
 
+void Reconnaissance::Noter(const L &fiche, bool cachee, Cle cle) {
+  const QString nom = CleNom(fiche, cachee);
+  noms_[nom].append(cle);
+  semblables_.insert(Empreinte(nom, fiche), cle);
+}
+
+QList<Cle> Reconnaissance::Candidates(const L &fiche) const {
+  constexpr qsizetype kHomonymes = 50;  // more are no name, but a word that a table puts there
+  const QString nom = CleNom(fiche, EstCachee(fiche));
+  const QList<Cle> tous = noms_.value(nom);
+  if (tous.size() <= kHomonymes) return tous;
+  QList<Cle> candidates;
+  for (auto [semblable, fin] = semblables_.equal_range(Empreinte(nom, fiche));
+       semblable != fin && candidates.size() < kHomonymes; ++semblable)
+    candidates.append(*semblable);
+  return candidates + tous.first(kHomonymes);
+}
+
 std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personne, Deja deja) {
   std::optional<Reconnue> libre, prise;
-  for (const Cle cle : DeCeNom(personne.fiche)) {
+  for (const Cle cle : Candidates(personne.fiche)) {
     const auto role = roles_.constFind(cle);
     const bool occupee = role != roles_.cend();
     if (occupee && ligneALigne_) continue;
@@ -94,7 +118,7 @@ std::optional<Reconnue> Reconnaissance::Chercher(const PersonneImportee &personn
 
 void Reconnaissance::Ajouter(const L &fiche, Cle cle) {
   const bool cachee = EstCachee(fiche);
-  noms_[CleNom(fiche, cachee)].append(cle);
+  Noter(fiche, cachee, cle);
   if (!cachee) NoterAdresses(fiche);
   roles_.insert(cle, Role::Ajoutee);
 }

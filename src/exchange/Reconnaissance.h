@@ -10,8 +10,10 @@
 
 #include <QHash>
 #include <QList>
+#include <QMultiHash>
 #include <QString>
 
+#include <cstddef>
 #include <optional>
 #include <utility>
 
@@ -45,8 +47,9 @@ class Reconnaissance {
   QString Marque(const Correspondant &fiche) const;
 
   /// The record that holds all of it, else the first one that nobody of this file is, else one that
-  /// another of this file has added, or any of them where gaps are completed. Nothing: the person
-  /// is new.
+  /// another of this file has added, or any of them where gaps are completed. Of a name that very
+  /// many bear, only the first ones and those with the same numbers and mail are looked at.
+  /// Nothing: the person is new.
   std::optional<Reconnue> Chercher(const PersonneImportee &personne, Deja deja);
   /// Somebody of this file is the record, or has been added as it.
   void Prendre(Cle cle) { roles_.insert(cle, Role::Reconnue); }
@@ -62,6 +65,9 @@ class Reconnaissance {
  private:
   enum class Role { Reconnue, Ajoutee };
 
+  void Noter(const Correspondant &fiche, bool cachee, Cle cle);
+  QList<Cle> Candidates(const Correspondant &fiche) const;
+
   /// What records of one name and one secrecy have in common.
   QString CleNom(const Correspondant &fiche, bool cachee) const;
 
@@ -70,6 +76,7 @@ class Reconnaissance {
   LecturePhoto lirePhoto_;
   bool ligneALigne_ = false;
   QHash<QString, QList<Cle>> noms_;
-  QHash<QString, QString> adresses_;  ///< the name of the first who has it
-  QHash<Cle, Role> roles_;            ///< of the records that somebody of this file is
+  QMultiHash<std::size_t, Cle> semblables_;  ///< by name, numbers and mail
+  QHash<QString, QString> adresses_;         ///< the name of the first who has it
+  QHash<Cle, Role> roles_;                   ///< of the records that somebody of this file is
 };

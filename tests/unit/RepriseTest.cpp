@@ -108,6 +108,10 @@ TEST_F(VenusDAilleurs, DejaLa) {
         EXPECT_EQ(Fiches(), une) << "the same file again changes nothing";
         return une;
       });
+  QStringList homonymes;
+  for (int i = 0; i < 120; ++i) homonymes.append(u"N:Mairie~EMAIL:%1@a"_s.arg(i));
+  EXPECT_EQ(Reprendre(homonymes.join(u"++"_s), Demande()).ajoutes, 120);
+  EXPECT_EQ(Reprendre(homonymes.join(u"++"_s), Demande()).identiques, 120);
 }
 
 // An address is one value, a number is one however it is written, an answer may be by field.
