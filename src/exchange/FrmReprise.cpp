@@ -246,9 +246,10 @@ void FrmReprise::MontrerFichier() {
   QList<PersonneImportee> siennes = etude_.premieres;
   siennes.removeIf([&](const PersonneImportee &p) { return p.origine.fichier != fichier.chemin; });
   ui_->OngletApercu->Montrer(
-      siennes, fichier.genre == GenreFichier::Tableau
-                   ? u"Aucune fiche à montrer. Dites, dans « Colonnes », laquelle porte le nom."_s
-                   : u"Aucune fiche à montrer."_s);
+      siennes,
+      fichier.genre == GenreFichier::Tableau
+          ? u"Aucune fiche à montrer. Dites, dans «\u00A0Colonnes\u00A0», laquelle porte le nom."_s
+          : u"Aucune fiche à montrer."_s);
   MontrerColonnes(fichier);
 }
 
@@ -334,7 +335,10 @@ void FrmReprise::Enregistrer() {
   const QString chemin = session_.plateforme.boites.FichierAEcrire(
       u"Enregistrer le compte rendu"_s, u"%1/Reprise %2.txt"_s.arg(dossier_, jour),
       u"Textes (*.txt)"_s);
-  if (!chemin.isEmpty()) EcrireCompteRendu(chemin, *bilan_);
+  if (chemin.isEmpty()) return;
+  EcrireCompteRendu(chemin, *bilan_);
+  session_.plateforme.boites.Information(
+      u"Le compte rendu est enregistré dans « %1 »."_s.arg(QDir::toNativeSeparators(chemin)));
 }
 
 void FrmReprise::Recommencer() {

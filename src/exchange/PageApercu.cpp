@@ -16,6 +16,7 @@ PageApercu::PageApercu(QWidget *parent) : QWidget(parent), ui_(std::make_unique<
   ui_->setupUi(this);
   ui_->Fiche->MettreEnLecture();
   ui_->PartageApercu->setSizes({260, 700});
+  ui_->PartageApercu->setStretchFactor(1, 1);
 }
 
 PageApercu::~PageApercu() {
@@ -47,8 +48,7 @@ void PageApercu::Montrer(const QList<PersonneImportee> &personnes, const QString
 
 void PageApercu::Choisir() {
   const int place = ui_->LstApercu->indexOfTopLevelItem(ui_->LstApercu->currentItem());
-  ui_->Fiche->setVisible(place >= 0);
-  if (place < 0) return;
+  if (place < 0) return fiche_->Effacer();
   const PersonneImportee &personne = personnes_[place];
   fiche_->Apercevoir(personne.fiche,
                      personne.photo ? std::optional(personne.photo->octets) : std::nullopt);

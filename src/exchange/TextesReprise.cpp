@@ -46,6 +46,8 @@ QString PhraseEtude(const EtudeReprise &etude) {
   for (const EtudeReprise::DuFichier &fichier : etude.fichiers) refusees += fichier.refusees;
   Enumeration parties;
   parties.Ajouter(etude.nouvelles, u"nouveau correspondant"_s, u"nouveaux correspondants"_s);
+  parties.Ajouter(etude.repetees, u"d'entre eux du nom d'un autre"_s,
+                  u"d'entre eux du nom d'un autre"_s);
   parties.Ajouter(DejaLa(etude), u"déjà là, à compléter ou à comparer"_s,
                   u"déjà là, à compléter ou à comparer"_s);
   parties.Ajouter(etude.identiques, u"déjà là, sans rien de nouveau"_s,
