@@ -119,6 +119,12 @@ Choix ChoixRencontres::Prises(qsizetype rang) const {
   return {};
 }
 
+Choix ChoixRencontres::Notees(qsizetype rang) const {
+  const Confrontation &faite = rencontres_[rang].faite;
+  if (DejaDe(rang) != Deja::Completer) return {};
+  return faite.ecarts & ~Prises(rang) & ~faite.notees & Notables();
+}
+
 void ChoixRencontres::Prendre(qsizetype rang, const Choix &champ, bool prend) {
   const Choix prises = Prises(rang);
   Repondre(rang, {.deja = DejaDe(rang), .prises = prend ? prises | champ : prises & ~champ});
@@ -133,12 +139,9 @@ qsizetype ChoixRencontres::Nombre(const Choix &champ) const {
 qsizetype ChoixRencontres::Nombre() const {
   qsizetype nombre = 0;
   for (qsizetype rang = 0; rang < rencontres_.size(); ++rang) {
-    const Confrontation &faite = rencontres_[rang].faite;
-    const bool note = DejaDe(rang) == Deja::Completer &&
-                      (faite.ecarts & ~Prises(rang) & ~faite.notees & Notables()).any();
     const ReponseReprise *propre = Propre(rang);
     const bool deux = DejaDe(rang) == Deja::Deux && (propre == nullptr || !propre->prises);
-    if (deux || note || Prises(rang).any()) ++nombre;
+    if (deux || (Prises(rang) | Notees(rang)).any()) ++nombre;
   }
   return nombre;
 }

@@ -43,6 +43,8 @@ class ChoixRencontres {
   Deja DejaDe(qsizetype rang) const;
   /// What is taken of the file for a person as things are.
   ChoixColonnes<Correspondant> Prises(qsizetype rang) const;
+  /// What of it goes to the notes instead, since the directory says otherwise.
+  ChoixColonnes<Correspondant> Notees(qsizetype rang) const;
   /// Takes or leaves a field; all else stays as it is.
   void Prendre(qsizetype rang, const ChoixColonnes<Correspondant> &champ, bool prend);
 

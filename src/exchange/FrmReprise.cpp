@@ -232,9 +232,9 @@ void FrmReprise::MontrerEtude() {
   ui_->Onglets->setTabText(ui_->Onglets->indexOf(ui_->OngletDeja),
                            u"&Déjà là (%1)"_s.arg(etude_.rencontres.size() + etude_.tues));
   const qsizetype aSavoir = ui_->OngletSavoir->Montrer(etude_);
-  const int place = ui_->Onglets->indexOf(ui_->OngletSavoir);
-  ui_->Onglets->setTabVisible(place, aSavoir > 0);
-  ui_->Onglets->setTabText(place, u"À sa&voir (%1)"_s.arg(aSavoir));
+  ui_->Onglets->setTabText(ui_->Onglets->indexOf(ui_->OngletSavoir),
+                           u"À sa&voir (%1)"_s.arg(aSavoir));
+  MontrerOnglet(*ui_->OngletSavoir, aSavoir > 0);
   MontrerFichier();
   MajBoutons();
 }
@@ -253,10 +253,16 @@ void FrmReprise::MontrerFichier() {
   MontrerColonnes(fichier);
 }
 
+void FrmReprise::MontrerOnglet(QWidget &page, bool montre) {
+  const int place = ui_->Onglets->indexOf(&page);
+  ui_->Onglets->setTabVisible(place, montre);
+  ui_->Onglets->setTabEnabled(place, montre);  // or its key would still open it
+}
+
 void FrmReprise::MontrerColonnes(const FichierRepris &fichier) {
   const bool tableau = fichier.genre == GenreFichier::Tableau;
   if (tableau) ui_->OngletColonnes->Montrer(fichier.forme, fichier.colonnes);
-  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(ui_->OngletColonnes), tableau);
+  MontrerOnglet(*ui_->OngletColonnes, tableau);
 }
 
 void FrmReprise::MajBoutons() {

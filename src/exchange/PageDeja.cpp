@@ -162,10 +162,13 @@ void PageDeja::MontrerReponse() {
   ui_->CboReponse->setCurrentIndex(propre == nullptr ? kCommeTous
                                    : propre->prises  ? kChampParChamp
                                                      : RangDe(propre->deja) + 1);
-  const ChoixColonnes<Correspondant> prises = choix_.Prises(rang);
-  for (int i = 0; i < champs_.size(); ++i)
-    ui_->LstChamps->topLevelItem(i)->setCheckState(
-        kChamp, (prises & champs_[i].colonnes).any() ? Qt::Checked : Qt::Unchecked);
+  const ChoixColonnes<Correspondant> prises = choix_.Prises(rang), notees = choix_.Notees(rang);
+  for (int i = 0; i < champs_.size(); ++i) {
+    QTreeWidgetItem &ligne = *ui_->LstChamps->topLevelItem(i);
+    ligne.setCheckState(kChamp, (prises & champs_[i].colonnes).any() ? Qt::Checked : Qt::Unchecked);
+    const bool notee = (notees & champs_[i].colonnes).any();
+    ligne.setText(kIci, Lisible(champs_[i].ici) + (notee ? u" (noté)"_s : u""_s));
+  }
   MontrerPartout();
 }
 

@@ -45,9 +45,10 @@ QString PhraseEtude(const EtudeReprise &etude) {
   qsizetype refusees = 0;
   for (const EtudeReprise::DuFichier &fichier : etude.fichiers) refusees += fichier.refusees;
   Enumeration parties;
-  parties.Ajouter(etude.nouvelles, u"nouveau correspondant"_s, u"nouveaux correspondants"_s);
-  parties.Ajouter(etude.repetees, u"d'entre eux du nom d'un autre"_s,
-                  u"d'entre eux du nom d'un autre"_s);
+  const QString dont =
+      etude.repetees > 0 ? u" (dont %1 du même nom qu'un autre)"_s.arg(etude.repetees) : u""_s;
+  parties.Ajouter(etude.nouvelles, u"nouveau correspondant"_s + dont,
+                  u"nouveaux correspondants"_s + dont);
   parties.Ajouter(DejaLa(etude), u"déjà là, à compléter ou à comparer"_s,
                   u"déjà là, à compléter ou à comparer"_s);
   parties.Ajouter(etude.identiques, u"déjà là, sans rien de nouveau"_s,
@@ -94,7 +95,7 @@ QString TexteReponse(const ReponseReprise &reponse) {
   if (reponse.prises) return u"champ par champ"_s;
   switch (reponse.deja) {
     case Deja::Completer:
-      return u"remplir"_s;
+      return u"remplir, noter"_s;
     case Deja::Garder:
       return u"garder"_s;
     case Deja::Prendre:

@@ -121,8 +121,8 @@ TEST_F(Compagnons, Statuts) {
     EXPECT_TRUE(Fin(*Lancer(nom, u""_s)).startsWith(u"2 %1 a besoin"_s.arg(nom)));
   for (const QString &sans : {u"Vigilo"_s, u"Memora"_s, u"Velmira --fiche 1"_s})
     EXPECT_TRUE(Fin(*Lancer(sans, u""_s)).startsWith(u"1 "_s)) << qPrintable(sans);
-  for (const QString &faux :
-       {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s, u"Brikel -s"_s, u"Sauvan --vers"_s})
+  for (const QString &faux : {u"Vigilo --lite"_s, u"Memora a"_s, u"Velmira --fiche"_s,
+                              u"Brikel -s"_s, u"Sauvan --vers"_s})
     EXPECT_TRUE(Fin(*Lancer(faux)).startsWith(u"2 "_s)) << qPrintable(faux);
   // The base of another user.
   const bool tout = ::geteuid() == 0;
