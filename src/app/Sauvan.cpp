@@ -1,6 +1,7 @@
 #include "app/Sauvan.h"
 
 #include "address/Titres.h"
+#include "exchange/TextesReprise.h"
 #include "platform/Erreurs.h"
 #include "storage/Base.h"
 #include "storage/Dossiers.h"

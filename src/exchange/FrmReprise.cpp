@@ -323,7 +323,7 @@ BilanReprise FrmReprise::Executer() {
           .Executer(session_.base, [&, usages = Usages()](Base &base, const Avance &avance) {
             return ReprendrePersonnes(base, fichiers_, usages, demande, avance);
           });
-  acte.Nommer(u"reprise de %1 fiche(s)"_s.arg(bilan.ajoutes + bilan.completes + bilan.remplaces));
+  acte.Nommer(NomReprise(bilan));
   return bilan;
 }
 

@@ -24,5 +24,5 @@ void PageBilan::Montrer(const BilanReprise &bilan, const QString &retour) {
   ui_->ImgRefus->setVisible(bilan.refuses > 0);
   ui_->LblResume->setText(PhraseBilan(bilan));
   ui_->LblRetour->setText(retour);
-  ui_->TxtBilan->setPlainText(TexteBilan(bilan));
+  ui_->TxtBilan->setPlainText(DetailBilan(bilan));
 }

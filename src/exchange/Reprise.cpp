@@ -151,7 +151,10 @@ class Repreneur {
       prises.set(Ordinal(&L::Commentaires));
     }
     ++(prises.none() ? bilan_.gardes : remplace ? bilan_.remplaces : bilan_.completes);
-    if (prises.any()) ModifierLigne(base_, fondue, prises);
+    if (prises.any()) {
+      ModifierLigne(base_, fondue, prises);
+      Dire(bilan_.changes, fondue.NomVelmira);
+    }
     NoterAdresseImportee(fondue);
     if (!tue_) connus_.NoterAdresses(fondue);
   }
@@ -174,6 +177,7 @@ class Repreneur {
     DireNotes(personne, personne.auxNotes);
     connus_.Ajouter(fiche, AjouterLigne(base_, fiche));
     NoterAdresseImportee(fiche);
+    Dire(bilan_.venus, fiche.NomVelmira);
     ++bilan_.ajoutes;
     if (tue_) ++bilan_.caches;
   }
@@ -200,13 +204,6 @@ class Repreneur {
   bool ancienne_ = false, desDebuts_ = false;  ///< the file at work
   bool tue_ = false;                           ///< the person at work is not told of
 };
-
-void Enumerer(QString &texte, const QString &titre, const BilanReprise::Chapitre &chapitre) {
-  if (chapitre.lignes.isEmpty()) return;
-  texte += u"\n%1\n"_s.arg(titre);
-  for (const QString &ligne : chapitre.lignes) texte += u"  "_s + ligne + u'\n';
-  if (chapitre.tus > 0) texte += u"  ... et %1 autre(s)\n"_s.arg(chapitre.tus);
-}
 
 }  // namespace
 
@@ -248,32 +245,4 @@ BilanReprise ReprendrePersonnes(Base &base, const QList<FichierRepris> &fichiers
   transaction.Valider();
   repreneur.GarderPhotos();
   return repreneur.Bilan();
-}
-
-QString TexteBilan(const BilanReprise &bilan) {
-  if (bilan.arrete) return u"Arrêté : rien n'a changé dans Velmira.\n"_s;
-  QString texte;
-  const auto compter = [&texte](qsizetype nombre, const QString &quoi) {
-    if (nombre > 0) texte += u"%1 %2\n"_s.arg(nombre).arg(quoi);
-  };
-  compter(bilan.ajoutes, u"ajouté(s)"_s);
-  compter(bilan.caches, u"de ceux-là protégé(s) par un autre utilisateur, et caché(s) pour vous"_s);
-  compter(bilan.completes, u"complété(s)"_s);
-  compter(bilan.remplaces, u"modifié(s) d'après le fichier"_s);
-  compter(bilan.identiques, u"déjà là, sans rien de nouveau"_s);
-  compter(bilan.gardes, u"déjà là, gardé(s) sans changement"_s);
-  compter(bilan.refuses, u"refusé(s)"_s);
-  const Reunion &tables = bilan.tables;
-  compter(tables.villes, u"ville(s) ajoutée(s)"_s);
-  compter(tables.expediteurs, u"expéditeur(s) ajouté(s)"_s);
-  compter(tables.types, u"type(s) d'évènement ajouté(s)"_s);
-  compter(tables.personnes, u"personne(s) ajoutée(s) aux alertes"_s);
-  compter(tables.evenements, u"évènement(s) ajouté(s)"_s);
-  compter(tables.laisses, u"évènement(s) sans personne ou sans type, laissé(s)"_s);
-  if (texte.isEmpty()) texte = u"Aucun correspondant dans ces fichiers.\n"_s;
-  Enumerer(texte, u"Refusés :"_s, bilan.refus);
-  Enumerer(texte, u"Gardé dans Velmira, autrement dans le fichier :"_s, bilan.ecarts);
-  Enumerer(texte, u"Mis dans les notes :"_s, bilan.notes);
-  Enumerer(texte, u"Même adresse ou même numéro sous deux noms, à regarder :"_s, bilan.memeAdresse);
-  return texte;
 }

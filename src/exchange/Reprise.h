@@ -56,6 +56,8 @@ struct BilanReprise {
   Chapitre notes;        ///< name and value that has gone to the notes
   Chapitre ecarts;       ///< name, field, value of the directory and of the file, not taken
   Chapitre memeAdresse;  ///< two names with the same mail or number
+  Chapitre venus;        ///< the names of whom was added
+  Chapitre changes;      ///< the names of whom something was filled, noted or replaced
   bool arrete = false;   ///< nothing has changed then, and nothing is counted
 
   Reunion tables;  ///< what else the older databases have brought
@@ -76,6 +78,3 @@ BilanReprise ReprendrePersonnes(Base &base, const QList<FichierRepris> &fichiers
 /// The lines of a report: place, name and reason; two names with what they share.
 QString TexteRefus(const PersonneImportee &personne);
 QString TexteMemeAdresse(const Correspondant &fiche, const std::pair<QString, QString> &autre);
-
-/// The report as a text of lines, for a window, a file or a terminal.
-QString TexteBilan(const BilanReprise &bilan);

@@ -10,11 +10,19 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+QString Compter(qsizetype nombre, const QString &une, const QString &plusieurs) {
+  return u"%1 %2"_s.arg(nombre).arg(nombre > 1 ? plusieurs : une);
+}
+
 /// Numbers and what they count, those of nothing left out: "2 fiches ajoutées, 1 refusée".
 class Enumeration {
  public:
   void Ajouter(qsizetype nombre, const QString &une, const QString &plusieurs) {
-    if (nombre > 0) parties_.append(u"%1 %2"_s.arg(nombre).arg(nombre > 1 ? plusieurs : une));
+    if (nombre > 0) parties_.append(Compter(nombre, une, plusieurs));
+  }
+  /// Some of those that were counted last.
+  void Dont(qsizetype nombre, const QString &un, const QString &plusieurs) {
+    if (nombre > 0) parties_.append(u"dont "_s + Compter(nombre, un, plusieurs));
   }
   QString Phrase(const QString &aucune) const {
     return parties_.isEmpty() ? aucune : parties_.join(u", "_s) + u'.';
@@ -23,6 +31,15 @@ class Enumeration {
  private:
   QStringList parties_;
 };
+
+void Enumerer(QString &texte, const QString &titre, const BilanReprise::Chapitre &chapitre) {
+  if (chapitre.lignes.isEmpty()) return;
+  if (!texte.isEmpty()) texte += u'\n';
+  texte += titre + u'\n';
+  for (const QString &ligne : chapitre.lignes) texte += u"  "_s + ligne + u'\n';
+  if (chapitre.tus > 0)
+    texte += u"  ... et "_s + Compter(chapitre.tus, u"autre"_s, u"autres"_s) + u'\n';
+}
 
 qsizetype DejaLa(const EtudeReprise &etude) {
   return etude.rencontres.size() + etude.tues;
@@ -60,21 +77,52 @@ QString PhraseEtude(const EtudeReprise &etude) {
 QString PhraseBilan(const BilanReprise &bilan) {
   Enumeration parties;
   parties.Ajouter(bilan.ajoutes, u"correspondant ajouté"_s, u"correspondants ajoutés"_s);
+  parties.Dont(bilan.caches, u"protégé par un autre utilisateur et caché pour vous"_s,
+               u"protégés par un autre utilisateur et cachés pour vous"_s);
   parties.Ajouter(bilan.completes, u"complété"_s, u"complétés"_s);
   parties.Ajouter(bilan.remplaces, u"modifié d'après le fichier"_s,
                   u"modifiés d'après le fichier"_s);
-  const qsizetype intacts = bilan.identiques + bilan.gardes;
-  parties.Ajouter(intacts, u"déjà là et resté tel quel"_s, u"déjà là et restés tels quels"_s);
+  parties.Ajouter(bilan.identiques, u"déjà là, sans rien de nouveau"_s,
+                  u"déjà là, sans rien de nouveau"_s);
+  parties.Ajouter(bilan.gardes, u"déjà là et gardé sans changement"_s,
+                  u"déjà là et gardés sans changement"_s);
   parties.Ajouter(bilan.refuses, u"fiche refusée"_s, u"fiches refusées"_s);
   const Reunion &tables = bilan.tables;
   parties.Ajouter(tables.villes, u"ville ajoutée"_s, u"villes ajoutées"_s);
   parties.Ajouter(tables.expediteurs, u"expéditeur ajouté"_s, u"expéditeurs ajoutés"_s);
+  parties.Ajouter(tables.types, u"type d'évènement ajouté"_s, u"types d'évènements ajoutés"_s);
+  parties.Ajouter(tables.personnes, u"personne ajoutée aux alertes"_s,
+                  u"personnes ajoutées aux alertes"_s);
   parties.Ajouter(tables.evenements, u"évènement ajouté"_s, u"évènements ajoutés"_s);
+  parties.Ajouter(tables.laisses, u"évènement sans personne ou sans type, laissé"_s,
+                  u"évènements sans personne ou sans type, laissés"_s);
   return parties.Phrase(u"Il n'y avait aucun correspondant à reprendre."_s);
 }
 
+QString DetailBilan(const BilanReprise &bilan) {
+  QString texte;
+  Enumerer(texte, u"Refusés :"_s, bilan.refus);
+  Enumerer(texte, u"Gardé dans Velmira, autrement dans le fichier :"_s, bilan.ecarts);
+  Enumerer(texte, u"Mis dans les notes :"_s, bilan.notes);
+  Enumerer(texte, u"Même adresse email ou même numéro sous deux noms, à regarder :"_s,
+           bilan.memeAdresse);
+  Enumerer(texte, u"Complétés ou modifiés :"_s, bilan.changes);
+  Enumerer(texte, u"Ajoutés :"_s, bilan.venus);
+  return texte;
+}
+
+QString TexteBilan(const BilanReprise &bilan) {
+  const QString detail = DetailBilan(bilan);
+  return PhraseBilan(bilan) + u'\n' + (detail.isEmpty() ? detail : u'\n' + detail);
+}
+
+QString NomReprise(const BilanReprise &bilan) {
+  return u"reprise de "_s +
+         Compter(bilan.ajoutes + bilan.completes + bilan.remplaces, u"fiche"_s, u"fiches"_s);
+}
+
 void EcrireCompteRendu(const QString &chemin, const BilanReprise &bilan) {
-  RemplacerFichier(chemin, (PhraseBilan(bilan) + u"\n\n"_s + TexteBilan(bilan)).toUtf8());
+  RemplacerFichier(chemin, TexteBilan(bilan).toUtf8());
 }
 
 QString TexteDeja(Deja deja) {

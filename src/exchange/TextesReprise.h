@@ -16,7 +16,14 @@ QString PhraseEtude(const EtudeReprise &etude);
 /// What has been done, one sentence.
 QString PhraseBilan(const BilanReprise &bilan);
 
-/// The same with the whole report, as a text file in the place of whatever bears that name. Throws
+/// Whom and what it tells of, name by name; empty where there is nothing of it.
+QString DetailBilan(const BilanReprise &bilan);
+/// Both, for a file or a terminal.
+QString TexteBilan(const BilanReprise &bilan);
+/// How it is called where it can be undone.
+QString NomReprise(const BilanReprise &bilan);
+
+/// The whole report, as a text file in the place of whatever bears that name. Throws
 /// `ErreurFichier`.
 void EcrireCompteRendu(const QString &chemin, const BilanReprise &bilan);
 

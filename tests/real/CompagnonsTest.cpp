@@ -107,7 +107,7 @@ TEST_F(Compagnons, Statuts) {
   RemplacerFichier(carte, "BEGIN:VCARD\nFN:A\nPHOTO;ENCODING=b:/9j/4AAQ\nEND:VCARD\n");
   const auto velmira = Lancer(u"Velmira"_s);  // works on the base meanwhile
   AttendrePrise(u"fiche"_s);
-  EXPECT_TRUE(Fin(*Lancer(vers, u""_s)).startsWith(u"0 1 ajouté"_s));
+  EXPECT_TRUE(Fin(*Lancer(vers, u""_s)).startsWith(u"0 1 correspondant ajouté"_s));
   EXPECT_TRUE(QFile::exists(Chemin(u"Photos/A.jpg"_s)));
   const QStringList copies{u"*_import.mdb"_s};
   EXPECT_EQ(QDir(QFileInfo(base).path() + u"/Sauvegardes"_s).entryList(copies).size(), 1);

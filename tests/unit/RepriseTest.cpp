@@ -5,6 +5,7 @@
 #include "app/Sauvan.h"
 #include "exchange/EtudeReprise.h"
 #include "exchange/Reprise.h"
+#include "exchange/TextesReprise.h"
 #include "storage/Balayage.h"
 
 #include <QDir>
@@ -147,8 +148,9 @@ TEST_F(VenusDAilleurs, CachesEtPartages) {
       u"N:A~EMAIL:a@a.fr~TEL:3639++N:C~TEL:0102030405~NICKNAME:Jo++N:D~TEL:3639"_s, Demande());
   EXPECT_EQ(Comptes(bilan), u"3 0 0 0 0 0"_s);
   EXPECT_EQ(TexteBilan(bilan),
-            u"3 ajouté(s)\n\nMis dans les notes :\n  C, Surnom : Jo\n\nMême adresse "
-            "ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n"_s);
+            u"3 correspondants ajoutés.\n\nMis dans les notes :\n  C, Surnom : Jo\n\nMême adresse "
+            "email ou même numéro sous deux noms, à regarder :\n  C et B : 01 02 03 04 05\n\n"
+            "Ajoutés :\n  A\n  C\n  D\n"_s);
 }
 
 // A record that was hidden in another directory, by a card or as a row of an older base; twice.
@@ -230,11 +232,11 @@ TEST_F(VenusDAilleurs, SansFenetre) {
   Poser(u"suite"_s, "Nom;Ville\nA;Brest\n");
   Poser(u"autre"_s, "rien");
   Cas(R"(
-    /b bon                    | 0 | 1 ajouté(s)    | A
+    /b bon                    | 0 | 1 correspondant ajouté. | A
     /b bon autre              | 2 | vCard          |
     /b bon absent             | 2 | absent         |
-    /b bon --mal              | 1 | 1 refusé(s)    | A B
-    /b vide                   | 2 | 1 refusé(s)    |
+    /b bon --mal              | 1 | 1 fiche refusée  | A B
+    /b vide                   | 2 | 1 fiche refusée  |
     /ailleurs bon             | 2 | n'existe pas   |
     /bon bon                  | 2 | Rien n'a changé |
     /b bon bon                | 0 | 1 déjà là      | A
