@@ -93,7 +93,7 @@ const QHash<QString, Champ> &EntetesConnus() {
       {Champ::Service, u"department|service|organization department|organization 1 department"},
       {Champ::Naissance,
        u"birthday|birth date|birthdate|date of birth|date de naissance|naissance|ne e le|ne le"
-       "|anniversaire"},
+       "|anniversaire|anniv|date d anniversaire|date naissance"},
       {Champ::JourNaissance, u"birth day|jour de naissance|jour"},
       {Champ::MoisNaissance, u"birth month|mois de naissance|mois"},
       {Champ::AnneeNaissance, u"birth year|annee de naissance"},
@@ -121,7 +121,7 @@ constexpr std::array kMots{
                "|radiomessagerie|identification|id|yomi|phonetic|custom|im|spouse|manager"},
     MotDeChamp{Champ::Fax, u"fax|telecopie|telecopieur"},
     MotDeChamp{Champ::Mobile, u"mobile|portable|cell|cellular|gsm|iphone"},
-    MotDeChamp{Champ::Numero, u"phone|telephone|tel|telephones"},
+    MotDeChamp{Champ::Numero, u"phone|telephone|tel|telephones|fixe"},
     MotDeChamp{Champ::Site, u"web|website|site|url|homepage"},
     MotDeChamp{Champ::BoitePostale, u"box|bp"},
     MotDeChamp{Champ::Complement, u"extended|complement"},
@@ -207,7 +207,8 @@ class Reconnaissance {
 
   static Champ ChampDe(const QStringList &mots) {
     std::size_t rang = kMots.size();
-    for (const QString &mot : mots) rang = std::min(rang, RangsDesMots().value(mot, rang));
+    static const QRegularExpression kNumero(u"\\d+$"_s);
+    for (QString mot : mots) rang = std::min(rang, RangsDesMots().value(mot.remove(kNumero), rang));
     return rang < kMots.size() ? kMots[rang].champ : Champ::Notes;
   }
 

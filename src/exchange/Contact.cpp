@@ -506,8 +506,16 @@ void Annexer(QString &notes, const QStringList &lignes) {
   notes += lignes.join(u'\n');
 }
 
+QString JourSansAnnee(const QString &texte) {
+  static const QRegularExpression kJour(u"^--(\\d\\d)-?(\\d\\d)$"_s);
+  constexpr int kBissextile = 2000;
+  const auto trouve = kJour.match(texte);
+  const QDate jour(kBissextile, trouve.captured(1).toInt(), trouve.captured(2).toInt());
+  return jour.isValid() ? jour.toString(u"dd/MM"_s) : texte;
+}
+
 QString RefusSansNom() {
-  return u"La fiche ne porte ni nom, ni adresse, ni numéro."_s;
+  return u"On n'y reconnaît ni nom, ni adresse email, ni numéro."_s;
 }
 
 QString EcrireColonne(const Correspondant &fiche, std::size_t ordinal) {

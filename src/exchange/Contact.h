@@ -75,6 +75,8 @@ inline constexpr qsizetype kPlusLong = 255;
 void SansNul(Correspondant &fiche);
 /// Lines behind the notes that are there.
 void Annexer(QString &notes, const QStringList &lignes);
+/// "22/03" of a day without its year, "--03-22" or "--0322"; any other text as it is.
+QString JourSansAnnee(const QString &texte);
 /// Why a record that nothing names is refused.
 QString RefusSansNom();
 

@@ -349,13 +349,6 @@ QDate Date(const QString &texte) {
   return nombre ? QDate(n / 10000, n / 100 % 100, n % 100) : QDate();
 }
 
-/// "--03-22", "--0322": a day without its year, as it is read.
-QString JourSansAnnee(QString texte) {
-  if (!texte.startsWith(u"--"_s)) return texte;
-  const QDate date = Date(u"2000"_s + texte.mid(2).remove(u'-'));
-  return date.isValid() ? date.toString(u"dd/MM"_s) : texte;
-}
-
 /// Makes a contact of the lines of a card.
 class Traduction {
  public:
@@ -480,7 +473,11 @@ class Traduction {
   Usage UsageDe(const Propriete &p) {
     const QStringList types = Types(p);
     Usage usage;
-    for (const QString &type : types) Fondre(usage, ::UsageDe(type));
+    for (QString type : types) {
+      // The mark of a type of the program's own, or of the user's.
+      if (type.startsWith(u"x-"_s, Qt::CaseInsensitive)) type.remove(0, 2);
+      Fondre(usage, ::UsageDe(type));
+    }
     bool nombre = false;
     const int rang = p.Parametre("PREF").toInt(&nombre);
     if (nombre) usage.rang = rang;

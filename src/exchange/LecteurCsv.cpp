@@ -44,7 +44,7 @@ char SeparateurDe(QByteArrayView debut) {
       kSeparateurs, {}, [debut](char separateur) { return NombreDe(separateur, debut); });
 }
 
-/// Reads record after record; blank lines are none.
+/// Reads record after record; lines without a value are none.
 class Tableau {
  public:
   explicit Tableau(const QString &chemin) : flux_(chemin) {
@@ -65,7 +65,7 @@ class Tableau {
       octets_.clear();
       fins_.clear();
       refus = Decouper();
-    } while (refus.isEmpty() && fins_.size() == 1 && octets_.trimmed().isEmpty());
+    } while (refus.isEmpty() && octets_.trimmed().isEmpty());
     valeurs = Textes();
     return true;
   }
@@ -362,9 +362,13 @@ class Traduction {
     const QDate date = DateDe(valeur, correspondances_.moisDevant);
     if (date.isValid() && !c_.naissance.isValid())
       c_.naissance = date;
+    else if (const QString jour = JourSansAnnee(valeur); jour != valeur)
+      NoterJour(jour);
     else if (!EstReglageVide(valeur))
       Noter(d, colonne, valeur);
   }
+
+  void NoterJour(const QString &jour) { c_.autres.append({u"Né(e) le"_s, jour}); }
 
   /// Day, month and year of columns of their own.
   void Naitre() {
@@ -372,12 +376,18 @@ class Traduction {
       const auto partie = std::ranges::find(naissance_, champ, &std::pair<Champ, QString>::first);
       return partie == naissance_.end() ? 0 : partie->second.toInt();
     };
-    const QDate date(nombre(Champ::AnneeNaissance), nombre(Champ::MoisNaissance),
-                     nombre(Champ::JourNaissance));
+    const int annee = nombre(Champ::AnneeNaissance), mois = nombre(Champ::MoisNaissance),
+              jour = nombre(Champ::JourNaissance);
+    const QDate date(annee, mois, jour);
     if (date.isValid() && !c_.naissance.isValid()) {
       c_.naissance = date;
       return;
     }
+    const QString sansAnnee =
+        u"--%1-%2"_s.arg(mois, 2, 10, QChar(u'0')).arg(jour, 2, 10, QChar(u'0'));
+    if (const QString ecrit = JourSansAnnee(sansAnnee);
+        naissance_.size() == 2 && ecrit != sansAnnee)
+      return NoterJour(ecrit);
     for (const auto &[champ, valeur] : std::as_const(naissance_))
       c_.autres.append({LibelleDestination({champ}), valeur});
   }
