@@ -110,7 +110,11 @@ void PageColonnes::Ajouter(int colonne, const QString &exemple) {
   connect(combo, &QComboBox::activated, this,
           [this, colonne, offertes](int choix) { Choisir(colonne, offertes[choix]); });
   ligne->setSizeHint(kDevient, combo->sizeHint() + QSize(0, kAir));
+  QTreeWidgetItem *devant = ui_->LstColonnes->itemAbove(ligne);
   ui_->LstColonnes->setItemWidget(ligne, kDevient, combo);
+  // Made last, it would come behind all else of the window.
+  setTabOrder(devant == nullptr ? ui_->LstColonnes : ui_->LstColonnes->itemWidget(devant, kDevient),
+              combo);
 }
 
 void PageColonnes::Choisir(int colonne, const Destination &destination) {
