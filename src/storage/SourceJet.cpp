@@ -63,7 +63,8 @@ QString Raison(FinProcessus fin, const TableJet &table, seconds delai) {
     case FinProcessus::Echoue:
       return u"le fichier est endommagé"_s;
     case FinProcessus::Introuvable:
-      return u"le programme velmira-jet, qui lit ces anciennes bases, ne peut pas être lancé"_s;
+      return u"le programme velmira-jet, qui lit ces anciennes bases, ne peut pas être lancé, et "
+             "il faut réinstaller Velmira"_s;
     case FinProcessus::Delai:
       return u"sa lecture n'a pas abouti en %1 secondes"_s.arg(delai.count());
     case FinProcessus::Interrompu:
@@ -76,9 +77,7 @@ ErreurBase NonLue(const QString &chemin, const QString &raison) {
   return ErreurBase(
       PhraseEchec(u"L'ancienne base de données « %1 » n'a pas pu être lue"_s.arg(
                       QDir::toNativeSeparators(chemin)),
-                  {raison,
-                   u"Remettez à sa place une copie de sauvegarde ; si cela se reproduit, "
-                   "réinstallez Velmira."_s},
+                  {raison, u"Si vous en avez une copie de sauvegarde, employez-la à sa place."_s},
                   u"Le fichier n'a pas été modifié."_s, {}),
       GenreErreur::Endommagee);
 }

@@ -139,7 +139,9 @@ QString BoitesSysteme::Fichier(const QString &invite, const QString &dossier,
 
 QStringList BoitesSysteme::Fichiers(const QString &invite, const QString &dossier,
                                     const QString &filtre) {
-  return QFileDialog::getOpenFileNames(Devant(), invite, dossier, filtre);
+  // Of a folder that is missing the toolkit would offer the name as that of a file.
+  const QString depart = QFileInfo(dossier).isDir() ? dossier : QDir::homePath();
+  return QFileDialog::getOpenFileNames(Devant(), invite, depart, filtre);
 }
 
 QString BoitesSysteme::FichierAEcrire(const QString &invite, const QString &propose,
