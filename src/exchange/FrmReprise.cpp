@@ -234,7 +234,7 @@ void FrmReprise::MontrerEtude() {
   const qsizetype aSavoir = ui_->OngletSavoir->Montrer(etude_);
   ui_->Onglets->setTabText(ui_->Onglets->indexOf(ui_->OngletSavoir),
                            u"À sa&voir (%1)"_s.arg(aSavoir));
-  MontrerOnglet(*ui_->OngletSavoir, aSavoir > 0);
+  MontrerOnglet(ui_->OngletSavoir, aSavoir > 0);  // behind its text, which wakes its key
   MontrerFichier();
   MajBoutons();
 }
@@ -253,16 +253,14 @@ void FrmReprise::MontrerFichier() {
   MontrerColonnes(fichier);
 }
 
-void FrmReprise::MontrerOnglet(QWidget &page, bool montre) {
-  const int place = ui_->Onglets->indexOf(&page);
-  ui_->Onglets->setTabVisible(place, montre);
-  ui_->Onglets->setTabEnabled(place, montre);  // or its key would still open it
+void FrmReprise::MontrerOnglet(QWidget *page, bool montre) {
+  ui_->Onglets->setTabVisible(ui_->Onglets->indexOf(page), montre);
 }
 
 void FrmReprise::MontrerColonnes(const FichierRepris &fichier) {
   const bool tableau = fichier.genre == GenreFichier::Tableau;
   if (tableau) ui_->OngletColonnes->Montrer(fichier.forme, fichier.colonnes);
-  MontrerOnglet(*ui_->OngletColonnes, tableau);
+  MontrerOnglet(ui_->OngletColonnes, tableau);
 }
 
 void FrmReprise::MajBoutons() {

@@ -59,7 +59,7 @@ class FrmReprise : public QDialog {
   void MontrerEtude();
   /// Of the file that is selected.
   void MontrerFichier();
-  void MontrerOnglet(QWidget &page, bool montre);
+  void MontrerOnglet(QWidget *page, bool montre);
   void MontrerColonnes(const FichierRepris &fichier);
   void ChangerColonnes(const Correspondances &colonnes);
   /// What the main button does by now.
