@@ -112,6 +112,8 @@ void PageDeja::Remplir() {
 }
 
 void PageDeja::MajLignes() {
+  // Laid out once for all: for each line the list would measure a thousand others.
+  const QSignalBlocker muet(ui_->LstDeja->model());
   for (qsizetype rang = 0; rang < choix_.Toutes().size(); ++rang) {
     QTreeWidgetItem &ligne = *ui_->LstDeja->topLevelItem(static_cast<int>(rang));
     const ReponseReprise *propre = choix_.Propre(rang);
@@ -121,6 +123,7 @@ void PageDeja::MajLignes() {
     police.setBold(propre != nullptr);
     ligne.setFont(kChoix, police);
   }
+  ui_->LstDeja->doItemsLayout();
 }
 
 qsizetype PageDeja::Rang() const {
