@@ -20,6 +20,13 @@ class Enumeration {
   void Ajouter(qsizetype nombre, const QString &une, const QString &plusieurs) {
     if (nombre > 0) parties_.append(Compter(nombre, une, plusieurs));
   }
+  /// The same of persons: the first number says of whom.
+  void AjouterPersonnes(qsizetype nombre, const QString &une, const QString &plusieurs) {
+    if (parties_.isEmpty())
+      Ajouter(nombre, u"correspondant "_s + une, u"correspondants "_s + plusieurs);
+    else
+      Ajouter(nombre, une, plusieurs);
+  }
   /// Some of those that were counted last.
   void Dont(qsizetype nombre, const QString &un, const QString &plusieurs) {
     if (nombre > 0) parties_.append(u"dont "_s + Compter(nombre, un, plusieurs));
@@ -66,26 +73,26 @@ QString PhraseEtude(const EtudeReprise &etude) {
       etude.repetees > 0 ? u" (dont %1 du même nom qu'un autre)"_s.arg(etude.repetees) : u""_s;
   parties.Ajouter(etude.nouvelles, u"nouveau correspondant"_s + dont,
                   u"nouveaux correspondants"_s + dont);
-  parties.Ajouter(DejaLa(etude), u"déjà là, à compléter ou à comparer"_s,
-                  u"déjà là, à compléter ou à comparer"_s);
-  parties.Ajouter(etude.identiques, u"déjà là, sans rien de nouveau"_s,
-                  u"déjà là, sans rien de nouveau"_s);
+  parties.AjouterPersonnes(DejaLa(etude), u"déjà là, à compléter ou à comparer"_s,
+                           u"déjà là, à compléter ou à comparer"_s);
+  parties.AjouterPersonnes(etude.identiques, u"déjà là, sans rien de nouveau"_s,
+                           u"déjà là, sans rien de nouveau"_s);
   parties.Ajouter(refusees, u"fiche refusée"_s, u"fiches refusées"_s);
   return parties.Phrase(u"Aucun correspondant dans ces fichiers."_s);
 }
 
 QString PhraseBilan(const BilanReprise &bilan) {
   Enumeration parties;
-  parties.Ajouter(bilan.ajoutes, u"correspondant ajouté"_s, u"correspondants ajoutés"_s);
+  parties.AjouterPersonnes(bilan.ajoutes, u"ajouté"_s, u"ajoutés"_s);
   parties.Dont(bilan.caches, u"protégé par un autre utilisateur et caché pour vous"_s,
                u"protégés par un autre utilisateur et cachés pour vous"_s);
-  parties.Ajouter(bilan.completes, u"complété"_s, u"complétés"_s);
-  parties.Ajouter(bilan.remplaces, u"modifié d'après le fichier"_s,
-                  u"modifiés d'après le fichier"_s);
-  parties.Ajouter(bilan.identiques, u"déjà là, sans rien de nouveau"_s,
-                  u"déjà là, sans rien de nouveau"_s);
-  parties.Ajouter(bilan.gardes, u"déjà là et gardé sans changement"_s,
-                  u"déjà là et gardés sans changement"_s);
+  parties.AjouterPersonnes(bilan.completes, u"complété"_s, u"complétés"_s);
+  parties.AjouterPersonnes(bilan.remplaces, u"modifié d'après le fichier"_s,
+                           u"modifiés d'après le fichier"_s);
+  parties.AjouterPersonnes(bilan.identiques, u"déjà là, sans rien de nouveau"_s,
+                           u"déjà là, sans rien de nouveau"_s);
+  parties.AjouterPersonnes(bilan.gardes, u"déjà là et gardé sans changement"_s,
+                           u"déjà là et gardés sans changement"_s);
   parties.Ajouter(bilan.refuses, u"fiche refusée"_s, u"fiches refusées"_s);
   const Reunion &tables = bilan.tables;
   parties.Ajouter(tables.villes, u"ville ajoutée"_s, u"villes ajoutées"_s);
