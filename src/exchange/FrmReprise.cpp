@@ -28,6 +28,8 @@
 
 using namespace Qt::StringLiterals;
 
+static constexpr qsizetype kParagraphes = 4;  ///< in a box, which has to stay on the screen
+
 FrmReprise::FrmReprise(Session &session, bool annulable, QWidget *parent)
     : QDialog(parent),
       session_(session),
@@ -114,7 +116,7 @@ void FrmReprise::Deposer(const QList<QUrl> &adresses) {
           u"« %1 » n'est pas un fichier de cet ordinateur. Copiez-le d'abord ici, "
           "puis recommencez."_s.arg(adresse.toDisplayString()));
   if (!lointaines.isEmpty())
-    session_.plateforme.boites.Attention(Abreger(lointaines).join(u"\n\n"_s));
+    session_.plateforme.boites.Attention(Abreger(lointaines, kParagraphes).join(u"\n\n"_s));
   Ajouter(chemins);
 }
 
@@ -158,7 +160,7 @@ void FrmReprise::Ajouter(const QStringList &chemins) {
               });
   if (!regardes || regardes->arrete) return;
   if (!regardes->refus.isEmpty())
-    session_.plateforme.boites.Attention(Abreger(regardes->refus).join(u"\n\n"_s));
+    session_.plateforme.boites.Attention(Abreger(regardes->refus, kParagraphes).join(u"\n\n"_s));
   QList<FichierRepris> pris = regardes->fichiers;
   pris.removeIf([this](const FichierRepris &fichier) { return !Accepte(fichier); });
   for (FichierRepris &fichier : pris)

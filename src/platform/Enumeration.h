@@ -4,11 +4,11 @@
 #include <QStringList>
 
 /// The first ones, and behind them how many more there are: a box has to stay on the screen.
-inline QStringList Abreger(QStringList lignes) {
-  constexpr qsizetype kMontrees = 10;
-  const qsizetype reste = lignes.size() - kMontrees;
+inline QStringList Abreger(QStringList lignes, qsizetype montrees = 10) {
+  const qsizetype reste = lignes.size() - montrees;
   if (reste <= 0) return lignes;
-  lignes.resize(kMontrees);
-  lignes.append(QStringLiteral("... et %1 autre(s)").arg(reste));
+  lignes.resize(montrees);
+  lignes.append((reste > 1 ? QStringLiteral("... et %1 autres") : QStringLiteral("... et %1 autre"))
+                    .arg(reste));
   return lignes;
 }

@@ -28,9 +28,9 @@ QString Libelle(const QString &table) {
   static const QHash<QString, QString> kLibelles{{u"Adresse"_s, u"correspondants"_s},
                                                  {u"Expediteur"_s, u"expéditeurs"_s},
                                                  {u"Ville"_s, u"villes"_s},
-                                                 {u"Alerte"_s, u"types d'événements"_s},
+                                                 {u"Alerte"_s, u"types d'évènements"_s},
                                                  {u"Listecoal"_s, u"personnes des alertes"_s},
-                                                 {u"ListeAlerte"_s, u"événements"_s}};
+                                                 {u"ListeAlerte"_s, u"évènements"_s}};
   return kLibelles.value(table);
 }
 
