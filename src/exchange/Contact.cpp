@@ -147,7 +147,9 @@ QString Numero(QString numero, const QString &separateur) {
     national = u'0' + numero.mid(trouve.capturedEnd());
   if (national.contains(u'+') || national.startsWith(u"00"_s)) return numero;
   const QString chiffres = Chiffres(national);
-  return chiffres.isEmpty() ? numero : FormatTelephone(chiffres, separateur);
+  constexpr qsizetype kEntier = 10;
+  const bool ailleurs = chiffres.size() == kEntier && !chiffres.startsWith(u'0');
+  return chiffres.isEmpty() || ailleurs ? numero : FormatTelephone(chiffres, separateur);
 }
 
 class Redaction {

@@ -1,6 +1,7 @@
 #include "exchange/LecteurCsv.h"
 
 #include "address/NomsProposes.h"
+#include "address/Titres.h"
 #include "platform/Erreurs.h"
 #include "platform/FluxOctets.h"
 #include "platform/PageDeCode.h"
@@ -200,8 +201,8 @@ QString CategoriesEcrites(const QString &categories) {
 class Traduction {
  public:
   Traduction(const QStringList &entetes, const Correspondances &correspondances,
-             const QStringList &valeurs)
-      : entetes_(entetes), correspondances_(correspondances), valeurs_(valeurs) {}
+             const QStringList &valeurs, const QStringList &titres)
+      : entetes_(entetes), correspondances_(correspondances), valeurs_(valeurs), titres_(titres) {}
 
   Contact Traduire() {
     for (qsizetype i = 0; i < valeurs_.size(); ++i)
@@ -285,10 +286,12 @@ class Traduction {
   }
 
   void PlacerNomPrenom(const QString &valeur, qsizetype colonne) {
-    const QString liste = valeur.simplified().remove(u'"');
+    const QString entier = valeur.simplified().remove(u'"');
+    QString liste = RemplacerTitre(entier, titres_, u""_s);
+    if (liste.isEmpty() || entier.startsWith(u"Société "_s)) liste = entier;
     if (c_.complet.isEmpty() && liste.size() <= kPlusLong)
       c_.colonnes.insert(Ordinal(&L::NomVelmira), liste);
-    PlacerNom(c_.complet, NomPourEnveloppe(liste), colonne);
+    PlacerNom(c_.complet, entier.chopped(liste.size()) + NomPourEnveloppe(liste), colonne);
   }
 
   void PlacerColonne(const Destination &d, qsizetype colonne) {
@@ -428,6 +431,7 @@ class Traduction {
   const QStringList &entetes_;
   const Correspondances &correspondances_;
   const QStringList &valeurs_;
+  const QStringList &titres_;
   Contact c_;
   QHash<int, QString> libelles_;  ///< of the groups
   QSet<int> dits_;                ///< groups whose label has been used
@@ -453,8 +457,8 @@ class LecteurCsv : public SourcePersonnes {
     QStringList valeurs;
     QString refus;
     if (!tableau_.Suivant(valeurs, refus)) return std::nullopt;
-    PersonneImportee personne =
-        PersonneDe(Traduction(entetes_, correspondances_, valeurs).Traduire(), usages_);
+    PersonneImportee personne = PersonneDe(
+        Traduction(entetes_, correspondances_, valeurs, usages_.titres).Traduire(), usages_);
     personne.origine = {chemin_, ++rang_, tableau_.Ligne()};
     if (!refus.isEmpty()) personne.refus = refus;
     return personne;

@@ -143,7 +143,7 @@ TEST_F(AutresProgrammes, Tableaux) {
     First name,Last name,Company,Mobile,Home phone,Home email,Work email,Home street,Home city,Home zip,Birthday,Note¶A,B,Co,1,2,c@d,e@f,3 r,V,4,1980-03-14,n | Ligne1=A B; Ligne2=Co; Ligne3=3 r; CodePostal=4; Ville=V; NomVelmira=B A; Tel=2; Mail=c@d; Commentaires=n/Adresse email (travail) : e@f; Portable=1; DDN=14/03/1980
     sep=;¶Nom;Adresse;CP;Ville;Né(e) le;Truc¶Jo Fay;=1+1;01000;Bourg;14.3.80;x;y¶ | Ligne1=Jo Fay; Ligne2==1+1; CodePostal=01000; Ville=Bourg; NomVelmira=Fay Jo; Commentaires=Truc : x/Colonne 7 : y; DDN=14/03/1980
     First Name,Birthday¶A,13/02/80 | Ligne1=A; NomVelmira=A; DDN=13/02/1980
-    Nom et prénom;Ville¶Le Goff Anne;Brest | Ligne1=Anne Le Goff; Ville=Brest; NomVelmira=Le Goff Anne
+    Nom et prénom;Ville;Tel¶Mme Le Goff Anne;Brest;905-555-1234 | Ligne1=Mme Anne Le Goff; Ville=Brest; NomVelmira=Le Goff Anne; Tel=905-555-1234
     Nom;Adresse1;Adresse2;Le fixe;Tel2;Anniv¶;;;;;¶Jo;1 r;bis;01;06;--02-29¶ ;;;;; | Ligne1=Jo; Ligne2=1 r; Ligne3=bis; NomVelmira=Jo; Tel=01; Commentaires=Né(e) le : 29/02; Portable=06
     Client;Courrier¶Jo;a@b¶ | NomVelmira=a@b; Mail=a@b; Commentaires=Client : Jo
     Jo;a@b;0102¶ | Ligne1=Jo; NomVelmira=Jo; Mail=a@b; Commentaires=Colonne 3 : 0102
