@@ -73,10 +73,10 @@ QString PhraseEtude(const EtudeReprise &etude) {
       etude.repetees > 0 ? u" (dont %1 du même nom qu'un autre)"_s.arg(etude.repetees) : u""_s;
   parties.Ajouter(etude.nouvelles, u"nouveau correspondant"_s + dont,
                   u"nouveaux correspondants"_s + dont);
-  parties.AjouterPersonnes(DejaLa(etude), u"déjà là, à compléter ou à comparer"_s,
-                           u"déjà là, à compléter ou à comparer"_s);
-  parties.AjouterPersonnes(etude.identiques, u"déjà là, sans rien de nouveau"_s,
-                           u"déjà là, sans rien de nouveau"_s);
+  parties.AjouterPersonnes(DejaLa(etude), u"déjà là à compléter ou à comparer"_s,
+                           u"déjà là à compléter ou à comparer"_s);
+  parties.AjouterPersonnes(etude.identiques, u"déjà là sans rien de nouveau"_s,
+                           u"déjà là sans rien de nouveau"_s);
   parties.Ajouter(refusees, u"fiche refusée"_s, u"fiches refusées"_s);
   return parties.Phrase(u"Aucun correspondant dans ces fichiers."_s);
 }
@@ -89,8 +89,8 @@ QString PhraseBilan(const BilanReprise &bilan) {
   parties.AjouterPersonnes(bilan.completes, u"complété"_s, u"complétés"_s);
   parties.AjouterPersonnes(bilan.remplaces, u"modifié d'après le fichier"_s,
                            u"modifiés d'après le fichier"_s);
-  parties.AjouterPersonnes(bilan.identiques, u"déjà là, sans rien de nouveau"_s,
-                           u"déjà là, sans rien de nouveau"_s);
+  parties.AjouterPersonnes(bilan.identiques, u"déjà là sans rien de nouveau"_s,
+                           u"déjà là sans rien de nouveau"_s);
   parties.AjouterPersonnes(bilan.gardes, u"déjà là et gardé sans changement"_s,
                            u"déjà là et gardés sans changement"_s);
   parties.Ajouter(bilan.refuses, u"fiche refusée"_s, u"fiches refusées"_s);
