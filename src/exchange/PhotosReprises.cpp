@@ -19,11 +19,14 @@ QString PhotosReprises::Ecrire(const QString &nom, const PhotoImportee &photo) {
   if (debut.isEmpty()) debut = u"Photo"_s;
   QString chemin;
   int &numero = numeros_[debut.toLower()];  // some disks know no other names
-  do {
+  for (;;) {
     ++numero;
     const QString suite = numero == 1 ? QString() : u' ' + QString::number(numero);
     chemin = u"%1/%2%3.%4"_s.arg(dossier_, debut, suite, photo.genre);
-  } while (EstPresent(chemin));
+    if (!EstPresent(chemin)) break;
+    // One that was undone leaves its pictures, for whoever takes it back.
+    if (LirePhoto(chemin) == photo.octets) return chemin;
+  }
   ecrites_.append({CreerProvisoire(dossier_, photo.octets), chemin});
   provisoires_.insert(chemin, ecrites_.constLast().first);
   return chemin;

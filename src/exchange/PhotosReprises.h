@@ -20,7 +20,8 @@ class PhotosReprises {
   PhotosReprises(const PhotosReprises &) = delete;
   PhotosReprises &operator=(const PhotosReprises &) = delete;
 
-  /// The path that a picture will have, after the name of its person.
+  /// The path that a picture will have, after the name of its person; of a file that holds it
+  /// already, where such a one bears that name.
   QString Ecrire(const QString &nom, const PhotoImportee &photo);
 
   /// See `LirePhoto`; also of one that has no name yet.

@@ -206,6 +206,11 @@ TEST_F(VenusDAilleurs, ToutOuRien) {
             Chemin(u"Photos/A 2.jpg"_s) + u' ' + Chemin(u"Photos/A 3.jpg"_s));
   Reprendre(deux, Demande());
   EXPECT_EQ(Images().size(), 3) << "the same picture needs no second file";
+  Sql(u"b"_s, u"DELETE FROM Adresse"_s);  // as one who undoes it
+  Reprendre(deux, Demande());
+  EXPECT_EQ(Images().size(), 3);
+  EXPECT_EQ(Sql(u"b"_s, u"SELECT Photo FROM Adresse"_s),
+            Chemin(u"Photos/A 2.jpg"_s) + u' ' + Chemin(u"Photos/A 3.jpg"_s));
 }
 
 // The command; what of it is refused; how it ends, and what stands in the base then.
