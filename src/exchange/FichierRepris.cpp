@@ -23,6 +23,10 @@ QString FichierRepris::Constat() const {
   return base ? base->Constat() : QString();
 }
 
+bool FichierRepris::SansNom() const {
+  return genre == GenreFichier::Tableau && !DonnentUnNom(colonnes);
+}
+
 FichierRepris Regarder(const QString &chemin, const ReglesCopie &regles) {
   FichierRepris fichier{.chemin = chemin, .genre = GenreDe(chemin)};
   switch (fichier.genre) {

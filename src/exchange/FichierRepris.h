@@ -27,6 +27,8 @@ struct FichierRepris {
   /// Of an older database that is damaged: what could be read, a line for each table; whoever takes
   /// that over must have asked the user. Empty for any other file.
   QString Constat() const;
+  /// A table of which no column names the persons.
+  bool SansNom() const;
 };
 
 /// Looks at a file by what it holds, whatever its name. An older database is read whole by another

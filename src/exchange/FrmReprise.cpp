@@ -177,10 +177,9 @@ void FrmReprise::MontrerNouveaux(qsizetype premier) {
   ui_->Fichiers->Choisir(premier);
   AllerA(ui_->PageFichiers);
   Etudier();
-  const FichierRepris &fichier = fichiers_[premier];
-  const bool sansNom = fichier.genre == GenreFichier::Tableau && !DonnentUnNom(fichier.colonnes);
-  ui_->Onglets->setCurrentWidget(sansNom ? static_cast<QWidget *>(ui_->OngletColonnes)
-                                         : ui_->OngletApercu);
+  ui_->Onglets->setCurrentWidget(fichiers_[premier].SansNom()
+                                     ? static_cast<QWidget *>(ui_->OngletColonnes)
+                                     : ui_->OngletApercu);
 }
 
 bool FrmReprise::Accepte(const FichierRepris &fichier) {
@@ -280,7 +279,7 @@ void FrmReprise::MajBoutons() {
                              : nombre == 0 ? u"&Reprendre"_s
                              : nombre == 1 ? u"&Reprendre 1 fiche"_s
                                            : u"&Reprendre %1 fiches"_s.arg(nombre));
-  ui_->LblEtude->setText(!perimee_   ? PhraseEtude(etude_)
+  ui_->LblEtude->setText(!perimee_   ? PhraseEtude(etude_) + PhraseSansNom(fichiers_)
                          : colonnes_ ? u"Les colonnes ont changé : relisez les fichiers."_s
                                      : u"Les fichiers n'ont pas été lus jusqu'au bout."_s);
 }

@@ -2,8 +2,10 @@
 
 #include "platform/Fichiers.h"
 
+#include <QFileInfo>
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 using namespace Qt::StringLiterals;
@@ -79,6 +81,13 @@ QString PhraseEtude(const EtudeReprise &etude) {
                            u"déjà là sans rien de nouveau"_s);
   parties.Ajouter(refusees, u"fiche refusée"_s, u"fiches refusées"_s);
   return parties.Phrase(u"Aucun correspondant dans ces fichiers."_s);
+}
+
+QString PhraseSansNom(const QList<FichierRepris> &fichiers) {
+  const auto tableau = std::ranges::find_if(fichiers, &FichierRepris::SansNom);
+  if (tableau == fichiers.end()) return {};
+  return u" Dans « %1 », aucune colonne ne donne le nom."_s.arg(
+      QFileInfo(tableau->chemin).fileName());
 }
 
 QString PhraseBilan(const BilanReprise &bilan) {

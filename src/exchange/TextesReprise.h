@@ -3,9 +3,11 @@
 // done.
 
 #include "exchange/EtudeReprise.h"
+#include "exchange/FichierRepris.h"
 #include "exchange/GenreFichier.h"
 #include "exchange/Reprise.h"
 
+#include <QList>
 #include <QString>
 
 /// "Tableau CSV".
@@ -13,6 +15,8 @@ QString TexteGenre(GenreFichier genre);
 
 /// Who would come, one sentence.
 QString PhraseEtude(const EtudeReprise &etude);
+/// Of the first table that does not name its people, behind it; empty where there is none.
+QString PhraseSansNom(const QList<FichierRepris> &fichiers);
 /// What has been done, one sentence.
 QString PhraseBilan(const BilanReprise &bilan);
 
