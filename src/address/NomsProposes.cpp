@@ -78,7 +78,9 @@ QString NomPourListe(const QString &enveloppe, const QStringList &titres) {
   const bool societe = enveloppe.startsWith(u"Société "_s);
   if (mots.size() < 2 || societe || CommencentParFamille(mots)) return nom;
   const qsizetype debut = DebutDeFamille(mots);
-  return Assembler(mots.mid(debut), mots.first(debut));
+  const bool club = debut < mots.size() - 1 && mots.last().front().isLower() &&
+                    mots.first().front().isUpper();  // "Club de boules"
+  return club ? nom : Assembler(mots.mid(debut), mots.first(debut));
 }
 
 QString PrenomCertain(const QString &liste, const QString &enveloppe, bool personne,

@@ -55,7 +55,7 @@ TEST(Adresses, UnNomProposeLAutre) {
     M. Paul DURAND | DURAND Paul || M. et Mme Paul Durand | Durand Paul || Paul Durand (1er) | Durand Paul
     Mme Anne Marie Le Goff | Le Goff Anne Marie || Jean DE LA TOUR | DE LA TOUR Jean || Mme |
     M. Jean de La Fontaine | de La Fontaine Jean || M. J. P. DURAND | DURAND J. P. || Mme Zoé | Zoé
-    Société Martin Frères | Martin Frères || PAUL DURAND | DURAND PAUL || M. LE GOFF Anne | LE GOFF Anne || |
+    Société Martin Frères | Martin Frères || PAUL DURAND | DURAND PAUL || M. LE GOFF Anne | LE GOFF Anne || Club de boules | Club de boules || |
   )",
       [](Rangee c) {
         return NomPourListe(c[0], {u"M."_s, u"M. et Mme"_s, u"Mme"_s, u"Société"_s});
