@@ -19,7 +19,7 @@ namespace {
 
 constexpr std::array kReponses{Deja::Completer, Deja::Garder, Deja::Prendre, Deja::Deux};
 constexpr int kCommeTous = 0, kChampParChamp = kReponses.size() + 1;
-constexpr int kNom = 0, kDifferences = 1, kChoix = 2;
+constexpr int kDifferences = 1, kChoix = 2;
 constexpr int kChamp = 0, kLa = 1, kIci = 2;
 
 int RangDe(Deja deja) {

@@ -9,8 +9,9 @@
 using namespace Qt::StringLiterals;
 
 PhotosReprises::~PhotosReprises() {
-  for (const auto &[provisoire, chemin] : std::as_const(ecrites_))
-    Ignorer([&] { EffacerFichier(QFileInfo::exists(provisoire) ? provisoire : chemin); });
+  for (const auto &ecrite : std::as_const(ecrites_))
+    Ignorer(
+        [&] { EffacerFichier(QFileInfo::exists(ecrite.first) ? ecrite.first : ecrite.second); });
 }
 
 QString PhotosReprises::Ecrire(const QString &nom, const PhotoImportee &photo) {

@@ -61,7 +61,7 @@ bool FluxOctets::Remplir() {
   return !tampon_.isEmpty() || (n > 0 && Remplir());
 }
 
-QByteArray FluxOctets::SansMarque(QByteArray octets) {
+QByteArray FluxOctets::SansMarque(const QByteArray &octets) {
   if (octets.startsWith("\xEF\xBB\xBF")) return octets.sliced(3);
   if (octets.startsWith("\xFF\xFE")) seizeBits_.emplace(QStringDecoder::Utf16LE);
   if (octets.startsWith("\xFE\xFF")) seizeBits_.emplace(QStringDecoder::Utf16BE);

@@ -32,7 +32,7 @@ class FluxOctets {
  private:
   bool Reste() { return place_ < tampon_.size() || Remplir(); }
   bool Remplir();
-  QByteArray SansMarque(QByteArray octets);
+  QByteArray SansMarque(const QByteArray &octets);
 
   QFile fichier_;
   QByteArray tampon_;

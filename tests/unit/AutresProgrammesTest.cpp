@@ -96,7 +96,7 @@ TEST_F(AutresProgrammes, RienNeSePerd) {
     };
     QByteArray carte = "BEGIN:VCARD\r\nVERSION:" + version + "\r\n";
     for (int n = tirer(25) + 1; n > 0; --n) {
-      const QString nom = noms[tirer(17)];
+      const QString &nom = noms[tirer(17)];
       QString ligne = nom;
       if (tirer(4) == 0) ligne.prepend(u"i%1."_s.arg(n));
       if (tirer(3) == 0)
