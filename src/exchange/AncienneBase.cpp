@@ -2,6 +2,7 @@
 
 #include "address/NomsProposes.h"
 #include "address/Titres.h"
+#include "exchange/Confrontation.h"
 #include "exchange/Contact.h"
 #include "platform/Pannes.h"
 #include "storage/Noms.h"
@@ -9,6 +10,7 @@
 #include "storage/SourceSqlite.h"
 #include "storage/Tables.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 
@@ -44,6 +46,8 @@ class SourceBase : public SourcePersonnes {
     personne.fiche.Index = 0;
     personne.origine = {chemin_, ++lues_, 0};
     SansNul(personne.fiche);
+    personne.auxNotes = ancienne_->NumerosPerdus(lues_, personne.fiche);
+    Annexer(personne.fiche.Commentaires, personne.auxNotes);
     Nommer(personne);
     return personne;
   }
@@ -92,6 +96,7 @@ AncienneBase::AncienneBase(const QString &chemin, const ReglesCopie &regles) {
   const auto convertir = [&](SourceAncienne &source) {
     ConvertirBase(source, Convertie(), regles, [](qsizetype) {});
     cles_ = LireClesAlertes(source);
+    LireNumeros(source);
   };
   jet_ = EstJet(chemin);
   if (jet_) {
@@ -103,6 +108,28 @@ AncienneBase::AncienneBase(const QString &chemin, const ReglesCopie &regles) {
     SourceSqlite source(chemin);
     convertir(source);
   }
+}
+
+void AncienneBase::LireNumeros(SourceAncienne &source) {
+  if (!source.Ouvrir(u"Adresse"_s)) return;
+  for (qsizetype rang = 1; source.Suivante(); ++rang)
+    for (const auto champ : kNumeros) {
+      const QString numero =
+          source.Champ(static_cast<int>(Ordinal(champ))).value_or(QVariant()).toString();
+      if (std::ranges::any_of(numero, [](QChar c) { return c.isLetter(); }))
+        ecrits_[rang].*champ = numero;
+    }
+}
+
+QStringList AncienneBase::NumerosPerdus(qsizetype rang, const Correspondant &convertie) const {
+  PersonneImportee ecrite;
+  ecrite.fiche = ecrits_.value(rang);
+  ChoixColonnes<L> perdus;
+  for (const auto champ : kNumeros)
+    if (const QString nu = NumeroNu(ecrite.fiche.*champ);
+        !nu.isEmpty() && nu != NumeroNu(convertie.*champ))
+      perdus.set(Ordinal(champ));
+  return NotesDesEcarts(ecrite, perdus);
 }
 
 std::unique_ptr<SourcePersonnes> OuvrirBase(std::shared_ptr<const AncienneBase> ancienne,

@@ -5,7 +5,9 @@
 #include "storage/MiseAJour.h"
 #include "storage/ReunionTables.h"
 
+#include <QHash>
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 
 #include <memory>
@@ -24,13 +26,19 @@ class AncienneBase {
   bool EstDesDebuts() const { return jet_; }
   /// By which its events name people and kinds of event of the converted one.
   const ClesAlertes &Cles() const { return cles_; }
+  /// What the conversion has taken from the numbers of a row, which keeps digits only: the numbers
+  /// as they stood, each with its label. `rang` from 1.
+  QStringList NumerosPerdus(qsizetype rang, const Correspondant &convertie) const;
   /// The database with the converted rows.
   QString Convertie() const { return dossier_.filePath(QStringLiteral("convertie.mdb")); }
 
  private:
+  void LireNumeros(SourceAncienne &source);
+
   QTemporaryDir dossier_;
   QString constat_;
   ClesAlertes cles_;
+  QHash<qsizetype, Correspondant> ecrits_;  ///< those with letters, by the rank of the row
   bool jet_ = false;
 };
 

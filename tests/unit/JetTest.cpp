@@ -270,12 +270,21 @@ TEST_F(Jet, MiseAJourDesExemples) {
           QString colonnes;
           for (const QString &nom : ListeColonnes(Table<Correspondant>{}, 1).split(u", "_s))
             if (nom != u"[AlerteActive]" && nom != u"[NomVelmira]")
-              colonnes += u"|| '/' || coalesce(%1, '')"_s.arg(nom);
+              colonnes += u"|| '/' || coalesce(%1, '')"_s.arg(
+                  nom != u"[Commentaires]"
+                      ? nom
+                      : u"rtrim(substr(%1, 1, instr(%1 || 'Téléphone (', 'Téléphone (') - 1), x'0A')"_s
+                            .arg(nom));
           return Sql(base, u"SELECT '' %1 FROM Adresse WHERE ifnull(NomVelmira, '')<>'Luc'"_s.arg(
                                colonnes));
         };
         EXPECT_EQ(fiches(u"reprise"_s), fiches(u"attendu"_s));
         EXPECT_EQ(Sql(u"reprise"_s, u"SELECT count(*) FROM Adresse WHERE NomVelmira=''"_s), u"0"_s);
+        // What the rule of the numbers drops stands in the notes.
+        EXPECT_EQ(Sql(u"reprise"_s,
+                      u"SELECT replace(Commentaires, x'0A', ', ') FROM Adresse WHERE "
+                      "Ligne1='etienne anne'"_s),
+                  c[0] == u"vide"_s ? u""_s : u"Téléphone (travail) : poste 12, Fax : néant"_s);
         EXPECT_EQ(Octets(u"app/Sauvan.cfg"_s),
                   QByteArray(c[0] == u"vide"_s ? "(no file)" : "1,1\r\n"));
         const QStringList une = Tout(u"reprise"_s);
