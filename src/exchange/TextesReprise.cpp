@@ -1,5 +1,6 @@
 #include "exchange/TextesReprise.h"
 
+#include "platform/Enumeration.h"
 #include "platform/Fichiers.h"
 
 #include <QFileInfo>
@@ -11,10 +12,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QString Compter(qsizetype nombre, const QString &une, const QString &plusieurs) {
-  return u"%1 %2"_s.arg(nombre).arg(nombre > 1 ? plusieurs : une);
-}
 
 /// Numbers and what they count, those of nothing left out: "2 fiches ajoutées, 1 refusée".
 class Enumeration {

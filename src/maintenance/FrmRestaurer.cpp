@@ -54,10 +54,6 @@ void Elargir(QTreeView &vue, int colonne) {
   vue.setColumnWidth(colonne, vue.columnWidth(colonne) + 2 * vue.fontMetrics().averageCharWidth());
 }
 
-QString Compter(qsizetype nombre, const QString &un, const QString &plusieurs) {
-  return QString::number(nombre) + u' ' + (nombre > 1 ? plusieurs : un);
-}
-
 /// "2 supprimés, 1 modifié"; empty where nobody has changed.
 QString TexteEcarts(const Comparaison &comparaison) {
   QStringList textes;

@@ -1,7 +1,13 @@
 #pragma once
-// Names and lines that a box tells one by one.
+// Names and lines that a box tells one by one, and how many of a thing there are.
 
+#include <QString>
 #include <QStringList>
+
+/// "1 fiche", "2 fiches".
+inline QString Compter(qsizetype nombre, const QString &un, const QString &plusieurs) {
+  return QString::number(nombre) + u' ' + (nombre > 1 ? plusieurs : un);
+}
 
 /// The first ones, and behind them how many more there are: a box has to stay on the screen.
 inline QStringList Abreger(QStringList lignes, qsizetype montrees = 10) {
