@@ -2,12 +2,11 @@
 
 #include "directory/FichierPhoto.h"
 #include "exchange/Contact.h"
-#include "platform/Erreurs.h"
-#include "platform/FluxOctets.h"
+#include "exchange/DecoupageCartes.h"
+#include "exchange/LibellesCartes.h"
 #include "platform/PageDeCode.h"
 
 #include <QHash>
-#include <QSet>
 #include <QStringDecoder>
 
 #include <algorithm>
@@ -17,328 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype kCarteMax = 32 << 20;  ///< bytes of one card
-constexpr qsizetype kLignesMax = 2000;     ///< properties of one card
-constexpr QByteArrayView kDebut("BEGIN:VCARD"), kFin("END:VCARD"), kPropre("X-VELMIRA-");
-
-bool Est(QByteArrayView ligne, QByteArrayView quoi) {
-  return ligne.trimmed().compare(quoi, Qt::CaseInsensitive) == 0;
-}
-
-/// A line of a card, unfolded.
-struct Propriete {
-  QByteArray groupe, nom;  ///< the name in capitals
-  QList<std::pair<QByteArray, QByteArray>> parametres;
-  QByteArray valeur;
-  bool imbriquee = false;  ///< of a card within the card
-
-  QByteArray Parametre(const char *cherche) const {
-    for (const auto &[parametre, texte] : parametres)
-      if (parametre == cherche) return texte;
-    return {};
-  }
-  bool EstEnBase64() const {
-    const QByteArray codage = Parametre("ENCODING").toUpper();
-    return codage == "B" || codage == "BASE64";
-  }
-  bool EstImprimable() const {
-    return Parametre("ENCODING").compare("QUOTED-PRINTABLE", Qt::CaseInsensitive) == 0;
-  }
-};
-
-/// Where a sign stands outside quotes, or -1.
-qsizetype Place(QByteArrayView texte, char signe, qsizetype depuis = 0) {
-  bool cite = false;
-  for (qsizetype i = depuis; i < texte.size(); ++i) {
-    if (texte[i] == '"') cite = !cite;
-    if (texte[i] == signe && !cite) return i;
-  }
-  return -1;
-}
-
-/// What quoted-printable stands for.
-QByteArray Imprimes(const QByteArray &octets) {
-  QByteArray clair;
-  for (qsizetype i = 0; i < octets.size(); ++i) {
-    bool nombre = false;
-    const int code =
-        octets[i] == '=' && i + 2 < octets.size() ? octets.sliced(i + 1, 2).toInt(&nombre, 16) : 0;
-    clair += nombre ? static_cast<char>(code) : octets[i];
-    if (nombre) i += 2;
-  }
-  return clair;
-}
-
-/// A parameter; in version 2.1 its value may stand alone.
-std::pair<QByteArray, QByteArray> Parametre(QByteArrayView texte) {
-  // How telephones write a label of the user's own: X-CUSTOM(CHARSET=...,ENCODING=...,text).
-  if (texte.startsWith("X-CUSTOM("))
-    return {"TYPE",
-            Imprimes(texte.sliced(texte.lastIndexOf(',') + 1).toByteArray().replace(")", ""))};
-  const qsizetype egal = texte.indexOf('=');
-  const auto valeur = texte.sliced(egal + 1).trimmed().toByteArray().replace('"', "");
-  if (egal >= 0) return {texte.first(egal).trimmed().toByteArray().toUpper(), valeur};
-  const QByteArray seule = valeur.toUpper();
-  const bool codage = seule == "QUOTED-PRINTABLE" || seule == "BASE64" || seule == "8BIT" ||
-                      seule == "7BIT" || seule == "B";
-  return {codage ? "ENCODING" : "TYPE", valeur};
-}
-
-/// A line that is none of a card has no name.
-Propriete Decouper(QByteArrayView ligne) {
-  Propriete propriete;
-  const qsizetype deuxPoints = Place(ligne, ':');
-  if (deuxPoints < 0) {
-    propriete.valeur = ligne.toByteArray();
-    return propriete;
-  }
-  propriete.valeur = ligne.sliced(deuxPoints + 1).toByteArray();
-  const QByteArrayView tete = ligne.first(deuxPoints);
-  qsizetype fin = Place(tete, ';');
-  QByteArrayView nom = (fin < 0 ? tete : tete.first(fin)).trimmed();
-  if (const qsizetype point = nom.lastIndexOf('.'); point >= 0) {
-    propriete.groupe = nom.first(point).toByteArray().toLower();
-    nom = nom.sliced(point + 1);
-  }
-  propriete.nom = nom.toByteArray().toUpper();
-  while (fin >= 0) {
-    const qsizetype debut = fin + 1;
-    fin = Place(tete, ';', debut);
-    propriete.parametres.append(
-        Parametre(fin < 0 ? tete.sliced(debut) : tete.sliced(debut, fin - debut)));
-  }
-  return propriete;
-}
-
-struct Carte {
-  QList<Propriete> proprietes;
-  qsizetype ligne = 0;
-  QString refus;
-};
-
-/// Cuts a file into cards and their unfolded lines.
-class Decoupage {
- public:
-  explicit Decoupage(const QString &chemin) : flux_(chemin) { Avancer(); }
-
-  bool Suivante(Carte &carte) {
-    while (presente_ && !Est(ligne_, kDebut)) Avancer();
-    if (!presente_) return false;
-    carte = {{}, numero_, {}};
-    taille_ = 0;
-    profondeur_ = 0;
-    Avancer();
-    while (Continuer(carte)) {
-    }
-    return true;
-  }
-
-  qint64 Lu() const { return flux_.Lu(); }
-  qint64 Taille() const { return flux_.Taille(); }
-
- private:
-  /// Takes one line of the card; false behind its last one.
-  bool Continuer(Carte &carte) {
-    if (!presente_) return Refuser(carte, u"Elle est coupée par la fin du fichier."_s), false;
-    const bool dedans = profondeur_ > 0;
-    if (Est(ligne_, kDebut)) {
-      const bool agent = !carte.proprietes.isEmpty() && carte.proprietes.last().nom == "AGENT" &&
-                         carte.proprietes.last().valeur.trimmed().isEmpty();
-      if (!dedans && !agent)
-        return Refuser(carte, u"Elle est coupée par le début de la suivante."_s), false;
-      ++profondeur_;
-    } else if (Est(ligne_, kFin)) {
-      if (!dedans) return Avancer(), false;
-      --profondeur_;
-    } else {
-      Prendre(carte, Deplier());
-      return true;
-    }
-    Avancer();
-    return true;
-  }
-
-  void Prendre(Carte &carte, const QByteArray &ligne) {
-    taille_ += ligne.size();
-    if (taille_ > kCarteMax) Refuser(carte, u"Elle dépasse 32 Mo."_s);
-    if (carte.proprietes.size() >= kLignesMax) Refuser(carte, u"Elle dépasse 2000 lignes."_s);
-    // A refused one keeps its first lines, which name it.
-    if (!carte.refus.isEmpty() || ligne.trimmed().isEmpty()) return;
-    carte.proprietes.append(Decouper(ligne));
-    carte.proprietes.last().imbriquee = profondeur_ > 0;
-  }
-
-  static void Refuser(Carte &carte, const QString &raison) {
-    if (carte.refus.isEmpty()) carte.refus = raison;
-  }
-
-  void Avancer() {
-    ++numero_;
-    presente_ = flux_.Ligne(ligne_, kCarteMax);
-  }
-
-  bool EstSuite() const { return ligne_.startsWith(' ') || ligne_.startsWith('\t'); }
-
-  /// The line with those that go on with it.
-  QByteArray Deplier() {
-    QByteArray entiere = std::exchange(ligne_, {});
-    Avancer();
-    const qsizetype deuxPoints = Place(entiere, ':');
-    const QByteArray tete = entiere.first(deuxPoints < 0 ? entiere.size() : deuxPoints).toUpper();
-    if (deuxPoints >= 0 && tete.contains("QUOTED-PRINTABLE")) return DeplierImprimable(entiere);
-    const bool base64 = tete.contains("BASE64") || tete.contains("ENCODING=B");
-    while (presente_ && (EstSuite() || (base64 && EstBase64(ligne_)))) {
-      if (entiere.size() <= kCarteMax)
-        entiere += EstSuite() ? QByteArrayView(ligne_).sliced(1) : QByteArrayView(ligne_);
-      Avancer();
-    }
-    return entiere;
-  }
-
-  QByteArray DeplierImprimable(QByteArray entiere) {
-    for (;;) {
-      const bool coupee = entiere.endsWith('=');
-      if (coupee) entiere.chop(1);
-      if (!presente_ || Est(ligne_, kFin) || !(coupee || EstSuite())) break;
-      if (entiere.size() <= kCarteMax) entiere += ligne_;
-      Avancer();
-    }
-    return entiere;
-  }
-
-  /// Some programs do not fold what is in base64, and end it with an empty line.
-  static bool EstBase64(const QByteArray &ligne) {
-    return !ligne.isEmpty() && !ligne.contains(':');
-  }
-
-  FluxOctets flux_;
-  QByteArray ligne_;  ///< the next one
-  bool presente_ = true;
-  qsizetype numero_ = 0, taille_ = 0;
-  int profondeur_ = 0;  ///< of cards within the card
-};
-
-// The words that notes begin with.
-
-QString Libelle(const QByteArray &nom) {
-  static const QHash<QByteArray, QString> kLibelles{
-      {"NICKNAME", u"Surnom"_s},
-      {"TITLE", u"Fonction"_s},
-      {"ROLE", u"Profession"_s},
-      {"ANNIVERSARY", u"Anniversaire de mariage"_s},
-      {"X-ANNIVERSARY", u"Anniversaire de mariage"_s},
-      {"X-EVOLUTION-ANNIVERSARY", u"Anniversaire de mariage"_s},
-      {"X-KADDRESSBOOK-X-ANNIVERSARY", u"Anniversaire de mariage"_s},
-      {"X-MS-ANNIVERSARY", u"Anniversaire de mariage"_s},
-      {"X-MS-SPOUSE", u"Conjoint"_s},
-      {"X-MS-CHILD", u"Enfant"_s},
-      {"X-MS-MANAGER", u"Responsable"_s},
-      {"X-MS-ASSISTANT", u"Assistant"_s},
-      {"X-MS-INTERESTS", u"Loisirs"_s},
-      {"X-MS-IMADDRESS", u"Messagerie instantanée"_s},
-      {"DEATHDATE", u"Décès"_s},
-      {"BIRTHPLACE", u"Lieu de naissance"_s},
-      {"GENDER", u"Genre"_s},
-      {"TZ", u"Fuseau horaire"_s},
-      {"GEO", u"Position"_s},
-      {"LANG", u"Langue"_s},
-      {"RELATED", u"Relation"_s},
-      {"X-ABRELATEDNAMES", u"Relation"_s},
-      {"X-ABDATE", u"Date"_s},
-      {"X-SPOUSE", u"Conjoint"_s},
-      {"X-EVOLUTION-SPOUSE", u"Conjoint"_s},
-      {"X-KADDRESSBOOK-X-SPOUSENAME", u"Conjoint"_s},
-      {"X-MANAGER", u"Responsable"_s},
-      {"X-EVOLUTION-MANAGER", u"Responsable"_s},
-      {"X-KADDRESSBOOK-X-MANAGERSNAME", u"Responsable"_s},
-      {"X-ASSISTANT", u"Assistant"_s},
-      {"X-EVOLUTION-ASSISTANT", u"Assistant"_s},
-      {"X-KADDRESSBOOK-X-ASSISTANTSNAME", u"Assistant"_s},
-      {"X-MAIDENNAME", u"Nom de jeune fille"_s},
-      {"X-PHONETIC-FIRST-NAME", u"Prénom phonétique"_s},
-      {"X-PHONETIC-LAST-NAME", u"Nom phonétique"_s},
-      {"IMPP", u"Messagerie instantanée"_s},
-      {"X-AIM", u"AIM"_s},
-      {"X-ICQ", u"ICQ"_s},
-      {"X-JABBER", u"Jabber"_s},
-      {"X-MSN", u"MSN"_s},
-      {"X-YAHOO", u"Yahoo"_s},
-      {"X-SKYPE", u"Skype"_s},
-      {"X-SKYPE-USERNAME", u"Skype"_s},
-      {"X-GTALK", u"Google Talk"_s},
-      {"X-SOCIALPROFILE", u"Réseau social"_s},
-      {"SOCIALPROFILE", u"Réseau social"_s},
-      {"AGENT", u"Agent"_s},
-      {"KEY", u"Clé"_s},
-      {"LOGO", u"Logo"_s},
-      {"SOUND", u"Son"_s},
-      {"PHOTO", u"Photo"_s},
-      {"FN", u"Nom complet"_s},
-      {"N", u"Nom"_s},
-      {"ORG", u"Société"_s},
-      {"ADR", u"Adresse"_s},
-      {"LABEL", u"Adresse"_s},
-      {"X-ABADR", u"Adresse"_s},
-      {"TEL", u"Téléphone"_s},
-      {"EMAIL", u"Adresse email"_s},
-      {"URL", u"Adresse web"_s},
-      {"BDAY", u"Né(e) le"_s},
-      {"NOTE", u"Note"_s},
-      {"CATEGORIES", u"Catégories"_s},
-      {"KIND", u"Sorte"_s},
-      {"MEMBER", u"Membre"_s},
-      {"SORT-STRING", u"Classé sous"_s},
-      {"X-EVOLUTION-FILE-AS", u"Classé sous"_s},
-      {"CALURI", u"Calendrier"_s},
-      {"FBURL", u"Disponibilités"_s},
-      {"X-ABLABEL", u"Libellé"_s},
-      {"", u"Ligne sans nom"_s}};
-  return kLibelles.value(nom, QString::fromLatin1(nom));
-}
-
-/// A label of a group: the common ones in French, the user's own as they are.
-QString LibelleDeGroupe(QString libelle) {
-  static const QHash<QString, QString> kConnus{{u"Anniversary"_s, u"Anniversaire de mariage"_s},
-                                               {u"Spouse"_s, u"Conjoint"_s},
-                                               {u"Partner"_s, u"Partenaire"_s},
-                                               {u"Mother"_s, u"Mère"_s},
-                                               {u"Father"_s, u"Père"_s},
-                                               {u"Parent"_s, u"Parent"_s},
-                                               {u"Brother"_s, u"Frère"_s},
-                                               {u"Sister"_s, u"Sœur"_s},
-                                               {u"Child"_s, u"Enfant"_s},
-                                               {u"Son"_s, u"Fils"_s},
-                                               {u"Daughter"_s, u"Fille"_s},
-                                               {u"Friend"_s, u"Ami"_s},
-                                               {u"Assistant"_s, u"Assistant"_s},
-                                               {u"Manager"_s, u"Responsable"_s}};
-  if (!libelle.startsWith(u"_$!<"_s) || !libelle.endsWith(u">!$_"_s)) return libelle;
-  libelle = libelle.sliced(4).chopped(4);
-  return kConnus.value(libelle, libelle);
-}
-
-/// What tells of the card and not of the person.
-bool EstTechnique(const Propriete &p) {
-  static const QSet<QByteArray> kTechniques{"VERSION",
-                                            "PRODID",
-                                            "REV",
-                                            "UID",
-                                            "PROFILE",
-                                            "CLIENTPIDMAP",
-                                            "X-ABUID",
-                                            "X-MOZILLA-HTML",
-                                            "X-EVOLUTION-WEBDAV-ETAG",
-                                            "X-IMAGETYPE",
-                                            "X-IMAGEHASH",
-                                            "X-SHARED-PHOTO-DISPLAY-PREF",
-                                            "X-MS-OL-DEFAULT-POSTAL-ADDRESS",
-                                            "X-MS-OL-DESIGN"};
-  const auto vaut = [&p](const char *texte) {
-    return p.valeur.trimmed().compare(texte, Qt::CaseInsensitive) == 0;
-  };
-  return kTechniques.contains(p.nom) || (p.nom == "X-ABADR" && p.valeur.trimmed().size() == 2) ||
-         (p.nom == "KIND" && vaut("individual")) || (p.nom == "CLASS" && vaut("public"));
-}
+constexpr QByteArrayView kPropre("X-VELMIRA-");
 
 /// A date with its year, "1980-03-22" or "19800322", a time behind it or none.
 QDate Date(const QString &texte) {
@@ -368,7 +46,7 @@ class Traduction {
     }
     for (const Propriete &p : proprietes_)
       if (p.nom == "X-ABLABEL" && libelles_.contains(p.groupe) && !dits_.contains(p.groupe))
-        c_.autres.append({Libelle(p.nom), libelles_.take(p.groupe)});
+        c_.autres.append({LibelleDePropriete(p.nom), libelles_.take(p.groupe)});
     return std::move(c_);
   }
 
@@ -534,10 +212,10 @@ class Traduction {
                         parties.value(4), parties.value(5), parties.value(6), UsageDe(p)});
     for (const QString &partie : parties.mid(7)) Noter(p, partie);
     if (const QByteArray etiquette = p.Parametre("LABEL"); !etiquette.isEmpty())
-      c_.redites.append({Libelle(p.nom), SansBarres(Decoder(p, etiquette))});
+      c_.redites.append({LibelleDePropriete(p.nom), SansBarres(Decoder(p, etiquette))});
   }
 
-  void Redite(const Propriete &p) { c_.redites.append({Libelle(p.nom), Texte(p)}); }
+  void Redite(const Propriete &p) { c_.redites.append({LibelleDePropriete(p.nom), Texte(p)}); }
 
   void Telephone(const Propriete &p) {
     QString numero = Texte(p).trimmed();
@@ -574,12 +252,12 @@ class Traduction {
   void Categories(const Propriete &p) { c_.categories += Parties(p, ','); }
 
   void Sorte(const Propriete &p) {
-    c_.estSociete = Est(p.valeur, "org");
+    c_.estSociete = EstLigne(p.valeur, "org");
     if (!c_.estSociete) Noter(p, Texte(p));
   }
 
   void MontreComme(const Propriete &p) {
-    if (Est(p.valeur, "company"))
+    if (EstLigne(p.valeur, "company"))
       c_.estSociete = true;
     else
       Noter(p, Texte(p));
@@ -650,7 +328,7 @@ class Traduction {
         if (usage.lieu == Lieu::Travail) types.append(u"travail"_s);
         if (!usage.libelle.isEmpty()) types.append(usage.libelle);
       }
-      libelle = Libelle(p.nom);
+      libelle = LibelleDePropriete(p.nom);
       if (!types.isEmpty()) libelle += u" (%1)"_s.arg(types.join(u", "_s));
     }
     c_.autres.append({libelle, texte});
@@ -669,7 +347,7 @@ class Traduction {
     parties.removeAll(QString());
     const bool octets = p.EstEnBase64();
     c_.autres.append(
-        {u"Agent, %1"_s.arg(Libelle(p.nom)),
+        {u"Agent, %1"_s.arg(LibelleDePropriete(p.nom)),
          octets ? u"%1 octets, non repris"_s.arg(p.valeur.size()) : parties.join(u", "_s)});
   }
 
@@ -721,7 +399,7 @@ class LecteurCartes : public SourcePersonnes {
  private:
   const QString chemin_;
   const UsagesReprise usages_;
-  Decoupage decoupage_;
+  DecoupageCartes decoupage_;
   qsizetype rang_ = 0;
 };
 
@@ -732,7 +410,7 @@ bool SontDesCartes(QByteArrayView debut) {
     const qsizetype fin =
         std::find_if(debut.begin(), debut.end(), [](char c) { return c == '\n' || c == '\r'; }) -
         debut.begin();
-    if (Est(debut.first(fin), kDebut)) return true;
+    if (EstLigne(debut.first(fin), kDebutDeCarte)) return true;
     debut = debut.sliced(std::min(fin + 1, debut.size()));
   }
   return false;
