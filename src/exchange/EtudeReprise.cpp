@@ -32,6 +32,8 @@ class Examen {
     if (!cachee && montrees_ < EtudeReprise::kPremieres) {
       ++montrees_;
       etude_.premieres.append(personne);
+      if (personne.photo) images_ += personne.photo->octets.size();
+      if (images_ > EtudeReprise::kImages) etude_.premieres.last().photo.reset();
     }
     const auto trouvee = connus_.Chercher(personne, Deja::Completer);
     if (!trouvee) {
@@ -71,6 +73,7 @@ class Examen {
   EtudeReprise etude_;
   QSet<QString> annonces_;
   qsizetype montrees_ = 0;  ///< of the file
+  qsizetype images_ = 0;    ///< their bytes
 };
 
 }  // namespace

@@ -19,6 +19,7 @@ struct Rencontre {
 
 struct EtudeReprise {
   static constexpr qsizetype kPremieres = 100, kRencontres = 10'000;
+  static constexpr qsizetype kImages = 64 << 20;  ///< bytes of all pictures
 
   /// Of one file, in the order in which they were given.
   struct DuFichier {
@@ -34,8 +35,8 @@ struct EtudeReprise {
   /// The others, the first `kRencontres`; `tues` counts what is left out.
   QList<Rencontre> rencontres;
   qsizetype tues = 0;
-  /// The first `kPremieres` of each file, a picture with its bytes; without those that are refused
-  /// or hidden from the user.
+  /// The first `kPremieres` of each file, a picture with its bytes as long as all are within
+  /// `kImages`; without those that are refused or hidden from the user.
   QList<PersonneImportee> premieres;
   BilanReprise::Chapitre refus;        ///< place, name and reason
   BilanReprise::Chapitre memeAdresse;  ///< two names with the same mail or number
