@@ -37,11 +37,12 @@ void Effacer(const QFileInfoList &fichiers) {
     if (fichier.isFile()) Ignorer([&] { EffacerFichier(fichier.filePath()); });
 }
 
-/// Earlier versions copied a base that was transferred into a folder of its own below the system's
-/// temporary one.
+/// An older base is converted in a folder of its own below the system's temporary one, as earlier
+/// versions copied there what they transferred.
 void BalayerCopies(const QDateTime &limite) {
-  for (const QFileInfo &dossier : Anciens(QDir::tempPath(), u"Velmira-[A-Za-z]{6}"_s, limite)) {
-    Effacer(Anciens(dossier.filePath(), u"copie\\.mdb(-journal)?"_s, limite));
+  for (const QFileInfo &dossier :
+       Anciens(QDir::tempPath(), u"(Velmira|Sauvan)-[A-Za-z]{6}"_s, limite)) {
+    Effacer(Anciens(dossier.filePath(), u"(copie|convertie)\\.mdb(-journal)?"_s, limite));
     QDir().rmdir(dossier.filePath());  // refused unless that was all
   }
 }

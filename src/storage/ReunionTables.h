@@ -1,5 +1,4 @@
 #pragma once
-
 // The smaller tables of one database join those of another.
 
 #include "storage/Base.h"
@@ -29,8 +28,7 @@ ClesAlertes LireClesAlertes(SourceAncienne &source);
 
 /// Adds the towns, senders, kinds of event, people and events of `source` that `cible` does not
 /// have yet: the same town and code, the same text of a sender or a kind, the same name and birth
-/// date, the same day of one person, as
-/// `cles` tells these. What was deleted there stays away; what was deleted here and
-/// is in force there comes back. No sender becomes the default one. Stands in the transaction of
-/// `cible`. Throws `ErreurBase`.
+/// date, the same day of one person, as `cles` tells these. What was deleted there stays away; what
+/// was deleted here and is in force there comes back. No sender becomes the default one. Stands in
+/// the transaction of `cible`. Throws `ErreurBase`.
 Reunion ReunirTables(Base &source, const ClesAlertes &cles, Base &cible);

@@ -96,8 +96,8 @@ TEST_F(Bases, Plusieurs) {
 TEST_F(Bases, RestesBalayes) {
   const QStringList partent =
       u"app/Plomex.ini.aBcDeF app/.velmira-0123456789abc d/.velmira-0123456789abc "
-      "tmp/Velmira-aZbYcX/copie.mdb d/Velmira.mdb-mj0123AB9CD app/Photos/.velmira-0123456789abc"_s
-          .split(u' ');
+      "tmp/Velmira-aZbYcX/copie.mdb d/Velmira.mdb-mj0123AB9CD app/Photos/.velmira-0123456789abc "
+      "tmp/Sauvan-aZbYcX/convertie.mdb"_s.split(u' ');
   const QStringList restent =
       u"app/Plomex.ini.BackUp d/Velmira.mdb.aBcDeF d/.velmira-notes tmp/Velmira-dWeVfU/x.mdb "
       "d/Velmira.mdb-mj0123AB9CE d/Velmira.mdb-mj0123AB9CF C/gHiJkL/Velmira.xlsx"_s.split(u' ');
@@ -121,6 +121,7 @@ TEST_F(Bases, RestesBalayes) {
     EXPECT_EQ(Existe(u"C/aBcDeF"_s), jours < 30);
   }
   qunsetenv("TMPDIR");
-  EXPECT_FALSE(Existe(u"tmp/Velmira-aZbYcX"_s) || Existe(u"p/Velmira.mdb-journal"_s));
+  EXPECT_FALSE(Existe(u"tmp/Velmira-aZbYcX"_s) || Existe(u"tmp/Sauvan-aZbYcX"_s) ||
+               Existe(u"p/Velmira.mdb-journal"_s));
   EXPECT_EQ(Noms(u"p/Velmira.mdb"_s), u"p"_s);
 }
